@@ -1,0 +1,54 @@
+# One folder of src/ is one module: a static library that shows its own folder, and no other, to whoever
+# links to it. The include directory of a module holds a single link to its folder, so that an include of
+# a module that was not named in DEPENDS does not compile.
+
+add_library(tavrix_options INTERFACE)
+target_compile_options(tavrix_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+if(TAVRIX_SANITIZE)
+    target_compile_options(tavrix_options INTERFACE -fsanitize=${TAVRIX_SANITIZE} -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer)
+    target_link_options(tavrix_options INTERFACE -fsanitize=${TAVRIX_SANITIZE})
+endif()
+if(TAVRIX_FUZZ)
+    target_compile_options(tavrix_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+if(TAVRIX_ASSERTIONS)
+    target_compile_definitions(tavrix_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
+# tavrix_module(NAME FOLDER [DEPENDS module...] [LIBRARIES library...])
+#   NAME    target name without the prefix, e.g. core for tavrix_core
+#   FOLDER  the folder below src/, e.g. platform/forms; all its .cpp files are compiled
+function(tavrix_module name folder)
+    cmake_parse_arguments(ARG "" "" "DEPENDS;LIBRARIES" ${ARGN})
+    set(source_dir ${PROJECT_SOURCE_DIR}/src/${folder})
+    set(include_dir ${PROJECT_BINARY_DIR}/include/${name})
+    cmake_path(GET folder PARENT_PATH parent)
+    file(MAKE_DIRECTORY ${include_dir}/${parent})
+    file(CREATE_LINK ${source_dir} ${include_dir}/${folder} SYMBOLIC)
+
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${source_dir}/*.cpp)
+    set(depends ${ARG_DEPENDS})
+    list(TRANSFORM depends PREPEND tavrix_)
+    if(sources)
+        add_library(tavrix_${name} STATIC ${sources})
+        target_include_directories(tavrix_${name} PUBLIC ${include_dir})
+        target_link_libraries(tavrix_${name} PUBLIC ${depends} PRIVATE tavrix_options ${ARG_LIBRARIES})
+    else()
+        add_library(tavrix_${name} INTERFACE)
+        target_include_directories(tavrix_${name} INTERFACE ${include_dir})
+        target_link_libraries(tavrix_${name} INTERFACE ${depends})
+    endif()
+endfunction()
+
+# tavrix_test(NAME SOURCES source... DEPENDS module... [LIBRARIES library...] [ENVIRONMENT VAR=value...])
+# A GoogleTest program of the modules that it names; CTest runs it as one test.
+function(tavrix_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES;ENVIRONMENT" ${ARGN})
+    list(TRANSFORM ARG_DEPENDS PREPEND tavrix_)
+    add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tavrix_options GTest::gtest_main ${ARG_LIBRARIES})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}" TIMEOUT 300)
+endfunction()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tavrix {
+
+enum class DriveType : int { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Network = 4, CdRom = 5, RamDisk = 6 };
+
+/// The figures from which free space is worked out.
+struct DiskSpace {
+    std::int32_t sectorsPerCluster = 0;
+    std::int32_t bytesPerSector = 0;
+    std::int32_t freeClusters = 0;
+};
+
+class Drives {
+  public:
+    virtual ~Drives() = default;
+
+    /// The roots of all drives, four characters each: "A:\" and a NUL.
+    [[nodiscard]] virtual std::string Roots() = 0;
+    [[nodiscard]] virtual DriveType Type(const std::string& root) = 0;
+    /// Free space never exceeds 2,147,450,880 bytes. Throws RuntimeError 71 when the drive has no disk.
+    [[nodiscard]] virtual DiskSpace Space(const std::string& root) = 0;
+};
+
+}  // namespace tavrix

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tavrix {
+
+/// A moment in the user's own time zone.
+struct DateTime {
+    int year = 0;
+    int month = 0;  ///< 1 to 12
+    int day = 0;    ///< 1 to 31
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    friend bool operator==(const DateTime&, const DateTime&) = default;
+};
+
+struct FileInfo {
+    std::int64_t length = 0;  ///< bytes
+    DateTime modified;
+    bool readOnly = false;
+    bool folder = false;
+};
+
+/// Folders that the desktop or the installation knows.
+enum class KnownFolder { Temporary, Windows, System, Program };
+
+/// Bytes of an open file, from its start to its end.
+class FileReader {
+  public:
+    virtual ~FileReader() = default;
+    /// Fills `into` as far as the file goes and gives the number of bytes; 0 at the end.
+    virtual std::size_t Read(std::span<std::byte> into) = 0;
+};
+
+/// A file that is being written. Dropping the writer without Close leaves what Close would leave.
+class FileWriter {
+  public:
+    virtual ~FileWriter() = default;
+    virtual void Write(std::span<const std::byte> bytes) = 0;
+    /// Puts what was written in the place of the former file, as a whole.
+    virtual void Close() = 0;
+};
+
+/// Files and folders under drive paths (C:\Pictures\a.bmp). Look-up ignores case, the exact spelling first. A path
+/// without a drive or a leading backslash is taken from the current drive and folder, which the service keeps; the
+/// process's own working folder is never changed.
+///
+/// All failures are RuntimeError: 52 for a malformed path or a pattern look-up without a disk, 53 file missing,
+/// 58 target exists, 61 disk full, 68 no such drive, 70 protected or a copy onto itself, 71 no disk in the drive,
+/// 75 folder exists or is not empty, 76 folder missing.
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    /// Errors read as "no".
+    [[nodiscard]] virtual bool FileExists(const std::string& path) = 0;
+    /// The argument may end in a backslash. Errors read as "no".
+    [[nodiscard]] virtual bool FolderExists(const std::string& path) = 0;
+
+    /// The name of the first normal file that matches a path with a pattern in its last component ("A:\*.*"; "*.*"
+    /// matches names without a point too); empty when there is none. Hidden files are skipped.
+    /// Throws 52 when the drive has no disk.
+    [[nodiscard]] virtual std::string First(const std::string& pattern) = 0;
+
+    /// Copies a file over whatever stands there, keeping the date and dropping the read-only mark.
+    virtual void Copy(const std::string& from, const std::string& to) = 0;
+    /// Deletes the file; 53 when there is none.
+    virtual void Delete(const std::string& path) = 0;
+    [[nodiscard]] virtual FileInfo Info(const std::string& path) = 0;
+    /// Makes one folder; its parent must exist.
+    virtual void MakeFolder(const std::string& path) = 0;
+
+    /// Makes the drive of the text ("C", "C:", "C:\...") the current one; 68 when it is absent.
+    virtual void ChangeDrive(const std::string& drive) = 0;
+    /// Makes a folder the current one of its drive; 76 when it is missing.
+    virtual void ChangeFolder(const std::string& folder) = 0;
+    /// The current folder of the current drive; a backslash at the end only for a root.
+    [[nodiscard]] virtual std::string CurrentFolder() = 0;
+
+    /// The folder's canonical spelling with a backslash at the end; empty when it is absent.
+    [[nodiscard]] virtual std::string ShortPath(const std::string& folder) = 0;
+    /// Empty when there is no such folder.
+    [[nodiscard]] virtual std::string Folder(KnownFolder folder) = 0;
+
+    [[nodiscard]] virtual std::unique_ptr<FileReader> Open(const std::string& path) = 0;
+    /// The target is tested for writing at once, without being changed; its new content stands from Close on.
+    [[nodiscard]] virtual std::unique_ptr<FileWriter> Create(const std::string& path) = 0;
+
+    /// Whether two paths lead to one file, by links, letters or spelling.
+    [[nodiscard]] virtual bool Same(const std::string& a, const std::string& b) = 0;
+};
+
+}  // namespace tavrix

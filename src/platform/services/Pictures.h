@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "platform/graphics/Picture.h"
+
+namespace tavrix {
+
+/// The picture loader and writer. It goes by the content of a file, never by its name.
+class Pictures {
+  public:
+    virtual ~Pictures() = default;
+
+    /// Loads a picture. Its lower rows may still be arriving when this returns.
+    /// Throws RuntimeError 53, 76, 70 or 71 for the file, 481 for content that is no picture, 7 above the limits.
+    [[nodiscard]] virtual Picture Load(const std::string& path) = 0;
+};
+
+}  // namespace tavrix

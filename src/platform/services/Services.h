@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/services/Clipboard.h"
+#include "platform/services/Drives.h"
+#include "platform/services/Files.h"
+#include "platform/services/Help.h"
+#include "platform/services/Pictures.h"
+#include "platform/services/Process.h"
+#include "platform/services/Profile.h"
+#include "platform/services/Registry.h"
+#include "platform/services/Shell.h"
+#include "platform/services/Sound.h"
+#include "platform/services/System.h"
+#include "platform/services/UserStore.h"
+
+namespace tavrix {
+
+/// All that the logic asks of a platform besides windows. The composition owns the services.
+struct Services {
+    Files& files;
+    Drives& drives;
+    Profile& profile;
+    Registry& registry;
+    UserStore& store;
+    Shell& shell;
+    Pictures& pictures;
+    Clipboard& clipboard;
+    Sound& sound;
+    Help& help;
+    System& system;
+    Process& process;
+};
+
+}  // namespace tavrix
