@@ -22,6 +22,7 @@ enum class ErrorNumber : int {
     PathFileAccessError = 75,
     PathNotFound = 76,
     InvalidPropertyValue = 380,
+    FormCannotBeMoved = 384,
     InvalidPicture = 481,
 };
 

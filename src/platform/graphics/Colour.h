@@ -22,6 +22,9 @@ struct Colour {
 inline constexpr Colour ButtonFace{0x8000000FU};
 inline constexpr Colour Black{0x000000U};
 inline constexpr Colour White{0xFFFFFFU};
+/// What lies behind the transparent parts of a picture. A constant, so that saved bytes do not depend on the
+/// desktop's theme.
+inline constexpr Colour SurfaceBackground = White;
 
 /// The pixel of a colour that is not ButtonFace.
 inline constexpr Pixel ToPixel(Colour colour) {

@@ -18,7 +18,7 @@ constexpr std::size_t MappedFrom = std::size_t{8} << 20U;
 
 }  // namespace
 
-void Surface::Release::operator()(Pixel* pixels) const {
+void PixelRelease::operator()(Pixel* pixels) const {
 #ifdef __linux__
     if (mappedBytes != 0) {
         munmap(pixels, mappedBytes);
@@ -38,11 +38,11 @@ Surface::Surface(int width, int height) : width_(width), height_(height) {
         void* memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
         if (memory == MAP_FAILED) throw RuntimeError(ErrorNumber::OutOfMemory);
         madvise(memory, bytes, MADV_HUGEPAGE);
-        pixels_ = {static_cast<Pixel*>(memory), Release{bytes}};
+        pixels_ = std::unique_ptr<Pixel[], PixelRelease>(static_cast<Pixel*>(memory), PixelRelease{bytes});
         return;
     }
 #endif
-    pixels_ = {static_cast<Pixel*>(std::calloc(Count(), sizeof(Pixel))), Release{}};
+    pixels_.reset(static_cast<Pixel*>(std::calloc(Count(), sizeof(Pixel))));
     if (!pixels_) throw RuntimeError(ErrorNumber::OutOfMemory);
 }
 
@@ -52,6 +52,8 @@ Surface Surface::Clone() const {
     return copy;
 }
 
-void Surface::Fill(Pixel pixel) { std::ranges::fill(Pixels(), pixel); }
+void Surface::Fill(Pixel pixel) {
+    std::ranges::fill(Pixels(), pixel);
+}
 
 }  // namespace tavrix

@@ -29,6 +29,12 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
+/// Gives the memory of a surface back.
+struct PixelRelease {
+    std::size_t mappedBytes = 0;  ///< 0: from the heap
+    void operator()(Pixel* pixels) const;
+};
+
 /// A buffer of 32-bit pixels, rows from the top, without gaps between the rows.
 class Surface {
   public:
@@ -59,18 +65,13 @@ class Surface {
     void Fill(Pixel pixel);
 
   private:
-    struct Release {
-        std::size_t mappedBytes = 0;  ///< 0: from the heap
-        void operator()(Pixel* pixels) const;
-    };
-
     [[nodiscard]] std::size_t Count() const {
         return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
     }
 
     int width_ = 0;
     int height_ = 0;
-    std::unique_ptr<Pixel[], Release> pixels_;
+    std::unique_ptr<Pixel[], PixelRelease> pixels_;
 };
 
 }  // namespace tavrix

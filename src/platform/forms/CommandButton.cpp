@@ -1,0 +1,34 @@
+#include "platform/forms/CommandButton.h"
+
+namespace tavrix::forms {
+
+ControlPeer& CommandButton::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
+    buttonPeer_ = toolkit.CreateButton(*this, container);
+    buttonPeer_->SetText(Caption);
+    buttonPeer_->SetRole(Default, Cancel);
+    return *buttonPeer_;
+}
+
+void CommandButton::Handle(const Event& event) {
+    if (!Enabled) return;
+    if (std::holds_alternative<ClickEvent>(event)) {
+        if (OnClick) OnClick();
+    } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        if (mouse->action == MouseAction::Down && OnMouseDown) OnMouseDown(*mouse);
+        if (mouse->action == MouseAction::Up && OnMouseUp) OnMouseUp(*mouse);
+    }
+}
+
+void CommandButton::AssignCaption(const std::string& value) {
+    if (Caption.Store(value) && buttonPeer_) buttonPeer_->SetText(value);
+}
+
+void CommandButton::AssignDefault(const bool& value) {
+    if (Default.Store(value) && buttonPeer_) buttonPeer_->SetRole(Default, Cancel);
+}
+
+void CommandButton::AssignCancel(const bool& value) {
+    if (Cancel.Store(value) && buttonPeer_) buttonPeer_->SetRole(Default, Cancel);
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/forms/Control.h"
+
+namespace tavrix::forms {
+
+/// A push button.
+class CommandButton final : public Control {
+  public:
+    using Control::Control;
+
+    Property<std::string> Caption{this, &CommandButton::AssignCaption};
+    /// Enter presses the button from anywhere in its window.
+    Property<bool> Default{this, &CommandButton::AssignDefault};
+    /// Escape presses the button from anywhere in its window.
+    Property<bool> Cancel{this, &CommandButton::AssignCancel};
+
+    /// The left button, a key or an accelerator pressed it.
+    std::function<void()> OnClick;
+    /// A mouse button went down or up over it; Click comes before Up.
+    std::function<void(const MouseEvent&)> OnMouseDown;
+    std::function<void(const MouseEvent&)> OnMouseUp;
+
+  private:
+    ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
+    void Handle(const Event& event) override;
+    void AssignCaption(const std::string& value);
+    void AssignDefault(const bool& value);
+    void AssignCancel(const bool& value);
+
+    std::unique_ptr<ButtonPeer> buttonPeer_;
+};
+
+}  // namespace tavrix::forms

@@ -1,0 +1,103 @@
+#include "platform/forms/Control.h"
+
+#include <utility>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/forms/Application.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Twips.h"
+
+namespace tavrix::forms {
+
+void Container::RealizeControls(Toolkit& toolkit, ControlPeer& self) {
+    for (Control* control : controls_)
+        control->Realize(toolkit, self);
+}
+
+Control::Control(Container& container, std::string name)
+    : form_(container.OwnerForm()), name_(std::move(name)) {
+    container.controls_.push_back(this);
+}
+
+Control::~Control() = default;
+
+void Control::Realize(Toolkit& toolkit, ControlPeer& container) {
+    peer_ = &CreatePeer(toolkit, container);
+    PushBounds();
+    if (!Enabled) peer_->SetEnabled(false);
+    if (!ToolTip.Get().empty()) peer_->SetToolTip(ToolTip);
+    if (MousePointer.Get() != MousePointer::Default) peer_->SetPointer(MousePointer);
+    if (!AccessibleName.Get().empty()) peer_->SetAccessibleName(AccessibleName);
+    RealizeContent(toolkit);
+    peer_->SetVisible(Visible);
+}
+
+PixelRect Control::PixelBounds() const {
+    const ScreenInfo screen = form_.App().GetToolkit().Screen();
+    return ToPixels(Left, Top, Width, Height, screen);
+}
+
+void Control::Move(float left, float top, float width, float height) {
+    if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    const bool moved = Left.Store(left) | Top.Store(top);
+    const bool sized = Width.Store(width) | Height.Store(height);
+    if (moved || sized) PushBounds();
+    if (sized) Resized();
+}
+
+void Control::SetFocus() {
+    form_.GiveFocus(*this);
+}
+
+void Control::Deliver(const Event& event) {
+    const Form::HandlerScope scope(form_);
+    if (form_.Unloaded()) return;
+    if (const auto* focus = std::get_if<FocusEvent>(&event)) {
+        if (focus->gained && form_.NoteFocus(*this) && OnGotFocus) OnGotFocus();
+        return;
+    }
+    if (std::holds_alternative<KeyEvent>(event)) {
+        form_.Deliver(event);
+        return;
+    }
+    Handle(event);
+}
+
+void Control::AssignLeft(const float& value) {
+    Move(value, Top, Width, Height);
+}
+void Control::AssignTop(const float& value) {
+    Move(Left, value, Width, Height);
+}
+void Control::AssignWidth(const float& value) {
+    Move(Left, Top, value, Height);
+}
+void Control::AssignHeight(const float& value) {
+    Move(Left, Top, Width, value);
+}
+
+void Control::AssignVisible(const bool& value) {
+    if (Visible.Store(value) && peer_ != nullptr) peer_->SetVisible(value);
+}
+
+void Control::AssignEnabled(const bool& value) {
+    if (Enabled.Store(value) && peer_ != nullptr) peer_->SetEnabled(value);
+}
+
+void Control::AssignToolTip(const std::string& value) {
+    if (ToolTip.Store(value) && peer_ != nullptr) peer_->SetToolTip(value);
+}
+
+void Control::AssignMousePointer(const forms::MousePointer& value) {
+    if (MousePointer.Store(value) && peer_ != nullptr) peer_->SetPointer(value);
+}
+
+void Control::AssignAccessibleName(const std::string& value) {
+    if (AccessibleName.Store(value) && peer_ != nullptr) peer_->SetAccessibleName(value);
+}
+
+void Control::PushBounds() {
+    if (peer_ != nullptr && !form_.HasLayout()) peer_->SetBounds(PixelBounds());
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/forms/Events.h"
+#include "platform/forms/Peers.h"
+#include "platform/forms/Property.h"
+#include "platform/forms/Toolkit.h"
+
+namespace tavrix::forms {
+
+class Control;
+class Form;
+
+/// What controls lie in: a form or a picture box.
+class Container {
+  public:
+    [[nodiscard]] virtual Form& OwnerForm() = 0;
+    [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
+
+  protected:
+    Container() = default;
+    ~Container() = default;
+
+    /// Makes the peers of all controls in the container, in the order in which they were declared.
+    void RealizeControls(Toolkit& toolkit, ControlPeer& self);
+
+  private:
+    friend class Control;
+    std::vector<Control*> controls_;
+};
+
+/// A control of a form. Its state lives here; the peer is told. Positions and sizes are in twips of the container,
+/// single precision.
+class Control : public FormObject, public EventSink {
+  public:
+    Control(Container& container, std::string name);
+    virtual ~Control();
+
+    Property<float> Left{this, &Control::AssignLeft};
+    Property<float> Top{this, &Control::AssignTop};
+    /// Throws RuntimeError 380 for a negative size.
+    Property<float> Width{this, &Control::AssignWidth};
+    Property<float> Height{this, &Control::AssignHeight};
+    Property<bool> Visible{this, &Control::AssignVisible, true};
+    Property<bool> Enabled{this, &Control::AssignEnabled, true};
+    Property<std::string> ToolTip{this, &Control::AssignToolTip};
+    Property<forms::MousePointer> MousePointer{this, &Control::AssignMousePointer};
+    /// What a screen reader and a test from outside call a control that shows no text of its own.
+    Property<std::string> AccessibleName{this, &Control::AssignAccessibleName};
+
+    [[nodiscard]] const std::string& Name() const { return name_; }
+    [[nodiscard]] Form& OwnerForm() const { return form_; }
+
+    /// Sets position and size at once; a change of size raises one resize.
+    void Move(float left, float top, float width, float height);
+    /// Makes this the control that gets the keys. It neither fails nor brings a window to the front: in a hidden or
+    /// inactive window it is remembered. An invisible control can hold the focus too.
+    void SetFocus();
+
+    std::function<void()> OnGotFocus;
+
+    void Deliver(const Event& event) final;
+
+    /// For the form: makes the peer and tells it everything.
+    void Realize(Toolkit& toolkit, ControlPeer& container);
+    /// For the form and for backends: null before the form was first shown.
+    [[nodiscard]] ControlPeer* Peer() const { return peer_; }
+    /// The rectangle in device pixels of the container.
+    [[nodiscard]] PixelRect PixelBounds() const;
+
+  protected:
+    /// Makes the peer of the kind and tells it what only this kind has.
+    virtual ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) = 0;
+    virtual void RealizeContent(Toolkit&) {}
+    virtual void Resized() {}
+    /// An event that is not handled by all controls alike.
+    virtual void Handle(const Event& event) = 0;
+
+  private:
+    void AssignLeft(const float& value);
+    void AssignTop(const float& value);
+    void AssignWidth(const float& value);
+    void AssignHeight(const float& value);
+    void AssignVisible(const bool& value);
+    void AssignEnabled(const bool& value);
+    void AssignToolTip(const std::string& value);
+    void AssignMousePointer(const forms::MousePointer& value);
+    void AssignAccessibleName(const std::string& value);
+    void PushBounds();
+
+    Form& form_;
+    std::string name_;
+    ControlPeer* peer_ = nullptr;
+};
+
+}  // namespace tavrix::forms

@@ -1,0 +1,239 @@
+#include "platform/forms/Form.h"
+
+#include <algorithm>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/forms/Application.h"
+#include "platform/forms/Twips.h"
+
+namespace tavrix::forms {
+
+Form::HandlerScope::~HandlerScope() {
+    if (--form_.handlersRunning_ == 0 && form_.unloaded_) app_.DestroyUnloaded();
+}
+
+Form::Form(Application& app, const WindowTraits& traits) : app_(app), traits_(traits) {}
+
+Form::~Form() = default;
+
+Form::PixelSize Form::FramePixels() const {
+    const Toolkit& toolkit = app_.GetToolkit();
+    int height =
+        2 * toolkit.Metric(SystemMetric::SizingBorderHeight) + toolkit.Metric(SystemMetric::CaptionHeight);
+    if (traits_.menuBar) height += toolkit.Metric(SystemMetric::MenuBarHeight);
+    return {2 * toolkit.Metric(SystemMetric::SizingBorderWidth), height};
+}
+
+PixelRect Form::OuterPixels() const {
+    return ToPixels(Left, Top, Width, Height, app_.GetToolkit().Screen());
+}
+
+float Form::ScaleWidth() const {
+    const ScreenInfo screen = app_.GetToolkit().Screen();
+    return ToTwips(std::max(OuterPixels().width - FramePixels().width, 0), screen.twipsPerPixelX);
+}
+
+float Form::ScaleHeight() const {
+    const ScreenInfo screen = app_.GetToolkit().Screen();
+    return ToTwips(std::max(OuterPixels().height - FramePixels().height, 0), screen.twipsPerPixelY);
+}
+
+void Form::Move(float left, float top, float width, float height) {
+    if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    if (WindowState.Get() != WindowState::Normal) throw RuntimeError(ErrorNumber::FormCannotBeMoved);
+
+    const PixelRect wanted = ToPixels(left, top, width, height, app_.GetToolkit().Screen());
+    const PixelSize asked{wanted.width, wanted.height};
+    if (refusal_ && refusal_->asked == asked && refusal_->given == native_) {
+        // The window manager has just refused this size. Asking again on its answer would never end.
+        width = Width;
+        height = Height;
+    }
+    const PixelRect before = OuterPixels();
+    const bool sized = Width.Store(width) | Height.Store(height);
+    const bool moved = Left.Store(left) | Top.Store(top);
+    if (!sized && !moved) return;
+    const PixelRect outer = OuterPixels();
+    if (peer_ && outer != before) {
+        awaitingGrant_ = visible_ && (outer.width != before.width || outer.height != before.height);
+        peer_->SetPlacement(outer, WindowState::Normal);
+    }
+    if (sized) RaiseResize();
+}
+
+void Form::Show() {
+    const HandlerScope scope(*this);
+    PutOnScreen(false);
+    app_.MakeActive(*this);
+}
+
+void Form::ShowModal() {
+    const HandlerScope scope(*this);
+    PutOnScreen(true);
+    app_.MakeActive(*this);
+    app_.GetToolkit().RunUntil([this] { return !visible_; });
+    app_.ReturnFrom(*this);
+}
+
+void Form::Hide() {
+    const HandlerScope scope(*this);
+    TakeOffScreen();
+}
+
+void Form::PutOnScreen(bool modal) {
+    Realize();
+    const bool first = !shownBefore_;
+    shownBefore_ = true;
+    if (visible_) return;
+    visible_ = true;
+    if (first) RaiseResize();
+    if (!visible_ || unloaded_) return;  // the handler has hidden it again
+    peer_->Show(modal);
+    PushFocus();
+    if (topmost_) peer_->SetTopmost(true);
+}
+
+void Form::TakeOffScreen() {
+    if (!visible_) return;
+    visible_ = false;
+    peer_->Hide();
+}
+
+void Form::SetTopmost(bool topmost) {
+    topmost_ = topmost;
+    if (peer_) peer_->SetTopmost(topmost);
+}
+
+void Form::PopupMenu(Menu& menu, Menu* defaultEntry) {
+    if (menu.Peer() == nullptr) return;
+    const HandlerScope scope(*this);
+    bool closed = false;
+    app_.GetToolkit().OpenPopup(*menu.Peer(), defaultEntry != nullptr ? defaultEntry->Peer() : nullptr,
+                                [&closed] { closed = true; });
+    app_.GetToolkit().RunUntil([&closed] { return closed; });
+}
+
+void Form::Realize() {
+    if (peer_) return;
+    Toolkit& toolkit = app_.GetToolkit();
+    peer_ = toolkit.CreateWindowPeer(*this, traits_);
+    peer_->SetTitle(Caption);
+    if (BackColor.Get() != ButtonFace) peer_->SetBackColor(BackColor);
+    for (Menu* menu : menuBar_)
+        menu->Realize(toolkit, *peer_, nullptr);
+    if (!layout_) peer_->SetPlacement(OuterPixels(), WindowState);
+    RealizeControls(toolkit, *peer_);
+    if (layout_) peer_->SetLayout(*layout_);
+}
+
+void Form::RaiseResize() {
+    const HandlerScope scope(*this);
+    Form_Resize();
+}
+
+void Form::GiveFocus(Control& control) {
+    const bool news = activeControl_ != &control;
+    activeControl_ = &control;
+    PushFocus();
+    if (news && control.OnGotFocus) control.OnGotFocus();
+}
+
+bool Form::NoteFocus(Control& control) {
+    if (activeControl_ == &control) return false;
+    activeControl_ = &control;
+    return true;
+}
+
+void Form::PushFocus() {
+    if (!visible_ || !peer_ || activeControl_ == nullptr) return;
+    if (activeControl_->Visible && activeControl_->Enabled && activeControl_->Peer() != nullptr) {
+        activeControl_->Peer()->TakeFocus();
+    } else {
+        peer_->TakeFocus();  // the window passes the keys on to the holder
+    }
+}
+
+void Form::Deliver(const Event& event) {
+    const HandlerScope scope(*this);
+    if (unloaded_) return;
+    if (const auto* placement = std::get_if<PlacementEvent>(&event)) {
+        HandlePlacement(*placement);
+    } else if (const auto* key = std::get_if<KeyEvent>(&event)) {
+        HandleKey(*key);
+    } else if (std::holds_alternative<ActivateEvent>(event)) {
+        app_.NoteActivated(*this);
+    } else if (std::holds_alternative<CloseEvent>(event)) {
+        app_.Unload(*this);
+    } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        const ScreenInfo screen = app_.GetToolkit().Screen();
+        if (mouse->action == MouseAction::Up) {
+            Form_MouseUp({mouse->button, mouse->shift, ToTwips(mouse->x, screen.twipsPerPixelX),
+                          ToTwips(mouse->y, screen.twipsPerPixelY)});
+        }
+    } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
+        Form_OLEDragDrop(drop->files);
+    }
+}
+
+void Form::HandlePlacement(const PlacementEvent& placement) {
+    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const bool stateChanged = WindowState.Store(placement.state);
+    if (placement.state == WindowState::Minimized) {
+        if (stateChanged) Form_Resize();
+        return;
+    }
+    const PixelRect before = OuterPixels();
+    const PixelSize given{placement.outer.width, placement.outer.height};
+    native_ = given;
+    // A twip position that is the same pixel as before stays what it was, so that saved values do not drift.
+    if (placement.outer.left != before.left) Left.Store(ToTwips(placement.outer.left, screen.twipsPerPixelX));
+    if (placement.outer.top != before.top) Top.Store(ToTwips(placement.outer.top, screen.twipsPerPixelY));
+    const PixelSize held{before.width, before.height};
+    if (given == held) {
+        awaitingGrant_ = false;
+        if (stateChanged) Form_Resize();
+        return;
+    }
+    refusal_.reset();
+    if (awaitingGrant_) refusal_ = Refusal{held, given};
+    awaitingGrant_ = false;
+    if (given.width != held.width) Width.Store(ToTwips(given.width, screen.twipsPerPixelX));
+    if (given.height != held.height) Height.Store(ToTwips(given.height, screen.twipsPerPixelY));
+    Form_Resize();
+}
+
+void Form::HandleKey(const KeyEvent& key) {
+    if (!key.down || !KeyPreview) return;
+    int keyCode = key.keyCode;
+    Form_KeyDown(keyCode, key.shift);
+    if (keyCode == 0 && key.handled != nullptr) *key.handled = true;
+}
+
+void Form::AssignCaption(const std::string& value) {
+    if (Caption.Store(value) && peer_) peer_->SetTitle(value);
+}
+
+void Form::AssignLeft(const float& value) {
+    Move(value, Top, Width, Height);
+}
+void Form::AssignTop(const float& value) {
+    Move(Left, value, Width, Height);
+}
+void Form::AssignWidth(const float& value) {
+    Move(Left, Top, value, Height);
+}
+void Form::AssignHeight(const float& value) {
+    Move(Left, Top, Width, value);
+}
+
+void Form::AssignWindowState(const forms::WindowState& value) {
+    if (!WindowState.Store(value)) return;
+    if (peer_) peer_->SetPlacement(OuterPixels(), value);
+    RaiseResize();
+}
+
+void Form::AssignBackColor(const Colour& value) {
+    if (BackColor.Store(value) && peer_) peer_->SetBackColor(value);
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Layout.h"
+#include "platform/forms/Menu.h"
+#include "platform/forms/PictureBox.h"
+
+namespace tavrix::forms {
+
+class Application;
+
+/// A window. It is made by Application::Load, which then runs Form_Load; it goes when it is unloaded, but never while
+/// a handler of its own is on the stack.
+///
+/// Left, Top, Width and Height are in twips of the screen and include the frame; ScaleWidth and ScaleHeight are the
+/// inner size, which is the outer size less the system's metrics.
+class Form : public FormObject, public Container, public EventSink {
+  public:
+    Form(Application& app, const WindowTraits& traits);
+    virtual ~Form();
+
+    Property<std::string> Caption{this, &Form::AssignCaption};
+    // Throw RuntimeError 380 for a negative size, and 384 while the window is minimised or maximised.
+    Property<float> Left{this, &Form::AssignLeft};
+    Property<float> Top{this, &Form::AssignTop};
+    Property<float> Width{this, &Form::AssignWidth};
+    Property<float> Height{this, &Form::AssignHeight};
+    Property<forms::WindowState> WindowState{this, &Form::AssignWindowState};
+    Property<Colour> BackColor{this, &Form::AssignBackColor, ButtonFace};
+
+    /// Whether the form sees keys before its controls.
+    bool KeyPreview = false;
+
+    [[nodiscard]] Application& App() const { return app_; }
+    [[nodiscard]] const std::string& Name() const { return traits_.name; }
+    [[nodiscard]] float ScaleWidth() const;
+    [[nodiscard]] float ScaleHeight() const;
+    [[nodiscard]] bool Visible() const { return visible_; }
+    [[nodiscard]] bool Unloaded() const { return unloaded_; }
+
+    /// Sets position and size at once. Failures as with the properties.
+    void Move(float left, float top, float width, float height);
+    /// The first show raises Form_Resize, then Form_Activate.
+    void Show();
+    /// Shows the form and runs messages until it is hidden or unloaded. The form may be gone when this returns.
+    void ShowModal();
+    void Hide();
+    /// Keeps the window above others, or no longer.
+    void SetTopmost(bool topmost);
+    /// Opens a menu at the pointer and runs messages until it is closed and the chosen entry's handler has run.
+    void PopupMenu(Menu& menu, Menu* defaultEntry);
+
+    [[nodiscard]] Control* ActiveControl() const { return activeControl_; }
+    [[nodiscard]] const std::vector<Menu*>& MenuBar() const { return menuBar_; }
+    [[nodiscard]] bool HasLayout() const { return layout_.has_value(); }
+
+    // Handlers. The window classes override those that they need.
+    virtual void Form_Load() {}
+    virtual void Form_Activate() {}
+    virtual void Form_Resize() {}
+    virtual void Form_QueryUnload([[maybe_unused]] bool& cancel) {}
+    virtual void Form_Unload([[maybe_unused]] bool& cancel) {}
+    /// Setting the key code to 0 keeps the key from the control that has the focus.
+    virtual void Form_KeyDown([[maybe_unused]] int& keyCode, [[maybe_unused]] int shift) {}
+    virtual void Form_MouseUp([[maybe_unused]] const MouseArguments& mouse) {}
+    virtual void Form_OLEDragDrop([[maybe_unused]] const std::vector<std::string>& files) {}
+
+    void Deliver(const Event& event) final;
+
+    [[nodiscard]] Form& OwnerForm() override { return *this; }
+    /// For backends: null before the form was first shown.
+    [[nodiscard]] WindowPeer* Peer() const { return peer_.get(); }
+
+    /// Keeps a form alive while one of its handlers runs.
+    class HandlerScope {
+      public:
+        explicit HandlerScope(Form& form) : app_(form.app_), form_(form) { ++form.handlersRunning_; }
+        ~HandlerScope();
+        HandlerScope(const HandlerScope&) = delete;
+        HandlerScope& operator=(const HandlerScope&) = delete;
+
+      private:
+        Application& app_;
+        Form& form_;
+    };
+
+  protected:
+    /// For the constructor: the controls are arranged by the backend, and the window takes the size that they need.
+    void SetLayout(const Layout& layout) { layout_ = layout; }
+
+  private:
+    friend class Application;
+    friend class Control;
+    friend class Menu;
+
+    struct PixelSize {
+        int width = 0;
+        int height = 0;
+        friend bool operator==(const PixelSize&, const PixelSize&) = default;
+    };
+    /// A size that the window manager did not grant, and what it gave instead.
+    struct Refusal {
+        PixelSize asked;
+        PixelSize given;
+    };
+
+    void AssignCaption(const std::string& value);
+    void AssignLeft(const float& value);
+    void AssignTop(const float& value);
+    void AssignWidth(const float& value);
+    void AssignHeight(const float& value);
+    void AssignWindowState(const forms::WindowState& value);
+    void AssignBackColor(const Colour& value);
+
+    void AddMenu(Menu& menu) { menuBar_.push_back(&menu); }
+    void GiveFocus(Control& control);
+    /// The window system moved the focus; whether that is news.
+    bool NoteFocus(Control& control);
+    void PushFocus();
+    void Realize();
+    void PutOnScreen(bool modal);
+    void TakeOffScreen();
+    void RaiseResize();
+    void HandlePlacement(const PlacementEvent& placement);
+    void HandleKey(const KeyEvent& key);
+    [[nodiscard]] PixelRect OuterPixels() const;
+    [[nodiscard]] PixelSize FramePixels() const;
+
+    Application& app_;
+    WindowTraits traits_;
+    std::vector<Menu*> menuBar_;
+    std::optional<Layout> layout_;
+    std::unique_ptr<WindowPeer> peer_;
+    Control* activeControl_ = nullptr;
+    bool visible_ = false;
+    bool shownBefore_ = false;
+    bool topmost_ = false;
+    bool unloading_ = false;
+    bool unloaded_ = false;
+    int handlersRunning_ = 0;
+    bool awaitingGrant_ = false;  ///< a size was asked for and the window manager has not answered yet
+    PixelSize native_;            ///< the outer size that the window manager gave last
+    std::optional<Refusal> refusal_;
+};
+
+}  // namespace tavrix::forms

@@ -1,0 +1,19 @@
+#include "platform/forms/Label.h"
+
+namespace tavrix::forms {
+
+ControlPeer& Label::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
+    labelPeer_ = toolkit.CreateLabel(*this, container);
+    labelPeer_->SetText(Caption);
+    return *labelPeer_;
+}
+
+void Label::Handle(const Event& event) {
+    if (std::holds_alternative<ClickEvent>(event) && OnClick) OnClick();
+}
+
+void Label::AssignCaption(const std::string& value) {
+    if (Caption.Store(value) && labelPeer_) labelPeer_->SetText(value);
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,96 @@
+#include "platform/forms/Menu.h"
+
+#include <utility>
+
+#include "platform/forms/Form.h"
+
+namespace tavrix::forms {
+
+Menu::Menu(Form& form, std::string name, const std::string& caption) : form_(form), name_(std::move(name)) {
+    Caption.Store(caption);
+    form.AddMenu(*this);
+}
+
+Menu::Menu(Menu& parent, std::string name, const std::string& caption)
+    : form_(parent.form_), name_(std::move(name)) {
+    Caption.Store(caption);
+    parent.entries_.push_back(this);
+}
+
+void Menu::Install(std::function<void()> handler) {
+    handler_ = std::move(handler);
+    Push();
+}
+
+void Menu::Click() {
+    if (!handler_) return;
+    const Form::HandlerScope scope(form_);
+    handler_();
+}
+
+void Menu::Deliver(const Event& event) {
+    if (std::holds_alternative<ClickEvent>(event) && !form_.Unloaded() && State().enabled) Click();
+}
+
+MenuItemState Menu::State() const {
+    MenuItemState state;
+    state.caption = Caption;
+    state.literal = Literal;
+    state.visible = Visible;
+    state.checked = Checked;
+    if (IsSeparator()) {
+        state.kind = MenuItemState::Kind::Separator;
+        state.enabled = false;
+    } else if (!entries_.empty()) {
+        state.kind = MenuItemState::Kind::SubMenu;
+        state.enabled = Enabled;
+    } else {
+        state.enabled = Enabled && Installed();
+    }
+    return state;
+}
+
+void Menu::Realize(Toolkit& toolkit, WindowPeer& window, MenuItemPeer* parent) {
+    peer_ = toolkit.CreateMenuItem(*this, window, parent, State());
+    for (Menu* entry : entries_)
+        entry->Realize(toolkit, window, peer_.get());
+}
+
+void Menu::AssignCaption(const std::string& value) {
+    if (Caption.Store(value)) Push();
+}
+
+void Menu::AssignEnabled(const bool& value) {
+    if (Enabled.Store(value)) Push();
+}
+
+void Menu::AssignVisible(const bool& value) {
+    if (Visible.Store(value)) Push();
+}
+
+void Menu::AssignChecked(const bool& value) {
+    if (Checked.Store(value)) Push();
+}
+
+void Menu::AssignLiteral(const bool& value) {
+    if (Literal.Store(value)) Push();
+}
+
+void Menu::Push() {
+    if (peer_) peer_->Update(State());
+}
+
+MenuArray::MenuArray(Menu& parent, const std::string& name, int count) {
+    for (int i = 0; i < count; ++i) {
+        Menu& member = members_.emplace_back(parent, name, "");
+        member.Literal = true;
+        member.Visible = false;
+    }
+}
+
+void MenuArray::Install(const std::function<void(int)>& handler) {
+    for (int i = 0; i < Count(); ++i)
+        (*this)[i].Install([handler, i] { handler(i); });
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <string>
+
+#include "platform/forms/Events.h"
+#include "platform/forms/Layout.h"
+#include "platform/graphics/Colour.h"
+#include "platform/graphics/Surface.h"
+
+namespace tavrix::forms {
+
+// What a backend has for each object of the forms layer. Objects push their state to peers; nothing is ever read
+// back. A peer that is told a value raises no event for it. Rectangles are device pixels within the container.
+
+class ControlPeer {
+  public:
+    virtual ~ControlPeer() = default;
+
+    virtual void SetBounds(const PixelRect& bounds) = 0;
+    virtual void SetVisible(bool visible) = 0;
+    virtual void SetEnabled(bool enabled) = 0;
+    virtual void SetToolTip(const std::string& text) = 0;
+    virtual void SetPointer(MousePointer pointer) = 0;
+    /// What a screen reader calls the control; empty: its own text.
+    virtual void SetAccessibleName(const std::string& name) = 0;
+    /// Gives the control the keyboard. A window gives it to itself, for the hidden holders of the focus.
+    virtual void TakeFocus() = 0;
+};
+
+class LabelPeer : public ControlPeer {
+  public:
+    /// The raw caption; an ampersand marks the mnemonic.
+    virtual void SetText(const std::string& text) = 0;
+};
+
+class ButtonPeer : public ControlPeer {
+  public:
+    /// The raw caption; an ampersand marks the mnemonic.
+    virtual void SetText(const std::string& text) = 0;
+    /// Whether Enter, or Escape, presses the button from anywhere in its window.
+    virtual void SetRole(bool isDefault, bool isCancel) = 0;
+};
+
+class ScrollBarPeer : public ControlPeer {
+  public:
+    virtual void SetRange(int min, int max, int smallChange, int largeChange) = 0;
+    virtual void SetValue(int value) = 0;
+};
+
+/// What a canvas shows: a picture at its upper left corner over a plain background.
+struct CanvasView {
+    const Surface* pixels = nullptr;  ///< may be null; rows below those asked for may not be final
+    bool transparent = false;         ///< the background shows through
+    Colour background;
+    PixelRect place;  ///< where the picture goes; another size than the picture's stretches it
+};
+
+/// What a canvas asks for when it has to be painted.
+class CanvasContent {
+  public:
+    /// `bottom`: the lowest row of the canvas that will be painted, in device pixels, exclusive.
+    [[nodiscard]] virtual CanvasView View(int bottom) const = 0;
+
+  protected:
+    ~CanvasContent() = default;
+};
+
+/// A picture box or an image: pixels that forms drew, the same on every backend. It is a container.
+class CanvasPeer : public ControlPeer {
+  public:
+    /// What the canvas shows in this part of it has changed.
+    virtual void Invalidate(const PixelRect& part) = 0;
+    /// Paints at once what is invalid.
+    virtual void PaintNow() = 0;
+};
+
+/// How a menu entry stands.
+struct MenuItemState {
+    enum class Kind : std::uint8_t { Entry, SubMenu, Separator };
+
+    Kind kind = Kind::Entry;
+    std::string caption;   ///< raw; an ampersand marks the mnemonic
+    bool literal = false;  ///< the caption is data (a path): ampersands are shown as they are
+    bool enabled = true;
+    bool visible = true;
+    bool checked = false;
+
+    friend bool operator==(const MenuItemState&, const MenuItemState&) = default;
+};
+
+class MenuItemPeer {
+  public:
+    virtual ~MenuItemPeer() = default;
+    virtual void Update(const MenuItemState& state) = 0;
+};
+
+/// What a window is, once and for all.
+struct WindowTraits {
+    std::string name;        ///< the name of its class, for the window system's own records
+    bool resizable = false;  ///< sizable frame with minimise and maximise buttons; else a dialog frame
+    bool menuBar = false;
+    bool acceptsDrops = false;
+    bool waitWindow = false;  ///< need not be mapped when it goes again within 150 ms
+};
+
+class WindowPeer : public ControlPeer {
+  public:
+    /// The title as it stands, ampersands and all.
+    virtual void SetTitle(const std::string& title) = 0;
+    /// Outer rectangle on the screen and state. SetBounds is not used for windows.
+    virtual void SetPlacement(const PixelRect& outer, WindowState state) = 0;
+    virtual void SetLayout(const Layout& layout) = 0;
+    /// Shows the window; a modal one above its owner, which then takes no input, nor do other windows that were
+    /// there before. A window that is shown while a modal one is up belongs above it and stays usable.
+    virtual void Show(bool modal) = 0;
+    virtual void Hide() = 0;
+    virtual void SetTopmost(bool topmost) = 0;
+    virtual void SetBackColor(Colour colour) = 0;
+};
+
+}  // namespace tavrix::forms

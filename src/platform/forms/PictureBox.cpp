@@ -1,0 +1,124 @@
+#include "platform/forms/PictureBox.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/forms/Application.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Twips.h"
+#include "platform/graphics/Draw.h"
+
+namespace tavrix::forms {
+
+PictureBox::PictureBox(Container& container, std::string name) : Control(container, std::move(name)) {}
+
+ControlPeer& PictureBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
+    canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
+    return *canvasPeer_;
+}
+
+void PictureBox::RealizeContent(Toolkit& toolkit) {
+    RealizeControls(toolkit, *canvasPeer_);
+}
+
+void PictureBox::Handle(const Event& event) {
+    if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+        const MouseArguments arguments{mouse->button, mouse->shift, ToTwips(mouse->x, screen.twipsPerPixelX),
+                                       ToTwips(mouse->y, screen.twipsPerPixelY)};
+        const auto& handler = mouse->action == MouseAction::Down   ? OnMouseDown
+                              : mouse->action == MouseAction::Move ? OnMouseMove
+                                                                   : OnMouseUp;
+        if (handler) handler(arguments);
+    } else if (std::holds_alternative<ClickEvent>(event)) {
+        if (OnClick) OnClick();
+    } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
+        if (OnOLEDragDrop) OnOLEDragDrop(drop->files);
+    }
+}
+
+void PictureBox::Resized() {
+    if (bitmap_) bitmap_ = Compose();
+    InvalidateAll();
+    if (OnResize) OnResize();
+}
+
+CanvasView PictureBox::View(int bottom) const {
+    CanvasView view;
+    view.background = BackColor;
+    if (bitmap_) {
+        view.pixels = &*bitmap_;
+    } else if (!Picture.Get().Empty()) {
+        const ArrivingSurface& pixels = *Picture.Get().pixels;
+        view.pixels = &pixels.Rows(std::clamp(bottom, 0, pixels.Height()));
+        view.transparent = Picture.Get().transparent;
+    }
+    if (view.pixels != nullptr) view.place = {0, 0, view.pixels->Width(), view.pixels->Height()};
+    return view;
+}
+
+tavrix::Picture PictureBox::Image() const {
+    const tavrix::Picture& picture = Picture;
+    const PixelRect bounds = PixelBounds();
+    const bool plain = !bitmap_ && !picture.Empty() && !picture.transparent &&
+                       picture.Width() == bounds.width && picture.Height() == bounds.height;
+    if (plain) return picture;
+    if (bounds.width == 0 || bounds.height == 0) return {};
+    return PictureOf(bitmap_ ? bitmap_->Clone() : Compose());
+}
+
+Surface& PictureBox::Bitmap() {
+    if (!bitmap_) bitmap_ = Compose();
+    return *bitmap_;
+}
+
+Surface PictureBox::Compose() const {
+    const PixelRect bounds = PixelBounds();
+    Surface whole(bounds.width, bounds.height);
+    whole.Fill(ToPixel(BackColor));
+    if (!Picture.Get().Empty()) DrawOver(whole, 0, 0, Picture.Get().pixels->Whole());
+    if (bitmap_) DrawOver(whole, 0, 0, *bitmap_);
+    return whole;
+}
+
+void PictureBox::Cls() {
+    bitmap_.reset();
+    InvalidateAll();
+}
+
+void PictureBox::Refresh() {
+    if (!canvasPeer_) return;
+    InvalidateAll();
+    canvasPeer_->PaintNow();
+}
+
+void PictureBox::AssignPicture(const tavrix::Picture& value) {
+    bitmap_.reset();
+    Picture.Store(value);
+    InvalidateAll();
+    if (AutoSize) TakePictureSize();
+}
+
+void PictureBox::AssignAutoSize(const bool& value) {
+    if (AutoSize.Store(value) && value) TakePictureSize();
+}
+
+void PictureBox::AssignBackColor(const Colour& value) {
+    if (!BackColor.Store(value)) return;
+    InvalidateAll();
+}
+
+void PictureBox::TakePictureSize() {
+    if (Picture.Get().Empty()) return;
+    const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+    Move(Left, Top, ToTwips(Picture.Get().Width(), screen.twipsPerPixelX),
+         ToTwips(Picture.Get().Height(), screen.twipsPerPixelY));
+}
+
+void PictureBox::InvalidateAll() {
+    if (!canvasPeer_) return;
+    const PixelRect bounds = PixelBounds();
+    canvasPeer_->Invalidate({0, 0, bounds.width, bounds.height});
+}
+
+}  // namespace tavrix::forms

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/forms/Control.h"
+#include "platform/graphics/Picture.h"
+
+namespace tavrix::forms {
+
+/// A mouse event in twips of the control.
+struct MouseArguments {
+    int button = 0;
+    int shift = 0;
+    float x = 0;
+    float y = 0;
+};
+
+/// A box with a picture, a persistent bitmap that is drawn on, and other controls inside.
+///
+/// The picture is the background of the bitmap. Drawing works on a bitmap of the box's own, of the box's size in
+/// device pixels; as long as nothing is drawn the box shows the picture's pixels themselves.
+class PictureBox final : public Control, public Container, private CanvasContent {
+  public:
+    PictureBox(Container& container, std::string name);
+
+    /// Assigning clears what was drawn. An empty picture leaves the background colour.
+    Property<tavrix::Picture> Picture{this, &PictureBox::AssignPicture};
+    /// The box takes the size of a picture that is assigned; clearing the picture leaves the size.
+    Property<bool> AutoSize{this, &PictureBox::AssignAutoSize};
+    Property<Colour> BackColor{this, &PictureBox::AssignBackColor, SurfaceBackground};
+
+    /// Inner size in twips.
+    [[nodiscard]] float ScaleWidth() const { return Width; }
+    [[nodiscard]] float ScaleHeight() const { return Height; }
+
+    /// A snapshot of the bitmap: the picture and what was drawn on it, opaque.
+    [[nodiscard]] tavrix::Picture Image() const;
+    /// The bitmap to draw on. Changes show after Refresh or at the next painting.
+    [[nodiscard]] Surface& Bitmap();
+    /// Wipes what was drawn; the picture stays.
+    void Cls();
+    /// Shows what was drawn, at once.
+    void Refresh();
+
+    std::function<void()> OnResize;
+    std::function<void()> OnClick;
+    std::function<void(const MouseArguments&)> OnMouseDown;
+    std::function<void(const MouseArguments&)> OnMouseMove;
+    std::function<void(const MouseArguments&)> OnMouseUp;
+    /// Files were dropped here, as drive paths.
+    std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
+
+    [[nodiscard]] Form& OwnerForm() override { return Control::OwnerForm(); }
+
+  private:
+    ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
+    void RealizeContent(Toolkit& toolkit) override;
+    void Handle(const Event& event) override;
+    void Resized() override;
+    [[nodiscard]] CanvasView View(int bottom) const override;
+
+    void AssignPicture(const tavrix::Picture& value);
+    void AssignAutoSize(const bool& value);
+    void AssignBackColor(const Colour& value);
+    void TakePictureSize();
+    void InvalidateAll();
+    /// A new bitmap of the box's size: background, picture, and the former bitmap where there was one.
+    [[nodiscard]] Surface Compose() const;
+
+    std::optional<Surface> bitmap_;
+    std::unique_ptr<CanvasPeer> canvasPeer_;
+};
+
+}  // namespace tavrix::forms

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/forms/Property.h"
+#include "platform/forms/Toolkit.h"
+
+namespace tavrix::forms {
+
+/// The screen, and with its mouse pointer the program's only lock: while it is not the default one, handlers that
+/// start work return at once.
+class Screen final : public FormObject {
+  public:
+    explicit Screen(Toolkit& toolkit) : toolkit_(toolkit) {}
+
+    /// The pointer over all windows of the program.
+    Property<forms::MousePointer> MousePointer{this, &Screen::AssignMousePointer};
+
+    /// Size in twips, as it is now.
+    [[nodiscard]] float Width() const;
+    [[nodiscard]] float Height() const;
+    [[nodiscard]] float TwipsPerPixelX() const { return toolkit_.Screen().twipsPerPixelX; }
+    [[nodiscard]] float TwipsPerPixelY() const { return toolkit_.Screen().twipsPerPixelY; }
+    [[nodiscard]] int BitsPerPixel() const { return toolkit_.Screen().bitsPerPixel; }
+    [[nodiscard]] int Metric(SystemMetric metric) const { return toolkit_.Metric(metric); }
+
+  private:
+    void AssignMousePointer(const forms::MousePointer& value) {
+        if (MousePointer.Store(value)) toolkit_.SetScreenPointer(value);
+    }
+
+    Toolkit& toolkit_;
+};
+
+/// Long work: the hourglass from here on, the default pointer on every way out (never "the one before", since a
+/// pointer left on the hourglass locks the program).
+class BusyGuard {
+  public:
+    explicit BusyGuard(Screen& screen) : screen_(&screen) { screen.MousePointer = MousePointer::Hourglass; }
+    ~BusyGuard() { Release(); }
+    BusyGuard(const BusyGuard&) = delete;
+    BusyGuard& operator=(const BusyGuard&) = delete;
+
+    /// Ends the guard early, before a handler is called that is guarded itself.
+    void Release() {
+        if (screen_ != nullptr) screen_->MousePointer = MousePointer::Default;
+        screen_ = nullptr;
+    }
+
+  private:
+    Screen* screen_;
+};
+
+}  // namespace tavrix::forms
