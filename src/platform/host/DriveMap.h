@@ -1,0 +1,123 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/services/Drives.h"
+
+namespace tavrix {
+
+/// A drive letter and the folder that it stands for.
+struct HostDrive {
+    char letter = 'C';
+    std::string root;  ///< host path without a slash at the end ("" for /)
+    DriveType type = DriveType::Fixed;
+    bool floppy =
+        false;  ///< a folder that stands for a disk of 1,457,664 bytes, unless a medium is mounted there
+    bool blank = false;   ///< the empty folder is a disk, not the lack of one
+    bool listed = true;   ///< shown in lists of drives
+    bool present = true;  ///< false: an optical drive without a disc
+};
+
+/// Where a drive path leads.
+struct HostLocation {
+    HostDrive drive;
+    std::string path;           ///< host path; for what is missing, the path at which it would be made
+    bool exists = false;        ///< something is there (links are followed)
+    bool parentExists = false;  ///< its folder is there
+    bool shared = false;        ///< it is one of the shared files, seen through the program's folder
+    struct stat status {};      ///< of what is there
+
+    [[nodiscard]] bool IsFolder() const { return exists && S_ISDIR(status.st_mode); }
+    [[nodiscard]] bool IsFile() const { return exists && S_ISREG(status.st_mode); }
+};
+
+/// Drive letters to host folders and back.
+///
+/// Without configuration C: is the whole system (/), A: and B: have no disk, each optical drive and each medium that
+/// is mounted below /media or /run/media has a letter from D: on. The file tavrix/drives in the user's configuration
+/// folder changes that, one drive a line ('#' starts a comment):
+///
+///     A=/home/me/floppy,floppy
+///     D=/srv/pictures,fixed
+///     E=
+///
+/// After the folder come words: floppy, removable, fixed, network, cdrom, ram (the type; without one A and B are
+/// floppies and the rest is fixed) and disk (an empty folder is an empty disk). A letter without a folder has no
+/// drive. The environment variable TAVRIX_DRIVES, with ';' between the drives, takes the place of the file and of all
+/// that would be found: then just these drives exist.
+///
+/// An empty folder behind a floppy or a CD-ROM is a drive without a disk, unless it is marked with `disk`, holds
+/// at least a hidden file (such as .disk) or has a medium mounted on it.
+///
+/// What has a letter of its own is hidden below other letters, and so are /proc, /sys and /dev. Host paths that no
+/// drive reaches belong to a letter that is not listed (Z:, or the next one before it that is free).
+///
+/// Not for several threads at a time.
+class DriveMap {
+  public:
+    struct Sources {
+        std::optional<std::string> drives;  ///< as in TAVRIX_DRIVES; empty: not set
+        std::string file;                   ///< of the user's drives; may be missing
+        std::string mounts = "/proc/self/mounts";
+        std::string devices = "/dev";
+        std::vector<std::string> mediaFolders = {"/media", "/run/media"};
+        std::string program;  ///< folder in which the files of `shared` are seen too
+        std::string shared;
+    };
+
+    explicit DriveMap(Sources sources);
+
+    /// The letters of the listed drives, in order; media that came or went are noticed here.
+    [[nodiscard]] std::vector<HostDrive> ListedDrives();
+    [[nodiscard]] std::optional<HostDrive> Find(char letter);
+    [[nodiscard]] static bool HasDisk(const HostDrive& drive);
+    /// Free bytes of a drive with a disk.
+    [[nodiscard]] static std::int64_t FreeBytes(const HostDrive& drive);
+
+    /// The drive path of an absolute host path, by the longest root. Always succeeds.
+    [[nodiscard]] std::string ToDrivePath(std::string_view hostPath);
+
+    /// Looks up a full drive path; each component in its exact spelling first, then the first in list order that is
+    /// equal but for case. Throws 52 for a malformed path, 68 for an absent drive, 71 for one without a disk.
+    [[nodiscard]] HostLocation Locate(std::string_view drivePath);
+    /// The same, without the shared files: where something would be written.
+    [[nodiscard]] HostLocation LocateForWriting(std::string_view drivePath);
+
+    /// The host path of a shared folder that is seen through a folder of the program; empty when there is none.
+    [[nodiscard]] std::string SharedPathOf(const std::string& hostPath) const;
+
+  private:
+    void AddConfigured(std::string_view line);
+    void FindMedia();
+    [[nodiscard]] char FreeLetter() const;
+    [[nodiscard]] const HostDrive* OwnerOf(std::string_view hostPath);
+    [[nodiscard]] bool IsHidden(const HostDrive& drive, const std::string& hostPath);
+    [[nodiscard]] HostLocation LocateIn(const HostDrive& drive, const std::vector<std::string>& names);
+    void Look(HostLocation& location, const std::string& root, const std::vector<std::string>& names);
+
+    Sources sources_;
+    std::map<char, HostDrive> configured_;
+    std::map<char, HostDrive> found_;
+    std::map<std::string, char> formerLetters_;  ///< a medium that comes back gets its letter again
+    bool mediaKnown_ = false;
+};
+
+/// The components of a full drive path, with "." and ".." worked out; the letter is the first character.
+/// Throws 52 when the path is malformed.
+struct DrivePathParts {
+    char letter = 'C';
+    std::vector<std::string> names;
+};
+[[nodiscard]] DrivePathParts PartsOf(std::string_view drivePath);
+
+/// Whether `a` stands before `b` in lists: sorted without regard to case, then by the exact spelling.
+[[nodiscard]] bool ListsBefore(const std::string& a, const std::string& b);
+
+}  // namespace tavrix
