@@ -1,0 +1,47 @@
+"""Everything that a test needs around the program: a screen, the buses and private folders."""
+
+import os
+import shutil
+import tempfile
+
+from .accessibility import AccessibilityBus
+from .processes import Children
+from .screen import Screen
+
+_KEPT = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TZ")
+
+
+class Session:
+    """A screen with a window manager and an accessibility bus. close() ends every process and removes every file."""
+
+    def __init__(self, **screen_options):
+        self.folder = tempfile.mkdtemp(prefix="tavrix-e2e.")
+        self.children = Children()
+        try:
+            environment = {name: os.environ[name] for name in _KEPT if name in os.environ}
+            runtime = os.path.join(self.folder, "runtime")
+            os.mkdir(runtime, 0o700)
+            environment.update(HOME=self.folder, XDG_RUNTIME_DIR=runtime, TMPDIR=self.folder, LANG="C.UTF-8",
+                               LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory", QT_QPA_PLATFORM="xcb")
+            self.screen = Screen(self.children, self.folder, environment=environment, **screen_options)
+            self.bus = AccessibilityBus(self.children, self.screen)
+            self.environment = {**self.screen.environment, **self.bus.environment}
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        self.children.end_all()
+        for part in ("bus", "screen"):
+            if hasattr(self, part):
+                try:
+                    getattr(self, part).close()
+                except Exception:  # the servers are gone already; a connection may notice
+                    pass
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
