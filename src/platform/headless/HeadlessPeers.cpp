@@ -1,0 +1,57 @@
+#include "platform/headless/HeadlessPeers.h"
+
+#include "platform/headless/HeadlessToolkit.h"
+
+namespace tavrix::headless {
+
+Pixel HeadlessCanvasPeer::ShownPixel(int x, int y) const {
+    const forms::CanvasView view = content.View(y + 1);
+    const Pixel background =
+        view.background == ButtonFace ? HeadlessToolkit::ButtonFacePixel : ToPixel(view.background);
+    if (view.pixels == nullptr) return background;
+    const PixelRect& place = view.place;
+    if (x < place.left || y < place.top || x >= place.left + place.width || y >= place.top + place.height) {
+        return background;
+    }
+    const int column = (x - place.left) * view.pixels->Width() / place.width;
+    const int row = (y - place.top) * view.pixels->Height() / place.height;
+    const Pixel pixel = view.pixels->Row(row)[static_cast<std::size_t>(column)];
+    return (pixel >> 24U) == 0 ? background : pixel;
+}
+
+HeadlessWindowPeer::HeadlessWindowPeer(HeadlessToolkit& toolkit, forms::EventSink& events,
+                                       const forms::WindowTraits& windowTraits)
+    : HeadlessControlPeer(events), traits(windowTraits), toolkit_(toolkit) {
+    toolkit_.windows_.push_back(this);
+}
+
+HeadlessWindowPeer::~HeadlessWindowPeer() {
+    std::erase(toolkit_.windows_, this);
+}
+
+void HeadlessWindowPeer::SetPlacement(const PixelRect& outer, forms::WindowState newState) {
+    ++placementsAsked;
+    state = newState;
+    placement = outer;
+    if (visible && toolkit_.windowManager) {
+        const PixelRect granted = toolkit_.windowManager(outer, newState);
+        if (granted != outer) {
+            placement = granted;
+            toolkit_.Post([this, granted, newState] {
+                sink.Deliver(forms::PlacementEvent{granted, newState});
+            });
+        }
+    }
+}
+
+void HeadlessWindowPeer::Show(bool asModal) {
+    visible = true;
+    modal = asModal;
+    ++shows;
+}
+
+void HeadlessWindowPeer::Hide() {
+    visible = false;
+}
+
+}  // namespace tavrix::headless

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/forms/Peers.h"
+
+namespace tavrix::headless {
+
+class HeadlessToolkit;
+
+// Peers that keep what they were told, for tests to look at.
+
+/// The part that all peers of controls share.
+template <class Interface>
+class HeadlessControlPeer : public Interface {
+  public:
+    explicit HeadlessControlPeer(forms::EventSink& events) : sink(events) {}
+
+    void SetBounds(const PixelRect& value) override { bounds = value; }
+    void SetVisible(bool value) override { visible = value; }
+    void SetEnabled(bool value) override { enabled = value; }
+    void SetToolTip(const std::string& text) override { toolTip = text; }
+    void SetPointer(forms::MousePointer value) override { pointer = value; }
+    void SetAccessibleName(const std::string& name) override { accessibleName = name; }
+    void TakeFocus() override { ++focusRequests; }
+
+    forms::EventSink& sink;
+    PixelRect bounds;
+    bool visible = false;
+    bool enabled = true;
+    std::string toolTip;
+    forms::MousePointer pointer = forms::MousePointer::Default;
+    std::string accessibleName;
+    int focusRequests = 0;
+};
+
+class HeadlessLabelPeer final : public HeadlessControlPeer<forms::LabelPeer> {
+  public:
+    using HeadlessControlPeer::HeadlessControlPeer;
+    void SetText(const std::string& value) override { text = value; }
+
+    std::string text;
+};
+
+class HeadlessButtonPeer final : public HeadlessControlPeer<forms::ButtonPeer> {
+  public:
+    using HeadlessControlPeer::HeadlessControlPeer;
+    void SetText(const std::string& value) override { text = value; }
+    void SetRole(bool asDefault, bool asCancel) override {
+        isDefault = asDefault;
+        isCancel = asCancel;
+    }
+
+    std::string text;
+    bool isDefault = false;
+    bool isCancel = false;
+};
+
+class HeadlessScrollBarPeer final : public HeadlessControlPeer<forms::ScrollBarPeer> {
+  public:
+    using HeadlessControlPeer::HeadlessControlPeer;
+    void SetRange(int newMin, int newMax, int newSmall, int newLarge) override {
+        min = newMin;
+        max = newMax;
+        smallChange = newSmall;
+        largeChange = newLarge;
+    }
+    void SetValue(int newValue) override { value = newValue; }
+
+    int min = 0;
+    int max = 0;
+    int smallChange = 1;
+    int largeChange = 1;
+    int value = 0;
+};
+
+class HeadlessCanvasPeer final : public HeadlessControlPeer<forms::CanvasPeer> {
+  public:
+    HeadlessCanvasPeer(forms::EventSink& events, const forms::CanvasContent& canvasContent)
+        : HeadlessControlPeer(events), content(canvasContent) {}
+    void Invalidate(const PixelRect& part) override { invalid.push_back(part); }
+    void PaintNow() override {
+        invalid.clear();
+        ++paintings;
+    }
+    /// The pixel that a screen would show at a place of the canvas.
+    [[nodiscard]] Pixel ShownPixel(int x, int y) const;
+
+    const forms::CanvasContent& content;
+    std::vector<PixelRect> invalid;
+    int paintings = 0;
+};
+
+class HeadlessMenuItemPeer final : public forms::MenuItemPeer {
+  public:
+    HeadlessMenuItemPeer(forms::EventSink& events, forms::MenuItemState start)
+        : sink(events), state(std::move(start)) {}
+    void Update(const forms::MenuItemState& value) override { state = value; }
+
+    forms::EventSink& sink;
+    forms::MenuItemState state;
+    std::vector<HeadlessMenuItemPeer*> entries;
+};
+
+class HeadlessWindowPeer final : public HeadlessControlPeer<forms::WindowPeer> {
+  public:
+    HeadlessWindowPeer(HeadlessToolkit& toolkit, forms::EventSink& events,
+                       const forms::WindowTraits& windowTraits);
+    ~HeadlessWindowPeer() override;
+
+    void SetTitle(const std::string& value) override { title = value; }
+    void SetPlacement(const PixelRect& outer, forms::WindowState newState) override;
+    void SetLayout(const forms::Layout& value) override { layout = value; }
+    void Show(bool asModal) override;
+    void Hide() override;
+    void SetTopmost(bool value) override { topmost = value; }
+    void SetBackColor(Colour colour) override { backColor = colour; }
+
+    forms::WindowTraits traits;
+    std::string title;
+    PixelRect placement;
+    forms::WindowState state = forms::WindowState::Normal;
+    forms::Layout layout;
+    bool modal = false;
+    bool topmost = false;
+    int shows = 0;
+    int placementsAsked = 0;
+    Colour backColor;
+    std::vector<HeadlessMenuItemPeer*> menuBar;
+
+  private:
+    HeadlessToolkit& toolkit_;
+};
+
+}  // namespace tavrix::headless
