@@ -1,12 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/codecs/ByteSource.h"
-#include "platform/graphics/ArrivingSurface.h"
+#include "platform/graphics/Picture.h"
 
 namespace tavrix {
 
@@ -15,6 +18,7 @@ struct PictureInfo {
     int width = 0;   ///< pixels, with the orientation applied
     int height = 0;  ///< pixels, with the orientation applied
     int frames = 1;
+    /// Some pixels are not opaque. Where decoding ends early, the pixels that were not reached are 0 all the same.
     bool transparent = false;
 };
 
@@ -51,5 +55,13 @@ inline constexpr std::size_t SniffLength = 64;
 
 /// All decoders, in the order in which they are asked.
 [[nodiscard]] std::span<const DecoderEntry> Decoders();
+/// The decoder that recognises the data; null when none does.
+[[nodiscard]] const DecoderEntry* DecoderFor(ByteSource& source);
+
+/// The picture that a decoder makes of some pixels.
+[[nodiscard]] inline Picture MakePicture(const DecoderEntry& decoder, const PictureInfo& info,
+                                         std::shared_ptr<const ArrivingSurface> pixels) {
+    return {std::move(pixels), std::string(decoder.format), info.frames, info.transparent};
+}
 
 }  // namespace tavrix

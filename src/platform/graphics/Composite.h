@@ -4,10 +4,6 @@
 
 namespace tavrix {
 
-/// What shows through the transparent parts of a picture wherever it is flattened. A constant, so that saved
-/// bytes do not depend on the desktop's theme.
-inline constexpr Colour SurfaceBackground = White;
-
 /// The pixel laid over an opaque background; the result is opaque.
 [[nodiscard]] constexpr Pixel Over(Pixel pixel, Pixel background) {
     const unsigned alpha = pixel >> 24U;

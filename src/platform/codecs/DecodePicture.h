@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/codecs/Decoder.h"
+#include "platform/graphics/Picture.h"
+
+namespace tavrix {
+
+/// What became of decoding: a picture or an error, never both.
+struct DecodedPicture {
+    Picture picture;
+    DecodeStatus status;
+    /// InvalidPicture for content that is no picture or has nothing to show, OutOfMemory above the limits.
+    std::optional<ErrorNumber> error;
+};
+
+/// Decodes a whole picture, whatever its format. Throws nothing.
+[[nodiscard]] DecodedPicture DecodePicture(ByteSource& source) noexcept;
+
+}  // namespace tavrix

@@ -1,0 +1,148 @@
+#include "platform/codecs/PixelRows.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
+
+#include "platform/codecs/LittleEndian.h"
+
+namespace tavrix {
+namespace {
+
+constexpr Pixel Opaque = 0xFF000000U;
+
+#if defined(__x86_64__)
+/// Sixteen pixels at a time; gives how many were turned.
+__attribute__((target("ssse3"))) std::size_t ManyFromBgr24(const std::byte* from, std::span<Pixel> into) {
+    const __m128i spread = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
+    const __m128i alpha = _mm_set1_epi32(static_cast<int>(Opaque));
+    std::size_t done = 0;
+    for (; done + 16 <= into.size(); done += 16) {
+        const auto* in = reinterpret_cast<const __m128i*>(from + 3 * done);
+        const __m128i a = _mm_loadu_si128(in);
+        const __m128i b = _mm_loadu_si128(in + 1);
+        const __m128i c = _mm_loadu_si128(in + 2);
+        auto* out = reinterpret_cast<__m128i*>(&into[done]);
+        const auto put = [&](int at, __m128i bytes) __attribute__((target("ssse3"), always_inline)) {
+            _mm_storeu_si128(out + at, _mm_or_si128(_mm_shuffle_epi8(bytes, spread), alpha));
+        };
+        put(0, a);
+        put(1, _mm_alignr_epi8(b, a, 12));
+        put(2, _mm_alignr_epi8(c, b, 8));
+        put(3, _mm_srli_si128(c, 4));
+    }
+    return done;
+}
+#endif
+
+template <unsigned Bits>
+void FromIndexes(std::span<const std::byte> from, const std::array<Pixel, 256>& palette,
+                 std::span<Pixel> into) {
+    constexpr unsigned Mask = (1U << Bits) - 1U;
+    constexpr std::size_t PerByte = 8U / Bits;
+    const std::size_t whole = into.size() / PerByte;
+    Pixel* out = into.data();
+    for (std::size_t i = 0; i < whole; ++i) {
+        const auto byte = std::to_integer<unsigned>(from[i]);
+        for (std::size_t part = 0; part < PerByte; ++part) {
+            *out++ = palette[(byte >> (8U - Bits - Bits * part)) & Mask];
+        }
+    }
+    for (std::size_t part = 0; part < into.size() % PerByte; ++part) {
+        *out++ = palette[(std::to_integer<unsigned>(from[whole]) >> (8U - Bits - Bits * part)) & Mask];
+    }
+}
+
+}  // namespace
+
+void PixelsFromBgr24(std::span<const std::byte> from, std::span<Pixel> into) {
+    std::size_t done = 0;
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("ssse3")) done = ManyFromBgr24(from.data(), into);
+#endif
+    for (; done < into.size(); ++done) {
+        const std::byte* in = from.data() + 3 * done;
+        into[done] = OpaquePixel(std::to_integer<unsigned>(in[2]), std::to_integer<unsigned>(in[1]),
+                                 std::to_integer<unsigned>(in[0]));
+    }
+}
+
+void PixelsFromIndexes(unsigned bits, std::span<const std::byte> from, const std::array<Pixel, 256>& palette,
+                       std::span<Pixel> into) {
+    switch (bits) {
+        case 1:
+            return FromIndexes<1>(from, palette, into);
+        case 2:
+            return FromIndexes<2>(from, palette, into);
+        case 4:
+            return FromIndexes<4>(from, palette, into);
+        default:
+            return FromIndexes<8>(from, palette, into);
+    }
+}
+
+MaskedPart::MaskedPart(std::uint32_t mask, unsigned missing)
+    : mask_(mask),
+      shift_(mask == 0 ? 0U : static_cast<unsigned>(std::countr_zero(mask))),
+      highest_(mask >> shift_) {
+    if (highest_ >= scaled_.size()) return;
+    for (std::uint32_t value = 0; value <= highest_; ++value) {
+        scaled_[value] =
+            static_cast<std::uint8_t>(highest_ == 0 ? missing : (value * 255U + highest_ / 2) / highest_);
+    }
+}
+
+MaskedPixels::MaskedPixels(unsigned bits, const std::array<std::uint32_t, 4>& masks)
+    : bits_(bits),
+      native_(bits == 32 && masks[0] == 0xFF0000U && masks[1] == 0xFF00U && masks[2] == 0xFFU &&
+              (masks[3] == 0 || masks[3] == Opaque)),
+      opaque_(masks[3] == 0 ? Opaque : 0U),
+      red_(masks[0], 0),
+      green_(masks[1], 0),
+      blue_(masks[2], 0),
+      alpha_(masks[3], 255) {}
+
+void MaskedPixels::Convert(std::span<const std::byte> from, std::span<Pixel> into) const {
+    if (native_ && std::endian::native == std::endian::little) {
+        std::memcpy(into.data(), from.data(), into.size_bytes());
+        if (opaque_ != 0) {
+            for (Pixel& pixel : into)
+                pixel |= opaque_;
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < into.size(); ++i) {
+        const std::uint32_t packed = bits_ == 16 ? U16(from, 2 * i) : U32(from, 4 * i);
+        into[i] = (alpha_.Of(packed) << 24U) | (red_.Of(packed) << 16U) | (green_.Of(packed) << 8U) |
+                  blue_.Of(packed);
+    }
+}
+
+LinearPixels::LinearPixels() {
+    for (int value = 0; value <= Full; ++value) {
+        const double light = static_cast<double>(value) / Full;
+        const double encoded = light <= 0.0031308
+                                   ? 12.92 * light
+                                   : 1.055 * std::pow(light, 1 / 2.4) - 0.055;  // sRGB, IEC 61966-2-1
+        encoded_[static_cast<std::size_t>(value)] = static_cast<std::uint8_t>(std::lround(255 * encoded));
+    }
+}
+
+void LinearPixels::Convert(std::span<const std::byte> from, std::span<Pixel> into) const {
+    for (std::size_t i = 0; i < into.size(); ++i) {
+        const auto part = [&](std::size_t at) {
+            const int value = static_cast<std::int16_t>(U16(from, 8 * i + 2 * at));
+            return static_cast<std::size_t>(std::clamp(value, 0, Full));
+        };
+        const auto alpha = static_cast<unsigned>((part(3) * 255 + Full / 2) / Full);
+        into[i] = (alpha << 24U) | (Pixel{encoded_[part(2)]} << 16U) | (Pixel{encoded_[part(1)]} << 8U) |
+                  encoded_[part(0)];
+    }
+}
+
+}  // namespace tavrix
