@@ -16,6 +16,7 @@
 #include "platform/base/Text.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostNames.h"
+#include "platform/services/DrivePath.h"
 
 namespace tavrix {
 namespace {
@@ -28,10 +29,6 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
-
-bool IsLetter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 /// Whether `path` is `folder` or lies below it; "" is the root of everything.
 bool IsAtOrBelow(std::string_view path, std::string_view folder) {
@@ -127,38 +124,6 @@ std::string NameIgnoringCase(const std::string& folder, const std::string& wante
 
 }  // namespace
 
-bool ListsBefore(const std::string& a, const std::string& b) {
-    const std::string upperA = UpperCase(a);
-    const std::string upperB = UpperCase(b);
-    return upperA != upperB ? upperA < upperB : a < b;
-}
-
-DrivePathParts PartsOf(std::string_view drivePath) {
-    const auto malformed = [] { return RuntimeError(ErrorNumber::BadFileNameOrNumber); };
-    if (drivePath.size() < 3 || !IsLetter(drivePath[0]) || drivePath[1] != ':') throw malformed();
-    if (drivePath[2] != '\\' && drivePath[2] != '/') throw malformed();
-
-    DrivePathParts parts;
-    parts.letter = UpperCase(drivePath.substr(0, 1))[0];
-    std::size_t at = 3;
-    while (at < drivePath.size()) {
-        const std::size_t end = std::min(drivePath.find_first_of("\\/", at), drivePath.size());
-        const std::string_view name = drivePath.substr(at, end - at);
-        at = end + 1;
-        if (name.empty() || name == ".") continue;
-        if (name == "..") {
-            if (!parts.names.empty()) parts.names.pop_back();
-            continue;
-        }
-        const bool bad = std::ranges::any_of(name, [](char c) {
-            return static_cast<unsigned char>(c) < 0x20U || c == ':' || c == '"' || c == '*' || c == '?';
-        });
-        if (bad) throw malformed();
-        parts.names.emplace_back(name);
-    }
-    return parts;
-}
-
 DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
     const auto addAll = [this](const std::string& text, char separator) {
         std::istringstream lines(text);
@@ -190,7 +155,7 @@ void DriveMap::AddConfigured(std::string_view line) {
     std::string text = Trim(line);
     while (text.ends_with('\r'))
         text.pop_back();
-    if (text.size() < 2 || !IsLetter(text[0])) return;
+    if (text.size() < 2 || !IsDriveLetter(text[0])) return;
     const char letter = UpperCase(text)[0];
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos || (Trim(text.substr(1, equals - 1)) != "" && text[1] != ':')) return;

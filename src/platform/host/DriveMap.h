@@ -16,7 +16,7 @@ namespace tavrix {
 /// A drive letter and the folder that it stands for.
 struct HostDrive {
     char letter = 'C';
-    std::string root;  ///< host path without a slash at the end ("" for /)
+    std::string root{};  ///< host path without a slash at the end ("" for /)
     DriveType type = DriveType::Fixed;
     bool floppy =
         false;  ///< a folder that stands for a disk of 1,457,664 bytes, unless a medium is mounted there
@@ -28,7 +28,7 @@ struct HostDrive {
 /// Where a drive path leads.
 struct HostLocation {
     HostDrive drive;
-    std::string path;           ///< host path; for what is missing, the path at which it would be made
+    std::string path{};         ///< host path; for what is missing, the path at which it would be made
     bool exists = false;        ///< something is there (links are followed)
     bool parentExists = false;  ///< its folder is there
     bool shared = false;        ///< it is one of the shared files, seen through the program's folder
@@ -108,16 +108,5 @@ class DriveMap {
     std::map<std::string, char> formerLetters_;  ///< a medium that comes back gets its letter again
     bool mediaKnown_ = false;
 };
-
-/// The components of a full drive path, with "." and ".." worked out; the letter is the first character.
-/// Throws 52 when the path is malformed.
-struct DrivePathParts {
-    char letter = 'C';
-    std::vector<std::string> names;
-};
-[[nodiscard]] DrivePathParts PartsOf(std::string_view drivePath);
-
-/// Whether `a` stands before `b` in lists: sorted without regard to case, then by the exact spelling.
-[[nodiscard]] bool ListsBefore(const std::string& a, const std::string& b);
 
 }  // namespace tavrix

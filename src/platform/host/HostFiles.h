@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/host/DriveMap.h"
+#include "platform/host/HostFile.h"
+#include "platform/host/HostPaths.h"
+#include "platform/host/TemporaryFolder.h"
+#include "platform/services/DrivePath.h"
+#include "platform/services/Files.h"
+
+namespace tavrix {
+
+/// The files of this system behind drive letters. On A: and B: files are written in place; elsewhere a new content
+/// replaces the old as a whole. Files in the temporary folder are not synced to the disk.
+class HostFiles final : public Files {
+  public:
+    HostFiles(DriveMap& drives, HostPaths paths);
+
+    bool FileExists(const std::string& path) override;
+    bool FolderExists(const std::string& path) override;
+    std::string First(const std::string& pattern) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    void Delete(const std::string& path) override;
+    FileInfo Info(const std::string& path) override;
+    void MakeFolder(const std::string& path) override;
+    void ChangeDrive(const std::string& drive) override;
+    void ChangeFolder(const std::string& folder) override;
+    std::string CurrentFolder() override;
+    std::string ShortPath(const std::string& folder) override;
+    std::string Folder(KnownFolder folder) override;
+    std::unique_ptr<FileReader> Open(const std::string& path) override;
+    std::unique_ptr<FileWriter> Create(const std::string& path) override;
+    bool Same(const std::string& a, const std::string& b) override;
+
+    /// The host path of a file for other parts of this system; throws as Open does for what is not there.
+    [[nodiscard]] std::string HostPathOf(const std::string& path);
+
+  private:
+    [[nodiscard]] CurrentFolders& Current();
+    [[nodiscard]] HostLocation Locate(const std::string& path);
+    [[nodiscard]] HostLocation LocateFile(const std::string& path);
+    [[nodiscard]] HostLocation LocateForWriting(const std::string& path);
+    [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location) const;
+    [[nodiscard]] std::string FirstIn(const std::string& folder, const std::string& pattern,
+                                      const std::string& best) const;
+
+    DriveMap& drives_;
+    HostPaths paths_;
+    std::optional<TemporaryFolder> temporary_;
+    std::optional<CurrentFolders> current_;
+};
+
+}  // namespace tavrix
