@@ -27,7 +27,6 @@ class RowDecoder {
   public:
     explicit RowDecoder(const BmpHeader& header) : header_(header) {
         if (header.storage == BmpStorage::Packed) masked_.emplace(header.bits, header.masks);
-        if (header.storage == BmpStorage::Linear64) linear_.emplace();
     }
 
     /// As many pixels as `row` holds whole.
@@ -49,12 +48,10 @@ class RowDecoder {
   private:
     const BmpHeader& header_;
     std::optional<MaskedPixels> masked_;
-    std::optional<LinearPixels> linear_;
 };
 
 /// Many writers declare an alpha part and leave it 0. Such a picture is meant to be opaque.
 bool UsesAlpha(ByteSource& source, const BmpHeader& header, std::span<std::byte> buffer) {
-    if (header.storage == BmpStorage::Linear64) return true;
     if (header.masks[3] == 0) return false;
     const std::uint64_t end =
         header.pixelOffset + header.Stride() * static_cast<std::uint64_t>(header.height);
@@ -92,8 +89,7 @@ DecodeStatus DecodeRows(ByteSource& source, BmpHeader header, PictureSink& sink)
 
     if (header.storage == BmpStorage::Packed && !UsesAlpha(source, header, band)) header.masks[3] = 0;
     const std::uint64_t complete = (height - 1) * stride + needed;
-    const bool transparent =
-        header.storage == BmpStorage::Linear64 || header.masks[3] != 0 || available < complete;
+    const bool transparent = header.masks[3] != 0 || available < complete;
     Surface* surface =
         sink.Begin({.width = header.width, .height = header.height, .transparent = transparent});
     if (surface == nullptr) return {Outcome::Corrupt, 0, "surface refused", false};

@@ -6,7 +6,8 @@ namespace tavrix {
 
 /// Windows and OS/2 bitmaps. Recognised by "BM", or "BA" for an OS/2 array of bitmaps, of which the first is taken.
 /// Pixels are opaque unless the header declares an alpha part that is not 0 throughout; pixels that run-length
-/// data skip have the palette's first colour. Refused: PNG inside, CMYK, the fax compression of OS/2.
+/// data skip have the palette's first colour. Refused: PNG inside, CMYK, 64 bits, the fax
+/// compression of OS/2.
 [[nodiscard]] bool RecognisesBmp(std::span<const std::byte> start);
 [[nodiscard]] DecodeStatus DecodeBmp(ByteSource& source, PictureSink& sink);
 

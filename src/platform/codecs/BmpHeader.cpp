@@ -56,7 +56,6 @@ std::optional<BmpStorage> StorageOf(const RawHeader& raw) {
             if (bits == 1 || bits == 2 || bits == 4 || bits == 8) return BmpStorage::Indexed;
             if (bits == 16 || bits == 32) return BmpStorage::Packed;
             if (bits == 24) return BmpStorage::Bgr24;
-            if (bits == 64) return BmpStorage::Linear64;
             return std::nullopt;
         case Rle8:
             return bits == 8 ? std::optional(BmpStorage::Rle8) : std::nullopt;
@@ -164,6 +163,7 @@ BmpHeader ReadBmpHeader(ByteSource& source) {
     if (header.storage == BmpStorage::Packed) paletteStart += ReadMasks(source, headerEnd, raw, header);
     header.pixelOffset = U32(bytes, 10);
     const std::uint64_t paletteSize = ReadPalette(source, paletteStart, header.pixelOffset, raw, header);
+    if (header.bits <= 8 && paletteSize > source.Size()) return Refused("absurd palette");
     // Some writers leave the offset empty or let it point into the headers or behind the file.
     if (header.pixelOffset < paletteStart || header.pixelOffset >= source.Size()) {
         header.pixelOffset = paletteStart + paletteSize;

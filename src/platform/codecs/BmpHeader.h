@@ -14,7 +14,6 @@ enum class BmpStorage : std::uint8_t {
     Indexed,  ///< 1, 2, 4 or 8 bits, into the palette
     Packed,   ///< 16 or 32 bits, split by masks
     Bgr24,
-    Linear64,  ///< four signed 16-bit parts of 1/8192, linear light
     Rle4,
     Rle8,
     Rle24,

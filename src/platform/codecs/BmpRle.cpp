@@ -30,7 +30,7 @@ class RleDecoder {
                 const auto right = reader_.Next();
                 const auto up = reader_.Next();
                 if (!up) return Ended(Outcome::Truncated, "move cut off");
-                x_ = std::min(x_ + static_cast<int>(*right), header_.width);
+                x_ += *right;
                 y_ += static_cast<int>(*up);
                 if (y_ >= header_.height) return Ended(Outcome::Corrupt, "move out of the picture");
             } else if (!Literal(*value)) {
@@ -50,16 +50,14 @@ class RleDecoder {
         return {outcome, outcome == Outcome::Complete ? 0 : reader_.Offset(), reason, drawn_};
     }
 
-    /// The row being filled, from the next pixel on.
-    [[nodiscard]] std::span<Pixel> Rest() {
-        const int row = header_.topDown ? y_ : header_.height - 1 - y_;
-        return surface_.Row(row).subspan(static_cast<std::size_t>(x_));
-    }
-
+    /// Puts one pixel. A row that is too long goes on in the next one.
     void Put(Pixel pixel) {
-        if (x_ >= header_.width) return;
-        Rest().front() = pixel;
+        const std::int64_t row = y_ + x_ / header_.width;
+        const std::int64_t column = x_ % header_.width;
         ++x_;
+        if (row >= header_.height) return;
+        const auto y = static_cast<int>(header_.topDown ? row : header_.height - 1 - row);
+        surface_.Row(y)[static_cast<std::size_t>(column)] = pixel;
         drawn_ = true;
     }
 
@@ -82,12 +80,8 @@ class RleDecoder {
         } else {
             colours.fill(header_.palette[value]);
         }
-        const std::span<Pixel> rest = Rest();
-        const std::size_t length = std::min<std::size_t>(count, rest.size());
-        for (std::size_t i = 0; i < length; ++i)
-            rest[i] = colours[i & 1U];
-        x_ += static_cast<int>(length);
-        drawn_ = true;
+        for (unsigned i = 0; i < count; ++i)
+            Put(colours[i & 1U]);
         return true;
     }
 
@@ -118,7 +112,7 @@ class RleDecoder {
     const BmpHeader& header_;
     Surface& surface_;
     const PictureSink& sink_;
-    int x_ = 0;
+    std::int64_t x_ = 0;
     int y_ = 0;  ///< in the order of the file
     bool drawn_ = false;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstring>
 
 #if defined(__x86_64__)
@@ -87,13 +86,19 @@ void PixelsFromIndexes(unsigned bits, std::span<const std::byte> from, const std
 }
 
 MaskedPart::MaskedPart(std::uint32_t mask, unsigned missing)
-    : mask_(mask),
-      shift_(mask == 0 ? 0U : static_cast<unsigned>(std::countr_zero(mask))),
-      highest_(mask >> shift_) {
-    if (highest_ >= scaled_.size()) return;
+    : mask_(mask), shift_(mask == 0 ? 0U : static_cast<unsigned>(std::countr_zero(mask))) {
+    const auto bits = static_cast<unsigned>(std::bit_width(mask >> shift_));
+    if (bits > 16) shift_ += bits - 8;
+    highest_ = mask >> shift_;
+    if (bits == 0) scaled_[0] = static_cast<std::uint8_t>(missing);
+    if (bits == 0 || highest_ >= scaled_.size()) return;
+
+    const unsigned kept = std::min(bits, 8U);
     for (std::uint32_t value = 0; value <= highest_; ++value) {
-        scaled_[value] =
-            static_cast<std::uint8_t>(highest_ == 0 ? missing : (value * 255U + highest_ / 2) / highest_);
+        std::uint32_t filled = value << (8 - kept);
+        for (unsigned width = kept; width < 8; width *= 2)
+            filled |= filled >> width;
+        scaled_[value] = static_cast<std::uint8_t>(filled);
     }
 }
 
@@ -120,28 +125,6 @@ void MaskedPixels::Convert(std::span<const std::byte> from, std::span<Pixel> int
         const std::uint32_t packed = bits_ == 16 ? U16(from, 2 * i) : U32(from, 4 * i);
         into[i] = (alpha_.Of(packed) << 24U) | (red_.Of(packed) << 16U) | (green_.Of(packed) << 8U) |
                   blue_.Of(packed);
-    }
-}
-
-LinearPixels::LinearPixels() {
-    for (int value = 0; value <= Full; ++value) {
-        const double light = static_cast<double>(value) / Full;
-        const double encoded = light <= 0.0031308
-                                   ? 12.92 * light
-                                   : 1.055 * std::pow(light, 1 / 2.4) - 0.055;  // sRGB, IEC 61966-2-1
-        encoded_[static_cast<std::size_t>(value)] = static_cast<std::uint8_t>(std::lround(255 * encoded));
-    }
-}
-
-void LinearPixels::Convert(std::span<const std::byte> from, std::span<Pixel> into) const {
-    for (std::size_t i = 0; i < into.size(); ++i) {
-        const auto part = [&](std::size_t at) {
-            const int value = static_cast<std::int16_t>(U16(from, 8 * i + 2 * at));
-            return static_cast<std::size_t>(std::clamp(value, 0, Full));
-        };
-        const auto alpha = static_cast<unsigned>((part(3) * 255 + Full / 2) / Full);
-        into[i] = (alpha << 24U) | (Pixel{encoded_[part(2)]} << 16U) | (Pixel{encoded_[part(1)]} << 8U) |
-                  encoded_[part(0)];
     }
 }
 

@@ -16,7 +16,8 @@ void PixelsFromBgr24(std::span<const std::byte> from, std::span<Pixel> into);
 void PixelsFromIndexes(unsigned bits, std::span<const std::byte> from, const std::array<Pixel, 256>& palette,
                        std::span<Pixel> into);
 
-/// One part of a pixel that is split by masks, scaled to 0..255.
+/// One part of a pixel that is split by masks, brought to 0..255: fewer bits are filled up with their own highest
+/// ones, more bits are scaled, and of more than 16 the highest 8 count.
 class MaskedPart {
   public:
     /// A mask of 0 gives `missing` for every pixel.
@@ -24,14 +25,13 @@ class MaskedPart {
 
     [[nodiscard]] unsigned Of(std::uint32_t packed) const {
         const std::uint32_t value = (packed & mask_) >> shift_;
-        if (highest_ < scaled_.size()) return scaled_[value];
-        return static_cast<unsigned>((value * std::uint64_t{255} + highest_ / 2) / highest_);
+        return highest_ < scaled_.size() ? scaled_[value] : (value * 255U + highest_ / 2) / highest_;
     }
 
   private:
     std::uint32_t mask_;
     unsigned shift_;
-    std::uint32_t highest_;
+    std::uint32_t highest_;  ///< at most 16 bits
     std::array<std::uint8_t, 256> scaled_{};
 };
 
@@ -48,18 +48,6 @@ class MaskedPixels {
     bool native_;   ///< the masks are those of a Pixel
     Pixel opaque_;  ///< what to add to native pixels: the alpha that they lack
     MaskedPart red_, green_, blue_, alpha_;
-};
-
-/// Turns pixels of four signed 16-bit parts (blue, green, red, alpha; 8192 is full; linear light) into pixels.
-class LinearPixels {
-  public:
-    LinearPixels();
-
-    void Convert(std::span<const std::byte> from, std::span<Pixel> into) const;
-
-  private:
-    static constexpr int Full = 8192;
-    std::array<std::uint8_t, Full + 1> encoded_{};
 };
 
 }  // namespace tavrix
