@@ -1,0 +1,34 @@
+#include "core/FloppyPrompt.h"
+
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+
+namespace tavrix {
+
+bool IsOnFloppy(const std::string& path) {
+    const std::string drive = UpperCase(Left(path, 3));
+    return drive == "A:\\" || drive == "B:\\";
+}
+
+bool PassesFloppyGuard(const MainModule& module, const std::string& path, const FloppyWording& wording) {
+    constexpr std::size_t longestNonFile = 7;
+    if (CharacterCount(path) <= longestNonFile) {
+        module.app.MessageBox(
+            {.text = path + " is not a valid filename...", .systemModal = wording.systemModal});
+        return false;
+    }
+    std::string anyFile;
+    const std::string drive = UpperCase(Left(path, 3));
+    SkipFailure([&] { anyFile = module.platform.files.First(drive + "*.*"); });
+    if (!anyFile.empty()) return true;
+
+    const std::string blank(NewLine2);
+    const forms::Answer answer =
+        module.app.MessageBox({.text = wording.request + blank + From(path, 3) + blank + wording.drive +
+                                       drive + blank + "Press the \"OK\" button to continue.",
+                               .buttons = forms::BoxButtons::OkCancel,
+                               .systemModal = wording.systemModal});
+    return answer == forms::Answer::Ok;
+}
+
+}  // namespace tavrix

@@ -1,0 +1,19 @@
+#include "core/HelpCommands.h"
+
+#include "platform/base/RuntimeError.h"
+
+namespace tavrix {
+
+void InitHelp(MainModule& module) {
+    module.HelpFile = module.AppPath + "TAVRIX.HLP";
+}
+
+void CloseHelp(const MainModule& module) {
+    SkipFailure([&] { module.platform.help.Show(module.HelpFile, HelpCommand::Quit, 0); });
+}
+
+void ShowHelpContents(const MainModule& module) {
+    SkipFailure([&] { module.platform.help.Show(module.HelpFile, HelpCommand::Contents, 0); });
+}
+
+}  // namespace tavrix

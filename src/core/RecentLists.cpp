@@ -1,0 +1,57 @@
+#include "core/RecentLists.h"
+
+#include <algorithm>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+
+namespace tavrix {
+namespace {
+
+template <class List>
+auto Find(List& list, const std::string& path) {
+    return std::ranges::find_if(list,
+                                [&path](const std::string& entry) { return EqualIgnoringCase(entry, path); });
+}
+
+/// Takes the path from the list, the entries below it moving up; whether it was there.
+template <class List>
+bool Remove(List& list, const std::string& path) {
+    const auto found = Find(list, path);
+    if (found == list.end()) return false;
+    std::move(found + 1, list.end(), found);
+    list.back().clear();
+    return true;
+}
+
+bool MayRemove(const MainModule& module, const std::string& path) {
+    if (path.empty() || !module.config.KeepRecent) return false;
+    module.DoEvents();
+    return !module.platform.files.FileExists(path);
+}
+
+}  // namespace
+
+void AddRecentFile(MainModule& module, std::string& path) {
+    if (module.config.UseRecentDocuments) {
+        SkipFailure([&] { module.platform.shell.AddRecent(path); });
+        module.DoEvents();
+    }
+    if (path.empty() || !module.config.KeepRecent) return;
+    auto& recent = module.config.Recent;
+    if (Find(recent, path) != recent.end()) return;
+    path = WithUpperFirst(path);
+    std::move_backward(recent.begin(), recent.end() - 1, recent.end());
+    recent.front() = path;
+    module.RefreshRecentMenu();
+}
+
+void RemoveRecentFile(MainModule& module, const std::string& path) {
+    if (MayRemove(module, path) && Remove(module.config.Recent, path)) module.RefreshRecentMenu();
+}
+
+void RemoveRecentShow(MainModule& module, const std::string& path) {
+    if (MayRemove(module, path)) Remove(module.config.RecentShows, path);
+}
+
+}  // namespace tavrix

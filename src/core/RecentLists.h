@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "core/MainModule.h"
+
+namespace tavrix {
+
+// The lists of recent images and recent shows. Paths are compared without regard to case. With KeepRecent off the
+// lists do not change.
+
+/// Tells the desktop of an opened image and puts it first among the recent ones. An image that is listed already stays
+/// where it is; a new one gets its first letter in upper case, in the caller's variable too.
+void AddRecentFile(MainModule& module, std::string& path);
+
+/// Takes an image that no longer exists from the list.
+void RemoveRecentFile(MainModule& module, const std::string& path);
+
+/// Takes a show that no longer exists from the list.
+void RemoveRecentShow(MainModule& module, const std::string& path);
+
+}  // namespace tavrix

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/MainModule.h"
+
+namespace tavrix {
+
+/// The main view's place on the screen in twips, while it is neither minimised nor maximised.
+struct MainViewPlacement {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+};
+
+/// The settings file of the program: tavrix.ini in its folder.
+[[nodiscard]] std::string SettingsFile(const MainModule& module);
+
+/// Reads all settings, repairs bad values, and makes the folder for slide shows where it is missing. Nothing in the
+/// file stops the program or brings a message.
+void LoadSettings(MainModule& module);
+
+/// Writes what the preferences dialog owns.
+void SavePreferenceSettings(const MainModule& module);
+
+/// Writes what the slide options own.
+void SaveSlideSettings(const MainModule& module);
+
+/// Writes what is saved at exit, removes the temporary files that are due, and asks about an image on the clipboard.
+/// Failures are skipped: the process ends all the same.
+void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>& placement);
+
+/// Writes a fresh settings file for a slide show package into a folder (with a backslash at the end). Failures are
+/// those of Profile::Write.
+void WritePackageSettings(const MainModule& module, const std::string& folder);
+
+}  // namespace tavrix
