@@ -21,19 +21,6 @@ namespace {
     throw ErrorOf(systemError);
 }
 
-/// Where a path leads in the end, also when nothing is there yet.
-std::string FollowLinks(const std::string& path) {
-    std::string current = path;
-    constexpr int MostLinks = 40;
-    for (int i = 0; i < MostLinks; ++i) {
-        std::error_code error;
-        const auto link = std::filesystem::read_symlink(current, error);
-        if (error) return current;
-        current = link.is_absolute() ? link.string() : HostFolderOf(current) + "/" + link.string();
-    }
-    Fail(ELOOP);
-}
-
 std::string NameBeside(const std::string& path) {
     constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz0123456789";
     std::random_device random;
@@ -99,6 +86,18 @@ std::string HostFolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos) return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string FollowLinks(const std::string& path) {
+    std::string current = path;
+    constexpr int MostLinks = 40;
+    for (int i = 0; i < MostLinks; ++i) {
+        std::error_code error;
+        const auto link = std::filesystem::read_symlink(current, error);
+        if (error) return current;
+        current = link.is_absolute() ? link.string() : HostFolderOf(current) + "/" + link.string();
+    }
+    Fail(ELOOP);
 }
 
 bool IsReadOnly(const std::string& path, const struct stat& status) {

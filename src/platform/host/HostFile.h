@@ -35,6 +35,9 @@ class FileDescriptor {
 /// The folder that holds a host path; "/" for a path directly below it.
 [[nodiscard]] std::string HostFolderOf(const std::string& path);
 
+/// Where a path leads in the end through links, also when nothing is there yet.
+[[nodiscard]] std::string FollowLinks(const std::string& path);
+
 /// Whether nobody may write the file, or not this user. Mode bits count for the superuser too.
 [[nodiscard]] bool IsReadOnly(const std::string& path, const struct stat& status);
 

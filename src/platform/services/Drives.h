@@ -5,7 +5,15 @@
 
 namespace tavrix {
 
-enum class DriveType : int { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Network = 4, CdRom = 5, RamDisk = 6 };
+enum class DriveType : int {
+    Unknown = 0,
+    NoRoot = 1,
+    Removable = 2,
+    Fixed = 3,
+    Network = 4,
+    CdRom = 5,
+    RamDisk = 6
+};
 
 /// The figures from which free space is worked out.
 struct DiskSpace {
@@ -13,6 +21,14 @@ struct DiskSpace {
     std::int32_t bytesPerSector = 0;
     std::int32_t freeClusters = 0;
 };
+
+/// The figures for a number of free bytes, cut to 2,147,450,880.
+[[nodiscard]] constexpr DiskSpace SpaceOfBytes(std::int64_t freeBytes) {
+    constexpr DiskSpace Most{64, 512, 65535};
+    constexpr std::int64_t MostBytes = 2'147'450'880;
+    if (freeBytes >= MostBytes) return Most;
+    return {1, 512, static_cast<std::int32_t>(freeBytes > 0 ? freeBytes / 512 : 0)};
+}
 
 class Drives {
   public:

@@ -17,6 +17,9 @@ class ProfileSection {
     /// one pair of quotation marks around them.
     [[nodiscard]] std::string Read(const std::string& key, std::size_t bufferSize = 128) const;
 
+    /// Whether the key stands there, if only with an empty value.
+    [[nodiscard]] bool Has(const std::string& key) const;
+
   private:
     std::map<std::string, std::string> values_;  ///< by upper-cased key
 };

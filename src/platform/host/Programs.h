@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tavrix {
+
+/// A program and its arguments.
+using ProgramCall = std::vector<std::string>;
+
+/// The calls that do on this desktop what a command line of the logic asks for, the best first; empty for a
+/// command line that is not known. `desktop` is XDG_CURRENT_DESKTOP; `executable` is the running program. A folder
+/// behind "explorer.exe" is left to the caller: `folder` is its host path, or empty.
+[[nodiscard]] std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::string& desktop,
+                                                const std::string& executable, const std::string& folder);
+
+/// Starts the first of the calls whose program is found (in PATH, or by a path), without waiting for its end.
+/// False when none could be started.
+[[nodiscard]] bool StartFirst(const std::vector<ProgramCall>& calls);
+
+}  // namespace tavrix
