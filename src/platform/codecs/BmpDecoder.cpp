@@ -38,8 +38,6 @@ class RowDecoder {
                 return PixelsFromBgr24(row, into);
             case BmpStorage::Packed:
                 return masked_->Convert(row, into);
-            case BmpStorage::Linear64:
-                return linear_->Convert(row, into);
             default:
                 return PixelsFromIndexes(header_.bits, row, header_.palette, into);
         }
