@@ -4,6 +4,10 @@
 
 add_library(tavrix_options INTERFACE)
 target_compile_options(tavrix_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # Optimised, `"text" + std::string(...)` is taken for overlapping memory (GCC bug 105651).
+    target_compile_options(tavrix_options INTERFACE -Wno-restrict)
+endif()
 if(TAVRIX_SANITIZE)
     target_compile_options(tavrix_options INTERFACE -fsanitize=${TAVRIX_SANITIZE} -fno-sanitize-recover=all
                                                     -fno-omit-frame-pointer)

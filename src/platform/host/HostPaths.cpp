@@ -46,10 +46,12 @@ std::string EnvironmentValue(const char* name, const std::string& otherwise) {
     return value != nullptr && *value != '\0' ? value : otherwise;
 }
 
-HostPaths HostPaths::FromEnvironment() {
+HostPaths HostPaths::FromEnvironment(const std::string& ofProgram) {
     HostPaths paths;
     std::error_code error;
-    paths.executable = std::filesystem::read_symlink("/proc/self/exe", error).string();
+    paths.executable = (ofProgram.empty() ? std::filesystem::read_symlink("/proc/self/exe", error)
+                                          : std::filesystem::weakly_canonical(ofProgram, error))
+                           .string();
     paths.config = WithoutSlash(XdgFolder("XDG_CONFIG_HOME", "/.config")) + "/tavrix";
     paths.data = WithoutSlash(XdgFolder("XDG_DATA_HOME", "/.local/share"));
     paths.temporary = WithoutSlash(EnvironmentValue("TAVRIX_TEMP"));

@@ -23,9 +23,10 @@ struct HostPaths {
     std::string temporary;
     std::string config;      ///< the user's configuration folder of this program
     std::string data;        ///< the user's data folder of all programs
-    std::string executable;  ///< the running program
+    std::string executable;  ///< the program itself
 
-    [[nodiscard]] static HostPaths FromEnvironment();
+    /// `ofProgram` is the executable that these are the paths of; the running one when it is empty.
+    [[nodiscard]] static HostPaths FromEnvironment(const std::string& ofProgram = {});
 };
 
 /// An environment variable, or `otherwise` when it is missing or empty.

@@ -44,7 +44,7 @@ class Home:
             "TAVRIX_TEMP": self.temporary,
         }
         if installed:
-            subprocess.run([INSTALL], env={**os.environ, **self.environment}, check=True, stdout=subprocess.DEVNULL)
+            subprocess.run([INSTALL, PROGRAM], env={**os.environ, **self.environment}, check=True, stdout=subprocess.DEVNULL)
 
     def write_settings(self, text):
         with open(self.settings, "w", encoding="cp1252", newline="") as file:

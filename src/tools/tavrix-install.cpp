@@ -1,0 +1,55 @@
+/// tavrix-install PROGRAM
+///
+/// Does what an installer does: notes the folder of a program's executable on this account, so that its first start
+/// finds itself installed.
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/host/DriveMap.h"
+#include "platform/host/HostPaths.h"
+#include "platform/host/HostProcess.h"
+#include "platform/host/HostUserStore.h"
+
+namespace {
+
+int Install(const std::string& program) {
+    const tavrix::HostPaths paths = tavrix::HostPaths::FromEnvironment(program);
+    const std::string drivesVariable = tavrix::EnvironmentValue("TAVRIX_DRIVES");
+    tavrix::DriveMap drives({.drives = drivesVariable.empty() ? std::nullopt : std::optional(drivesVariable),
+                             .file = paths.config + "/drives",
+                             .program = paths.program,
+                             .shared = paths.shared});
+    std::string folder = tavrix::HostProcess(drives, paths, {}).Path();
+    if (!folder.ends_with('\\')) folder.push_back('\\');
+
+    tavrix::HostUserStore store(paths);
+    store.Set("EXEPath", folder);
+    if (store.Get("EXEPath", {}) != folder) {
+        std::fprintf(stderr, "tavrix-install: the folder could not be noted in %s\n", paths.config.c_str());
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2 || ::access(argv[1], X_OK) != 0) {
+        std::fputs("usage: tavrix-install PROGRAM\n", stderr);
+        return 2;
+    }
+    try {
+        return Install(argv[1]);
+    } catch (const tavrix::RuntimeError& error) {
+        std::fprintf(stderr, "tavrix-install: %s\n", error.Description().c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "tavrix-install: %s\n", error.what());
+    }
+    return 1;
+}
