@@ -60,6 +60,7 @@ struct Progress : jpeg_progress_mgr {
 void PretendEnd(jpeg_decompress_struct& info) {
     auto& input = *static_cast<Input*>(info.src);
     input.ended = true;
+    input.offset -= input.bytes_in_buffer;
     input.bytes_in_buffer = 0;
 }
 
@@ -73,26 +74,26 @@ void Note(j_common_ptr common, int level) {
     if (level >= 0) return;  // only traces
     auto& errors = *static_cast<Errors*>(common->err);
     const auto& info = *reinterpret_cast<const jpeg_decompress_struct*>(common);
+    const bool atEnd = info.unread_marker == JPEG_EOI;
     switch (errors.msg_code) {
         case JWRN_EXTRANEOUS_DATA:
         case JWRN_ADOBE_XFORM:
         case JWRN_JFIF_MAJOR:
+        case JWRN_NOT_SEQUENTIAL:
         case JWRN_TOO_MUCH_DATA:
         case JWRN_BOGUS_PROGRESSION:
         case JWRN_JPEG_EOF:
             break;  // harmless, or judged elsewhere
         case JWRN_HIT_MARKER:
-            // The entropy decoder lacks data. At the end of the file that means a cut; what follows would be grey.
-            if (info.unread_marker == JPEG_EOI) {
-                errors.truncated = true;
+            // The entropy decoder lacks data. At the end of the file what follows would be grey.
+            if (atEnd) {
                 const auto rowsOfBlocks = static_cast<JDIMENSION>(info.max_v_samp_factor) * DCTSIZE;
                 errors.stopRow = std::min(errors.stopRow, (info.input_iMCU_row + 1) * rowsOfBlocks);
-            } else {
-                errors.corrupt = true;
             }
-            break;
+            [[fallthrough]];
         default:
-            errors.corrupt = true;
+            // Once the end is reached, all that is wrong follows from that.
+            (atEnd ? errors.truncated : errors.corrupt) = true;
     }
 }
 
@@ -216,8 +217,9 @@ class JpegReader {
     }
 
     [[nodiscard]] DecodeStatus Ended(Outcome outcome, std::string_view reason) const {
-        const std::uint64_t offset =
-            input_.offset - std::min<std::uint64_t>(input_.offset, input_.bytes_in_buffer);
+        const std::uint64_t ahead =
+            input_.ended ? 0 : std::min<std::uint64_t>(input_.offset, input_.bytes_in_buffer);
+        const std::uint64_t offset = std::min(input_.offset - ahead, source_.Size());
         return {outcome, outcome == Outcome::Complete ? 0 : offset, reason, rowsRead_ > 0};
     }
 
@@ -241,7 +243,7 @@ class JpegReader {
         const std::int64_t pixels = std::int64_t{storedWidth_} * storedHeight_;
         progress_.scansAllowed = static_cast<int>(std::clamp(
             MostScannedPixels / std::max<std::int64_t>(pixels, 1), FewestScansAllowed, MostScansAllowed));
-        if (input_.offset >= source_.Size() && input_.bytes_in_buffer == 0) {
+        if (input_.ended || (input_.offset >= source_.Size() && input_.bytes_in_buffer == 0)) {
             return Ended(Outcome::Truncated, "no picture data");
         }
         if (manyScans_ && TooEmpty(pixels)) return Ended(Outcome::Corrupt, "hardly any data for its size");

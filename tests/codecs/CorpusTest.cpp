@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "codecs/Decoding.h"
+
+namespace tavrix::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder with broken files, where there is one: broken/bmp, broken/jpg below TAVRIX_CORPORA.
+fs::path Corpora() {
+    if (const char* told = std::getenv("TAVRIX_CORPORA")) return told;
+    return fs::path(TAVRIX_SOURCE_DIR).parent_path() / "shared" / "corpora";
+}
+
+class BrokenFiles : public testing::TestWithParam<const char*> {};
+
+TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
+    const fs::path folder = Corpora() / "broken" / GetParam();
+    if (!fs::is_directory(folder)) GTEST_SKIP() << "no " << folder;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        SCOPED_TRACE(entry.path().string());
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+        const auto start = std::chrono::steady_clock::now();
+        const DecodedPicture decoded = Decode(std::as_bytes(std::span(bytes)));
+        const auto took = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(took, std::chrono::seconds(5));
+        EXPECT_NE(decoded.error.has_value(), !decoded.picture.Empty());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles, testing::Values("bmp", "jpg"));
+
+/// Files that once did harm, kept by what was wrong.
+TEST(Findings, NeitherCrashNorTakeLong) {
+    const fs::path folder = fs::path(TAVRIX_SOURCE_DIR) / "fuzz" / "codecs" / "findings";
+    if (!fs::is_directory(folder)) GTEST_SKIP() << "none yet";
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        SCOPED_TRACE(entry.path().string());
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+        const auto start = std::chrono::steady_clock::now();
+        static_cast<void>(Decode(std::as_bytes(std::span(bytes))));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    }
+}
+
+}  // namespace
+}  // namespace tavrix::test
