@@ -6,7 +6,7 @@ import time
 from typing import NamedTuple
 
 from PIL import Image
-from Xlib import XK, X, Xatom, display, error
+from Xlib import XK, X, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event
 
@@ -249,4 +249,5 @@ class Screen:
     def atom(self, name):
         return self._x.get_atom(name)
 
-    ATOM = Xatom.ATOM
+    def root_property(self, name):
+        return self._property(self._root, name)

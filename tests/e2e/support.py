@@ -1,0 +1,71 @@
+"""What the tests share: a session for each class, a user for each test."""
+
+import os
+import tempfile
+import unittest
+
+from driver import Home, Program, Session, wait_until
+from pictures import coded, find_view
+
+
+class ProgramTest(unittest.TestCase):
+    """Everything that a test starts ends with it. With TAVRIX_SHOTS naming a folder, the screen of a failed test is
+    saved there."""
+
+    session_options = {}
+
+    @classmethod
+    def setUpClass(cls):
+        cls.session = Session(**cls.session_options)
+        cls.addClassCleanup(cls.session.close)
+        cls.screen = cls.session.screen
+
+    def setUp(self):
+        self.home = self.new_home()
+
+    def new_home(self, **options):
+        return Home(tempfile.mkdtemp(prefix="user.", dir=self.session.folder), **options)
+
+    def start(self, *arguments, home=None, **options):
+        program = Program(self.session, home or self.home, *arguments, **options)
+        self.addCleanup(self._finish, program)
+        return program
+
+    def _finish(self, program):
+        result = self._outcome.result
+        failed = any(test is self for test, _ in [*result.failures, *result.errors])
+        folder = os.environ.get("TAVRIX_SHOTS")
+        if failed and folder:
+            self.screen.grab().save(os.path.join(folder, self.id() + ".png"))
+        program.close()
+
+    def picture(self, width, height, name="picture.bmp"):
+        """A coded picture: its file and its pixels."""
+        image = coded(width, height)
+        path = os.path.join(self.home.pictures, name)
+        image.save(path)
+        return path, image
+
+    def open(self, width, height, name="picture.bmp", settings="", **options):
+        """Starts the program with a picture on its command line; the program, its window, and the view of it."""
+        path, image = self.picture(width, height, name)
+        if settings:
+            self.home.write_settings("[Viewer]\n" + settings)
+        program = self.start(path, **options)
+        window = program.main(path)
+        return program, window, self.view(window, image)
+
+    def view(self, window, image, **expected):
+        """The view of a coded picture once it stands on the screen pixel by pixel, and as expected."""
+        seen = []
+
+        def look():
+            found = find_view(self.screen, image, window)
+            seen[:] = [found]
+            return found if found and all(getattr(found, k) == v for k, v in expected.items()) else None
+
+        return wait_until(look, lambda: f"a view with {expected or 'the picture'}; it is {seen[0]}")
+
+    def end_by_escape(self, program):
+        self.screen.press("Escape")
+        self.assertEqual(program.wait_end(), 0)
