@@ -1,0 +1,75 @@
+#include "viewer/DropFiles.h"
+
+#include "core/FileServices.h"
+#include "core/Folders.h"
+#include "core/UnsavedImage.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/Opening.h"
+#include "viewer/StartArguments.h"
+
+namespace tavrix {
+namespace {
+
+void Tell(const MainViewFrm& view, const std::string& text) {
+    view.App().MessageBox({.text = text});
+}
+
+void PlayDroppedShow(MainViewFrm& view, const std::string& path) {
+    MainModule& module = view.Module();
+    const Lives& lives = view.TheLives();
+    if (!lives.LoadShowFile) {
+        TellNotYet(module.app, "slide shows");
+    } else if (!lives.LoadShowFile(path)) {
+        Tell(view, "This slide show file does not contain any images, nothing to show...");
+    } else {
+        SkipFailure([&] { ChangeToFolderOf(module, path); });
+        module.SlideShowActive = true;
+        module.StartedAsShow = true;
+        lives.ShowStage();
+    }
+}
+
+}  // namespace
+
+void MainImage_OLEDragDrop(MainViewFrm& view, const std::vector<std::string>& files) {
+    MainModule& module = view.Module();
+    if (module.Busy()) return;
+    forms::BusyGuard busy(module.Screen());
+    module.DoEvents();
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+
+    std::string path = files.empty() ? "" : files.front();
+    if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module, path);
+    if (path.empty()) {
+        Tell(view,
+             "An unexpected error occurred while getting filename that was dropped here, unable to open "
+             "file...");
+        return;
+    }
+    if (path.ends_with('\\')) path.pop_back();
+    if (module.platform.files.FolderExists(path)) {
+        Tell(view, "You may not drop a folder here, unable to open...");
+        return;
+    }
+    if (EndsInIgnoringCase(path, ".TGA") || EndsInIgnoringCase(path, ".PCX")) {
+        Tell(view, Right(path, 4) +
+                       " files must be imported into Tavrix and then saved as a supported format first, "
+                       "unable to open:" +
+                       std::string(NewLine2) + path);
+        return;
+    }
+    if (EndsInIgnoringCase(path, ".TVS")) {
+        PlayDroppedShow(view, path);
+        return;
+    }
+    if (!ConfirmDiscard(module)) return;
+    busy.Release();
+    LoadIntoMainView(
+        view, path,
+        {"Unable to display image, an unexpected error occurred during the drag and drop operation.",
+         "Tavrix - [Drag & Drop Error]"});
+}
+
+}  // namespace tavrix

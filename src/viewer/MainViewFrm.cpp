@@ -1,0 +1,236 @@
+#include "viewer/MainViewFrm.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/HelpCommands.h"
+#include "core/UnsavedImage.h"
+#include "core/WaitFrm.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/DefaultPicture.h"
+#include "viewer/DropFiles.h"
+#include "viewer/MenuState.h"
+#include "viewer/StartArguments.h"
+
+namespace tavrix {
+
+namespace MouseButton = forms::MouseButton;
+using forms::MousePointer;
+namespace ShiftMask = forms::ShiftMask;
+using forms::WindowState;
+
+MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, const Lives& lives)
+    : Form(application, {.name = "MainViewFrm", .resizable = true, .menuBar = true, .acceptsDrops = true}),
+      module_(module),
+      lives_(lives) {
+    KeyPreview = true;
+    menu.mnuUndo.Enabled = false;
+
+    MainImage.AutoSize = true;
+    MainImage.AccessibleName = "Image";
+    picFrame.AccessibleName = "Image area";
+    hsbPict.AccessibleName = "Horizontal scroll bar";
+    vsbPict.AccessibleName = "Vertical scroll bar";
+    PictureTemp.Visible = false;
+    ImageDefault.Visible = false;
+    ImageDefault.Picture = DefaultPicture();
+    for (forms::ScrollBar* bar : {&hsbPict, &vsbPict}) {
+        bar->Visible = false;
+        bar->SmallChange = BarSmallChange;
+        bar->OnGotFocus = [this] { PictureTemp.SetFocus(); };
+    }
+    CmdFullScreen.Caption = "Full Screen View";
+    CmdFullScreen.ToolTip = "Full Screen View";
+
+    MainImage.OnResize = [this] { MainImage_Resize(); };
+    MainImage.OnMouseDown = [this](const forms::MouseArguments& mouse) { MainImage_MouseDown(mouse); };
+    MainImage.OnMouseMove = [this](const forms::MouseArguments& mouse) { MainImage_MouseMove(mouse); };
+    MainImage.OnMouseUp = [this](const forms::MouseArguments& mouse) { MainImage_MouseUp(mouse); };
+    picFrame.OnMouseUp = [this](const forms::MouseArguments& mouse) { Form_MouseUp(mouse); };
+    const auto dropped = [this](const std::vector<std::string>& files) {
+        MainImage_OLEDragDrop(*this, files);
+    };
+    MainImage.OnOLEDragDrop = dropped;
+    picFrame.OnOLEDragDrop = dropped;
+    hsbPict.OnChange = hsbPict.OnScroll = [this] { hsbPict_Change(); };
+    vsbPict.OnChange = vsbPict.OnScroll = [this] { vsbPict_Change(); };
+    CmdFullScreen.OnClick = [this] { CmdFullScreen_Click(); };
+    CmdFullScreen.OnMouseUp = [this](const forms::MouseEvent&) { PictureTemp.SetFocus(); };
+    menu.mnuTopmost.Install([this] { mnuTopmost_Click(); });
+    menu.mnuExit.Install([this] { mnuExit_Click(); });
+    module_.RefreshRecentMenu = [this] { RefreshRecentMenu(menu, module_.config); };
+}
+
+MainViewFrm::~MainViewFrm() {
+    module_.RefreshRecentMenu = [] {};
+}
+
+void MainViewFrm::Form_Load() {
+    FirstActivation = true;
+    Caption = ProductName;
+    MainImage.Picture = ImageDefault.Picture;
+    InitHelp(module_);
+    module_.DoEvents();
+    if (!module_.config.KeepRecent) module_.config.Recent.fill("");
+    RefreshRecentMenu(menu, module_.config);
+    module_.DoEvents();
+    RefreshFavoritesMenu(menu, module_.config);
+    module_.DoEvents();
+    PlaceWindow();
+    if (module_.config.WindowMaximized) WindowState = WindowState::Maximized;
+    module_.DoEvents();
+    ShowBackgroundColor();
+    ReadCommandText(*this);
+    menu.mnuTopmost.Checked = module_.config.TopMostWindow;
+    if (module_.config.TopMostWindow) SetTopmost(true);
+    PictureTemp.SetFocus();
+    module_.Screen().MousePointer = MousePointer::Default;
+}
+
+void MainViewFrm::PlaceWindow() {
+    const AppConfig& c = module_.config;
+    const auto posX = static_cast<float>(c.MainPosX);
+    const auto posY = static_cast<float>(c.MainPosY);
+    const auto sizeX = static_cast<float>(c.MainSizeX);
+    const auto sizeY = static_cast<float>(c.MainSizeY);
+    const bool saved = c.SaveWindowSize && posX >= 0 && posY >= 0 && sizeX >= MinWidth &&
+                       sizeY >= MinHeight && posX + sizeX <= module_.Screen().Width() &&
+                       posY + sizeY <= module_.Screen().Height();
+    if (saved) {
+        Move(posX, posY, sizeX, sizeY);
+    } else {
+        Move(0, 0, StartWidth, StartHeight);
+    }
+}
+
+void MainViewFrm::ShowBackgroundColor() {
+    // The last one is a grey, whatever its name in the preferences says.
+    static constexpr std::array<Colour, 6> colours{
+        Black, White, ButtonFace, Colour{0x400000}, Colour{0x40}, Colour{0x404040}};
+    picFrame.BackColor = colours[static_cast<std::size_t>(module_.config.BackgroundColor)];
+}
+
+void MainViewFrm::Form_Activate() {
+    if (!FirstActivation) return;
+    FirstActivation = false;
+    UnloadWaitWindow(App());
+    module_.DoEvents();
+    if (module_.ShowDisplayDialog) OpenDisplayProperties();
+
+    std::string tips = "1";
+    SkipFailure([&] { tips = module_.platform.store.Get("Show Tips at Startup", "1"); });
+    if (ParseLong(tips).value_or(1) != 0) {
+        const forms::TopmostBracket bracket(*this,
+                                            module_.config.TopMostWindow && menu.mnuTipOfDay.Installed());
+        menu.mnuTipOfDay.Click();
+    }
+    OpenStartDialogs();
+}
+
+void MainViewFrm::OpenDisplayProperties() {
+    WindowState = WindowState::Minimized;
+    module_.DoEvents();
+    bool started = false;
+    SkipFailure([&] {
+        started = module_.platform.shell.Run("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,@0,3");
+    });
+    if (!started) {
+        App().MessageBox({.text = "An error occurred while trying to open the display properties dialog..."});
+    }
+    module_.DoEvents();
+    WindowState = WindowState::Normal;
+}
+
+void MainViewFrm::OpenStartDialogs() {
+    const std::int16_t always = module_.config.StartupDialog;
+    const auto open = [&](StartDialog dialog, forms::Menu& entry, bool also = false) {
+        if (StartAction == dialog && !entry.Installed()) TellNotYet(App(), std::string(entry.Caption));
+        if (StartAction == dialog || always == static_cast<std::int16_t>(dialog) || also) entry.Click();
+    };
+    open(StartDialog::About, menu.mnuAbout, module_.FirstRun);
+    open(StartDialog::SlideShowEditor, menu.mnuSlideShow);
+    open(StartDialog::Open, menu.mnuOpen);
+    open(StartDialog::ThumbnailBrowser, menu.mnuThumbnailBrowse);
+}
+
+void MainViewFrm::Form_QueryUnload(bool& cancel) {
+    if (!IsUnsavedImage(module_)) return;
+    const forms::Answer answer = App().MessageBox(
+        {.text = "The current file has not been saved." + std::string(NewLine2) + "Discard changes and exit?",
+         .icon = forms::BoxIcon::Question,
+         .buttons = forms::BoxButtons::YesNo});
+    cancel = answer == forms::Answer::No;
+}
+
+void MainViewFrm::Form_Unload(bool&) {
+    module_.Screen().MousePointer = MousePointer::Hourglass;
+    module_.DoEvents();
+    CloseHelp(module_);
+    std::optional<MainViewPlacement> placement;
+    if (WindowState.Get() == WindowState::Normal) placement = MainViewPlacement{Left, Top, Width, Height};
+    SaveAllSettings(module_, placement);
+    module_.platform.process.End();
+}
+
+void MainViewFrm::ShowTitleOf(const std::string& path) {
+    Caption = std::string(ProductName) + " - [" + path + "]";
+}
+
+void MainViewFrm::mnuTopmost_Click() {
+    const bool topmost = !menu.mnuTopmost.Checked;
+    menu.mnuTopmost.Checked = topmost;
+    module_.config.TopMostWindow = topmost;
+    SetTopmost(topmost);
+}
+
+void MainViewFrm::mnuExit_Click() {
+    if (!module_.Busy()) App().Unload(*this);
+}
+
+void MainViewFrm::CmdFullScreen_Click() {
+    PictureTemp.SetFocus();
+    module_.DoEvents();
+    if (menu.mnuAnimatedGIF.Enabled) {
+        menu.mnuAnimatedGIF.Click();
+    } else {
+        menu.mnuFullScreen.Click();
+    }
+}
+
+void MainViewFrm::MainImage_MouseDown(const forms::MouseArguments& mouse) {
+    selection.Press(mouse, !module_.CurrentImage.empty());
+}
+
+void MainViewFrm::MainImage_MouseMove(const forms::MouseArguments& mouse) {
+    selection.Drag(mouse);
+}
+
+void MainViewFrm::MainImage_MouseUp(const forms::MouseArguments& mouse) {
+    if (mouse.button == MouseButton::Left && selection.SelectionDragging) {
+        selection.SelectionShown = true;
+        return;
+    }
+    selection.Erase();
+    Form_MouseUp(mouse);
+    selection.SelectionShown = false;
+}
+
+void MainViewFrm::Form_MouseUp(const forms::MouseArguments& mouse) {
+    if (mouse.button == MouseButton::Left) {
+        const bool plain = mouse.shift == ShiftMask::None && !selection.SelectionShown;
+        if (plain && module_.config.ClickScreenOpen) menu.mnuOpen.Click();
+    } else if (mouse.button == MouseButton::Right && !module_.Busy()) {
+        if (menu.mnuEdit.Visible) {
+            PopupMenu(menu.mnuEdit, &menu.mnuCopy);
+        } else {
+            PopupMenu(menu.mnuFile, &menu.mnuExit);
+        }
+    }
+}
+
+void MainViewFrm::Form_OLEDragDrop(const std::vector<std::string>& files) {
+    MainImage_OLEDragDrop(*this, files);
+}
+
+}  // namespace tavrix

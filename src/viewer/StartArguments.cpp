@@ -1,0 +1,106 @@
+#include "viewer/StartArguments.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "core/FloppyPrompt.h"
+#include "core/Folders.h"
+#include "core/RecentLists.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/MenuState.h"
+
+namespace tavrix {
+namespace {
+
+using namespace std::string_view_literals;
+
+/// The last four characters of a command line that names an image. The one of five characters never matches, on
+/// purpose: such a name is no command.
+constexpr std::array ImageEndings{".BMP"sv, ".DIB"sv, ".JPG"sv, ".JIF"sv, ".JPE"sv, ".JPEG"sv,
+                                  ".GIF"sv, ".WMF"sv, ".EMF"sv, ".ICO"sv, ".RLE"sv, ".CUR"sv};
+
+constexpr std::array HelpWords{"?"sv, "HELP"sv, "H"sv};
+constexpr std::array AboutWords{"ABOUT"sv, "A"sv};
+constexpr std::array EditorWords{"SHOW"sv, "S"sv, "SLIDE"sv, "SLIDE SHOW"sv, "SLIDES"sv};
+constexpr std::array OpenWords{"OPEN"sv, "O"sv};
+constexpr std::array ThumbnailWords{"THUMBNAIL"sv, "T"sv};
+
+bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
+    return std::ranges::find(words, word) != words.end();
+}
+
+void ShowCurrentImage(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    try {
+        view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage);
+    } catch (const RuntimeError&) {
+        // At the start a failure brings no message.
+        view.MainImage.Picture = view.ImageDefault.Picture;
+        module.CurrentImage.clear();
+        return;
+    }
+    view.ShowTitleOf(module.CurrentImage);
+    AddRecentFile(module, module.CurrentImage);
+    SetImageLoadedMenus(view);
+}
+
+void ObeyCommandWord(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    const std::string word = UpperCase(module.CommandText);
+    if (IsOneOf(word, HelpWords)) {
+        module.app.MessageBox(
+            {.text = "Start the program normally (don't pass command line parameters) and press the "
+                     "F1 key to view help on this product..."});
+        module.platform.process.End();
+    } else if (IsOneOf(word, AboutWords)) {
+        view.StartAction = StartDialog::About;
+    } else if (IsOneOf(word, EditorWords)) {
+        view.StartAction = StartDialog::SlideShowEditor;
+    } else if (IsOneOf(word, OpenWords)) {
+        view.StartAction = StartDialog::Open;
+    } else if (IsOneOf(word, ThumbnailWords)) {
+        view.StartAction = StartDialog::ThumbnailBrowser;
+    } else {
+        module.app.MessageBox(
+            {.text = "An invalid command (" + module.CommandText + ") was passed at the command prompt...",
+             .icon = forms::BoxIcon::Exclamation});
+    }
+}
+
+}  // namespace
+
+void ReadCommandText(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    const std::string& command = module.CommandText;
+    view.StartAction = StartDialog::None;
+
+    if (IsOneOf(UpperCase(Right(command, 4)), ImageEndings)) {
+        module.CurrentImage = command;
+        if (IsOnFloppy(command) && !PassesFloppyGuard(module, command, ImageOnFloppy))
+            module.platform.process.End();
+        ShowCurrentImage(view);
+    } else if (!command.empty()) {
+        ObeyCommandWord(view);
+    } else if (module.config.DisplayLastOpened && !module.CurrentImage.empty()) {
+        ShowCurrentImage(view);
+    }
+    module.DoEvents();
+    if (!module.CurrentImage.empty()) SkipFailure([&] { ChangeToFolderOf(module, module.CurrentImage); });
+    // The recent list has raised the first letter of the path; it is the same file for all that.
+    if (!EqualIgnoringCase(module.CurrentImage, command) && !module.config.DisplayLastOpened) {
+        module.CurrentImage.clear();
+    }
+    if (module.CurrentImage.empty()) ResetEmptyView(view);
+}
+
+void TellNotYet(forms::Application& app, const std::string& caption) {
+    std::string name = caption;
+    std::erase(name, '&');
+    app.MessageBox({.text = "This version of Tavrix does not have " + name + " yet..."});
+}
+
+}  // namespace tavrix
