@@ -1,0 +1,37 @@
+#include "platform/qt/Metrics.h"
+
+#include <QMenuBar>
+#include <algorithm>
+
+#include "platform/qt/Scale.h"
+#include "platform/qt/X11.h"
+
+namespace tavrix::qt {
+
+Metrics::Metrics() {
+    if (const auto frame = x11::AskFrameExtents()) {
+        borderWidth_ = (frame->left + frame->right + 1) / 2;
+        borderHeight_ = std::min(frame->top, frame->bottom);
+        caption_ = frame->top + frame->bottom - 2 * borderHeight_;
+    }
+    QMenuBar sample;
+    sample.addAction(QStringLiteral("X"));
+    menuBarLogical_ = sample.sizeHint().height();
+    menuBar_ = ToDevice(menuBarLogical_, DeviceRatio());
+}
+
+int Metrics::Of(forms::SystemMetric metric) const {
+    switch (metric) {
+        case forms::SystemMetric::CaptionHeight:
+            return caption_;
+        case forms::SystemMetric::MenuBarHeight:
+            return menuBar_;
+        case forms::SystemMetric::SizingBorderWidth:
+            return borderWidth_;
+        case forms::SystemMetric::SizingBorderHeight:
+            return borderHeight_;
+    }
+    return 0;
+}
+
+}  // namespace tavrix::qt

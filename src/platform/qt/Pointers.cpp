@@ -1,0 +1,65 @@
+#include "platform/qt/Pointers.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace tavrix::qt {
+
+using forms::MousePointer;
+
+Qt::CursorShape ShapeOf(MousePointer pointer) {
+    switch (pointer) {
+        case MousePointer::Hourglass:
+            return Qt::WaitCursor;
+        case MousePointer::ArrowHourglass:
+            return Qt::BusyCursor;
+        case MousePointer::Default:
+        case MousePointer::Arrow:
+            break;
+    }
+    return Qt::ArrowCursor;
+}
+
+void SetWidgetPointer(QWidget& widget, MousePointer pointer) {
+    if (pointer == MousePointer::Default) {
+        widget.unsetCursor();
+    } else {
+        widget.setCursor(ShapeOf(pointer));
+    }
+}
+
+void ScreenPointer::Set(MousePointer pointer) {
+    wanted_ = pointer;
+    Apply();
+}
+
+void ScreenPointer::WindowsAreUp() {
+    if (windowsAreUp_) return;
+    windowsAreUp_ = true;
+    Apply();
+}
+
+void ScreenPointer::BoxOpened() {
+    ++openBoxes_;
+    Apply();
+}
+
+void ScreenPointer::BoxClosed() {
+    --openBoxes_;
+    Apply();
+}
+
+void ScreenPointer::Apply() {
+    const MousePointer now = windowsAreUp_ && openBoxes_ == 0 ? wanted_ : MousePointer::Default;
+    if (now == shown_) return;
+    if (shown_ == MousePointer::Default) {
+        QGuiApplication::setOverrideCursor(ShapeOf(now));
+    } else if (now == MousePointer::Default) {
+        QGuiApplication::restoreOverrideCursor();
+    } else {
+        QGuiApplication::changeOverrideCursor(ShapeOf(now));
+    }
+    shown_ = now;
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QCursor>
+
+#include "platform/forms/Events.h"
+
+class QWidget;
+
+namespace tavrix::qt {
+
+[[nodiscard]] Qt::CursorShape ShapeOf(forms::MousePointer pointer);
+
+/// Gives a widget its pointer; Default takes it away again.
+void SetWidgetPointer(QWidget& widget, forms::MousePointer pointer);
+
+/// The pointer over all windows.
+class ScreenPointer {
+  public:
+    void Set(forms::MousePointer pointer);
+    /// A window has been painted. Before that no cursor is loaded, since it would delay the first picture.
+    void WindowsAreUp();
+    /// A box is open, which shows a usable pointer whatever is set.
+    void BoxOpened();
+    void BoxClosed();
+
+  private:
+    void Apply();
+
+    forms::MousePointer wanted_ = forms::MousePointer::Default;
+    forms::MousePointer shown_ = forms::MousePointer::Default;
+    bool windowsAreUp_ = false;
+    int openBoxes_ = 0;
+};
+
+}  // namespace tavrix::qt

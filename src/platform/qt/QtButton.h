@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QPushButton>
+
+#include "platform/qt/MouseRelay.h"
+#include "platform/qt/QtControl.h"
+
+namespace tavrix::qt {
+
+class ButtonWidget final : public QPushButton {
+  public:
+    ButtonWidget(QWidget& parent, const SinkPort& port);
+    void Detach() { port_.Detach(); }
+
+    bool isCancel = false;
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+  private:
+    SinkPort port_;
+    MouseRelay mouse_{port_};
+};
+
+class QtButton final : public QtControl<forms::ButtonPeer, ButtonWidget> {
+  public:
+    QtButton(const SinkPort& port, const NativePeer& container)
+        : QtControl(new ButtonWidget(*container.ControlParent(), port)) {}
+
+    void SetText(const std::string& text) override { Get().setText(QString::fromStdString(text)); }
+    void SetRole(bool isDefault, bool isCancel) override {
+        Get().setDefault(isDefault);
+        Get().isCancel = isCancel;
+    }
+};
+
+}  // namespace tavrix::qt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/qt/CanvasWidget.h"
+#include "platform/qt/QtControl.h"
+
+namespace tavrix::qt {
+
+class QtCanvas final : public QtControl<forms::CanvasPeer, CanvasWidget> {
+  public:
+    QtCanvas(const SinkPort& port, const NativePeer& container, const forms::CanvasContent& content,
+             const ToDrivePath& toDrivePath)
+        : QtControl(new CanvasWidget(*container.ControlParent(), port, content, toDrivePath)) {
+        Get().setAcceptDrops(container.AcceptsDrops());
+    }
+
+    void SetBounds(const PixelRect& bounds) override { Get().SetDeviceBounds(bounds); }
+    void Invalidate(const PixelRect& part) override { Get().Invalidate(part); }
+    void PaintNow() override { Get().PaintNow(); }
+
+    [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
+};
+
+}  // namespace tavrix::qt

@@ -1,0 +1,28 @@
+#include "platform/qt/QtProcess.h"
+
+#include <QApplication>
+#include <utility>
+
+#include "platform/qt/Accessibility.h"
+
+namespace tavrix::qt {
+
+QtProcess::QtProcess(std::string program) : program_(std::move(program)) {
+    arguments_[0] = program_.data();
+    // Nothing here draws with OpenGL, and loading its libraries costs more than the rest of the start together.
+    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
+    QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    // Whole factors keep a picture's pixel on a pixel of the screen.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
+    application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
+    InstallAccessibility();
+}
+
+QtProcess::~QtProcess() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,56 @@
+#include "platform/qt/QtScrollBar.h"
+
+#include <QFocusEvent>
+#include <algorithm>
+
+namespace tavrix::qt {
+
+ScrollBarWidget::ScrollBarWidget(QWidget& parent, const SinkPort& port, bool vertical)
+    : QScrollBar(vertical ? Qt::Vertical : Qt::Horizontal, &parent), port_(port) {
+    setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAttribute(Qt::WA_NoMousePropagation);
+    setVisible(false);
+    connect(this, &QScrollBar::valueChanged, this, [this](int value) {
+        if (pushing_) return;
+        value_ = value;
+        port_.Deliver(forms::ScrollEvent{value, isSliderDown()});
+    });
+    connect(this, &QScrollBar::sliderReleased, this, [this] {
+        port_.Deliver(forms::ScrollEvent{value(), false});
+    });
+}
+
+void ScrollBarWidget::Push(int min, int max, int smallChange, int largeChange) {
+    pushing_ = true;
+    setRange(min, std::max(min, max));
+    setSingleStep(smallChange);
+    setPageStep(largeChange);
+    setValue(value_);
+    pushing_ = false;
+}
+
+void ScrollBarWidget::PushValue(int value) {
+    value_ = value;
+    pushing_ = true;
+    setValue(value);
+    pushing_ = false;
+}
+
+void ScrollBarWidget::Turn(double notches) {
+    constexpr int StepsOfANotch = 3;
+    turned_ -= notches * StepsOfANotch * singleStep();
+    const int step = static_cast<int>(turned_);
+    turned_ -= step;
+    const int target = std::clamp(value() + step, minimum(), maximum());
+    if (target == value()) return;
+    PushValue(target);
+    port_.Deliver(forms::ScrollEvent{target, false});
+}
+
+void ScrollBarWidget::focusInEvent(QFocusEvent* event) {
+    QScrollBar::focusInEvent(event);
+    if (ByUser(event->reason())) port_.Deliver(forms::FocusEvent{});
+}
+
+}  // namespace tavrix::qt

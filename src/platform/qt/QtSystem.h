@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/services/System.h"
+
+namespace tavrix::qt {
+
+/// The desktop as other processes see it.
+class QtSystem final : public System {
+  public:
+    [[nodiscard]] int PlatformId() override { return 2; }
+    [[nodiscard]] bool WindowExists(const std::string& title) override;
+};
+
+}  // namespace tavrix::qt

@@ -1,0 +1,201 @@
+#include "platform/qt/QtWindow.h"
+
+#include <QApplication>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/Colours.h"
+#include "platform/qt/LayoutBuilder.h"
+#include "platform/qt/Owner.h"
+#include "platform/qt/QtMenuItem.h"
+#include "platform/qt/X11.h"
+
+namespace tavrix::qt {
+
+using forms::WindowState;
+
+QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
+                   const ToDrivePath& toDrivePath, ScreenPointer& pointer)
+    : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical(), toDrivePath)),
+      metrics_(metrics),
+      pointer_(pointer),
+      waitWindow_(traits.waitWindow),
+      resizable_(traits.resizable) {
+    Get().onPlaced = [this] { ScheduleReport(true); };
+    Get().onPainted = [this] {
+        if (!std::exchange(painted_, true)) {
+            QMetaObject::invokeMethod(
+                &mapTimer_, [this] { AfterPaint(); }, Qt::QueuedConnection);
+        }
+    };
+    mapTimer_.setSingleShot(true);
+    mapTimer_.setInterval(150);
+    QObject::connect(&mapTimer_, &QTimer::timeout, &mapTimer_, [this] { Map(); });
+}
+
+QtWindow::~QtWindow() = default;
+
+void QtWindow::SetTitle(const std::string& title) {
+    // Qt takes one such mark for its own.
+    Get().setWindowTitle(
+        QString::fromStdString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    if (titleLock_) HoldTitle();
+}
+
+void QtWindow::HoldTitle() {
+    titleLock_.reset();
+    titleLock_.emplace(Get().windowTitle().toStdString());
+}
+
+QtWindow::Place QtWindow::PlaceOf(const PixelRect& outer) const {
+    const double ratio = DeviceRatio();
+    return {QPoint(RoundToLogical(outer.left, ratio), RoundToLogical(outer.top, ratio)),
+            QSize(std::max(CeilToLogical(outer.width - metrics_.FrameWidth(), ratio), 1),
+                  std::max(CeilToLogical(outer.height - metrics_.FrameHeight(), ratio), 1))};
+}
+
+void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
+    WindowWidget& window = Get();
+    const WindowState before = std::exchange(state_, state);
+    const std::optional<Place> old = outer_ ? std::optional(PlaceOf(*outer_)) : std::nullopt;
+    outer_ = outer;
+    const Place place = PlaceOf(outer);
+    if (state == WindowState::Normal || !window.isVisible()) {
+        if (before != WindowState::Normal) window.setWindowState(Qt::WindowNoState);
+        if (!old || place.corner != old->corner) window.move(place.corner);
+        if (window.layout() != nullptr) {
+            // the size is the layout's
+        } else if (!resizable_) {
+            window.setFixedSize(place.client);
+        } else {
+            window.resize(place.client);
+        }
+    }
+    if (state == WindowState::Maximized) window.setWindowState(Qt::WindowMaximized);
+    if (state == WindowState::Minimized) window.setWindowState(Qt::WindowMinimized);
+    if (!window.isVisible()) return;
+    asked_ = true;
+    // Without a change the window system has nothing to say, but forms wait for the answer.
+    if (old && *old == place && before == state) ScheduleReport(true);
+}
+
+void QtWindow::SetLayout(const forms::Layout& layout) {
+    WindowWidget& window = Get();
+    window.Content().setLayout(BuildLayout(layout).release());  // which owns it
+    auto* outer = new QVBoxLayout(&window);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setMenuBar(window.MenuBar());
+    outer->addWidget(&window.Content());
+    if (!resizable_) outer->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void QtWindow::Show(bool modal) {
+    WindowWidget& window = Get();
+    window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (waitWindow_ && !modal) {
+        mapTimer_.start();
+    } else {
+        Map();
+    }
+}
+
+void QtWindow::SetVisible(bool visible) {
+    visible ? Show(false) : Hide();
+}
+
+void QtWindow::Map() {
+    WindowWidget& window = Get();
+    if (window.testAttribute(Qt::WA_WState_Created)) {
+        window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost_);
+    } else {
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, topmost_);
+        window.winId();
+    }
+    window.WatchNative();
+    const bool modal = window.windowModality() != Qt::NonModal;
+    SetOwner(window, modal ? OwnerOfModal(window) : QApplication::activeModalWidget());
+    window.show();
+    if (!waitWindow_) {
+        window.raise();
+        window.activateWindow();
+    }
+    if (!x11::Running()) HoldTitle();
+}
+
+void QtWindow::Hide() {
+    mapTimer_.stop();
+    titleLock_.reset();
+    asked_ = false;
+    Get().hide();
+}
+
+void QtWindow::SetTopmost(bool topmost) {
+    if (topmost_ == topmost) return;
+    topmost_ = topmost;
+    WindowWidget& window = Get();
+    if (!window.isVisible()) return;  // the next mapping takes it along
+    if (x11::Running()) {
+        x11::SetAbove(static_cast<std::uint32_t>(window.winId()), topmost);
+    } else {
+        window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
+    }
+}
+
+void QtWindow::SetBackColor(Colour colour) {
+    QWidget& content = Get().Content();
+    QPalette palette = content.palette();
+    palette.setColor(QPalette::Window, ToQColor(colour, QApplication::palette()));
+    content.setPalette(palette);
+    content.setAutoFillBackground(true);
+}
+
+void QtWindow::ScheduleReport(bool answered) {
+    answered_ = answered_ || answered;
+    if (std::exchange(reportComing_, true)) return;
+    QMetaObject::invokeMethod(
+        &mapTimer_, [this] { Report(); }, Qt::QueuedConnection);
+}
+
+void QtWindow::Report() {
+    reportComing_ = false;
+    const bool confirm = std::exchange(answered_, false) && std::exchange(asked_, false);
+    WindowWidget& window = Get();
+    if (!window.isVisible() || window.windowHandle() == nullptr) return;
+
+    const Qt::WindowStates states = window.windowState();
+    const WindowState state = states.testFlag(Qt::WindowMinimized)   ? WindowState::Minimized
+                              : states.testFlag(Qt::WindowMaximized) ? WindowState::Maximized
+                                                                     : WindowState::Normal;
+    const double ratio = DeviceRatio();
+    const QPoint corner = window.windowHandle()->framePosition();
+    const QSize client = window.size();
+    PixelRect now{ToDevice(corner.x(), ratio), ToDevice(corner.y(), ratio),
+                  ToDevice(client.width(), ratio) + metrics_.FrameWidth(),
+                  ToDevice(client.height(), ratio) + metrics_.FrameHeight()};
+    if (outer_) {
+        // What was asked for and granted comes back to the pixel, whatever the scale.
+        const Place known = PlaceOf(*outer_);
+        if (known.client == client || state == WindowState::Minimized) {
+            now.width = outer_->width;
+            now.height = outer_->height;
+        }
+        if (known.corner == corner || state == WindowState::Minimized) {
+            now.left = outer_->left;
+            now.top = outer_->top;
+        }
+    }
+    const bool news = !outer_ || *outer_ != now || state_ != state;
+    outer_ = now;
+    state_ = state;
+    if (news || confirm) Get().Port().Deliver(forms::PlacementEvent{now, state});
+}
+
+void QtWindow::AfterPaint() {
+    pointer_.WindowsAreUp();
+    for (QtMenuItem* menu : barMenus_)
+        menu->Fill();
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,201 @@
+#include "platform/qt/X11.h"
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <QGuiApplication>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace tavrix::qt::x11 {
+
+namespace {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+template <class T>
+using Reply = std::unique_ptr<T, Free>;
+
+xcb_connection_t* QtConnection() {
+    auto* x11 = qGuiApp != nullptr ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return x11 != nullptr ? x11->connection() : nullptr;
+}
+
+xcb_window_t RootOf(xcb_connection_t* connection) {
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+Reply<xcb_get_property_reply_t> PropertyOf(xcb_connection_t* connection, xcb_window_t window,
+                                           xcb_atom_t property) {
+    constexpr std::uint32_t MostWords = 16384;
+    const auto cookie = xcb_get_property(connection, 0, window, property, XCB_ATOM_ANY, 0, MostWords);
+    return Reply<xcb_get_property_reply_t>(xcb_get_property_reply(connection, cookie, nullptr));
+}
+
+std::vector<std::uint32_t> Words(const xcb_get_property_reply_t* reply) {
+    if (reply == nullptr || reply->format != 32) return {};
+    std::vector<std::uint32_t> words(static_cast<std::size_t>(xcb_get_property_value_length(reply)) / 4);
+    if (!words.empty()) {
+        std::memcpy(words.data(), xcb_get_property_value(reply), words.size() * sizeof(std::uint32_t));
+    }
+    return words;
+}
+
+bool HasTitle(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t netName,
+              const std::string& title) {
+    for (const xcb_atom_t property : {netName, static_cast<xcb_atom_t>(XCB_ATOM_WM_NAME)}) {
+        const auto reply = PropertyOf(connection, window, property);
+        if (!reply || reply->format != 8) continue;
+        const std::string_view found(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                                     static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
+        if (found == title) return true;
+    }
+    return false;
+}
+
+/// The windows that may bear titles: those that the window manager lists, or without one all of them.
+std::vector<xcb_window_t> TitledWindows(xcb_connection_t* connection, xcb_window_t root) {
+    const auto list = PropertyOf(connection, root, AtomOf(connection, "_NET_CLIENT_LIST"));
+    std::vector<xcb_window_t> windows = Words(list.get());
+    if (list && list->type != XCB_ATOM_NONE) return windows;
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr));
+    if (!tree) return windows;
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    windows.assign(children, children + xcb_query_tree_children_length(tree.get()));
+    return windows;
+}
+
+void TellRoot(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
+              const std::array<std::uint32_t, 5>& data) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = type;
+    std::memcpy(message.data.data32, data.data(), sizeof message.data.data32);
+    xcb_send_event(connection, 0, RootOf(connection),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+}
+
+/// Waits for the answer to one request for a selection.
+class SelectionAnswer final : public QAbstractNativeEventFilter {
+  public:
+    explicit SelectionAnswer(xcb_window_t requestor) : requestor_(requestor) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+
+    bool come = false;
+
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const auto* event = static_cast<const xcb_generic_event_t*>(message);
+        if ((event->response_type & 0x7FU) != XCB_SELECTION_NOTIFY) return false;
+        const auto* notify = reinterpret_cast<const xcb_selection_notify_event_t*>(event);
+        if (notify->requestor != requestor_) return false;
+        come = true;
+        return true;
+    }
+
+  private:
+    xcb_window_t requestor_;
+};
+
+}  // namespace
+
+bool Running() {
+    return QtConnection() != nullptr;
+}
+
+std::optional<FrameExtents> AskFrameExtents() {
+    using namespace std::chrono_literals;
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return std::nullopt;
+    const auto manager =
+        PropertyOf(connection, RootOf(connection), AtomOf(connection, "_NET_SUPPORTING_WM_CHECK"));
+    if (Words(manager.get()).empty()) return std::nullopt;
+
+    const xcb_atom_t extents = AtomOf(connection, "_NET_FRAME_EXTENTS");
+    const xcb_window_t probe = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, RootOf(connection), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    TellRoot(connection, probe, AtomOf(connection, "_NET_REQUEST_FRAME_EXTENTS"), {});
+    xcb_flush(connection);
+
+    std::optional<FrameExtents> answer;
+    const auto deadline = std::chrono::steady_clock::now() + 30ms;
+    do {
+        const auto words = Words(PropertyOf(connection, probe, extents).get());
+        if (words.size() >= 4) {
+            answer = FrameExtents{static_cast<int>(words[0]), static_cast<int>(words[1]),
+                                  static_cast<int>(words[2]), static_cast<int>(words[3])};
+            break;
+        }
+        std::this_thread::sleep_for(200us);
+    } while (std::chrono::steady_clock::now() < deadline);
+    xcb_destroy_window(connection, probe);
+    xcb_flush(connection);
+    return answer;
+}
+
+void SetAbove(std::uint32_t window, bool above) {
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return;
+    TellRoot(connection, window, AtomOf(connection, "_NET_WM_STATE"),
+             {above ? 1U : 0U, AtomOf(connection, "_NET_WM_STATE_ABOVE"), 0, 1, 0});
+    xcb_flush(connection);
+}
+
+bool TitleExists(const std::string& title) {
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    // A connection of its own: the question may come before the window system has been started.
+    const std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(nullptr, nullptr));
+    if (xcb_connection_has_error(connection.get()) != 0) return false;
+    const xcb_window_t root = RootOf(connection.get());
+    const xcb_atom_t netName = AtomOf(connection.get(), "_NET_WM_NAME");
+    for (const xcb_window_t window : TitledWindows(connection.get(), root)) {
+        if (HasTitle(connection.get(), window, netName, title)) return true;
+    }
+    return false;
+}
+
+void SaveClipboard() {
+    using namespace std::chrono_literals;
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return;
+    const xcb_atom_t manager = AtomOf(connection, "CLIPBOARD_MANAGER");
+    const Reply<xcb_get_selection_owner_reply_t> owner(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, manager), nullptr));
+    if (!owner || owner->owner == XCB_WINDOW_NONE) return;
+
+    const xcb_window_t requestor = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, requestor, RootOf(connection), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const SelectionAnswer answer(requestor);
+    xcb_convert_selection(connection, requestor, manager, AtomOf(connection, "SAVE_TARGETS"), XCB_ATOM_NONE,
+                          XCB_CURRENT_TIME);
+    xcb_flush(connection);
+    const auto deadline = std::chrono::steady_clock::now() + 1s;
+    while (!answer.come && std::chrono::steady_clock::now() < deadline) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    }
+    xcb_destroy_window(connection, requestor);
+    xcb_flush(connection);
+}
+
+}  // namespace tavrix::qt::x11

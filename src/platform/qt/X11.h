@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tavrix::qt::x11 {
+
+/// Whether the process shows its windows on an X server.
+[[nodiscard]] bool Running();
+
+/// What a window manager puts around a window, in device pixels.
+struct FrameExtents {
+    int left = 0;
+    int right = 0;
+    int top = 0;
+    int bottom = 0;
+};
+
+/// Asks the window manager how wide its frames are. Waits for its answer no longer than some 30 ms; empty without a
+/// window manager or an answer.
+[[nodiscard]] std::optional<FrameExtents> AskFrameExtents();
+
+/// Puts a mapped window above others, or back, without unmapping it.
+void SetAbove(std::uint32_t window, bool above);
+
+/// Whether a window of any process has exactly this title.
+[[nodiscard]] bool TitleExists(const std::string& title);
+
+/// Asks the desktop's clipboard manager to keep what this process has on the clipboard, and answers its questions
+/// until it has it, for a second at most. Nothing happens on a desktop without such a manager.
+void SaveClipboard();
+
+}  // namespace tavrix::qt::x11
