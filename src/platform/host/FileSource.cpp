@@ -63,9 +63,7 @@ FileSource::FileSource(const std::string& hostPath) {
                  .inode = status.st_ino,
                  .size = static_cast<std::uint64_t>(status.st_size),
                  .modifiedSeconds = status.st_mtim.tv_sec,
-                 .modifiedNanoseconds = status.st_mtim.tv_nsec,
-                 .changedSeconds = status.st_ctim.tv_sec,
-                 .changedNanoseconds = status.st_ctim.tv_nsec};
+                 .modifiedNanoseconds = status.st_mtim.tv_nsec};
 }
 
 FileSource::~FileSource() {

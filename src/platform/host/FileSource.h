@@ -15,8 +15,6 @@ struct FileIdentity {
     std::uint64_t size = 0;
     std::int64_t modifiedSeconds = 0;
     std::int64_t modifiedNanoseconds = 0;
-    std::int64_t changedSeconds = 0;
-    std::int64_t changedNanoseconds = 0;
 
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };

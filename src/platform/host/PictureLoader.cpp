@@ -174,6 +174,7 @@ Picture PictureLoader::Load(const std::string& path) {
 }
 
 void PictureLoader::Prefetch(const std::string& hostPath) {
+    ForgetEnded();
     try {
         const auto job = std::make_shared<Job>(hostPath);
         if (job->Decoder() == nullptr) return;
