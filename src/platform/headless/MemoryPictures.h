@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/headless/FaultPlan.h"
+#include "platform/headless/MemoryDisks.h"
+#include "platform/services/Pictures.h"
+
+namespace tavrix::headless {
+
+/// Loads pictures from files in memory: those that a test has put there as they are, others through the decoders.
+/// Pictures are whole when Load returns.
+class MemoryPictures final : public Pictures {
+  public:
+    MemoryPictures(MemoryDisks& disks, FaultPlan& faults) : disks_(disks), faults_(faults) {}
+
+    /// Puts a file there that loads as this picture, and so does each copy of it. Gives the file's content.
+    std::string SetPicture(const std::string& path, const Picture& picture);
+    /// Loading from this path fails from now on, whatever is there.
+    void SetFailure(const std::string& path, const RuntimeError& error);
+
+    /// `path` is a full drive path.
+    Picture Load(const std::string& path) override;
+
+  private:
+    MemoryDisks& disks_;
+    FaultPlan& faults_;
+    std::map<std::string, Picture> pictures_;       ///< by the content of their files
+    std::map<std::string, RuntimeError> failures_;  ///< by upper-cased path
+};
+
+}  // namespace tavrix::headless

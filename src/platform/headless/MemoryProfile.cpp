@@ -1,0 +1,27 @@
+#include "platform/headless/MemoryProfile.h"
+
+#include <optional>
+
+#include "platform/headless/MemoryFiles.h"
+#include "platform/services/DrivePath.h"
+#include "platform/services/ProfileText.h"
+
+namespace tavrix::headless {
+
+ProfileSection MemoryProfile::Read(const std::string& section, const std::string& file) {
+    if (!faults_.EnterQuietly(Service::Profile, "Read", file + " " + section)) return {};
+    const std::optional<std::string> content = disks_.Content(file);
+    return content ? ReadProfileSection(*content, section) : ProfileSection();
+}
+
+void MemoryProfile::Write(const std::string& section, std::span<const ProfileEntry> entries,
+                          const std::string& file) {
+    faults_.Enter(Service::Profile, "Write", file + " " + section);
+    const MemoryPlace place = disks_.LocateForWriting(PartsOf(file));
+    const std::string before = place.IsFile() ? place.node->content : std::string();
+    ReplaceContent(place, MergeProfileText(before, section, entries), disks_.Now());
+    for (const auto& [key, value] : entries)
+        journal_.push_back({file, section, key, value});
+}
+
+}  // namespace tavrix::headless

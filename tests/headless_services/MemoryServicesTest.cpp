@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "ErrorOfCall.h"
+#include "platform/headless/HeadlessServices.h"
+
+namespace tavrix::headless {
+namespace {
+
+const std::string Ini = "C:\\Tavrix\\tavrix.ini";
+
+TEST(MemoryProfile, MergesAsOnARealSystem) {
+    HeadlessServices platform;
+    platform.disks.PutFile(
+        Ini, "; mine\r\n[Viewer]\r\nMouseSensitivity=7\r\nX=1\r\n\r\n[Package]\r\nPackageSize=3\r\n");
+    platform.profile.Write("Viewer", std::array{ProfileEntry{"CDTrack", "2"}}, Ini);
+    EXPECT_EQ(
+        platform.disks.Content(Ini),
+        "; mine\r\n[Viewer]\r\nMouseSensitivity=7\r\nX=1\r\nCDTrack=2\r\n\r\n[Package]\r\nPackageSize=3\r\n");
+    EXPECT_EQ(platform.profile.Read("viewer", "c:\\TAVRIX\\Tavrix.ini").Read("CDTrack"), "2");
+    ASSERT_EQ(platform.profile.Journal().size(), 1U);
+    EXPECT_EQ(platform.profile.Journal()[0].key, "CDTrack");
+}
+
+TEST(MemoryProfile, MissingFilesAreEmptyAndComeIntoBeing) {
+    HeadlessServices platform;
+    EXPECT_FALSE(platform.profile.Read("Viewer", Ini).Has("X"));
+    EXPECT_EQ(platform.profile.Read("Viewer", "A:\\setup.ini").Read("X"), "");
+    platform.profile.Write("Viewer", std::array{ProfileEntry{"X", "1"}}, Ini);
+    EXPECT_EQ(platform.disks.Content(Ini), "[Viewer]\r\nX=1\r\n");
+}
+
+TEST(MemoryProfile, AFailedWriteChangesNothing) {
+    HeadlessServices platform;
+    platform.disks.PutFile(Ini, "[Viewer]\r\nX=1\r\n");
+    const auto write = [&] { platform.profile.Write("Viewer", std::array{ProfileEntry{"X", "2"}}, Ini); };
+    platform.disks.SetReadOnly(Ini, true);
+    EXPECT_EQ(ErrorOfCall(write), 70);
+    platform.disks.SetReadOnly(Ini, false);
+    platform.faults.FailNth(Service::Profile, 1, ErrorNumber::DiskFull);
+    EXPECT_EQ(ErrorOfCall(write), 61);
+    EXPECT_EQ(platform.disks.Content(Ini), "[Viewer]\r\nX=1\r\n");
+    const auto elsewhere = [&](const std::string& file) {
+        return ErrorOfCall([&] { platform.profile.Write("S", std::array{ProfileEntry{"X", "2"}}, file); });
+    };
+    EXPECT_EQ(elsewhere("A:\\setup.ini"), 71);
+    EXPECT_EQ(elsewhere("C:\\none\\setup.ini"), 76);
+}
+
+TEST(MemoryDrives, TellsRootsTypesAndSpace) {
+    HeadlessServices platform;
+    platform.disks.AddDrive('E', DriveType::CdRom);
+    EXPECT_EQ(platform.drives.Roots(), std::string("A:\\\0C:\\\0E:\\\0", 12));
+    EXPECT_EQ(platform.drives.Type("A:\\"), DriveType::Removable);
+    EXPECT_EQ(platform.drives.Type("e:\\"), DriveType::CdRom);
+    EXPECT_EQ(platform.drives.Type("Q:\\"), DriveType::NoRoot);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(platform.drives.Space("A:\\")); }), 71);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(platform.drives.Space("Q:\\")); }), 68);
+
+    const auto bytes = [&](const std::string& root) {
+        const DiskSpace space = platform.drives.Space(root);
+        return std::int64_t{space.sectorsPerCluster} * space.bytesPerSector * space.freeClusters;
+    };
+    EXPECT_EQ(bytes("C:\\"), 2'147'450'880);
+    platform.disks.InsertDisk('A');
+    EXPECT_EQ(bytes("A:\\"), 1'457'664);
+    platform.disks.PutFile("A:\\a", std::string(1024, 'x'));
+    EXPECT_EQ(bytes("A:\\"), 1'457'664 - 1024);
+}
+
+TEST(MemoryPictures, LoadsWhatWasPutThereAndItsCopies) {
+    HeadlessServices platform;
+    const Picture picture = PictureOf(Surface(3, 2));
+    platform.pictures.SetPicture("C:\\a.bmp", picture);
+    platform.files.Copy("C:\\a.bmp", "C:\\Temp\\~undo.tmp");
+    EXPECT_EQ(platform.pictures.Load("C:\\A.BMP"), picture);
+    EXPECT_EQ(platform.pictures.Load("C:\\Temp\\~undo.tmp"), picture);
+    platform.pictures.SetFailure("C:\\a.bmp", RuntimeError(ErrorNumber::OutOfMemory));
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(platform.pictures.Load("C:\\a.bmp")); }), 7);
+    EXPECT_EQ(platform.pictures.Load("C:\\Temp\\~undo.tmp"), picture);
+}
+
+TEST(MemoryPictures, LoadsOtherFilesThroughTheDecoders) {
+    HeadlessServices platform;
+    // One blue pixel: the file's header, the 40 bytes of the bitmap's, one row of four bytes.
+    std::string bitmap("BM\x3a\0\0\0\0\0\0\0\x36\0\0\0", 14);
+    bitmap += std::string("\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0", 16) + std::string(24, '\0');
+    bitmap += std::string("\xff\0\0\0", 4);
+    platform.disks.PutFile("C:\\blue.jpg", bitmap);
+    const Picture picture = platform.pictures.Load("C:\\blue.jpg");
+    ASSERT_EQ(picture.Width(), 1);
+    EXPECT_EQ(picture.pixels->Whole().Row(0)[0], 0xFF0000FFU);
+
+    platform.disks.PutFile("C:\\text.bmp", "no picture");
+    const auto load = [&](const std::string& path) {
+        return ErrorOfCall([&] { static_cast<void>(platform.pictures.Load(path)); });
+    };
+    EXPECT_EQ(load("C:\\text.bmp"), 481);
+    EXPECT_EQ(load("C:\\none.bmp"), 53);
+    EXPECT_EQ(load("C:\\none\\a.bmp"), 76);
+    EXPECT_EQ(load("A:\\a.bmp"), 71);
+}
+
+TEST(MemoryRegistry, KeepsValuesOfAnyType) {
+    HeadlessServices platform;
+    EXPECT_FALSE(platform.registry.Read("Control Panel\\desktop", "Wallpaper"));
+    platform.registry.Write("Control Panel\\desktop", "Wallpaper", "C:\\a.bmp");
+    EXPECT_EQ(platform.registry.Read("control panel\\Desktop", "wallpaper")->text, "C:\\a.bmp");
+    platform.registry.Put("Control Panel\\desktop", "ScreenSaveUsePassword", {4, "0"});
+    EXPECT_EQ(platform.registry.Read("Control Panel\\desktop", "ScreenSaveUsePassword")->type, 4);
+}
+
+TEST(HeadlessServices, RecordsWhatIsAskedFor) {
+    HeadlessServices platform;
+    Services& services = platform.services;
+    services.shell.AddRecent("C:\\a.bmp");
+    EXPECT_TRUE(services.shell.Run("explorer.exe"));
+    platform.shell.canRun = false;
+    EXPECT_FALSE(services.shell.Run("explorer.exe"));
+    platform.shell.links["C:\\a.lnk"] = "C:\\a.bmp";
+    EXPECT_EQ(services.shell.ResolveLink("C:\\a.lnk"), "C:\\a.bmp");
+    EXPECT_EQ(services.shell.ResolveLink("C:\\b.lnk"), "");
+    EXPECT_EQ(platform.shell.recent, std::vector<std::string>{"C:\\a.bmp"});
+    EXPECT_EQ(platform.shell.commands.size(), 2U);
+
+    services.help.Show("C:\\Tavrix\\TAVRIX.HLP", HelpCommand::Context, 410);
+    EXPECT_EQ(platform.help.calls.back(),
+              (RecordingHelp::Call{"C:\\Tavrix\\TAVRIX.HLP", HelpCommand::Context, 410}));
+
+    platform.clipboard.formats = {ClipboardFormat::Bitmap};
+    EXPECT_TRUE(services.clipboard.Has(ClipboardFormat::Bitmap));
+    EXPECT_FALSE(services.clipboard.Has(ClipboardFormat::Metafile));
+    services.clipboard.Clear();
+    EXPECT_FALSE(services.clipboard.Has(ClipboardFormat::Bitmap));
+
+    platform.system.windows.insert("Screen Saver Main Form");
+    EXPECT_TRUE(services.system.WindowExists("Screen Saver Main Form"));
+    EXPECT_EQ(services.system.PlatformId(), 2);
+    EXPECT_EQ(services.sound.WaveDevices(), 1);
+    EXPECT_EQ(services.process.Path(), "C:\\Tavrix");
+    services.store.Set("Show Tips at Startup", "0");
+    EXPECT_EQ(services.store.Get("Show Tips at Startup", "1"), "0");
+    EXPECT_EQ(services.store.Get("EXEPath", ""), "");
+}
+
+}  // namespace
+}  // namespace tavrix::headless
