@@ -1,5 +1,6 @@
 #include "platform/qt/FileDrop.h"
 
+#include <QDropEvent>
 #include <QMetaObject>
 #include <QMimeData>
 #include <QUrl>

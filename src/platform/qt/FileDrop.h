@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QDropEvent>
 #include <functional>
 #include <string>
 
 #include "platform/qt/SinkPort.h"
 
+class QDropEvent;
 class QWidget;
 
 namespace tavrix::qt {
