@@ -139,7 +139,6 @@ def main():
     photo = landscape(1024, 683)
     photo.save(HERE / "hills.jpg", quality=88, optimize=True)
     small = photo.resize((160, 107), Image.LANCZOS)
-    small.save(HERE / "small-24bit.bmp")
     indexed = small.quantize(256, dither=Image.Dither.NONE)
     (HERE / "small-8bit.bmp").write_bytes(bmp(160, 107, 8, 0, colours_of(indexed, 256), packed_rows(indexed, 8)))
     few = small.quantize(16, dither=Image.Dither.NONE)
