@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view SaverWord = "SCRNSAVE";
 
 bool IsHostPath(const std::string& text) {
-    if (text.empty()) return false;
+    if (text.size() < 2) return false;  // a letter is a command, whatever lies about under that name
     std::error_code error;
     if (std::filesystem::is_regular_file(text, error)) return true;
     const bool drivePath = text.size() > 1 && IsDriveLetter(text[0]) && text[1] == ':';
@@ -50,11 +50,11 @@ std::string HostProcess::WithDrivePath(const std::string& text) {
 }
 
 std::string HostProcess::CommandLine() {
-    const std::string line = WithDrivePath(commandLine_);
-    if (line != commandLine_ || !commandLine_.starts_with(SaverWord)) return line;
-    const std::string rest = Trim(std::string_view(commandLine_).substr(SaverWord.size()));
+    const std::string saver = std::string(SaverWord) + " ";
+    if (!commandLine_.starts_with(saver)) return WithDrivePath(commandLine_);
+    const std::string rest = Trim(std::string_view(commandLine_).substr(saver.size()));
     const std::string told = WithDrivePath(rest);
-    return told == rest ? commandLine_ : std::string(SaverWord) + " " + told;
+    return told == rest ? commandLine_ : saver + told;
 }
 
 std::string HostProcess::Path() {

@@ -1,0 +1,48 @@
+#include "platform/host/HostSound.h"
+
+#include <gtest/gtest.h>
+
+#include "TestFolder.h"
+
+namespace tavrix {
+namespace {
+
+class HostSoundTest : public testing::Test {
+  protected:
+    [[nodiscard]] HostSound Sound() const {
+        return HostSound({folder.At("snd"), folder.At("run"), folder.At("sf2")});
+    }
+    TestFolder folder;
+};
+
+TEST_F(HostSoundTest, NothingThereIsNone) {
+    EXPECT_EQ(Sound().WaveDevices(), 0);
+    EXPECT_EQ(Sound().MidiDevices(), 0);
+}
+
+TEST_F(HostSoundTest, CountsPlaybackDevicesOnly) {
+    folder.Put("snd/pcmC0D0p", "");
+    folder.Put("snd/pcmC0D0c", "");
+    folder.Put("snd/pcmC1D3p", "");
+    folder.Put("snd/controlC0", "");
+    folder.Put("snd/seq", "");
+    EXPECT_EQ(Sound().WaveDevices(), 2);
+    EXPECT_EQ(Sound().MidiDevices(), 0);
+    folder.Put("snd/midiC0D0", "");
+    EXPECT_EQ(Sound().MidiDevices(), 1);
+}
+
+TEST_F(HostSoundTest, ASoundServerIsADevice) {
+    folder.Put("run/pulse/native", "");
+    EXPECT_EQ(Sound().WaveDevices(), 1);
+}
+
+TEST_F(HostSoundTest, ASynthesizerNeedsAFontAndADevice) {
+    folder.Put("sf2/small.sf2", "");
+    EXPECT_EQ(Sound().MidiDevices(), 0);
+    folder.Put("snd/pcmC0D0p", "");
+    EXPECT_EQ(Sound().MidiDevices(), 1);
+}
+
+}  // namespace
+}  // namespace tavrix
