@@ -20,11 +20,12 @@ if(TAVRIX_ASSERTIONS)
     target_compile_definitions(tavrix_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
-# tavrix_module(NAME FOLDER [DEPENDS module...] [LIBRARIES library...])
+# tavrix_module(NAME FOLDER [DEPENDS module...] [LIBRARIES library...] [EXCLUDE file...])
 #   NAME    target name without the prefix, e.g. core for tavrix_core
 #   FOLDER  the folder below src/, e.g. platform/forms; all its .cpp files are compiled
+#   EXCLUDE files of the folder that belong to programs
 function(tavrix_module name folder)
-    cmake_parse_arguments(ARG "" "" "DEPENDS;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "DEPENDS;LIBRARIES;EXCLUDE" ${ARGN})
     set(source_dir ${PROJECT_SOURCE_DIR}/src/${folder})
     set(include_dir ${PROJECT_BINARY_DIR}/include/${name})
     cmake_path(GET folder PARENT_PATH parent)
@@ -32,6 +33,10 @@ function(tavrix_module name folder)
     file(CREATE_LINK ${source_dir} ${include_dir}/${folder} SYMBOLIC)
 
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${source_dir}/*.cpp)
+    if(ARG_EXCLUDE)
+        list(TRANSFORM ARG_EXCLUDE PREPEND ${source_dir}/)
+        list(REMOVE_ITEM sources ${ARG_EXCLUDE})
+    endif()
     set(depends ${ARG_DEPENDS})
     list(TRANSFORM depends PREPEND tavrix_)
     if(sources)

@@ -1,0 +1,30 @@
+#include "app/Composition.h"
+
+#include "viewer/Commands.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix {
+
+Composition::Composition(HostPlatform& host)
+    : host_(host),
+      toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
+      services_{host.files,    host.drives, host.profile, host.registry, host.store, host.shell,
+                host.pictures, clipboard_,  host.sound,   help_,         system_,    host.process} {
+    app_.OnHelp = [this](const forms::BoxRequest& request) {
+        const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
+        help_.Show(file, HelpCommand::Context, request.helpContext);
+    };
+    lives_.ShowMainView = [this] {
+        auto& view = app_.Load<MainViewFrm>(module_, lives_);
+        InstallViewerCommands(view);
+        view.Show();
+    };
+}
+
+void Composition::Run() {
+    Main(module_, lives_);
+    app_.Run();
+    host_.process.End();
+}
+
+}  // namespace tavrix

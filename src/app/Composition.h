@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/HelpBoxes.h"
+#include "app/HostPlatform.h"
+#include "core/Main.h"
+#include "core/MainModule.h"
+#include "platform/forms/Application.h"
+#include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtSystem.h"
+#include "platform/qt/QtToolkit.h"
+
+namespace tavrix {
+
+/// The program on this desktop: which backend stands behind each service, and which windows lead which life.
+class Composition {
+  public:
+    /// The window system must have been started.
+    explicit Composition(HostPlatform& host);
+    Composition(const Composition&) = delete;
+    Composition& operator=(const Composition&) = delete;
+
+    /// Leads the process's life until its last window is gone.
+    void Run();
+
+  private:
+    HostPlatform& host_;
+    qt::QtToolkit toolkit_;
+    forms::Application app_{toolkit_};
+    qt::QtClipboard clipboard_;
+    qt::QtSystem system_;
+    HelpBoxes help_{app_};
+    Services services_;
+    MainModule module_{app_, services_};
+    Lives lives_;
+};
+
+}  // namespace tavrix
