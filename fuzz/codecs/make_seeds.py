@@ -1,0 +1,56 @@
+#!/usr/bin/python3
+"""Makes seeds/: one small file of each kind that the decoders know.
+
+usage: fuzz/codecs/make_seeds.py    (needs Pillow)
+"""
+import pathlib
+import struct
+
+from PIL import Image
+
+SEEDS = pathlib.Path(__file__).resolve().parent / "seeds"
+PALETTE = b"".join(struct.pack("<BBBB", 16 * i, 255 - 16 * i, 7 * i, 0) for i in range(16))
+
+
+def bmp(name, bits, compression=0, size=40, extra=b"", palette=b"", data=b"", width=5, height=3):
+    header = struct.pack("<IiiHHIIiiII", size, width, height, 1, bits, compression, len(data), 0, 0, len(palette) // 4, 0)
+    header = (header + extra).ljust(size, b"\0") + palette
+    offset = 14 + len(header)
+    (SEEDS / name).write_bytes(struct.pack("<2sIII", b"BM", offset + len(data), 0, offset) + header + data)
+
+
+def rows(bits, width=5, height=3):
+    return bytes(i * 37 % 256 for i in range((width * bits + 31) // 32 * 4 * height))
+
+
+def main():
+    SEEDS.mkdir(exist_ok=True)
+    for bits in (1, 2, 4, 8):
+        bmp(f"bits{bits}.bmp", bits, palette=PALETTE[:4 << bits], data=rows(bits))
+    for bits in (16, 24, 32):
+        bmp(f"bits{bits}.bmp", bits, data=rows(bits))
+    bmp("topdown.bmp", 24, data=rows(24), height=-3)
+    bmp("masks16.bmp", 16, 3, extra=struct.pack("<III", 0xF800, 0x7E0, 0x1F), data=rows(16))
+    bmp("alpha.bmp", 32, 3, 124, extra=struct.pack("<IIII", 0xFF0000, 0xFF00, 0xFF, 0xFF000000), data=rows(32))
+    bmp("wide_masks.bmp", 32, 6, extra=struct.pack("<IIII", 0x3FFFF, 0xFC0000, 0x3F000000, 0xC0000000), data=rows(32))
+    bmp("rle8.bmp", 8, 1, palette=PALETTE, data=bytes([5, 1, 0, 0, 0, 3, 1, 2, 3, 0, 0, 2, 1, 1, 1, 4, 0, 1]))
+    bmp("rle4.bmp", 4, 2, palette=PALETTE, data=bytes([5, 0x12, 0, 0, 0, 5, 0x12, 0x34, 0x50, 0, 0, 2, 1, 1, 1, 4, 0, 1]))
+    bmp("rle24.bmp", 24, 4, 64, data=bytes([5, 1, 2, 3, 0, 0, 0, 3, 1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 0, 1]))
+    core = struct.pack("<IHHHH", 12, 5, 3, 1, 24) + rows(24)
+    (SEEDS / "core.bmp").write_bytes(struct.pack("<2sIII", b"BM", 14 + len(core), 0, 26) + core)
+
+    image = Image.new("RGB", (19, 21))
+    image.putdata([(x * 12, y * 11, (x * y) % 256) for y in range(21) for x in range(19)])
+    small = dict(quality=40, optimize=True)
+    image.save(SEEDS / "baseline.jpg", **small)
+    image.save(SEEDS / "progressive.jpg", progressive=True, **small)
+    image.convert("L").save(SEEDS / "grey.jpg", **small)
+    image.convert("CMYK").save(SEEDS / "cmyk.jpg", **small)
+    exif = Image.Exif()
+    exif[0x0112] = 6
+    image.save(SEEDS / "turned.jpg", exif=exif, **small)
+    data = (SEEDS / "baseline.jpg").read_bytes()
+    bmp("jpeg.bmp", 0, 4, data=data, width=19, height=21)
+
+
+main()
