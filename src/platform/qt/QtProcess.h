@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <thread>
 
 class QApplication;
 
@@ -20,6 +21,7 @@ class QtProcess {
     std::string program_;
     int argumentCount_ = 1;
     char* arguments_[2] = {};
+    std::jthread fonts_;  ///< reads the font configuration, which takes as long as connecting to the screen
     std::unique_ptr<QApplication> application_;
 };
 
