@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "ErrorOfCall.h"
+#include "platform/base/Text.h"
 
 namespace tavrix {
 namespace {
@@ -46,6 +48,23 @@ TEST(DrivePath, ListsWithoutRegardToCase) {
     EXPECT_TRUE(ListsBefore("A", "a"));
     EXPECT_FALSE(ListsBefore("a", "A"));
     EXPECT_FALSE(ListsBefore("a", "a"));
+}
+
+TEST(DrivePath, ListsPlainAndOtherNamesInOneOrder) {
+    std::vector<std::string> names;
+    for (const std::string a : {"", "a", "A", "_", "\u00e4", "\u00c4", "z", "Z", "b"}) {
+        for (const std::string b : {"", "1", "B", "b", "\u00e4", "~"})
+            names.push_back(a + b);
+    }
+    const auto slow = [](const std::string& a, const std::string& b) {
+        const std::string upperA = UpperCase(a);
+        const std::string upperB = UpperCase(b);
+        return upperA != upperB ? upperA < upperB : a < b;
+    };
+    for (const std::string& a : names) {
+        for (const std::string& b : names)
+            EXPECT_EQ(ListsBefore(a, b), slow(a, b)) << a << ' ' << b;
+    }
 }
 
 TEST(DrivePath, MatchesPatterns) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -104,6 +105,27 @@ TEST(ProfileText, KeepsTheEncoding) {
     EXPECT_EQ(Merged("; \xE4\n[Viewer]\n", {{"A", "\u0416"}}), "; \xC3\xA4\n[Viewer]\nA=\u0416\n");
     EXPECT_EQ(Merged("[Viewer]\n", {{"A", "\u00e4"}}), "[Viewer]\nA=\xE4\n");
     EXPECT_EQ(Merged("\xEF\xBB\xBF[Viewer]\n", {{"A", "\u00e4"}}), "\xEF\xBB\xBF[Viewer]\nA=\xC3\xA4\n");
+}
+
+TEST(ProfileText, WhateverStandsThereWhatIsWrittenIsRead) {
+    const std::vector<std::string> pieces{
+        "[Viewer]", "[viewer",      "]",         "[",           "=",  "Key", "A",    ";",        "\r\n",
+        "\n",       "\r",           " ",         "\t",          "\"", "'",   "\xE4", "\xC3\xA4", "\xFF",
+        "[Other]",  "\n[Viewer]\n", "\nKey=1\n", "\xEF\xBB\xBF"};
+    std::mt19937 random(1);
+    for (int i = 0; i < 20'000; ++i) {
+        std::string before;
+        for (unsigned long k = random() % 12; k > 0; --k)
+            before += pieces[random() % pieces.size()];
+        const std::string value = "v" + std::to_string(i);
+        const std::string after = Merged(before, {{"Key", value}, {"New", "\u00fc"}});
+        const ProfileSection viewer = ReadProfileSection(after, "Viewer");
+        ASSERT_EQ(viewer.Read("Key"), value)
+            << testing::PrintToString(before) << testing::PrintToString(after);
+        ASSERT_EQ(viewer.Read("New"), "\u00fc")
+            << testing::PrintToString(before) << testing::PrintToString(after);
+        ASSERT_EQ(Merged(after, {{"Key", value}, {"New", "\u00fc"}}), after);
+    }
 }
 
 TEST(ProfileText, ForeignBytesOfAnyKindStay) {

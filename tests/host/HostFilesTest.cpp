@@ -285,6 +285,26 @@ TEST_F(HostFilesTest, AFullDiskKeepsTheFormerFile) {
     EXPECT_EQ(EntriesIn("c"), 1);
 }
 
+TEST_F(HostFilesTest, AFolderThatTakesNoNewFilesKeepsItsOldOnesWritable) {
+    folder.Put("c/closed/a.txt", "old");
+    ::chmod(folder.At("c/closed/a.txt").c_str(), 0666);
+    ::chmod(folder.At("c/closed").c_str(), 0555);
+    ::chmod(folder.Path().c_str(), 0755);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // The superuser is kept out by no mode.
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::seteuid(Nobody) != 0) ::_exit(99);
+        Write("C:\\closed\\a.txt", "new");
+        ::_exit(ErrorOfCall([&] { Write("C:\\closed\\b.txt", "new"); }));
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 70);
+    EXPECT_EQ(folder.Content("c/closed/a.txt"), "new");
+    ::chmod(folder.At("c/closed").c_str(), 0755);
+}
+
 TEST_F(HostFilesTest, SharedFilesAreSeenThroughTheProgramsFolder) {
     folder.Put("shared/TIPS.TXT", "shared tips");
     folder.Put("shared/Help/a.hlp", "help");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 namespace tavrix {
@@ -95,6 +96,31 @@ TEST(RecentDocuments, DeclaresItsNamesWhereTheListDoesNot) {
     const std::string list = AddRecentDocument("<xbel></xbel>", Photo).value();
     EXPECT_GE(Count(list, "xmlns:bookmark="), 1U);
     EXPECT_GE(Count(list, "xmlns:mime="), 1U);
+}
+
+TEST(RecentDocuments, DamagedListsAreRefusedOrKeptWhole) {
+    const std::string whole = AddRecentDocument(Others + "</xbel>\n", Photo).value();
+    RecentDocument other = Photo;
+    other.address = "file:///elsewhere.jpg";
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const std::string cut = whole.substr(0, length);
+        if (const auto list = AddRecentDocument(cut, other); list && length > 0) {
+            EXPECT_EQ(length, whole.size() - 1);  // only the last line end is missing
+        }
+    }
+    std::mt19937 random(1);
+    int taken = 0;
+    for (int i = 0; i < 20'000; ++i) {
+        std::string damaged = whole;
+        for (unsigned long k = 0; k < 1 + random() % 3; ++k) {
+            damaged[random() % damaged.size()] = "<>/\"'= ax&!-"[random() % 12];
+        }
+        const auto list = AddRecentDocument(damaged, Photo);
+        if (!list) continue;
+        ++taken;
+        ASSERT_TRUE(AddRecentDocument(*list, Photo)) << damaged;
+    }
+    EXPECT_GT(taken, 0);
 }
 
 TEST(RecentDocuments, KnowsTypesByEnding) {

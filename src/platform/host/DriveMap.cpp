@@ -109,10 +109,15 @@ std::int64_t BytesIn(const std::string& folder) {
 std::string NameIgnoringCase(const std::string& folder, const std::string& wanted) {
     const OpenFolder open(::opendir(folder.c_str()));
     if (!open) return {};
+    // All look-alikes are beyond ASCII, so that a plain name can only be equal to one that shows as itself.
+    const bool plain =
+        std::ranges::all_of(wanted, [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
     std::string best;
     std::string bestShown;
     while (const dirent* entry = ::readdir(open.get())) {
-        const std::string shown = ToDriveName(entry->d_name);
+        const std::string_view name = entry->d_name;
+        if (plain && (name.size() != wanted.size() || !EqualIgnoringCase(name, wanted))) continue;
+        const std::string shown = ToDriveName(name);
         if (!EqualIgnoringCase(shown, wanted)) continue;
         if (best.empty() || ListsBefore(shown, bestShown)) {
             best = entry->d_name;

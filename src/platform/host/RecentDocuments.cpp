@@ -177,14 +177,14 @@ EntryText TextOf(const RecentDocument& document, bool namesDeclared) {
     const std::string mimeNames =
         namesDeclared ? std::string() : " xmlns:mime=\"" + std::string(MimeNames) + "\"";
     EntryText text;
-    text.application = "            <bookmark:application" + bookmarkNames + " name=\"" +
+    text.application = "          <bookmark:application" + bookmarkNames + " name=\"" +
                        std::string(ApplicationName) + "\" exec=\"" + std::string(ApplicationCommand) +
-                       "\" modified=\"" + Moment(document.used) + "\" count=\"1\"/>\n          ";
-    text.applications = "          <bookmark:applications" + bookmarkNames + ">\n" + text.application +
-                        "</bookmark:applications>\n        ";
-    text.metadata = "        <metadata owner=\"http://freedesktop.org\">\n          <mime:mime-type" +
-                    mimeNames + " type=\"" + Escaped(document.mimeType) + "\"/>\n" + text.applications +
-                    "</metadata>\n      ";
+                       "\" modified=\"" + Moment(document.used) + "\" count=\"1\"/>\n        ";
+    text.applications = "        <bookmark:applications" + bookmarkNames + ">\n" + text.application +
+                        "</bookmark:applications>\n      ";
+    text.metadata = "      <metadata owner=\"http://freedesktop.org\">\n        <mime:mime-type" + mimeNames +
+                    " type=\"" + Escaped(document.mimeType) + "\"/>\n" + text.applications +
+                    "</metadata>\n    ";
     text.info = "    <info>\n" + text.metadata + "</info>\n  ";
     return text;
 }

@@ -36,10 +36,19 @@ void Append(DrivePathParts& parts, std::string_view text) {
     }
 }
 
-std::size_t CharacterLength(std::string_view text, std::size_t at) {
-    return Left(text.substr(at, 4), 1).size();
+bool IsAsciiText(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
 }
 
+char UpperAscii(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+std::size_t CharacterLength(std::string_view text, std::size_t at) {
+    return static_cast<unsigned char>(text[at]) < 0x80U ? 1 : Left(text.substr(at, 4), 1).size();
+}
+
+/// Letters beyond ASCII must be in upper case already.
 bool MatchesUpper(std::string_view name, std::string_view pattern) {
     std::size_t n = 0;
     std::size_t p = 0;
@@ -52,7 +61,7 @@ bool MatchesUpper(std::string_view name, std::string_view pattern) {
         } else if (p < pattern.size() && pattern[p] == '?') {
             n += CharacterLength(name, n);
             ++p;
-        } else if (p < pattern.size() && pattern[p] == name[n]) {
+        } else if (p < pattern.size() && UpperAscii(pattern[p]) == UpperAscii(name[n])) {
             ++n;
             ++p;
         } else if (star != std::string_view::npos) {
@@ -92,7 +101,15 @@ DrivePathParts PartsOf(std::string_view path) {
     return parts;
 }
 
+// Lists and look-ups go through folders of hundreds of thousands of names: plain ones are compared as they stand.
+
 bool ListsBefore(const std::string& a, const std::string& b) {
+    if (IsAsciiText(a) && IsAsciiText(b)) {
+        const auto [inA, inB] = std::ranges::mismatch(a, b, {}, UpperAscii, UpperAscii);
+        if (inA == a.end() && inB == b.end()) return a < b;
+        if (inA == a.end() || inB == b.end()) return inA == a.end();
+        return UpperAscii(*inA) < UpperAscii(*inB);
+    }
     const std::string upperA = UpperCase(a);
     const std::string upperB = UpperCase(b);
     return upperA != upperB ? upperA < upperB : a < b;
@@ -100,11 +117,15 @@ bool ListsBefore(const std::string& a, const std::string& b) {
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
     if (pattern == "*.*" || pattern == "*") return true;
-    const std::string upperName = UpperCase(name);
-    const std::string upperPattern = UpperCase(pattern);
-    if (MatchesUpper(upperName, upperPattern)) return true;
-    return upperPattern.ends_with(".*") && name.find('.') == std::string_view::npos &&
-           MatchesUpper(upperName, std::string_view(upperPattern).substr(0, upperPattern.size() - 2));
+    std::string upperName;
+    std::string upperPattern;
+    if (!IsAsciiText(name) || !IsAsciiText(pattern)) {
+        name = upperName = UpperCase(name);
+        pattern = upperPattern = UpperCase(pattern);
+    }
+    if (MatchesUpper(name, pattern)) return true;
+    return pattern.ends_with(".*") && name.find('.') == std::string_view::npos &&
+           MatchesUpper(name, pattern.substr(0, pattern.size() - 2));
 }
 
 PatternPath SplitPattern(std::string_view path) {
