@@ -33,7 +33,7 @@ constexpr std::int64_t MostScansAllowed = 500;
 
 constexpr int RowsBetweenReports = 32;
 /// Transposed pictures are turned in bands of this many stored rows: a cache line's worth of pixels.
-constexpr int BandRows = 16;
+constexpr int BandRows = 64;
 
 /// Reports failures by a jump, as the library asks for, and keeps account of its warnings.
 struct Errors : jpeg_error_mgr {

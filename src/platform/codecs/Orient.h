@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <span>
 
 #include "platform/codecs/Exif.h"
@@ -16,13 +19,21 @@ inline void PutTransposed(std::span<const Pixel> rows, int first, int count, Ori
         orientation == Orientation::RightTop || orientation == Orientation::RightBottom;
     const bool rowsFromBottom =
         orientation == Orientation::RightBottom || orientation == Orientation::LeftBottom;
-    for (int x = 0; x < width; ++x) {
-        const std::span<Pixel> into = surface.Row(rowsFromBottom ? width - 1 - x : x);
+    // Tile by tile, so that both what is read and what is written stays in the cache's lines.
+    constexpr int Tile = 8;
+    std::array<Pixel*, Tile> columns{};
+    for (int left = 0; left < width; left += Tile) {
+        const int tile = std::min(Tile, width - left);
+        for (int i = 0; i < tile; ++i) {
+            columns[static_cast<std::size_t>(i)] =
+                surface.Row(rowsFromBottom ? width - 1 - left - i : left + i).data();
+        }
         for (int i = 0; i < count; ++i) {
             const int column = columnsFromRight ? surface.Width() - 1 - (first + i) : first + i;
-            into[static_cast<std::size_t>(column)] =
-                rows[static_cast<std::size_t>(i) * static_cast<std::size_t>(width) +
-                     static_cast<std::size_t>(x)];
+            const Pixel* from = &rows[static_cast<std::size_t>(i) * static_cast<std::size_t>(width) +
+                                      static_cast<std::size_t>(left)];
+            for (int k = 0; k < tile; ++k)
+                columns[static_cast<std::size_t>(k)][column] = from[k];
         }
     }
 }
