@@ -230,6 +230,24 @@ JpegFile TallPicture() {
     });
 }
 
+/// The memory of a large progressive picture is given back while its rows come; that must not show.
+TEST(Jpeg, LargeProgressiveHasThePixelsOfTheSameSequentialOne) {
+    JpegFile file;
+    file.width = 2600;
+    file.height = 1700;
+    file.quality = 60;
+    for (int y = 0; y < file.height; ++y) {
+        for (int x = 0; x < file.width; ++x) {
+            for (const int part : {x / 11, y / 7, (x * y) / 900})
+                file.parts.push_back(static_cast<std::uint8_t>(part));
+        }
+    }
+    const std::vector<Pixel> sequential = PixelsOf(Decode(file.Make()));
+    file.progressive = true;
+    ASSERT_FALSE(sequential.empty());
+    EXPECT_TRUE(PixelsOf(Decode(file.Make())) == sequential);
+}
+
 TEST(Jpeg, RowsAreToldAsTheyCome) {
     const std::vector<std::byte> bytes = TallPicture().Make();
     MemorySource source(bytes);

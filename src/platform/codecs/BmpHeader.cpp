@@ -163,7 +163,8 @@ BmpHeader ReadBmpHeader(ByteSource& source) {
     if (header.storage == BmpStorage::Packed) paletteStart += ReadMasks(source, headerEnd, raw, header);
     header.pixelOffset = U32(bytes, 10);
     const std::uint64_t paletteSize = ReadPalette(source, paletteStart, header.pixelOffset, raw, header);
-    if (header.bits <= 8 && raw.Field(32) != 0 && paletteSize > source.Size()) return Refused("absurd palette");
+    if (header.bits <= 8 && raw.Field(32) != 0 && paletteSize > source.Size())
+        return Refused("absurd palette");
     // Some writers leave the offset empty or let it point into the headers or behind the file.
     if (header.pixelOffset < paletteStart || header.pixelOffset >= source.Size()) {
         header.pixelOffset = paletteStart + paletteSize;

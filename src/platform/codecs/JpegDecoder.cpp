@@ -15,6 +15,7 @@
 
 #include <jerror.h>
 
+#include "platform/codecs/CoefficientRelease.h"
 #include "platform/codecs/Exif.h"
 #include "platform/codecs/Orient.h"
 
@@ -30,6 +31,9 @@ constexpr long MostLibraryMemory = 1L << 30U;
 constexpr std::int64_t MostScannedPixels = 4LL << 30U;
 constexpr std::int64_t FewestScansAllowed = 40;
 constexpr std::int64_t MostScansAllowed = 500;
+
+/// From here on the memory and the time that many scans take are worth some care.
+constexpr std::int64_t LargePixels = 4LL << 20U;
 
 constexpr int RowsBetweenReports = 32;
 /// Transposed pictures are turned in bands of this many stored rows: a cache line's worth of pixels.
@@ -192,6 +196,7 @@ class JpegReader {
         }
         if (const auto refused = Prepare()) return *refused;
 
+        if (manyScans_ && Pixels() >= LargePixels) release_.Attach(info_);
         if (!Try([&] { jpeg_start_decompress(&info_); })) return Broken("first scan refused by the library");
         if (static_cast<int>(info_.output_width) != storedWidth_ ||
             static_cast<int>(info_.output_height) != storedHeight_) {
@@ -228,6 +233,8 @@ class JpegReader {
         return Ended(Outcome::Corrupt, reason);
     }
 
+    [[nodiscard]] std::int64_t Pixels() const { return std::int64_t{storedWidth_} * storedHeight_; }
+
     /// Decides how to decode, and asks for the surface.
     std::optional<DecodeStatus> Prepare() {
         cmyk_ = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
@@ -240,13 +247,13 @@ class JpegReader {
         orientation_ = JpegOrientation(source_);
         manyScans_ = jpeg_has_multiple_scans(&info_) == TRUE;
 
-        const std::int64_t pixels = std::int64_t{storedWidth_} * storedHeight_;
+        const std::int64_t pixels = Pixels();
         progress_.scansAllowed = static_cast<int>(std::clamp(
             MostScannedPixels / std::max<std::int64_t>(pixels, 1), FewestScansAllowed, MostScansAllowed));
         if (input_.ended || (input_.offset >= source_.Size() && input_.bytes_in_buffer == 0)) {
             return Ended(Outcome::Truncated, "no picture data");
         }
-        if (manyScans_ && TooEmpty(pixels)) return Ended(Outcome::Corrupt, "hardly any data for its size");
+        if (manyScans_ && TooEmpty()) return Ended(Outcome::Corrupt, "hardly any data for its size");
 
         PictureInfo told;
         told.width = Transposes(orientation_) ? storedHeight_ : storedWidth_;
@@ -258,10 +265,9 @@ class JpegReader {
 
     /// All scans of a large picture must be worked through before its first row, whatever the file holds. Its first
     /// scan has at least a bit a block; a file with less than an eighth of that shows nothing worth the time.
-    [[nodiscard]] bool TooEmpty(std::int64_t pixels) const {
-        constexpr std::int64_t LargeFrom = 4LL << 20U;
-        if (pixels < LargeFrom || info_.arith_code == TRUE) return false;
-        return static_cast<std::uint64_t>(pixels / DCTSIZE2) > source_.Size() * 8 * 8;
+    [[nodiscard]] bool TooEmpty() const {
+        if (Pixels() < LargePixels || info_.arith_code == TRUE) return false;
+        return static_cast<std::uint64_t>(Pixels() / DCTSIZE2) > source_.Size() * 8 * 8;
     }
 
     DecodeStatus ReadRows() {
@@ -325,6 +331,7 @@ class JpegReader {
     Errors errors_{};
     Input input_{};
     Progress progress_{};
+    CoefficientRelease release_;
 
     Orientation orientation_ = Orientation::TopLeft;
     bool cmyk_ = false;
