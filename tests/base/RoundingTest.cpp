@@ -4,20 +4,10 @@
 
 #include <limits>
 
-#include "platform/base/RuntimeError.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix {
 namespace {
-
-template <class Call>
-int NumberOf(Call&& call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 TEST(Rounding, TakesHalvesToTheEvenNeighbour) {
     EXPECT_EQ(RoundToLong(0.5), 0);
@@ -41,14 +31,14 @@ TEST(Rounding, OverflowsOutsideItsRange) {
     EXPECT_EQ(RoundToLong(2147483647.0), 2147483647);
     EXPECT_EQ(RoundToLong(2147483647.4), 2147483647);
     EXPECT_EQ(RoundToLong(-2147483648.5), std::numeric_limits<std::int32_t>::min());
-    EXPECT_EQ(NumberOf([] { (void)RoundToLong(2147483647.5); }), 6);
-    EXPECT_EQ(NumberOf([] { (void)RoundToLong(-2147483649.0); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)RoundToLong(2147483647.5); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)RoundToLong(-2147483649.0); }), 6);
     EXPECT_EQ(ToInteger16(32767.49), 32767);
-    EXPECT_EQ(NumberOf([] { (void)ToInteger16(32767.5); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)ToInteger16(32767.5); }), 6);
     EXPECT_EQ(ToInteger16(-32768.5), -32768);
-    EXPECT_EQ(NumberOf([] { (void)ToInteger16(-32769.0); }), 6);
-    EXPECT_EQ(NumberOf([] { (void)RoundToLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
-    EXPECT_EQ(NumberOf([] { (void)RoundToLong(std::numeric_limits<double>::infinity()); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)ToInteger16(-32769.0); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)RoundToLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
+    EXPECT_EQ(ErrorOfCall([] { (void)RoundToLong(std::numeric_limits<double>::infinity()); }), 6);
 }
 
 }  // namespace

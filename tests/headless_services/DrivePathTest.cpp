@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "ErrorOfCall.h"
 #include "platform/base/Text.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix {
 namespace {

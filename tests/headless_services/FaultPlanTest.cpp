@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "ErrorOfCall.h"
 #include "platform/headless/HeadlessServices.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix::headless {
 namespace {

@@ -5,8 +5,8 @@
 #include <array>
 #include <string>
 
-#include "ErrorOfCall.h"
 #include "platform/headless/HeadlessServices.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix::headless {
 namespace {

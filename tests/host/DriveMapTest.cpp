@@ -138,6 +138,15 @@ TEST_F(DriveMapTest, MediaAreHiddenBelowOtherLetters) {
     EXPECT_TRUE(map.Locate("D:\\a.jpg").exists);
 }
 
+TEST_F(DriveMapTest, APathOnAMediumThatJustCameHasItsLetter) {
+    folder.PutFolder("media/stick");
+    folder.Put("mounts", "");
+    DriveMap map{System()};
+    EXPECT_EQ(Letters(map), "ABC");
+    folder.Put("mounts", "/dev/nosuch1 " + folder.At("media/stick") + " vfat rw 0 0\n");
+    EXPECT_EQ(map.ToDrivePath(folder.At("media/stick/a.jpg")), "D:\\a.jpg");
+}
+
 TEST_F(DriveMapTest, TwoLettersForOneFolderBothLeadThere) {
     folder.Put("x/a.jpg", "");
     DriveMap map = Map("C=/;D=" + folder.At("x") + ";E=" + folder.At("x"));

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/base/RuntimeError.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix {
 
@@ -42,17 +42,6 @@ class TestFolder {
   private:
     std::string path_;
 };
-
-/// The number of the run-time error that a call ends with; 0 when it ends without one.
-template <class Call>
-int ErrorOfCall(Call&& call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.Number());
-    }
-    return 0;
-}
 
 /// Sets an environment variable for the life of the object.
 class ScopedVariable {

@@ -279,10 +279,13 @@ std::int64_t DriveMap::FreeBytes(const HostDrive& drive) {
     return std::clamp<std::int64_t>(FloppyBytes - BytesIn(root), 0, free);
 }
 
+bool DriveMap::MayBeOnMedium(std::string_view hostPath) const {
+    return std::ranges::any_of(sources_.mediaFolders,
+                               [&](const std::string& folder) { return IsAtOrBelow(hostPath, folder); });
+}
+
 const HostDrive* DriveMap::OwnerOf(std::string_view hostPath) {
-    const bool media = std::ranges::any_of(
-        sources_.mediaFolders, [&](const std::string& folder) { return IsAtOrBelow(hostPath, folder); });
-    if (!mediaKnown_ && media) FindMedia();
+    if (!mediaKnown_ && MayBeOnMedium(hostPath)) FindMedia();
     const HostDrive* owner = nullptr;
     for (const auto* drives : {&configured_, &found_}) {
         for (const auto& [letter, drive] : *drives) {
@@ -303,6 +306,8 @@ bool DriveMap::IsHidden(const HostDrive& drive, const std::string& hostPath) {
 
 std::string DriveMap::ToDrivePath(std::string_view hostPath) {
     const std::string path = WithoutSlashes(std::filesystem::path(hostPath).lexically_normal().string());
+    // A path from outside may lie on a medium that came a moment ago; as C:\... it would be hidden soon.
+    if (MayBeOnMedium(path)) FindMedia();
     const HostDrive* owner = OwnerOf(path);
     std::string drivePath = owner != nullptr ? std::string(1, owner->letter) : std::string("C");
     drivePath += ":\\";

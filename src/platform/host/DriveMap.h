@@ -97,6 +97,7 @@ class DriveMap {
     void AddConfigured(std::string_view line);
     void FindMedia();
     [[nodiscard]] char FreeLetter() const;
+    [[nodiscard]] bool MayBeOnMedium(std::string_view hostPath) const;
     [[nodiscard]] const HostDrive* OwnerOf(std::string_view hostPath);
     [[nodiscard]] bool IsHidden(const HostDrive& drive, const std::string& hostPath);
     [[nodiscard]] HostLocation LocateIn(const HostDrive& drive, const std::vector<std::string>& names);
