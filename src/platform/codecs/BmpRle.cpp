@@ -52,8 +52,12 @@ class RleDecoder {
 
     /// Puts one pixel. A row that is too long goes on in the next one.
     void Put(Pixel pixel) {
-        const std::int64_t row = y_ + x_ / header_.width;
-        const std::int64_t column = x_ % header_.width;
+        std::int64_t row = y_;
+        std::int64_t column = x_;
+        if (column >= header_.width) {
+            row += column / header_.width;
+            column %= header_.width;
+        }
         ++x_;
         if (row >= header_.height) return;
         const auto y = static_cast<int>(header_.topDown ? row : header_.height - 1 - row);
