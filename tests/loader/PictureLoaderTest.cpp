@@ -251,12 +251,12 @@ TEST_F(PictureLoaderTest, WorkersStopWhenNobodyHoldsThePicture) {
         WaitForWorkers(threads);
         return std::chrono::steady_clock::now() - start;
     };
+    static_cast<void>(timed(true));  // the file comes into the cache
+    const auto whole = std::min(timed(true), timed(true));
     // On a busy machine the worker may be through before this thread gets to let go; not every time, though.
     bool stopped = false;
-    for (int attempt = 0; attempt < 5 && !stopped; ++attempt) {
-        const auto whole = timed(true);
-        stopped = timed(false) < whole / 2;
-    }
+    for (int attempt = 0; attempt < 10 && !stopped; ++attempt)
+        stopped = timed(false) < whole / 6;
     EXPECT_TRUE(stopped);
 }
 
