@@ -70,7 +70,7 @@ char UpperAscii(char letter) {
 }
 
 CodePoint UpperCode(CodePoint code) {
-    const auto range = std::ranges::lower_bound(UpperCaseRanges, code, {}, &UpperCaseRange::last);
+    const auto* const range = std::ranges::lower_bound(UpperCaseRanges, code, {}, &UpperCaseRange::last);
     if (range == UpperCaseRanges.end() || code < range->first || (code - range->first) % range->step != 0) {
         return code;
     }
@@ -98,7 +98,7 @@ CodePoint FromWindows1252(unsigned char byte) {
 
 std::optional<char> ToWindows1252(CodePoint code) {
     if (code < 0x80U || (code >= 0xA0U && code <= 0xFFU)) return static_cast<char>(code);
-    const auto found = std::ranges::find(Windows1252, code);
+    const auto* const found = std::ranges::find(Windows1252, code);
     if (found == Windows1252.end()) return std::nullopt;
     return static_cast<char>(0x80 + (found - Windows1252.begin()));
 }

@@ -41,11 +41,9 @@ void FaultPlan::Enter(Service service, const std::string& operation, const std::
     const int call = ++calls_[service];
     log_.push_back(std::string(ServiceNames.at(static_cast<std::size_t>(service))) + "." + operation +
                    (argument.empty() ? "" : " " + argument));
-    // By index: an action may add to the plan.
-    for (std::size_t i = 0; i < actions_.size(); ++i) {
-        if (actions_[i].service != service || actions_[i].call != call) continue;
-        const std::function<void()> run = actions_[i].run;
-        run();
+    // A copy, since an action may add to the plan.
+    for (const Action& action : std::vector<Action>(actions_)) {
+        if (action.service == service && action.call == call) action.run();
     }
     for (const Fault& fault : faults_) {
         const bool hit = fault.call == 0 ? fault.operation == operation : fault.call == call;

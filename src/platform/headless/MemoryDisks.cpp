@@ -10,7 +10,7 @@ namespace tavrix::headless {
 namespace {
 
 std::int64_t BytesIn(const MemoryNode& node) {
-    std::int64_t bytes = static_cast<std::int64_t>(node.content.size());
+    auto bytes = static_cast<std::int64_t>(node.content.size());
     for (const auto& [name, child] : node.children)
         bytes += BytesIn(*child);
     return bytes;
@@ -121,12 +121,12 @@ void MemoryDisks::PutLink(const std::string& existing, const std::string& path) 
     place.parent->children[place.name] = source.node;
 }
 
-void MemoryDisks::Remove(const std::string& path) {
+void MemoryDisks::Remove(const std::string& path) const {
     const MemoryPlace place = Locate(PartsOf(path));
     if (place.parent) place.parent->children.erase(place.name);
 }
 
-MemoryNode& MemoryDisks::NodeOf(const std::string& path) {
+MemoryNode& MemoryDisks::NodeOf(const std::string& path) const {
     const MemoryPlace place = Locate(PartsOf(path));
     if (!place.node) throw std::logic_error("the test speaks of nothing at " + path);
     return *place.node;

@@ -71,7 +71,7 @@ class MemoryDisks {
     void PutFolder(const std::string& path);
     /// A second path to a file or folder that is there.
     void PutLink(const std::string& existing, const std::string& path);
-    void Remove(const std::string& path);
+    void Remove(const std::string& path) const;
     void SetReadOnly(const std::string& path, bool readOnly);
     void SetHidden(const std::string& path, bool hidden);
 
@@ -93,7 +93,7 @@ class MemoryDisks {
 
   private:
     MemoryDisk& DiskOf(char letter);
-    MemoryNode& NodeOf(const std::string& path);
+    [[nodiscard]] MemoryNode& NodeOf(const std::string& path) const;
 
     std::map<char, MemoryDrive> drives_;
     DateTime now_{2001, 2, 3, 4, 5, 6};

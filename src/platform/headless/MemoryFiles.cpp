@@ -58,6 +58,8 @@ class MemoryWriter final : public FileWriter {
     }
     MemoryWriter(const MemoryWriter&) = delete;
     MemoryWriter& operator=(const MemoryWriter&) = delete;
+    MemoryWriter(MemoryWriter&&) = delete;
+    MemoryWriter& operator=(MemoryWriter&&) = delete;
     ~MemoryWriter() override {
         SkipFailure([this] { Commit(); });
     }

@@ -10,7 +10,7 @@
 namespace tavrix::headless {
 
 std::string MemoryPictures::SetPicture(const std::string& path, const Picture& picture) {
-    const std::string content = "a picture of a test, number " + std::to_string(pictures_.size() + 1);
+    std::string content = "a picture of a test, number " + std::to_string(pictures_.size() + 1);
     pictures_[content] = picture;
     disks_.PutFile(path, content);
     failures_.erase(UpperCase(path));

@@ -163,7 +163,7 @@ void DriveMap::AddConfigured(std::string_view line) {
     if (text.size() < 2 || !IsDriveLetter(text[0])) return;
     const char letter = UpperCase(text)[0];
     const std::size_t equals = text.find('=');
-    if (equals == std::string::npos || (Trim(text.substr(1, equals - 1)) != "" && text[1] != ':')) return;
+    if (equals == std::string::npos || (!Trim(text.substr(1, equals - 1)).empty() && text[1] != ':')) return;
 
     std::string rest = Trim(text.substr(equals + 1));
     HostDrive drive{.letter = letter};
@@ -330,7 +330,7 @@ std::string DriveMap::SharedPathOf(const std::string& hostPath) const {
 void DriveMap::Look(HostLocation& location, const std::string& root, const std::vector<std::string>& names) {
     std::string path = root;
     for (const std::string& name : names)
-        path += "/" + FromDriveName(name);
+        path.append("/").append(FromDriveName(name));
     location.path = path.empty() ? "/" : path;
     location.exists = ::stat(location.path.c_str(), &location.status) == 0;
     location.parentExists = location.exists;
@@ -345,12 +345,12 @@ void DriveMap::Look(HostLocation& location, const std::string& root, const std::
         if (::lstat((path + "/" + name).c_str(), &status) != 0) {
             if (const std::string other = NameIgnoringCase(folder, names[i]); !other.empty()) name = other;
         }
-        path += "/" + name;
+        path.append("/").append(name);
         location.exists = ::stat(path.c_str(), &location.status) == 0;
         location.parentExists = last && (::stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode));
         if (location.exists) continue;
         for (std::size_t rest = i + 1; rest < names.size(); ++rest)
-            path += "/" + FromDriveName(names[rest]);
+            path.append("/").append(FromDriveName(names[rest]));
         break;
     }
     location.path = path.empty() ? "/" : path;

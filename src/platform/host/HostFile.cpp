@@ -9,10 +9,10 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
-#include <memory>
 #include <random>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace tavrix {
 namespace {
@@ -248,10 +248,10 @@ void TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& statu
         Fail(errno);
     }
     // What the system could not copy by itself, and what has been added meanwhile.
-    constexpr std::size_t BufferSize = std::size_t{1} << 18U;
-    const auto buffer = std::make_unique<std::byte[]>(BufferSize);
+    constexpr std::size_t BufferSize = std::size_t{1} << 16U;
+    std::vector<std::byte> buffer(BufferSize);
     for (;;) {
-        const ssize_t count = ::read(source.Number(), buffer.get(), BufferSize);
+        const ssize_t count = ::read(source.Number(), buffer.data(), buffer.size());
         if (count == 0) break;
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) {
@@ -259,7 +259,7 @@ void TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& statu
             Fail(errno);
         }
         const std::uint64_t before = written_;
-        Write({buffer.get(), static_cast<std::size_t>(count)});
+        Write(std::span(buffer).first(static_cast<std::size_t>(count)));
         written_ = before;  // counted above, by the file's length
     }
     const std::array<timespec, 2> times{status.st_atim, status.st_mtim};

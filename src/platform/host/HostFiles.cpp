@@ -38,6 +38,8 @@ class HostWriter final : public FileWriter {
     HostWriter(const std::string& path, TargetFile::Options options) : target_(path, options) {}
     HostWriter(const HostWriter&) = delete;
     HostWriter& operator=(const HostWriter&) = delete;
+    HostWriter(HostWriter&&) = delete;
+    HostWriter& operator=(HostWriter&&) = delete;
     ~HostWriter() override {
         SkipFailure([&] { target_.Commit(); });
     }

@@ -44,7 +44,7 @@ std::optional<std::string> ShownAs(std::string_view character, bool atEnd) {
     if (byte < 0x20U) return ThreeBytes(0x2400U + byte);
     if (byte >= 0x80U) return ThreeBytes(0xF700U + byte);
     if (c == EndBlank.character && atEnd) return std::string(EndBlank.shown);
-    const auto found = std::ranges::find(LookAlikes, c, &LookAlike::character);
+    const auto* const found = std::ranges::find(LookAlikes, c, &LookAlike::character);
     if (found == LookAlikes.end()) return std::nullopt;
     return std::string(found->shown);
 }
@@ -52,7 +52,7 @@ std::optional<std::string> ShownAs(std::string_view character, bool atEnd) {
 /// The character that a look-alike stands for; empty when it is none.
 std::optional<char> StandsFor(std::string_view character) {
     if (character == EndBlank.shown) return EndBlank.character;
-    const auto found = std::ranges::find(LookAlikes, character, &LookAlike::shown);
+    const auto* const found = std::ranges::find(LookAlikes, character, &LookAlike::shown);
     if (found != LookAlikes.end()) return found->character;
     if (character.size() != 3) return std::nullopt;
     const unsigned code = CodeOfThreeBytes(character);

@@ -19,7 +19,7 @@ bool IsFolder(const std::string& path) {
 }
 
 std::string HomeFolder() {
-    const std::string home = EnvironmentValue("HOME");
+    std::string home = EnvironmentValue("HOME");
     if (!home.empty()) return home;
     const passwd* user = ::getpwuid(::getuid());
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
@@ -27,7 +27,7 @@ std::string HomeFolder() {
 
 /// Relative values of these variables are to be ignored, says the base directory specification of the desktops.
 std::string XdgFolder(const char* name, const char* belowHome) {
-    const std::string value = EnvironmentValue(name);
+    std::string value = EnvironmentValue(name);
     if (value.starts_with('/')) return value;
     const std::string home = HomeFolder();
     return (home == "/" ? "" : home) + belowHome;

@@ -36,7 +36,7 @@ std::string Absolute(const std::string& path) {
 
 }  // namespace
 
-HostProcess::HostProcess(DriveMap& drives, HostPaths paths, std::vector<std::string> arguments)
+HostProcess::HostProcess(DriveMap& drives, HostPaths paths, const std::vector<std::string>& arguments)
     : drives_(drives), paths_(std::move(paths)) {
     for (const std::string& argument : arguments) {
         if (!commandLine_.empty()) commandLine_.push_back(' ');

@@ -12,7 +12,7 @@ namespace tavrix {
 class HostProcess final : public Process {
   public:
     /// `arguments` are those behind the program's name.
-    HostProcess(DriveMap& drives, HostPaths paths, std::vector<std::string> arguments);
+    HostProcess(DriveMap& drives, HostPaths paths, const std::vector<std::string>& arguments);
 
     /// The arguments joined by blanks. Where they are one host path (they name an existing file, or hold a slash past
     /// the first character), also behind SCRNSAVE, that path is told as a drive path. Addresses of files (file:///)

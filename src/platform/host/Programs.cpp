@@ -15,8 +15,6 @@
 #include "platform/base/Text.h"
 #include "platform/host/HostPaths.h"
 
-extern char** environ;
-
 namespace tavrix {
 namespace {
 
@@ -76,7 +74,8 @@ std::string FindProgram(const std::string& name) {
     if (name.find('/') != std::string::npos) return ::access(name.c_str(), X_OK) == 0 ? name : std::string();
     std::istringstream folders(EnvironmentValue("PATH", "/usr/local/bin:/usr/bin:/bin"));
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string path = folder + "/" + name;
+        std::string path(folder);
+        path.append("/").append(name);
         if (folder.starts_with('/') && ::access(path.c_str(), X_OK) == 0) return path;
     }
     return {};
@@ -85,6 +84,7 @@ std::string FindProgram(const std::string& name) {
 bool Start(const std::string& path, const ProgramCall& call) {
     std::vector<std::string> texts = call;
     std::vector<char*> arguments;
+    arguments.reserve(texts.size() + 1);
     for (std::string& text : texts)
         arguments.push_back(text.data());
     arguments.push_back(nullptr);

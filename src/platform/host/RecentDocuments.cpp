@@ -113,7 +113,7 @@ constexpr std::array<Entity, 5> Entities{
 std::string Escaped(std::string_view text) {
     std::string escaped;
     for (const char c : text) {
-        const auto entity = std::ranges::find(Entities, c, &Entity::character);
+        const auto* const entity = std::ranges::find(Entities, c, &Entity::character);
         if (entity == Entities.end()) {
             escaped.push_back(c);
         } else {
@@ -126,7 +126,7 @@ std::string Escaped(std::string_view text) {
 std::string Unescaped(std::string_view text) {
     std::string plain;
     while (!text.empty()) {
-        const auto entity =
+        const auto* const entity =
             std::ranges::find_if(Entities, [&](const Entity& known) { return text.starts_with(known.text); });
         if (entity == Entities.end()) {
             // Quotation marks may come as numbers.
@@ -228,8 +228,9 @@ std::string UpdatedEntry(std::string_view entry, const RecentDocument& document,
             if (count) std::from_chars(count->data(), count->data() + count->size(), uses);
             SetAttribute(application, "count", std::to_string(std::clamp(uses, 0, 1'000'000) + 1));
             SetAttribute(application, "modified", moment);
-            return start + std::string(entry.substr(first->end, tag->begin - first->end)) + application +
-                   std::string(entry.substr(tag->end));
+            return start.append(entry.substr(first->end, tag->begin - first->end))
+                .append(application)
+                .append(entry.substr(tag->end));
         }
         if (!tag->closing) continue;
         if (tag->name == "bookmark:applications") offer(*tag, 4, text.application);
@@ -238,8 +239,9 @@ std::string UpdatedEntry(std::string_view entry, const RecentDocument& document,
         if (tag->name == "bookmark") offer(*tag, 1, text.info);
     }
     if (missing == nullptr) return std::string(entry);
-    return start + std::string(entry.substr(first->end, place - first->end)) + *missing +
-           std::string(entry.substr(place));
+    return start.append(entry.substr(first->end, place - first->end))
+        .append(*missing)
+        .append(entry.substr(place));
 }
 
 std::string NewList() {
