@@ -1,0 +1,153 @@
+/// tavrix-gallery DIR
+///
+/// Draws every window of the program to a PNG file in DIR. The windows stand on services in memory, so that nothing of
+/// the user's is read or written; set QT_SCALE_FACTOR=2 to see them at 200 %.
+
+#include <QApplication>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "core/Main.h"
+#include "core/WaitCopyFrm.h"
+#include "core/WaitFrm.h"
+#include "platform/headless/HeadlessServices.h"
+#include "platform/qt/QtProcess.h"
+#include "platform/qt/QtToolkit.h"
+#include "viewer/Commands.h"
+#include "viewer/ExitFrm.h"
+#include "viewer/MainViewFrm.h"
+
+namespace {
+
+using namespace tavrix;
+
+/// A picture whose corners and middle can be told apart.
+Picture TestCard(int width, int height) {
+    Surface surface(width, height);
+    for (int y = 0; y < height; ++y) {
+        const auto row = surface.Row(y);
+        for (int x = 0; x < width; ++x) {
+            const bool line = x % 50 == 0 || y % 50 == 0 || x == width - 1 || y == height - 1;
+            const auto across = static_cast<unsigned>(x * 255 / width);
+            const auto down = static_cast<unsigned>(y * 255 / height);
+            row[static_cast<std::size_t>(x)] =
+                line ? OpaquePixel(255, 255, 255) : OpaquePixel(across, down, 128);
+        }
+    }
+    return PictureOf(std::move(surface));
+}
+
+class Gallery {
+  public:
+    explicit Gallery(std::filesystem::path folder) : folder_(std::move(folder)) {
+        platform_.store.Set("EXEPath", "C:\\Tavrix\\");
+        platform_.pictures.SetPicture("C:\\Pictures\\small.bmp", TestCard(640, 480));
+        platform_.pictures.SetPicture("C:\\Pictures\\large.bmp", TestCard(4000, 3000));
+        lives_.ShowMainView = [this] {
+            auto& view = app_.Load<MainViewFrm>(module_, lives_);
+            InstallViewerCommands(view);
+            view.Show();
+        };
+    }
+
+    void Draw() {
+        DrawMainView("MainViewFrm", "");
+        DrawMainView("MainViewFrm-image", "C:\\Pictures\\small.bmp");
+        DrawMainView("MainViewFrm-large-image", "C:\\Pictures\\large.bmp");
+        auto& wait = app_.Load<WaitFrm>();
+        wait.lblMsg.Caption = "Loading Tavrix, please wait...";
+        DrawForm(wait);
+        DrawForm(app_.Load<WaitCopyFrm>(module_));
+        ExitAnswer answer{};
+        DrawForm(app_.Load<ExitFrm>(answer));
+        DrawBoxes();
+    }
+
+  private:
+    void DrawMainView(const std::string& name, const std::string& commandLine) {
+        platform_.process.commandLine = commandLine;
+        Main(module_, lives_);
+        Settle();
+        Save(name);
+        // Unloading a main view ends the process: it stays loaded, and the next one is another.
+        app_.FormAt(app_.FormCount() - 1).Hide();
+    }
+
+    void DrawForm(forms::Form& form) {
+        form.Show();
+        Settle();
+        Save(form.Name());
+        app_.Unload(form);
+    }
+
+    void DrawBoxes() {
+        DrawBox("box-invalid-command", {.text = "An invalid command (P) was passed at the command prompt...",
+                                        .icon = forms::BoxIcon::Exclamation});
+        DrawBox("box-discard",
+                {.text = "The current file has not been saved.\r\n\r\nDiscard changes and continue?",
+                 .icon = forms::BoxIcon::Question,
+                 .buttons = forms::BoxButtons::YesNo});
+        DrawBox("box-moved", {.text = "Do you want to make this your default one?",
+                              .icon = forms::BoxIcon::Question,
+                              .buttons = forms::BoxButtons::YesNoCancel,
+                              .help = true});
+        DrawBox("box-open-failure", {.text = "Unable to open the selected file.\r\n\r\nInvalid picture...",
+                                     .icon = forms::BoxIcon::Stop});
+    }
+
+    void DrawBox(const std::string& name, const forms::BoxRequest& request) {
+        QTimer::singleShot(300, [this, name] {
+            Save(name);
+            if (QWidget* box = QApplication::activeModalWidget()) box->close();
+        });
+        app_.MessageBox(request);
+    }
+
+    /// Lets the window come to rest, wait windows that are shown late too.
+    void Settle() {
+        bool over = false;
+        QTimer::singleShot(400, [&over] { over = true; });
+        toolkit_.RunUntil([&over] { return over; });
+    }
+
+    void Save(const std::string& name) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (!window->isVisible() || window->windowType() == Qt::Popup) continue;
+            const std::string file = (folder_ / (name + ".png")).string();
+            if (!window->grab().save(QString::fromStdString(file))) {
+                std::fprintf(stderr, "tavrix-gallery: cannot write %s\n", file.c_str());
+                std::exit(1);
+            }
+            std::printf("%s\n", file.c_str());
+        }
+    }
+
+    std::filesystem::path folder_;
+    headless::HeadlessServices platform_;
+    qt::QtToolkit toolkit_{[](const std::string& path) { return path; }};
+    forms::Application app_{toolkit_};
+    MainModule module_{app_, platform_.services};
+    Lives lives_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: tavrix-gallery DIR\n", stderr);
+        return 2;
+    }
+    std::error_code error;
+    std::filesystem::create_directories(argv[1], error);
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    const qt::QtProcess windowSystem(argv[0]);
+    Gallery(argv[1]).Draw();
+    std::fflush(stdout);
+    std::_Exit(0);
+}
