@@ -77,8 +77,11 @@ bool ClipboardHoldsImage(Clipboard& clipboard) {
 
 void AskAboutClipboard(const MainModule& module) {
     Clipboard& clipboard = module.platform.clipboard;
-    if (!module.config.ClearClipboard || module.ScreenSaverMode || module.StartedAsShow) return;
     if (!ClipboardHoldsImage(clipboard)) return;
+    if (!module.config.ClearClipboard || module.ScreenSaverMode || module.StartedAsShow) {
+        clipboard.Persist();
+        return;
+    }
     const forms::Answer answer =
         module.app.MessageBox({.text = "There is an image on the clipboard." + std::string(NewLine2) +
                                        "Do you want this data to be available to other applications?",
@@ -163,7 +166,7 @@ void WritePackageSettings(const MainModule& module, const std::string& folder) {
     write.Flag("ClearClipboard", true);
     write.Flag("TopMostWindow", false);
     write.Number("SoundMode", c.SoundMode);
-    write.Text("SoundFile", "");
+    write.EmptyText("SoundFile");
     write.Number("CDTrack", c.CDTrack);
     write.Flag("SoundLoop", c.SoundLoop);
     write.Number("SlideInterval", c.SlideInterval);
@@ -175,8 +178,8 @@ void WritePackageSettings(const MainModule& module, const std::string& folder) {
     write.Number("PasswordDelay", c.PasswordDelay);
     write.Flag("SaveSlides", c.SaveSlides);
     write.Flag("SelectDuplicates", c.SelectDuplicates);
-    write.Text("LastOpenedFile", "");
-    write.Text("LastSlideShow", "");
+    write.EmptyText("LastOpenedFile");
+    write.EmptyText("LastSlideShow");
     write.WriteTo(file);
 }
 

@@ -60,6 +60,7 @@ class SettingsWriter {
     void Single(const std::string& key, float value);
     /// A text, unless it is one that may have been cut when it was read and has not changed since.
     void Text(const std::string& key, const std::string& value);
+    void EmptyText(const std::string& key) { entries_.emplace_back(key, ""); }
     template <std::size_t Count>
     void List(const std::string& key, const std::array<std::string, Count>& values) {
         for (std::size_t i = 0; i < Count; ++i)
