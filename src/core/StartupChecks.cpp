@@ -41,7 +41,7 @@ void AskAboutColours(MainModule& module) {
     if (answer == Answer::Cancel) {
         // Only the file learns of it: in memory the setting stays for the rest of this run.
         const std::array<ProfileEntry, 1> entry{{{"Color256Msg", "False"}}};
-        module.platform.profile.Write(ViewerSection, entry, SettingsFile(module));
+        SkipFailure([&] { module.platform.profile.Write(ViewerSection, entry, SettingsFile(module)); });
     }
 }
 
