@@ -8,11 +8,17 @@
 namespace tavrix {
 namespace {
 
-/// What a known folder is called, cut to what the caller's buffer holds; empty on failure.
+/// A path that fits a buffer of so many characters. One that is longer is not cut, which would name another folder:
+/// it is empty.
+std::string Fitting(const std::string& path, std::size_t bufferSize) {
+    return CharacterCount(path) < bufferSize ? Trim(path) : std::string();
+}
+
+/// A known folder; empty on failure and when its path is too long.
 std::string Known(const MainModule& module, KnownFolder folder, std::size_t bufferSize) {
     std::string path;
-    SkipFailure([&] { path = Left(module.platform.files.Folder(folder), bufferSize - 1); });
-    return Trim(path);
+    SkipFailure([&] { path = Fitting(module.platform.files.Folder(folder), bufferSize); });
+    return path;
 }
 
 }  // namespace
@@ -33,7 +39,7 @@ std::string GetSystemFolder(const MainModule& module) {
 
 std::string GetShortPath(const MainModule& module, const std::string& folder) {
     std::string path;
-    SkipFailure([&] { path = Trim(Left(module.platform.files.ShortPath(folder), 299)); });
+    SkipFailure([&] { path = Fitting(module.platform.files.ShortPath(folder), 300); });
     return path.empty() ? path : WithBackslash(path);
 }
 
@@ -55,13 +61,13 @@ std::int32_t GetDiskFreeBytes(const MainModule& module, const std::string& root)
     std::int64_t bytes = 0;
     SkipFailure([&] {
         const DiskSpace space = module.platform.drives.Space(root);
-        // Both factors are far below 2^31, so that the product of two and of three can be checked one by one.
+        // Each product of two 32-bit numbers fits 64 bits; the first must fit 32 before it is multiplied again.
+        constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
         const std::int64_t cluster = std::int64_t{space.sectorsPerCluster} * space.bytesPerSector;
-        if (cluster > std::numeric_limits<std::int32_t>::max()) throw RuntimeError(ErrorNumber::Overflow);
-        bytes = cluster * space.freeClusters;
-        if (bytes > std::numeric_limits<std::int32_t>::max()) throw RuntimeError(ErrorNumber::Overflow);
+        if (cluster <= most) bytes = cluster * space.freeClusters;
+        if (bytes > most) bytes = 0;
     });
-    return bytes > std::numeric_limits<std::int32_t>::max() ? 0 : static_cast<std::int32_t>(bytes);
+    return static_cast<std::int32_t>(bytes);
 }
 
 void ChangeToFolderOf(const MainModule& module, const std::string& path) {
