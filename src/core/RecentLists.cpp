@@ -25,9 +25,7 @@ bool Remove(List& list, const std::string& path) {
 }
 
 bool MayRemove(const MainModule& module, const std::string& path) {
-    if (path.empty() || !module.config.KeepRecent) return false;
-    module.DoEvents();
-    return !module.platform.files.FileExists(path);
+    return !path.empty() && module.config.KeepRecent;
 }
 
 }  // namespace
@@ -47,7 +45,10 @@ void AddRecentFile(MainModule& module, std::string& path) {
 }
 
 void RemoveRecentFile(MainModule& module, const std::string& path) {
-    if (MayRemove(module, path) && Remove(module.config.Recent, path)) module.RefreshRecentMenu();
+    if (!MayRemove(module, path)) return;
+    module.DoEvents();
+    if (module.platform.files.FileExists(path)) return;
+    if (Remove(module.config.Recent, path)) module.RefreshRecentMenu();
 }
 
 void RemoveRecentShow(MainModule& module, const std::string& path) {

@@ -16,7 +16,7 @@ void AddRecentFile(MainModule& module, std::string& path);
 /// Takes an image that no longer exists from the list.
 void RemoveRecentFile(MainModule& module, const std::string& path);
 
-/// Takes a show that no longer exists from the list.
+/// Takes a show from the list: one that has gone, or that turned out to be none.
 void RemoveRecentShow(MainModule& module, const std::string& path);
 
 }  // namespace tavrix
