@@ -13,6 +13,10 @@ WaitCopyFrm::WaitCopyFrm(forms::Application& application, MainModule& module)
     SetLayout(forms::Column({lblMsg, forms::Row({forms::Stretch(), CmdCancel, forms::Stretch()})}));
 }
 
+void WaitCopyFrm::Form_Load() {
+    module_.CancelCopy = false;
+}
+
 void WaitCopyFrm::CmdCancel_Click() {
     module_.CancelCopy = true;
 }

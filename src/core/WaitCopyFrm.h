@@ -14,6 +14,8 @@ class WaitCopyFrm final : public forms::Form {
     forms::Label lblMsg{*this, "lblMsg"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
 
+    void Form_Load() override;
+
   private:
     void CmdCancel_Click();
 
