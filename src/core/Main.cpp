@@ -2,8 +2,8 @@
 
 #include "core/FileServices.h"
 #include "core/FloppyPrompt.h"
-#include "core/Folders.h"
 #include "core/HelpCommands.h"
+#include "core/NotYet.h"
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
 #include "core/WaitFrm.h"
@@ -32,7 +32,7 @@ class StartUp {
         module_.Screen().MousePointer = forms::MousePointer::Hourglass;
         module_.DoEvents();
         Announce();
-        Step([&] { module_.AppPath = WithBackslash(module_.platform.process.Path()); });
+        Step([&] { module_.AppPath = WithBackslash(module_.platform.process.Path()); }, false);
         Step([&] { LoadSettings(module_); });
         Step([&] { CheckDisplay(module_); });
         Step([&] { ProbeMultimedia(module_); });
@@ -62,7 +62,6 @@ class StartUp {
     void Step(Statement statement, bool letMessagesRun = true) {
         try {
             statement();
-            if (letMessagesRun) module_.DoEvents();
         } catch (const RuntimeError& error) {
             module_.app.MessageBox(
                 {.text = "An error occurred while starting Tavrix, will try to continue anyway." +
@@ -70,6 +69,7 @@ class StartUp {
                  .icon = BoxIcon::Stop,
                  .systemModal = true});
         }
+        if (letMessagesRun) module_.DoEvents();
     }
 
     void ReadCommandLine() {
@@ -102,14 +102,18 @@ class StartUp {
             EndWithoutWindow();
         module_.ScreenSaverMode = true;
         UnloadWaitWindow(module_.app);
-        lives_.ShowSaverSetup();
+        if (!lives_.ShowSaverSetup) EndFor("the screen saver settings");
+        Step([&] { lives_.ShowSaverSetup(); }, false);
         module_.platform.process.End();
     }
 
     void LeadShow() {
         const std::string path = module_.CommandText;
+        if (!lives_.LoadShowFile || !lives_.ShowStage) EndFor("slide shows");
         if (IsOnFloppy(path) && !PassesFloppyGuard(module_, path, ShowOnFloppy)) EndWithoutWindow();
-        if (!lives_.LoadShowFile(path)) {
+        bool holdsSlides = false;
+        Step([&] { holdsSlides = lives_.LoadShowFile(path); }, false);
+        if (!holdsSlides) {
             if (module_.ScreenSaverMode) {
                 module_.app.MessageBox(
                     {.text = "There are no pictures in this screen saver to view...", .systemModal = true});
@@ -118,7 +122,8 @@ class StartUp {
             }
             EndWithoutWindow();
         }
-        Step([&] { ChangeToFolderOf(module_, path); }, false);
+        Step([&] { module_.platform.files.ChangeDrive(Left(path, 2)); }, false);
+        Step([&] { module_.platform.files.ChangeFolder(FolderOf(path)); }, false);
         module_.SlideShowActive = true;
         module_.StartedAsShow = true;
         UnloadWaitWindow(module_.app);
@@ -127,6 +132,13 @@ class StartUp {
 
     void EndWithoutWindow() {
         UnloadWaitWindow(module_.app);
+        module_.platform.process.End();
+    }
+
+    /// For a life that this version cannot lead.
+    void EndFor(const std::string& missing) {
+        UnloadWaitWindow(module_.app);
+        TellNotYet(module_.app, missing);
         module_.platform.process.End();
     }
 

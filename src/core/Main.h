@@ -7,7 +7,8 @@
 
 namespace tavrix {
 
-/// The lives that a process can lead, as the composition wires them to their windows.
+/// The lives that a process can lead, as the composition wires them to their windows. A life but the main view may be
+/// missing: the program then says so and ends.
 struct Lives {
     /// Shows the main view and returns.
     std::function<void()> ShowMainView;

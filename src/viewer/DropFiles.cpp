@@ -2,12 +2,12 @@
 
 #include "core/FileServices.h"
 #include "core/Folders.h"
+#include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
-#include "viewer/StartArguments.h"
 
 namespace tavrix {
 namespace {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/HelpCommands.h"
+#include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
 #include "platform/base/RuntimeError.h"
@@ -40,6 +41,8 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
         bar->SmallChange = BarSmallChange;
         bar->OnGotFocus = [this] { PictureTemp.SetFocus(); };
     }
+    for (forms::Menu* recent : menu.mnuLast)
+        recent->Literal = true;
     CmdFullScreen.Caption = "Full Screen View";
     CmdFullScreen.ToolTip = "Full Screen View";
 
@@ -178,6 +181,7 @@ void MainViewFrm::ShowTitleOf(const std::string& path) {
 }
 
 void MainViewFrm::mnuTopmost_Click() {
+    if (module_.Busy()) return;
     const bool topmost = !menu.mnuTopmost.Checked;
     menu.mnuTopmost.Checked = topmost;
     module_.config.TopMostWindow = topmost;
@@ -217,10 +221,11 @@ void MainViewFrm::MainImage_MouseUp(const forms::MouseArguments& mouse) {
 }
 
 void MainViewFrm::Form_MouseUp(const forms::MouseArguments& mouse) {
+    if (module_.Busy()) return;
     if (mouse.button == MouseButton::Left) {
         const bool plain = mouse.shift == ShiftMask::None && !selection.SelectionShown;
         if (plain && module_.config.ClickScreenOpen) menu.mnuOpen.Click();
-    } else if (mouse.button == MouseButton::Right && !module_.Busy()) {
+    } else if (mouse.button == MouseButton::Right) {
         if (menu.mnuEdit.Visible) {
             PopupMenu(menu.mnuEdit, &menu.mnuCopy);
         } else {

@@ -97,10 +97,4 @@ void ReadCommandText(MainViewFrm& view) {
     if (module.CurrentImage.empty()) ResetEmptyView(view);
 }
 
-void TellNotYet(forms::Application& app, const std::string& caption) {
-    std::string name = caption;
-    std::erase(name, '&');
-    app.MessageBox({.text = "This version of Tavrix does not have " + name + " yet..."});
-}
-
 }  // namespace tavrix
