@@ -1,5 +1,7 @@
 #include "platform/headless/HeadlessPeers.h"
 
+#include <cstdint>
+
 #include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::headless {
@@ -13,8 +15,11 @@ Pixel HeadlessCanvasPeer::ShownPixel(int x, int y) const {
     if (x < place.left || y < place.top || x >= place.left + place.width || y >= place.top + place.height) {
         return background;
     }
-    const int column = (x - place.left) * view.pixels->Width() / place.width;
-    const int row = (y - place.top) * view.pixels->Height() / place.height;
+    const auto scaled = [](int at, int size, int shown) {
+        return static_cast<int>(static_cast<std::int64_t>(at) * size / shown);
+    };
+    const int column = scaled(x - place.left, view.pixels->Width(), place.width);
+    const int row = scaled(y - place.top, view.pixels->Height(), place.height);
     const Pixel pixel = view.pixels->Row(row)[static_cast<std::size_t>(column)];
     return (pixel >> 24U) == 0 ? background : pixel;
 }

@@ -103,8 +103,9 @@ QtBox::QtBox(const forms::BoxRequest& request, std::function<void(Answer)> answe
         Tell(EscapeAnswer(buttons));
     });
 
-    if (request.systemModal) box_->setWindowFlag(Qt::WindowStaysOnTopHint);
     box_->setWindowModality(Qt::ApplicationModal);
+    // Behind the modality, which resets the flags of a box.
+    if (request.systemModal) box_->setWindowFlag(Qt::WindowStaysOnTopHint);
     SetOwner(*box_, OwnerOfModal(*box_));
     pointer_.BoxOpened();
     box_->show();

@@ -1,0 +1,85 @@
+#include "forms_conformance/ConformanceTest.h"
+
+namespace tavrix::conformance {
+namespace {
+
+using namespace forms;
+
+class BoxesTest : public ConformanceTest {
+  protected:
+    Answer Ask(const BoxRequest& request, Answer reply, bool byEscape = false) {
+        driver->ScriptNextBox({.expected = request, .reply = reply, .byEscape = byEscape});
+        return app.MessageBox(request);
+    }
+};
+
+TEST_F(BoxesTest, EveryButtonGivesItsAnswer) {
+    const std::vector<std::pair<BoxButtons, std::vector<Answer>>> sets{
+        {BoxButtons::Ok, {Answer::Ok}},
+        {BoxButtons::OkCancel, {Answer::Ok, Answer::Cancel}},
+        {BoxButtons::YesNo, {Answer::Yes, Answer::No}},
+        {BoxButtons::YesNoCancel, {Answer::Yes, Answer::No, Answer::Cancel}},
+        {BoxButtons::RetryCancel, {Answer::Retry, Answer::Cancel}}};
+    for (const auto& [buttons, answers] : sets) {
+        for (const Answer answer : answers) {
+            EXPECT_EQ(Ask({.text = "Question?", .icon = BoxIcon::Question, .buttons = buttons}, answer),
+                      answer);
+        }
+    }
+}
+
+TEST_F(BoxesTest, EscapeGivesTheAnswerOfTheSet) {
+    for (const BoxButtons buttons : {BoxButtons::Ok, BoxButtons::OkCancel, BoxButtons::YesNo,
+                                     BoxButtons::YesNoCancel, BoxButtons::RetryCancel}) {
+        EXPECT_EQ(Ask({.text = "Question?", .buttons = buttons}, EscapeAnswer(buttons), true),
+                  EscapeAnswer(buttons));
+    }
+}
+
+TEST_F(BoxesTest, TextAndTitleAreShownAsTheyAre) {
+    EXPECT_EQ(Ask({.text = "C:\\a & b\r\n\r\n<b>90\u00B0</b>",
+                   .title = "Tavrix - [A & B]",
+                   .icon = BoxIcon::Stop,
+                   .systemModal = true},
+                  Answer::Ok),
+              Answer::Ok);
+}
+
+TEST_F(BoxesTest, HelpDoesNotCloseTheBox) {
+    int helped = 0;
+    app.OnHelp = [&](const BoxRequest& request) {
+        ++helped;
+        EXPECT_EQ(request.helpContext, 410U);
+    };
+    const BoxRequest request{
+        .text = "Help?", .buttons = BoxButtons::YesNoCancel, .help = true, .helpContext = 410};
+    driver->ScriptNextBox({.expected = request, .reply = Answer::No, .pressHelp = true});
+    EXPECT_EQ(app.MessageBox(request), Answer::No);
+    EXPECT_EQ(helped, 1);
+}
+
+TEST_F(BoxesTest, ABoxFromAHandlerBlocksUntilAnswered) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    form.button.OnClick = [&] {
+        log.emplace_back("before");
+        if (Ask({.text = "Sure?", .buttons = BoxButtons::YesNo}, Answer::Yes) == Answer::Yes) {
+            log.emplace_back("yes");
+        }
+    };
+    driver->UserClicks(form.button);
+    driver->Settle();
+    EXPECT_EQ(Count(log, "before"), 1);
+    EXPECT_EQ(Count(log, "yes"), 1);
+}
+
+TEST_F(BoxesTest, ABoxLeavesTheScreenPointerAlone) {
+    app.Screen().MousePointer = MousePointer::Hourglass;
+    Ask({.text = "Busy"}, Answer::Ok);
+    EXPECT_EQ(app.Screen().MousePointer, MousePointer::Hourglass);
+    app.Screen().MousePointer = MousePointer::Default;
+}
+
+}  // namespace
+}  // namespace tavrix::conformance

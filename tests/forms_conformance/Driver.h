@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/forms/Application.h"
+#include "platform/forms/CommandButton.h"
+#include "platform/forms/Image.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/Menu.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/ScrollBar.h"
+#include "platform/forms/Timer.h"
+
+namespace tavrix::conformance {
+
+/// What the user does with the next message box.
+struct BoxScript {
+    forms::BoxRequest expected;
+    forms::Answer reply = forms::Answer::Ok;
+    bool byEscape = false;  ///< with the Escape key; `reply` is what that has to give
+    bool pressHelp = false;
+    forms::Milliseconds openFor{0};
+};
+
+/// The user of one backend: does things from outside and sees what is shown.
+class Driver {
+  public:
+    virtual ~Driver() = default;
+
+    virtual forms::Toolkit& GetToolkit() = 0;
+
+    // The user's doings reach the logic at the latest with the next Settle().
+    virtual void UserClicks(forms::CommandButton& button) = 0;
+    /// A key goes down and up in the window. Codes: Escape, Return, Space, arrows, digits, letters.
+    virtual void UserKey(forms::Form& form, int keyCode, int shift) = 0;
+    /// Gives the window this outer size in device pixels.
+    virtual void UserResizes(forms::Form& form, int width, int height) = 0;
+    virtual void UserScrolls(forms::ScrollBar& bar, int value) = 0;
+    virtual void UserChooses(forms::Menu& entry) = 0;
+    virtual void UserCloses(forms::Form& form) = 0;
+    /// Presses a mouse button at a place of the box and releases it at another, in device pixels.
+    virtual void UserDrags(forms::PictureBox& box, int button, PixelRect fromTo) = 0;
+    virtual void UserDrops(forms::PictureBox& box, const std::vector<std::string>& hostPaths) = 0;
+    virtual void ScriptNextBox(const BoxScript& script) = 0;
+    /// Chooses an entry of the next popup menu, or closes it by Escape (null).
+    virtual void ScriptNextPopup(forms::Menu* entry) = 0;
+    /// Does something while a loop runs messages.
+    virtual void Soon(std::function<void()> action) = 0;
+
+    /// Lets this much time pass while messages run.
+    virtual void Pass(forms::Milliseconds time) = 0;
+    /// Runs all messages that are under way.
+    virtual void Settle() = 0;
+
+    [[nodiscard]] virtual std::string ShownTitle(forms::Form& form) = 0;
+    [[nodiscard]] virtual bool IsShown(forms::Form& form) = 0;
+    [[nodiscard]] virtual std::string ShownText(forms::Control& control) = 0;
+    [[nodiscard]] virtual std::string ShownName(forms::Control& control) = 0;
+    [[nodiscard]] virtual std::string ShownToolTip(forms::Control& control) = 0;
+    [[nodiscard]] virtual bool ShownEnabled(forms::Control& control) = 0;
+    [[nodiscard]] virtual bool ShownVisible(forms::Control& control) = 0;
+    [[nodiscard]] virtual int ShownValue(forms::ScrollBar& bar) = 0;
+    [[nodiscard]] virtual forms::MenuItemState Shown(forms::Menu& entry) = 0;
+    /// A pixel of the box's visible part, in device pixels, without its alpha.
+    [[nodiscard]] virtual Pixel ShownPixel(forms::PictureBox& box, int x, int y) = 0;
+    /// Everything that did not go as scripted.
+    [[nodiscard]] virtual std::vector<std::string> Failures() = 0;
+};
+
+/// The driver of the backend that this program is linked for.
+[[nodiscard]] std::unique_ptr<Driver> MakeDriver();
+
+}  // namespace tavrix::conformance

@@ -1,0 +1,154 @@
+#include <utility>
+
+#include "forms_conformance/Driver.h"
+#include "platform/headless/HeadlessToolkit.h"
+
+namespace tavrix::conformance {
+
+namespace {
+
+using namespace forms;
+using headless::HeadlessButtonPeer;
+using headless::HeadlessCanvasPeer;
+using headless::HeadlessControlPeer;
+using headless::HeadlessLabelPeer;
+using headless::HeadlessMenuItemPeer;
+using headless::HeadlessScrollBarPeer;
+using headless::HeadlessWindowPeer;
+
+template <class Peer>
+Peer& PeerOf(const Control& control) {
+    return dynamic_cast<Peer&>(*control.Peer());
+}
+HeadlessWindowPeer& PeerOf(const Form& form) {
+    return dynamic_cast<HeadlessWindowPeer&>(*form.Peer());
+}
+
+/// Calls a function with the peer, whatever kind of control it is of.
+template <class Function>
+auto WithPeer(const Control& control, Function function) {
+    ControlPeer* peer = control.Peer();
+    if (auto* label = dynamic_cast<HeadlessLabelPeer*>(peer)) return function(*label);
+    if (auto* button = dynamic_cast<HeadlessButtonPeer*>(peer)) return function(*button);
+    if (auto* bar = dynamic_cast<HeadlessScrollBarPeer*>(peer)) return function(*bar);
+    return function(dynamic_cast<HeadlessCanvasPeer&>(*peer));
+}
+
+class HeadlessDriver final : public Driver {
+  public:
+    Toolkit& GetToolkit() override { return toolkit_; }
+
+    void UserClicks(CommandButton& button) override {
+        auto& peer = PeerOf<HeadlessButtonPeer>(button);
+        if (!peer.enabled || !peer.visible) return;
+        toolkit_.Post([&sink = peer.sink] {
+            sink.Deliver(MouseEvent{MouseAction::Down, MouseButton::Left, 0, 1, 1});
+            sink.Deliver(ClickEvent{});
+            sink.Deliver(MouseEvent{MouseAction::Up, MouseButton::Left, 0, 1, 1});
+        });
+    }
+    void UserKey(Form& form, int keyCode, int shift) override {
+        toolkit_.Post([&form, keyCode, shift] {
+            bool handled = false;
+            form.Deliver(KeyEvent{true, keyCode, shift, &handled});
+            form.Deliver(KeyEvent{false, keyCode, shift, &handled});
+        });
+    }
+    void UserResizes(Form& form, int width, int height) override {
+        auto& peer = PeerOf(form);
+        peer.placement.width = width;
+        peer.placement.height = height;
+        toolkit_.Post([&peer] { peer.sink.Deliver(PlacementEvent{peer.placement, peer.state}); });
+    }
+    void UserScrolls(ScrollBar& bar, int value) override {
+        auto& peer = PeerOf<HeadlessScrollBarPeer>(bar);
+        peer.value = value;
+        toolkit_.Post([&peer, value] { peer.sink.Deliver(ScrollEvent{value, false}); });
+    }
+    void UserChooses(Menu& entry) override {
+        toolkit_.Post([&entry] {
+            auto& peer = dynamic_cast<HeadlessMenuItemPeer&>(*entry.Peer());
+            if (peer.state.enabled && peer.state.visible) peer.sink.Deliver(ClickEvent{});
+        });
+    }
+    void UserCloses(Form& form) override {
+        toolkit_.Post([&form] { form.Deliver(CloseEvent{}); });
+    }
+    void UserDrags(PictureBox& box, int button, PixelRect fromTo) override {
+        auto& peer = PeerOf<HeadlessCanvasPeer>(box);
+        toolkit_.Post([&peer, button, fromTo] {
+            peer.sink.Deliver(MouseEvent{MouseAction::Down, button, 0, fromTo.left, fromTo.top});
+            peer.sink.Deliver(MouseEvent{MouseAction::Up, button, 0, fromTo.width, fromTo.height});
+            if (button == MouseButton::Left) peer.sink.Deliver(ClickEvent{});
+        });
+    }
+    void UserDrops(PictureBox& box, const std::vector<std::string>& hostPaths) override {
+        DropEvent drop;
+        for (const std::string& path : hostPaths)
+            drop.files.push_back("C:" + path);
+        toolkit_.Post([&box, drop] { box.Deliver(drop); });
+    }
+    void ScriptNextBox(const BoxScript& script) override {
+        headless::ExpectedBox box;
+        box.text = script.expected.text;
+        box.title = script.expected.title;
+        box.icon = script.expected.icon;
+        box.buttons = script.expected.buttons;
+        box.help = script.expected.help;
+        box.systemModal = script.expected.systemModal;
+        box.reply = script.reply;
+        box.pressHelp = script.pressHelp;
+        box.whileOpen = [this, time = script.openFor] { toolkit_.Advance(time); };
+        toolkit_.Expect(std::move(box));
+    }
+    void ScriptNextPopup(Menu* entry) override {
+        toolkit_.ChooseFromPopup(entry != nullptr ? entry->Caption.Get() : "");
+    }
+    void Soon(std::function<void()> action) override { toolkit_.Post(std::move(action)); }
+
+    void Pass(Milliseconds time) override {
+        Settle();
+        toolkit_.Advance(time);
+    }
+    void Settle() override { toolkit_.ProcessEvents(); }
+
+    std::string ShownTitle(Form& form) override { return PeerOf(form).title; }
+    bool IsShown(Form& form) override { return PeerOf(form).visible; }
+    std::string ShownText(Control& control) override {
+        if (dynamic_cast<HeadlessLabelPeer*>(control.Peer()) != nullptr) {
+            return PeerOf<HeadlessLabelPeer>(control).text;
+        }
+        return PeerOf<HeadlessButtonPeer>(control).text;
+    }
+    std::string ShownName(Control& control) override {
+        return WithPeer(control, [](const auto& peer) { return peer.accessibleName; });
+    }
+    std::string ShownToolTip(Control& control) override {
+        return WithPeer(control, [](const auto& peer) { return peer.toolTip; });
+    }
+    bool ShownEnabled(Control& control) override {
+        return WithPeer(control, [](const auto& peer) { return peer.enabled; });
+    }
+    bool ShownVisible(Control& control) override {
+        return WithPeer(control, [](const auto& peer) { return peer.visible; });
+    }
+    int ShownValue(ScrollBar& bar) override { return PeerOf<HeadlessScrollBarPeer>(bar).value; }
+    MenuItemState Shown(Menu& entry) override {
+        return dynamic_cast<HeadlessMenuItemPeer&>(*entry.Peer()).state;
+    }
+    Pixel ShownPixel(PictureBox& box, int x, int y) override {
+        return PeerOf<HeadlessCanvasPeer>(box).ShownPixel(x, y);
+    }
+    std::vector<std::string> Failures() override { return toolkit_.Failures(); }
+
+  private:
+    headless::HeadlessToolkit toolkit_;
+};
+
+}  // namespace
+
+std::unique_ptr<Driver> MakeDriver() {
+    return std::make_unique<HeadlessDriver>();
+}
+
+}  // namespace tavrix::conformance

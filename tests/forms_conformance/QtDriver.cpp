@@ -1,0 +1,332 @@
+#include "forms_conformance/QtDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+#include <QWindow>
+#include <deque>
+#include <optional>
+#include <utility>
+
+#include "platform/qt/CanvasWidget.h"
+#include "platform/qt/QtMenuItem.h"
+#include "platform/qt/QtProcess.h"
+#include "platform/qt/QtToolkit.h"
+
+namespace tavrix::conformance {
+
+namespace {
+
+using namespace forms;
+
+/// One process-wide side of the window system for all tests.
+class ProcessEnvironment final : public testing::Environment {
+  public:
+    void SetUp() override { process_ = std::make_unique<qt::QtProcess>("forms_conformance_qt"); }
+    void TearDown() override { process_.reset(); }
+
+  private:
+    std::unique_ptr<qt::QtProcess> process_;
+};
+
+// GoogleTest owns it.
+const testing::Environment* const Registered = testing::AddGlobalTestEnvironment(new ProcessEnvironment);
+
+Qt::Key KeyOf(int keyCode) {
+    switch (keyCode) {
+        case KeyCode::Escape:
+            return Qt::Key_Escape;
+        case KeyCode::Return:
+            return Qt::Key_Return;
+        case KeyCode::Tab:
+            return Qt::Key_Tab;
+        case KeyCode::Left:
+            return Qt::Key_Left;
+        case KeyCode::Up:
+            return Qt::Key_Up;
+        case KeyCode::Right:
+            return Qt::Key_Right;
+        case KeyCode::Down:
+            return Qt::Key_Down;
+        default:
+            return static_cast<Qt::Key>(keyCode);
+    }
+}
+
+Qt::KeyboardModifiers ModifiersOf(int shift) {
+    Qt::KeyboardModifiers modifiers;
+    modifiers.setFlag(Qt::ShiftModifier, (shift & ShiftMask::Shift) != 0);
+    modifiers.setFlag(Qt::ControlModifier, (shift & ShiftMask::Ctrl) != 0);
+    modifiers.setFlag(Qt::AltModifier, (shift & ShiftMask::Alt) != 0);
+    return modifiers;
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::None:
+            return QMessageBox::NoIcon;
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::Exclamation:
+            return QMessageBox::Warning;
+        case BoxIcon::Question:
+            return QMessageBox::Question;
+        case BoxIcon::Stop:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+struct ButtonText {
+    Answer answer;
+    QMessageBox::StandardButton button;
+    const char* text;
+};
+
+std::vector<ButtonText> ButtonsOf(BoxButtons buttons) {
+    const ButtonText ok{Answer::Ok, QMessageBox::Ok, "OK"};
+    const ButtonText cancel{Answer::Cancel, QMessageBox::Cancel, "Cancel"};
+    const ButtonText yes{Answer::Yes, QMessageBox::Yes, "&Yes"};
+    const ButtonText no{Answer::No, QMessageBox::No, "&No"};
+    const ButtonText retry{Answer::Retry, QMessageBox::Retry, "&Retry"};
+    switch (buttons) {
+        case BoxButtons::Ok:
+            return {ok};
+        case BoxButtons::OkCancel:
+            return {ok, cancel};
+        case BoxButtons::YesNoCancel:
+            return {yes, no, cancel};
+        case BoxButtons::YesNo:
+            return {yes, no};
+        case BoxButtons::RetryCancel:
+            return {retry, cancel};
+    }
+    return {};
+}
+
+class QtDriver final : public Driver {
+  public:
+    QtDriver() {
+        QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { Watch(); });
+        watch_.start(1);
+    }
+
+    Toolkit& GetToolkit() override { return toolkit_; }
+
+    void UserClicks(CommandButton& button) override {
+        QWidget& widget = WidgetOf(button);
+        if (!widget.isVisible()) return;
+        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
+                          widget.mapTo(widget.window(), widget.rect().center()));
+    }
+    void UserKey(Form& form, int keyCode, int shift) override {
+        QTest::keyClick(WidgetOf(form).windowHandle(), KeyOf(keyCode), ModifiersOf(shift));
+    }
+    void UserResizes(Form& form, int width, int height) override {
+        const int frameWidth = 2 * toolkit_.Metric(SystemMetric::SizingBorderWidth);
+        const int frameHeight = 2 * toolkit_.Metric(SystemMetric::SizingBorderHeight) +
+                                toolkit_.Metric(SystemMetric::CaptionHeight);
+        const double ratio = qt::DeviceRatio();
+        WidgetOf(form).windowHandle()->resize(qt::RoundToLogical(width - frameWidth, ratio),
+                                              qt::RoundToLogical(height - frameHeight, ratio));
+    }
+    void UserScrolls(ScrollBar& bar, int value) override {
+        dynamic_cast<QScrollBar&>(WidgetOf(bar)).setSliderPosition(value);
+    }
+    void UserChooses(Menu& entry) override {
+        QAction& action = ActionOf(entry);
+        if (action.isEnabled() && action.isVisible()) action.trigger();
+    }
+    void UserCloses(Form& form) override { WidgetOf(form).windowHandle()->close(); }
+    void UserDrags(PictureBox& box, int button, PixelRect fromTo) override {
+        const Qt::MouseButton pressed = button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
+        QWindow* window = WidgetOf(box).window()->windowHandle();
+        QTest::mousePress(window, pressed, {}, PlaceOf(box, fromTo.left, fromTo.top));
+        QTest::mouseRelease(window, pressed, {}, PlaceOf(box, fromTo.width, fromTo.height));
+    }
+    void UserDrops(PictureBox& box, const std::vector<std::string>& hostPaths) override {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const std::string& path : hostPaths)
+            urls.push_back(QUrl::fromLocalFile(QString::fromStdString(path)));
+        data.setUrls(urls);
+        QWidget& widget = WidgetOf(box);
+        ASSERT_TRUE(widget.acceptDrops());
+        QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&widget, &enter);
+        ASSERT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&widget, &drop);
+        ASSERT_TRUE(drop.isAccepted());
+    }
+    void ScriptNextBox(const BoxScript& script) override { boxes_.push_back(script); }
+    void ScriptNextPopup(Menu* entry) override { popups_.push_back(entry); }
+    void Soon(std::function<void()> action) override { QTimer::singleShot(0, &watch_, std::move(action)); }
+
+    void Pass(Milliseconds time) override {
+        const Milliseconds until = toolkit_.Now() + time;
+        toolkit_.RunUntil([&] { return toolkit_.Now() >= until; });  // the watch wakes it
+    }
+    void Settle() override {
+        constexpr int Rounds = 8;  // what one round leads to comes with the next
+        for (int i = 0; i < Rounds; ++i)
+            toolkit_.ProcessEvents();
+    }
+
+    std::string ShownTitle(Form& form) override {
+        return WidgetOf(form).windowHandle()->title().toStdString();
+    }
+    bool IsShown(Form& form) override { return WidgetOf(form).isVisible(); }
+    std::string ShownText(Control& control) override {
+        if (auto* label = dynamic_cast<QLabel*>(&WidgetOf(control))) return label->text().toStdString();
+        return dynamic_cast<QPushButton&>(WidgetOf(control)).text().toStdString();
+    }
+    std::string ShownName(Control& control) override {
+        return WidgetOf(control).accessibleName().toStdString();
+    }
+    std::string ShownToolTip(Control& control) override { return WidgetOf(control).toolTip().toStdString(); }
+    bool ShownEnabled(Control& control) override { return WidgetOf(control).isEnabled(); }
+    bool ShownVisible(Control& control) override { return WidgetOf(control).isVisible(); }
+    int ShownValue(ScrollBar& bar) override { return dynamic_cast<QScrollBar&>(WidgetOf(bar)).value(); }
+    MenuItemState Shown(Menu& entry) override {
+        const QAction& action = ActionOf(entry);
+        MenuItemState state;
+        state.kind = action.isSeparator()       ? MenuItemState::Kind::Separator
+                     : action.menu() != nullptr ? MenuItemState::Kind::SubMenu
+                                                : MenuItemState::Kind::Entry;
+        state.literal = entry.Literal;
+        QString text = action.text();
+        if (state.literal) text.replace(QLatin1String("&&"), QLatin1String("&"));
+        state.caption = text.toStdString();
+        state.enabled = action.isEnabled();
+        state.visible = action.isVisible();
+        state.checked = action.isChecked();
+        return state;
+    }
+    Pixel ShownPixel(PictureBox& box, int x, int y) override {
+        QWidget& widget = WidgetOf(box);
+        QWidget& window = *widget.window();
+        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+        const QPoint offset = dynamic_cast<qt::CanvasWidget&>(widget).DeviceOffset();
+        const QPoint corner = widget.mapTo(&window, QPoint(0, 0));
+        const double ratio = qt::DeviceRatio();
+        return shown.pixel(qt::ToDevice(corner.x(), ratio) + offset.x() + x,
+                           qt::ToDevice(corner.y(), ratio) + offset.y() + y);
+    }
+    std::vector<std::string> Failures() override {
+        std::vector<std::string> all = failures_;
+        for (const BoxScript& script : boxes_)
+            all.push_back("a box never came: " + script.expected.text);
+        return all;
+    }
+
+  private:
+    static QAction& ActionOf(const Menu& entry) {
+        QAction* action = dynamic_cast<qt::QtMenuItem&>(*entry.Peer()).Action();
+        if (action == nullptr) throw std::logic_error("the menu has not been filled: " + entry.Name());
+        return *action;
+    }
+    static QPoint PlaceOf(const PictureBox& box, int x, int y) {
+        QWidget& widget = WidgetOf(box);
+        const QPoint offset = dynamic_cast<qt::CanvasWidget&>(widget).DeviceOffset();
+        const double ratio = qt::DeviceRatio();
+        return widget.mapTo(widget.window(), QPoint(qt::RoundToLogical(x + offset.x(), ratio),
+                                                    qt::RoundToLogical(y + offset.y(), ratio)));
+    }
+
+    void Watch() {
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            WatchPopup(dynamic_cast<QMenu&>(*popup));
+        } else if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            WatchBox(*box);
+        }
+    }
+
+    void WatchPopup(QMenu& menu) {
+        if (popups_.empty()) return;
+        Menu* entry = popups_.front();
+        popups_.pop_front();
+        if (entry == nullptr) {
+            QTest::keyClick(&menu, Qt::Key_Escape);
+        } else {
+            QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&ActionOf(*entry)).center());
+        }
+    }
+
+    void WatchBox(QMessageBox& box) {
+        if (boxes_.empty()) {
+            failures_.push_back("unexpected box: " + box.text().toStdString());
+            box.reject();
+            return;
+        }
+        if (!open_.isValid()) {
+            open_.start();
+            Compare(box, boxes_.front().expected);
+            if (boxes_.front().pressHelp) QTest::mouseClick(box.button(QMessageBox::Help), Qt::LeftButton);
+        }
+        if (open_.elapsed() < boxes_.front().openFor.count()) return;
+        open_.invalidate();
+        const BoxScript script = boxes_.front();
+        boxes_.pop_front();
+        if (script.byEscape) {
+            QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
+            return;
+        }
+        for (const ButtonText& button : ButtonsOf(script.expected.buttons)) {
+            if (button.answer == script.reply) {
+                QTest::mouseClick(box.button(button.button), Qt::LeftButton);
+                return;
+            }
+        }
+    }
+
+    void Compare(const QMessageBox& box, const BoxRequest& expected) {
+        const auto check = [&](bool fine, const std::string& what) {
+            if (!fine) failures_.push_back("box <" + box.text().toStdString() + "> differs in " + what);
+        };
+        QString text = QString::fromStdString(expected.text);
+        check(box.text() == text.remove(QLatin1Char('\r')), "text");
+        check(box.textFormat() == Qt::PlainText, "text format");
+        check(box.windowTitle().toStdString() == expected.title, "title");
+        check(box.icon() == IconOf(expected.icon), "icon");
+        check(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint) == expected.systemModal, "band");
+        const std::vector<ButtonText> buttons = ButtonsOf(expected.buttons);
+        const auto count = static_cast<qsizetype>(buttons.size()) + (expected.help ? 1 : 0);
+        check(box.buttons().size() == count, "number of buttons");
+        for (const ButtonText& button : buttons) {
+            const auto* found = box.button(button.button);
+            check(found != nullptr && found->text() == QLatin1String(button.text), button.text);
+        }
+        const auto* chosen = box.defaultButton();
+        check(chosen == box.button(buttons[static_cast<std::size_t>(expected.defaultButton - 1)].button),
+              "default button");
+    }
+
+    qt::QtToolkit toolkit_{[](const std::string& path) { return "C:" + path; }};
+    QTimer watch_;
+    std::deque<BoxScript> boxes_;
+    std::deque<Menu*> popups_;
+    QElapsedTimer open_;
+    std::vector<std::string> failures_;
+};
+
+}  // namespace
+
+std::unique_ptr<Driver> MakeDriver() {
+    return std::make_unique<QtDriver>();
+}
+
+}  // namespace tavrix::conformance

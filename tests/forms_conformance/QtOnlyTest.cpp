@@ -1,0 +1,218 @@
+// What only a window system has: keys in their native order, the wheel, windows that wait to be mapped.
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include "forms_conformance/ConformanceTest.h"
+#include "forms_conformance/QtDriver.h"
+#include "platform/qt/InputMap.h"
+#include "platform/qt/TitleLock.h"
+
+namespace tavrix::conformance {
+namespace {
+
+using namespace forms;
+using std::chrono_literals::operator""ms;
+
+class QtOnlyTest : public ConformanceTest {
+  protected:
+    static int CodeOf(int key, Qt::KeyboardModifiers modifiers = {}) {
+        return qt::VirtualKeyCode(QKeyEvent(QEvent::KeyPress, key, modifiers));
+    }
+    static void TurnWheel(TestForm& form, QPoint angle, Qt::KeyboardModifiers modifiers = {}) {
+        QWheelEvent wheel(QPointF(20, 60), QPointF(20, 60), QPoint(), angle, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(WidgetOf(form).windowHandle(), &wheel);
+    }
+};
+
+TEST_F(QtOnlyTest, KeysHaveTheirClassicCodes) {
+    EXPECT_EQ(CodeOf(Qt::Key_1), 49);
+    EXPECT_EQ(CodeOf(Qt::Key_Exclam, Qt::ShiftModifier), 49);
+    EXPECT_EQ(CodeOf(Qt::Key_ParenRight, Qt::ShiftModifier), 48);
+    EXPECT_EQ(CodeOf(Qt::Key_1, Qt::KeypadModifier), 97);
+    EXPECT_EQ(CodeOf(Qt::Key_0, Qt::KeypadModifier), 96);
+    EXPECT_EQ(CodeOf(Qt::Key_Down, Qt::KeypadModifier), 40);
+    EXPECT_EQ(CodeOf(Qt::Key_Plus, Qt::KeypadModifier), 107);
+    EXPECT_EQ(CodeOf(Qt::Key_Plus), 187);
+    EXPECT_EQ(CodeOf(Qt::Key_Delete), 46);
+    EXPECT_EQ(CodeOf(Qt::Key_F12), 123);
+    EXPECT_EQ(CodeOf(Qt::Key_AsciiTilde), 192);
+    EXPECT_EQ(CodeOf(Qt::Key_Pause), 19);
+    EXPECT_EQ(CodeOf(Qt::Key_Adiaeresis), 0);
+}
+
+TEST_F(QtOnlyTest, AKeyThatTheFormHandledGoesNoFurther) {
+    auto& form = app.Load<TestForm>(log);
+    form.KeyPreview = true;
+    form.button.Caption = "&Stop";
+    form.button.OnClick = [this] { log.emplace_back("click"); };
+    form.Show();
+    form.button.SetFocus();
+    driver->Settle();
+    log.clear();
+    driver->UserKey(form, KeyCode::Space, 0);
+    driver->Settle();
+    EXPECT_EQ(Count(log, "click"), 1);
+    EXPECT_EQ(Count(log, "TestForm key 32/0"), 1);
+    form.onKey = [](int& code) { code = 0; };
+    driver->UserKey(form, KeyCode::Space, 0);
+    driver->UserKey(form, 'S', ShiftMask::Alt);
+    driver->Settle();
+    EXPECT_EQ(Count(log, "click"), 1);
+    EXPECT_EQ(Count(log, "TestForm key 83/4"), 1);
+    form.onKey = nullptr;
+    driver->UserKey(form, 'S', ShiftMask::Alt);
+    driver->Settle();
+    driver->Pass(150ms);  // a mnemonic holds its button down for a moment
+    EXPECT_EQ(Count(log, "click"), 2);
+    EXPECT_EQ(Count(log, "TestForm key 83/4"), 2);
+}
+
+TEST_F(QtOnlyTest, EnterAndEscapePressTheButtonsOfADialog) {
+    auto& form = app.Load<TestForm>(log, "Dialog", false);
+    form.button.Cancel = true;
+    form.button.OnClick = [this] { log.emplace_back("click"); };
+    form.Show();
+    form.hidden.SetFocus();
+    driver->Settle();
+    driver->UserKey(form, KeyCode::Escape, 0);
+    EXPECT_EQ(Count(log, "click"), 1);
+    driver->UserKey(form, KeyCode::Return, 0);
+    EXPECT_EQ(Count(log, "click"), 1);
+    form.button.Default = true;
+    driver->UserKey(form, KeyCode::Return, 0);
+    EXPECT_EQ(Count(log, "click"), 2);
+}
+
+TEST_F(QtOnlyTest, EscapeInAnOpenMenuOnlyClosesIt) {
+    auto& form = app.Load<TestForm>(log);
+    form.KeyPreview = true;
+    form.Show();
+    form.hidden.SetFocus();
+    driver->Settle();
+    log.clear();
+    driver->UserKey(form, 'F', ShiftMask::Alt);
+    driver->Settle();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    driver->UserKey(form, KeyCode::Escape, 0);
+    driver->Settle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(Count(log, "TestForm key 27/0"), 0);
+}
+
+TEST_F(QtOnlyTest, AScrollBarHandsTheFocusBack) {
+    auto& form = app.Load<TestForm>(log);
+    form.KeyPreview = true;
+    form.bar.Max = 1000;
+    form.bar.OnGotFocus = [&] { form.hidden.SetFocus(); };
+    form.Show();
+    form.hidden.SetFocus();
+    driver->Settle();
+    WidgetOf(form.bar).setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(form.ActiveControl(), &form.hidden);
+    EXPECT_FALSE(WidgetOf(form.bar).hasFocus());
+    log.clear();
+    driver->UserKey(form, KeyCode::Down, 0);
+    EXPECT_EQ(Count(log, "TestForm key 40/0"), 1);
+    EXPECT_EQ(form.bar.Value, 0);
+}
+
+TEST_F(QtOnlyTest, TheWheelTurnsTheBarByThreeSmallChanges) {
+    auto& form = app.Load<TestForm>(log);
+    form.bar.Max = 1000;
+    form.bar.SmallChange = 20;
+    form.bar.OnChange = [&] { log.push_back("change " + std::to_string(form.bar.Value)); };
+    form.Show();
+    driver->Settle();
+    log.clear();
+    TurnWheel(form, {0, -120});
+    EXPECT_EQ(log, (std::vector<std::string>{"change 60"}));
+    TurnWheel(form, {0, -120}, Qt::ShiftModifier);  // across, where there is no bar
+    EXPECT_EQ(form.bar.Value, 60);
+    TurnWheel(form, {0, 240});
+    EXPECT_EQ(form.bar.Value, 0);
+}
+
+TEST_F(QtOnlyTest, AWaitWindowThatGoesAtOnceIsNeverMapped) {
+    class WaitForm : public Form {
+      public:
+        explicit WaitForm(Application& application)
+            : Form(application, {.name = "WaitForm", .waitWindow = true}) {}
+    };
+    auto& brief = app.Load<WaitForm>();
+    brief.Show();
+    driver->Pass(30ms);
+    EXPECT_TRUE(brief.Visible());
+    EXPECT_FALSE(driver->IsShown(brief));
+    brief.Hide();
+    driver->Pass(200ms);
+    EXPECT_FALSE(driver->IsShown(brief));
+
+    auto& lasting = app.Load<WaitForm>();
+    lasting.Show();
+    driver->Pass(250ms);
+    EXPECT_TRUE(driver->IsShown(lasting));
+}
+
+TEST_F(QtOnlyTest, TheScreenPointerIsShownOverAllWindows) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    app.Screen().MousePointer = MousePointer::Hourglass;
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    driver->ScriptNextBox({.expected = {.text = "Usable"}, .openFor = 1ms});
+    driver->Soon([] { EXPECT_EQ(QApplication::overrideCursor(), nullptr); });
+    app.MessageBox({.text = "Usable"});
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    app.Screen().MousePointer = MousePointer::Default;
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtOnlyTest, ACanvasIsAPictureToAScreenReader) {
+    auto& form = app.Load<TestForm>(log);
+    form.picture.AccessibleName = "Picture";
+    form.Show();
+    driver->Settle();
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&WidgetOf(form.picture));
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::Graphic);
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("Picture"));
+}
+
+TEST_F(QtOnlyTest, AWindowBelowAModalOneTakesNoInput) {
+    auto& form = app.Load<TestForm>(log, "Main");
+    auto& dialog = app.Load<TestForm>(log, "Dialog");
+    form.button.OnClick = [this] { log.emplace_back("click"); };
+    form.Show();
+    driver->Settle();
+    driver->Soon([&] {
+        driver->UserClicks(form.button);
+        dialog.Hide();
+    });
+    dialog.ShowModal();
+    EXPECT_EQ(Count(log, "click"), 0);
+    driver->UserClicks(form.button);
+    EXPECT_EQ(Count(log, "click"), 1);
+}
+
+TEST_F(QtOnlyTest, ATitleLockIsSeenWhileItLasts) {
+    qputenv("XDG_RUNTIME_DIR", testing::TempDir().c_str());
+    const std::string title = "Tavrix conformance " + std::to_string(QCoreApplication::applicationPid());
+    EXPECT_FALSE(qt::TitleLock::IsHeld(title));
+    {
+        const qt::TitleLock lock(title);
+        EXPECT_TRUE(qt::TitleLock::IsHeld(title));
+        EXPECT_FALSE(qt::TitleLock::IsHeld(title + "!"));
+    }
+    EXPECT_FALSE(qt::TitleLock::IsHeld(title));
+}
+
+}  // namespace
+}  // namespace tavrix::conformance
