@@ -1,5 +1,8 @@
 #pragma once
 
+#include <deque>
+#include <optional>
+
 #include "platform/qt/SinkPort.h"
 
 class QEvent;
@@ -22,11 +25,15 @@ class KeyDoor {
 
     SinkPort& port_;
     const QWidget& window_;
-    // The press that was told when shortcuts were looked up, and comes again as a key.
-    bool told_ = false;
-    int toldKey_ = 0;
-    unsigned long long toldTime_ = 0;
-    bool toldHandled_ = false;
+    /// A press that was told when shortcuts were looked up, and that comes again as a key.
+    struct Told {
+        int key;
+        unsigned long long time;
+        bool handled;
+    };
+    [[nodiscard]] std::optional<bool> TakeTold(const QKeyEvent& key);
+
+    std::deque<Told> told_;
 };
 
 }  // namespace tavrix::qt
