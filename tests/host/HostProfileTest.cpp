@@ -147,6 +147,8 @@ TEST_F(HostProfileTest, AKillLeavesTheOldFileOrTheNewOne) {
     std::string last;
     int changes = 0;
     for (int round = 0; round < 60; ++round) {
+        std::array<int, 2> ready{};
+        ASSERT_EQ(::pipe(ready.data()), 0);
         const pid_t child = InChild([&] {
             for (int generation = round * 100'000;; ++generation) {
                 std::vector<ProfileEntry> entries;
@@ -154,10 +156,15 @@ TEST_F(HostProfileTest, AKillLeavesTheOldFileOrTheNewOne) {
                     entries.emplace_back("Key" + std::to_string(key), std::to_string(generation));
                 }
                 profile.Write("Viewer", entries, "C:\\tavrix.ini");
+                if (generation == round * 100'000 && ::write(ready[1], "x", 1) != 1) ::_exit(1);
             }
         });
         ASSERT_GT(child, 0);
-        const timespec moment{0, 200'000 + static_cast<long>(random()) % spread};
+        ::close(ready[1]);
+        char told = 0;
+        ASSERT_EQ(::read(ready[0], &told, 1), 1);
+        ::close(ready[0]);
+        const timespec moment{0, static_cast<long>(random()) % spread};
         ::nanosleep(&moment, nullptr);
         ::kill(child, SIGKILL);
         int status = 0;
