@@ -39,7 +39,8 @@ class ScrollingTest(ProgramTest):
         small = self.small_change()
         self.assertLess(small, self.first.height // 4)
         upright, level = self.bars()
-        self.assertEqual(upright.value / upright.largest, small / self.last_y)
+        self.assertEqual(upright.value, upright.step)
+        self.assertAlmostEqual(small / self.last_y, upright.value / upright.largest, delta=0.002)
         for key, x, y in (("Down", 0, 2 * small), ("Right", small, 2 * small), ("Right", 2 * small, 2 * small),
                           ("Up", 2 * small, small), ("Left", small, small), ("Up", small, 0), ("Up", small, 0),
                           ("Left", 0, 0), ("Left", 0, 0)):

@@ -4,7 +4,7 @@ import os
 import time
 import unittest
 
-from driver import drive_path
+from driver import drive_path, recent_caption
 from support import ProgramTest
 
 # Written by every end, in this order.
@@ -85,7 +85,7 @@ class SettingsTest(ProgramTest):
         program.main()
         self.assertEqual(program.titles(), ["Tavrix"])
         names = [entry.name for entry in program.menu_tree()[0].entries]
-        self.assertIn(f"  {drive_path(path)}", names)
+        self.assertIn(recent_caption(path), names)
         self.end_by_escape(program)
         self.assertEqual(self.home.setting("LastOpenedFile"), "")
         self.assertEqual(self.home.setting("Recent1"), drive_path(path))

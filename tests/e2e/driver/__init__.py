@@ -1,10 +1,10 @@
 """Drives the program from outside: through the window system and the accessibility bus, as a person would."""
 
 from .processes import Children
-from .program import Home, Program, drive_path
+from .program import Home, Program, drive_path, recent_caption
 from .screen import Screen, Window
 from .session import Session
 from .waiting import NotInTime, wait_unchanged, wait_until
 
-__all__ = ["Children", "Home", "NotInTime", "Program", "Screen", "Session", "Window", "drive_path", "wait_unchanged",
-           "wait_until"]
+__all__ = ["Children", "Home", "NotInTime", "Program", "Screen", "Session", "Window", "drive_path",
+           "recent_caption", "wait_unchanged", "wait_until"]

@@ -140,6 +140,10 @@ class Accessible:
     def largest(self):
         return self._get("org.a11y.atspi.Value", "MaximumValue")
 
+    @property
+    def step(self):
+        return self._get("org.a11y.atspi.Value", "MinimumIncrement")
+
     def has(self, state):
         words = self._call(_ACCESSIBLE, "GetState")[0]
         return bool((words[0] | words[1] << 32) >> _STATES[state] & 1)

@@ -22,6 +22,12 @@ def drive_path(path):
     return "C:" + os.path.realpath(path).replace("/", "\\")
 
 
+def recent_caption(path):
+    """The entry of the recent list for a file."""
+    path = drive_path(path)
+    return "  " + (path if len(path) < 61 else "..." + path[-57:])
+
+
 class Home:
     """A private user: a home, the program's folder and a temporary folder, kept from one start to the next."""
 

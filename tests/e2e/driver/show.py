@@ -39,7 +39,8 @@ def _show(image, command):
         last, since, pressed, saved = None, time.monotonic(), {}, False
         while program.poll() is None:
             front, is_main = _front(screen, program.pid)
-            state = (front, screen.grab().tobytes())
+            # A wait window may go on moving beside a box.
+            state = (front, screen.grab().tobytes() if is_main else None)
             now = time.monotonic()
             if state != last:
                 last, since = state, now
