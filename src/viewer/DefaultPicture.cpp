@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
+
+#include "platform/graphics/Draw.h"
 
 namespace tavrix {
 namespace {
@@ -37,6 +40,23 @@ Pixel Landscape(int x, int y) {
 }
 
 }  // namespace
+
+Picture FullScreenPicture(float twipsPerPixel) {
+    const int line = std::max(static_cast<int>(std::lround(15 / twipsPerPixel)), 1);
+    const int side = 9 * line;
+    const int arm = 3 * line;
+    constexpr Pixel ink = OpaquePixel(0x30, 0x30, 0x34);
+    Surface surface(side, side);
+    for (const int x : {0, side - arm}) {
+        FillBox(surface, {x, 0, arm, line}, ink);
+        FillBox(surface, {x, side - line, arm, line}, ink);
+        FillBox(surface, {0, x, line, arm}, ink);
+        FillBox(surface, {side - line, x, line, arm}, ink);
+    }
+    Picture picture = PictureOf(std::move(surface));
+    picture.transparent = true;
+    return picture;
+}
 
 Picture DefaultPicture() {
     Surface surface(Width, Height);

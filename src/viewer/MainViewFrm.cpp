@@ -44,6 +44,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
     for (forms::Menu* recent : menu.mnuLast)
         recent->Literal = true;
     CmdFullScreen.Caption = "Full Screen View";
+    CmdFullScreen.Picture = FullScreenPicture(module_.Screen().TwipsPerPixelX());
     CmdFullScreen.ToolTip = "Full Screen View";
 
     MainImage.OnResize = [this] { MainImage_Resize(); };

@@ -5,6 +5,7 @@ namespace tavrix::forms {
 ControlPeer& CommandButton::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     buttonPeer_ = toolkit.CreateButton(*this, container);
     buttonPeer_->SetText(Caption);
+    if (!Picture.Get().Empty()) PushPicture();
     buttonPeer_->SetRole(Default, Cancel);
     return *buttonPeer_;
 }
@@ -21,6 +22,14 @@ void CommandButton::Handle(const Event& event) {
 
 void CommandButton::AssignCaption(const std::string& value) {
     if (Caption.Store(value) && buttonPeer_) buttonPeer_->SetText(value);
+}
+
+void CommandButton::AssignPicture(const tavrix::Picture& value) {
+    if (Picture.Store(value) && buttonPeer_) PushPicture();
+}
+
+void CommandButton::PushPicture() {
+    buttonPeer_->SetPicture(Picture.Get().Empty() ? nullptr : &Picture.Get().pixels->Whole());
 }
 
 void CommandButton::AssignDefault(const bool& value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Control.h"
+#include "platform/graphics/Picture.h"
 
 namespace tavrix::forms {
 
@@ -10,6 +11,8 @@ class CommandButton final : public Control {
     using Control::Control;
 
     Property<std::string> Caption{this, &CommandButton::AssignCaption};
+    /// Shown in the place of the caption, at its natural size.
+    Property<tavrix::Picture> Picture{this, &CommandButton::AssignPicture};
     /// Enter presses the button from anywhere in its window.
     Property<bool> Default{this, &CommandButton::AssignDefault};
     /// Escape presses the button from anywhere in its window.
@@ -25,6 +28,8 @@ class CommandButton final : public Control {
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;
     void AssignCaption(const std::string& value);
+    void AssignPicture(const tavrix::Picture& value);
+    void PushPicture();
     void AssignDefault(const bool& value);
     void AssignCancel(const bool& value);
 

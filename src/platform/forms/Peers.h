@@ -37,6 +37,8 @@ class ButtonPeer : public ControlPeer {
   public:
     /// The raw caption; an ampersand marks the mnemonic.
     virtual void SetText(const std::string& text) = 0;
+    /// Shows a picture in the place of the text, which remains the button's name; null: the text again.
+    virtual void SetPicture(const Surface* picture) = 0;
     /// Whether Enter, or Escape, presses the button from anywhere in its window.
     virtual void SetRole(bool isDefault, bool isCancel) = 0;
 };

@@ -47,12 +47,14 @@ class HeadlessButtonPeer final : public HeadlessControlPeer<forms::ButtonPeer> {
   public:
     using HeadlessControlPeer::HeadlessControlPeer;
     void SetText(const std::string& value) override { text = value; }
+    void SetPicture(const Surface* value) override { picture = value; }
     void SetRole(bool asDefault, bool asCancel) override {
         isDefault = asDefault;
         isCancel = asCancel;
     }
 
     std::string text;
+    const Surface* picture = nullptr;
     bool isDefault = false;
     bool isCancel = false;
 };

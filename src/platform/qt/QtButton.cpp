@@ -2,6 +2,9 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <cstring>
 
 namespace tavrix::qt {
 
@@ -11,6 +14,32 @@ ButtonWidget::ButtonWidget(QWidget& parent, const SinkPort& port) : QPushButton(
     setVisible(false);
     mouse_.tellsClicks = false;
     connect(this, &QPushButton::clicked, this, [this] { port_.Deliver(forms::ClickEvent{}); });
+}
+
+void ButtonWidget::SetPicture(const Surface* picture) {
+    picture_ = QImage();
+    if (picture != nullptr) {
+        picture_ = QImage(picture->Width(), picture->Height(), QImage::Format_ARGB32);
+        for (int y = 0; y < picture->Height(); ++y) {
+            std::memcpy(picture_.scanLine(y), picture->Row(y).data(), picture->Row(y).size_bytes());
+        }
+    }
+    update();
+}
+
+void ButtonWidget::paintEvent(QPaintEvent* event) {
+    if (picture_.isNull()) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    const QSizeF size = QSizeF(picture_.size()) / devicePixelRatioF();
+    painter.drawImage(QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size),
+                      picture_);
 }
 
 void ButtonWidget::mousePressEvent(QMouseEvent* event) {

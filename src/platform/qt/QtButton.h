@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPushButton>
 
 #include "platform/qt/MouseRelay.h"
@@ -11,16 +12,19 @@ class ButtonWidget final : public QPushButton {
   public:
     ButtonWidget(QWidget& parent, const SinkPort& port);
     void Detach() { port_.Detach(); }
+    void SetPicture(const Surface* picture);
 
     bool isCancel = false;
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
   private:
+    QImage picture_;
     SinkPort port_;
     MouseRelay mouse_{port_};
 };
@@ -31,6 +35,7 @@ class QtButton final : public QtControl<forms::ButtonPeer, ButtonWidget> {
         : QtControl(new ButtonWidget(*container.ControlParent(), port)) {}
 
     void SetText(const std::string& text) override { Get().setText(QString::fromStdString(text)); }
+    void SetPicture(const Surface* picture) override { Get().SetPicture(picture); }
     void SetRole(bool isDefault, bool isCancel) override {
         Get().setDefault(isDefault);
         Get().isCancel = isCancel;
