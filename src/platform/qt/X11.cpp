@@ -136,7 +136,7 @@ std::optional<FrameExtents> AskFrameExtents() {
     xcb_flush(connection);
 
     std::optional<FrameExtents> answer;
-    const auto deadline = std::chrono::steady_clock::now() + 30ms;
+    const auto deadline = std::chrono::steady_clock::now() + 100ms;
     do {
         const auto words = Words(PropertyOf(connection, probe, extents).get());
         if (words.size() >= 4) {

@@ -17,7 +17,8 @@ struct FrameExtents {
     int bottom = 0;
 };
 
-/// Asks the window manager how wide its frames are. Waits for its answer no longer than some 30 ms; empty without a
+/// Asks the window manager how wide its frames are. It answers within a millisecond or two, on a
+/// busy machine within 100 ms, and is not waited for any longer; empty without a
 /// window manager or an answer.
 [[nodiscard]] std::optional<FrameExtents> AskFrameExtents();
 
