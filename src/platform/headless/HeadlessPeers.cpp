@@ -32,6 +32,7 @@ HeadlessWindowPeer::HeadlessWindowPeer(HeadlessToolkit& toolkit, forms::EventSin
 
 HeadlessWindowPeer::~HeadlessWindowPeer() {
     std::erase(toolkit_.windows_, this);
+    toolkit_.driven_.erase(this);
 }
 
 void HeadlessWindowPeer::SetPlacement(const PixelRect& outer, forms::WindowState newState) {
