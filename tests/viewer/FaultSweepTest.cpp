@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include "OneProcess.h"
+#include "support/ProgramFixture.h"
+
+namespace tavrix::test {
+namespace {
+
+using headless::Service;
+
+constexpr const char* Image = "C:\\p\\x.bmp";
+constexpr const char* Other = "C:\\q\\y.bmp";
+
+/// An operation of the user, repeated with the first, the second, the third call of a service failing.
+struct Operation {
+    const char* name;
+    bool isStart;
+    std::function<void(OneProcess&)> run;
+};
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+    *out << operation.name;
+}
+
+class FaultSweep : public ::testing::TestWithParam<std::tuple<Operation, Service>> {
+  protected:
+    static void SetUpMachine(headless::HeadlessServices& machine) {
+        machine.store.Set("EXEPath", "C:\\Tavrix\\");
+        machine.store.Set("ProgramRun", "1");
+        machine.disks.PutFile("C:\\Tavrix\\tavrix.ini",
+                              "[Viewer]\r\nStartupDialog=0\r\nRecent1=C:\\p\\before.bmp\r\n");
+        machine.pictures.SetPicture(Image, PlainPicture(640, 480));
+        machine.pictures.SetPicture(Other, PlainPicture(30, 20));
+        machine.shell.links["C:\\q\\y.lnk"] = Other;
+    }
+    /// The user's own files: all but the program's and the temporary ones.
+    static std::map<std::string, std::string> UsersFiles(const headless::HeadlessServices& machine) {
+        std::map<std::string, std::string> files = machine.disks.AllFiles();
+        std::erase_if(files, [](const auto& file) {
+            return !file.first.starts_with("C:\\p\\") && !file.first.starts_with("C:\\q\\");
+        });
+        return files;
+    }
+    static void Do(const Operation& operation, OneProcess& program) {
+        if (operation.isStart) {
+            ASSERT_TRUE(program.Start(Image));
+        } else {
+            ASSERT_FALSE(OneProcess::Ends([&] { operation.run(program); }));
+        }
+    }
+    /// Whether a fault came.
+    static bool RunWithFault(const Operation& operation, Service service, int call) {
+        headless::HeadlessServices machine;
+        SetUpMachine(machine);
+        const auto before = UsersFiles(machine);
+        EXPECT_EQ(before.size(), 2U);
+        OneProcess program(machine);
+        if (!operation.isStart) {
+            EXPECT_TRUE(program.Start(Image));
+        }
+        machine.faults.FailNth(service, call, ErrorNumber::PermissionDenied);
+
+        EXPECT_NO_THROW(Do(operation, program));
+        const bool fired = machine.faults.Fired();
+        machine.faults.Clear();
+
+        EXPECT_FALSE(program.module.Busy());
+        EXPECT_EQ(program.toolkit.ScreenPointer(), forms::MousePointer::Default);
+        EXPECT_TRUE(program.View().picFrame.Visible);
+        EXPECT_EQ(UsersFiles(machine), before);
+        const std::string& current = program.module.CurrentImage;
+        EXPECT_EQ(program.View().menu.mnuEdit.Visible.Get(), !current.empty());
+        EXPECT_EQ(program.View().Caption.Get(),
+                  current.empty() ? std::string("Tavrix") : "Tavrix - [" + current + "]");
+
+        // The program can be used, and left.
+        program.View().Deliver(forms::DropEvent{{Other}});
+        EXPECT_EQ(program.module.CurrentImage, Other);
+        EXPECT_TRUE(program.Close());
+        EXPECT_EQ(machine.profile.Read("Viewer", "C:\\Tavrix\\tavrix.ini").Read("LastOpenedFile"), Other);
+        EXPECT_EQ(UsersFiles(machine), before);
+        return fired;
+    }
+};
+
+TEST_P(FaultSweep, NothingCrossesAndTheProgramStaysUsable) {
+    const auto& [operation, service] = GetParam();
+    constexpr int tooMany = 1000;
+    int call = 1;
+    while (call < tooMany && RunWithFault(operation, service, call)) {
+        ASSERT_FALSE(HasFailure()) << operation.name << ", call " << call;
+        ++call;
+    }
+    EXPECT_LT(call, tooMany);
+    // A start and each opening load a picture, so that the sweep has met at least that.
+    const bool loads = service == Service::Pictures && std::string(operation.name) != "clear";
+    if (loads) {
+        EXPECT_GT(call, 1);
+    }
+    RecordProperty("faults", call - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Operations, FaultSweep,
+    ::testing::Combine(
+        ::testing::Values(Operation{"start", true, {}},
+                          Operation{"reload", false,
+                                    [](OneProcess& program) {
+                                        program.View().menu.mnuReloadImage.Deliver(forms::ClickEvent{});
+                                    }},
+                          Operation{"clear", false,
+                                    [](OneProcess& program) {
+                                        program.View().menu.mnuClear.Deliver(forms::ClickEvent{});
+                                    }},
+                          Operation{"drop", false,
+                                    [](OneProcess& program) {
+                                        program.View().MainImage.Deliver(forms::DropEvent{{"C:\\q\\y.lnk"}});
+                                    }}),
+        ::testing::Values(Service::Files, Service::Pictures, Service::Profile, Service::Shell,
+                          Service::UserStore)));
+
+}  // namespace
+}  // namespace tavrix::test

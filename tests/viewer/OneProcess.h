@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/Main.h"
+#include "platform/headless/HeadlessServices.h"
+#include "platform/headless/HeadlessToolkit.h"
+#include "viewer/Commands.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix::test {
+
+/// One life of the program with the main view, on a machine that outlives it. Boxes are closed as they come.
+class OneProcess {
+  public:
+    explicit OneProcess(headless::HeadlessServices& machine) : machine_(machine) {
+        machine.process.ended = false;
+        lives_.ShowMainView = [this] {
+            auto& window = app.Load<MainViewFrm>(module, lives_);
+            InstallViewerCommands(window);
+            window.Show();
+        };
+    }
+
+    /// Runs something that the user does; whether the process ended.
+    static bool Ends(const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const headless::ProcessEnded&) {
+            return true;
+        }
+        return false;
+    }
+    bool Start(const std::string& commandLine = "") {
+        machine_.process.commandLine = commandLine;
+        return !Ends([this] { Main(module, lives_); });
+    }
+    /// The user closes the window.
+    bool Close() {
+        return Ends([this] { View().Deliver(forms::CloseEvent{}); });
+    }
+    MainViewFrm& View() { return *app.Loaded<MainViewFrm>(); }
+
+    headless::HeadlessToolkit toolkit;
+    forms::Application app{toolkit};
+
+  private:
+    headless::HeadlessServices& machine_;
+
+  public:
+    MainModule module{app, machine_.services};
+
+  private:
+    Lives lives_;
+};
+
+}  // namespace tavrix::test
