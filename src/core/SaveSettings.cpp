@@ -117,7 +117,7 @@ void SavePreferenceSettings(const MainModule& module) {
     write.Flag("ClickScreenOpen", c.ClickScreenOpen);
     write.Flag("DisplayLastOpened", c.DisplayLastOpened);
     write.Flag("KeepRecent", c.KeepRecent);
-    write.WriteTo(SettingsFile(module));
+    SkipFailure([&] { write.WriteTo(SettingsFile(module)); });
 }
 
 void SaveSlideSettings(const MainModule& module) {
@@ -135,7 +135,7 @@ void SaveSlideSettings(const MainModule& module) {
     write.Flag("SaveSlides", c.SaveSlides);
     write.Flag("ShowDescription", c.ShowDescription);
     write.Flag("LoopSlideShow", c.LoopSlideShow);
-    write.WriteTo(SettingsFile(module));
+    SkipFailure([&] { write.WriteTo(SettingsFile(module)); });
 }
 
 void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>& placement) {

@@ -22,10 +22,10 @@ struct MainViewPlacement {
 /// file stops the program or brings a message.
 void LoadSettings(MainModule& module);
 
-/// Writes what the preferences dialog owns.
+/// Writes what the preferences dialog owns. A file that cannot be written keeps its old values: no failure, no message.
 void SavePreferenceSettings(const MainModule& module);
 
-/// Writes what the slide options own.
+/// Writes what the slide options own; failures as above.
 void SaveSlideSettings(const MainModule& module);
 
 /// Writes what is saved at exit, removes the temporary files that are due, and asks about an image on the clipboard.

@@ -132,6 +132,17 @@ TEST_F(SettingsSaveTest, TheSlideOptionsAreWrittenInTheirOrder) {
                                                 {"LoopSlideShow", "True"}}));
 }
 
+TEST_F(SettingsSaveTest, ADialogsSettingsThatCannotBeWrittenAreNoFailureOfTheDialog) {
+    platform.faults.FailAlways(headless::Service::Profile, "Write", ErrorNumber::PermissionDenied);
+    EXPECT_NO_THROW(SavePreferenceSettings(module));
+    EXPECT_NO_THROW(SaveSlideSettings(module));
+    EXPECT_EQ(toolkit.BoxesShown(), 0);
+}
+
+TEST_F(SettingsSaveTest, APackageWhoseSettingsCannotBeWrittenFails) {
+    EXPECT_THROW(WritePackageSettings(module, "C:\\none\\"), RuntimeError);
+}
+
 TEST_F(SettingsSaveTest, APackageGetsAFreshFileOfItsOwn) {
     platform.disks.PutFile("C:\\Package\\tavrix.ini", "[Viewer]\r\nTopMostWindow=True\r\nOld=1\r\n");
     module.config.BackgroundColor = 5;
