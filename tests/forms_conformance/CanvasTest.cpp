@@ -47,6 +47,24 @@ TEST_F(CanvasTest, APictureScrolledToOddPlacesStaysOnItsPixels) {
     EXPECT_EQ(Bare(driver->ShownPixel(form.picture, 60, 150)), Bare(ColourAt(60, 150)));
 }
 
+TEST_F(CanvasTest, WhatADamagedPictureLacksShowsTheBackground) {
+    auto pixels = std::make_shared<ArrivingSurface>(40, 30);
+    for (Pixel& pixel : pixels->Canvas().Row(0))
+        pixel = ColourAt(5, 6);
+    pixels->TellReady(1);
+    pixels->Finish(Outcome::Truncated);
+    tavrix::Picture picture;
+    picture.pixels = pixels;
+    form.picture.AutoSize = true;
+    form.picture.BackColor = Colour{0x112233};
+    form.picture.Picture = picture;
+    form.Show();
+    driver->Settle();
+    EXPECT_EQ(Bare(driver->ShownPixel(form.picture, 3, 0)), Bare(ColourAt(5, 6)));
+    EXPECT_EQ(Bare(driver->ShownPixel(form.picture, 3, 20)), 0x332211U);
+    EXPECT_EQ(form.picture.Image().pixels->Whole().Row(20)[3], OpaquePixel(0x33, 0x22, 0x11));
+}
+
 TEST_F(CanvasTest, ManyThousandsOfPixelsHigh) {
     form.picture.AutoSize = true;
     form.picture.Picture = PictureOf(Gradient(40, 60000));

@@ -25,7 +25,7 @@ CanvasView Image::View(int) const {
     view.background = ButtonFace;
     if (Picture.Get().Empty()) return view;
     view.pixels = &Picture.Get().pixels->Whole();
-    view.transparent = Picture.Get().transparent;
+    view.transparent = Picture.Get().transparent || Picture.Get().pixels->Damaged();
     const PixelRect bounds = PixelBounds();
     view.place = {0, 0, bounds.width, bounds.height};
     return view;

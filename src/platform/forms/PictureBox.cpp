@@ -51,7 +51,7 @@ CanvasView PictureBox::View(int bottom) const {
     } else if (!Picture.Get().Empty()) {
         const ArrivingSurface& pixels = *Picture.Get().pixels;
         view.pixels = &pixels.Rows(std::clamp(bottom, 0, pixels.Height()));
-        view.transparent = Picture.Get().transparent;
+        view.transparent = Picture.Get().transparent || pixels.Damaged();
     }
     if (view.pixels != nullptr) view.place = {0, 0, view.pixels->Width(), view.pixels->Height()};
     return view;
@@ -62,7 +62,7 @@ tavrix::Picture PictureBox::Image() const {
     const PixelRect bounds = PixelBounds();
     const bool plain = !bitmap_ && !picture.Empty() && !picture.transparent &&
                        picture.Width() == bounds.width && picture.Height() == bounds.height;
-    if (plain) return picture;
+    if (plain && picture.pixels->Ending() == Outcome::Complete) return picture;
     if (bounds.width == 0 || bounds.height == 0) return {};
     return PictureOf(bitmap_ ? bitmap_->Clone() : Compose());
 }

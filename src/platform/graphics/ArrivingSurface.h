@@ -37,6 +37,11 @@ class ArrivingSurface {
     [[nodiscard]] const Surface& Whole() const { return Rows(Height()); }
     /// How many rows from the top are final by now.
     [[nodiscard]] int RowsReady() const { return ready_.load(std::memory_order_acquire); }
+    /// Whether decoding has ended by now and left pixels away. They are transparent black, so that those of a huge
+    /// picture in a tiny file cost nothing.
+    [[nodiscard]] bool Damaged() const {
+        return finished_.load(std::memory_order_acquire) && outcome_ != Outcome::Complete;
+    }
     /// How decoding ended, once it has.
     [[nodiscard]] Outcome Ending() const;
 

@@ -3,18 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/graphics/Composite.h"
+
 namespace tavrix {
 namespace {
-
-Pixel Mix(Pixel below, Pixel above) {
-    const Pixel alpha = above >> 24U;
-    const auto channel = [&](unsigned shift) {
-        const Pixel b = (below >> shift) & 0xFFU;
-        const Pixel a = (above >> shift) & 0xFFU;
-        return ((a * alpha + b * (255U - alpha) + 127U) / 255U) << shift;
-    };
-    return 0xFF000000U | channel(16) | channel(8) | channel(0);
-}
 
 void InvertRun(Surface& surface, int y, int from, int to) {
     if (y < 0 || y >= surface.Height()) return;
@@ -38,7 +30,7 @@ void DrawOver(Surface& surface, int left, int top, const Surface& picture) {
             if (above >= 0xFF000000U) {
                 pixel = above;
             } else if (above >= 0x01000000U) {
-                pixel = Mix(pixel, above);
+                pixel = Over(above, pixel);
             }
         }
     }
