@@ -76,6 +76,12 @@ TEST_F(DropTest, AShortcutLeadsToItsTarget) {
     EXPECT_EQ(module.CurrentImage, Dropped);
 }
 
+TEST_F(DropTest, ABackslashAtTheEndIsTakenAway) {
+    StartForDrops();
+    EXPECT_FALSE(Drop({std::string(Dropped) + "\\"}));
+    EXPECT_EQ(module.CurrentImage, Dropped);
+}
+
 struct NoFile {
     std::vector<std::string> files;
 };

@@ -206,6 +206,20 @@ TEST_F(OpeningTest, ReloadingReadsTheFileAgain) {
     ExpectIdle();
 }
 
+TEST_F(OpeningTest, TheFrameIsHiddenAndTheProgramBusyWhileReloading) {
+    StartWithPicture(100, 80);
+    bool hidden = false;
+    bool busy = false;
+    platform.faults.AtNth(Service::Pictures, 1, [&] {
+        hidden = !View().picFrame.Visible;
+        busy = module.Busy();
+    });
+    EXPECT_FALSE(Choose(View().menu.mnuReloadImage));
+    EXPECT_TRUE(hidden);
+    EXPECT_TRUE(busy);
+    ExpectIdle();
+}
+
 TEST_F(OpeningTest, ReloadingAsksNoQuestion) {
     StartWithPicture(100, 80);
     Edit();
