@@ -1,6 +1,7 @@
 #include "viewer/DefaultPicture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -14,29 +15,52 @@ constexpr int Width = 288;   ///< pixels
 constexpr int Height = 192;  ///< pixels
 constexpr int FrameWidth = 10;
 
+constexpr int SunX = 202;
+constexpr int SunY = 58;
+constexpr int SunRadius = 17;
+constexpr int GlowRadius = 52;
+
 struct Shade {
-    double red;
-    double green;
-    double blue;
+    int red = 0;
+    int green = 0;
+    int blue = 0;
 };
 
-Pixel Mixed(const Shade& a, const Shade& b, double part) {
-    const auto channel = [part](double from, double to) {
-        return static_cast<unsigned>(std::lround(std::clamp(from + (to - from) * part, 0.0, 255.0)));
+/// Between two shades, `part` of `whole` of the way.
+constexpr Pixel Mixed(const Shade& a, const Shade& b, int part, int whole) {
+    const int way = std::clamp(part, 0, whole);
+    const auto channel = [&](int from, int to) {
+        return static_cast<unsigned>(from + (to - from) * way / whole);
     };
     return OpaquePixel(channel(a.red, b.red), channel(a.green, b.green), channel(a.blue, b.blue));
 }
 
-Pixel Landscape(int x, int y) {
-    const double across = static_cast<double>(x) / Width;
-    const double down = static_cast<double>(y) / Height;
-    const double farHills = 0.60 - 0.08 * std::sin(across * 7.0 + 0.6) - 0.03 * std::sin(across * 17.0);
-    const double nearHills = 0.78 - 0.07 * std::sin(across * 4.2 + 2.4);
-    if (down > nearHills) return Mixed({60, 110, 78}, {32, 66, 52}, (down - nearHills) * 4.0);
-    if (down > farHills) return Mixed({112, 148, 158}, {84, 124, 122}, (down - farHills) * 4.0);
-    const double sun = std::hypot((across - 0.70) * 1.5, down - 0.30);
-    if (sun < 0.085) return OpaquePixel(255, 240, 200);
-    return Mixed({98, 140, 190}, {250, 214, 170}, down * 1.6 + std::max(0.0, 0.25 - sun));
+/// The heights of the two rows of hills over each column. It is drawn at each start: a sine a column, none a pixel.
+struct Hills {
+    std::array<int, Width> far{};
+    std::array<int, Width> near{};
+
+    Hills() {
+        for (std::size_t x = 0; x < far.size(); ++x) {
+            const double across = static_cast<double>(x) / Width;
+            const double farLine =
+                0.60 - 0.08 * std::sin(across * 7.0 + 0.6) - 0.03 * std::sin(across * 17.0);
+            const double nearLine = 0.78 - 0.07 * std::sin(across * 4.2 + 2.4);
+            far[x] = static_cast<int>(farLine * Height);
+            near[x] = static_cast<int>(nearLine * Height);
+        }
+    }
+};
+
+Pixel Landscape(const Hills& hills, int x, int y) {
+    const auto column = static_cast<std::size_t>(x);
+    if (y > hills.near[column]) return Mixed({60, 110, 78}, {32, 66, 52}, y - hills.near[column], Height / 4);
+    if (y > hills.far[column])
+        return Mixed({112, 148, 158}, {84, 124, 122}, y - hills.far[column], Height / 4);
+    const int sun = (x - SunX) * (x - SunX) + (y - SunY) * (y - SunY);
+    if (sun < SunRadius * SunRadius) return OpaquePixel(255, 240, 200);
+    const int glow = std::max(GlowRadius * GlowRadius - sun, 0) / GlowRadius;
+    return Mixed({98, 140, 190}, {250, 214, 170}, y * 8 / 5 + glow, Height);
 }
 
 }  // namespace
@@ -59,6 +83,7 @@ Picture FullScreenPicture(float twipsPerPixel) {
 }
 
 Picture DefaultPicture() {
+    const Hills hills;
     Surface surface(Width, Height);
     for (int y = 0; y < Height; ++y) {
         const auto row = surface.Row(y);
@@ -70,7 +95,7 @@ Picture DefaultPicture() {
             } else if (edge < FrameWidth) {
                 pixel = OpaquePixel(244, 243, 240);
             } else {
-                pixel = Landscape(x, y);
+                pixel = Landscape(hills, x, y);
             }
             row[static_cast<std::size_t>(x)] = pixel;
         }
