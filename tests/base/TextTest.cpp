@@ -67,11 +67,12 @@ TEST(Text, UpperCaseStandsStill) {
     for (unsigned code = 0x80; code < 0x3000; ++code) {
         std::string text;
         if (code < 0x800) {
-            text = {static_cast<char>(0xC0U | code >> 6U), static_cast<char>(0x80U | (code & 0x3FU))};
+            text.push_back(static_cast<char>(0xC0U | code >> 6U));
         } else {
-            text = {static_cast<char>(0xE0U | code >> 12U), static_cast<char>(0x80U | (code >> 6U & 0x3FU)),
-                    static_cast<char>(0x80U | (code & 0x3FU))};
+            text.push_back(static_cast<char>(0xE0U | code >> 12U));
+            text.push_back(static_cast<char>(0x80U | (code >> 6U & 0x3FU)));
         }
+        text.push_back(static_cast<char>(0x80U | (code & 0x3FU)));
         ASSERT_EQ(CharacterCount(UpperCase(text)), 1U) << code;
         ASSERT_EQ(UpperCase(UpperCase(text)), UpperCase(text)) << code;
     }
