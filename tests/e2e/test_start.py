@@ -1,13 +1,14 @@
 """Command lines, and what stands on the screen after them."""
 
 import os
+import signal
 import subprocess
 import sys
 import unittest
 
 from PIL import Image, ImageChops
 
-from driver import drive_path
+from driver import drive_path, wait_until
 from driver.program import PROGRAM
 from support import ProgramTest
 
@@ -158,29 +159,56 @@ class StartTest(ProgramTest):
 class ShowTest(ProgramTest):
     """What ./run does where there is no display."""
 
-    def show(self, *arguments):
+    def start_show(self, *arguments):
         image = os.path.join(self.home.folder, "tavrix.png")
         environment = {**os.environ, **self.home.environment, "PYTHONPATH": os.path.dirname(__file__)}
         for name in ("DISPLAY", "WAYLAND_DISPLAY"):
             environment.pop(name, None)
-        result = subprocess.run([sys.executable, "-m", "driver.show", image, PROGRAM, *arguments], timeout=120,
-                                capture_output=True, text=True, env=environment, check=False)
-        return result, image
+        process = subprocess.Popen([sys.executable, "-m", "driver.show", image, PROGRAM, *arguments],
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
+        self.addCleanup(process.kill)
+        return process, image
+
+    def show(self, *arguments):
+        process, image = self.start_show(*arguments)
+        output, errors = process.communicate(timeout=120)
+        self.assertEqual(process.returncode, 0, errors)
+        return output, image
 
     def test_screen_with_the_picture_is_saved(self):
         path, image = self.picture(400, 350)
-        result, file = self.show(path)
-        self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertIn(file, result.stdout)
+        output, file = self.show(path)
+        self.assertIn(file, output)
         shown = Image.open(file).convert("RGB")
         corner = next((x, y) for y in range(100) for x in range(20) if shown.getpixel((x, y)) == image.getpixel((0, 0)))
         part = shown.crop((*corner, corner[0] + 400, corner[1] + 350))
         self.assertIsNone(ImageChops.difference(part, image).getbbox())
 
     def test_boxes_are_answered(self):
-        result, file = self.show("bogus")
-        self.assertEqual(result.returncode, 0, result.stderr)
+        output, file = self.show("bogus")
+        self.assertIn("'Tavrix'", output)
         self.assertTrue(os.path.exists(file))
+
+    def test_interrupted_it_leaves_nothing_behind(self):
+        process, _ = self.start_show()
+        self.addCleanup(lambda: (process.stdout.close(), process.stderr.close()))
+
+        def children():
+            found = {}
+            with open(f"/proc/{process.pid}/task/{process.pid}/children", encoding="ascii") as file:
+                for pid in file.read().split():
+                    try:
+                        with open(f"/proc/{pid}/comm", encoding="ascii") as name:
+                            found[name.read().strip()] = pid
+                    except FileNotFoundError:
+                        pass
+            return found
+        started = wait_until(lambda: (c := children()).keys() >= {"Xvfb", "openbox"} and c,
+                             "the display and its window manager")
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(30), 130)
+        for name in ("Xvfb", "openbox"):
+            self.assertFalse(os.path.exists(f"/proc/{started[name]}"), name)
 
 
 if __name__ == "__main__":

@@ -121,7 +121,9 @@ class WindowTest(ProgramTest):
         self.screen.drag((x + width - 2, y + height - 2), (x + 150, y + 160), steps=20)
         wait_until(lambda: self.outer(window)[2] < width, "the window's new size")
         seen = wait_unchanged(lambda: self.outer(window), "the window")
-        self.assertEqual(seen[:2], (0, 0))
+        # A window that asks for a size during a drag is displaced by its frame under some window managers.
+        left, _, top, _ = self.screen.frame(window)
+        self.assertIn(seen[:2], ((0, 0), (-left, -top)))
         self.assertAlmostEqual(seen[2], LEAST[0] / TWIPS, delta=1)
         self.assertAlmostEqual(seen[3], LEAST[1] / TWIPS, delta=1)
         self.assertGreaterEqual(seen[2] * TWIPS + TWIPS, LEAST[0])

@@ -11,7 +11,11 @@ _PR_SET_PDEATHSIG = 1
 _libc = ctypes.CDLL(None)
 
 
-def _die_with_parent():
+_INTERRUPTS = {signal.SIGINT, signal.SIGTERM, signal.SIGHUP}
+
+
+def _in_child():
+    signal.pthread_sigmask(signal.SIG_UNBLOCK, _INTERRUPTS)
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0)
 
 
@@ -24,18 +28,23 @@ class Children:
         self._started = []
 
     def start(self, command, environment, log, **options):
-        with open(log, "ab") as output:
-            process = subprocess.Popen(
-                command,
-                env={**environment, "TAVRIX_TEST_MARK": self._mark},
-                stdin=subprocess.DEVNULL,
-                stdout=output,
-                stderr=output,
-                start_new_session=True,
-                preexec_fn=_die_with_parent,
-                **options,
-            )
-        self._started.append(process)
+        # An interruption waits until the process is known.
+        before = signal.pthread_sigmask(signal.SIG_BLOCK, _INTERRUPTS)
+        try:
+            with open(log, "ab") as output:
+                process = subprocess.Popen(
+                    command,
+                    env={**environment, "TAVRIX_TEST_MARK": self._mark},
+                    stdin=subprocess.DEVNULL,
+                    stdout=output,
+                    stderr=output,
+                    start_new_session=True,
+                    preexec_fn=_in_child,
+                    **options,
+                )
+            self._started.append(process)
+        finally:
+            signal.pthread_sigmask(signal.SIG_SETMASK, before)
         return process
 
     def end(self, process, grace=3.0):
