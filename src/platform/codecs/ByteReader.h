@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 
 #include "platform/codecs/ByteSource.h"
@@ -16,6 +18,25 @@ class ByteReader {
     [[nodiscard]] std::optional<unsigned> Next() {
         if (at_ == filled_ && !Fill()) return std::nullopt;
         return std::to_integer<unsigned>(buffer_[at_++]);
+    }
+    /// Copies as many of the next bytes as there are, and gives how many.
+    std::size_t Read(std::span<std::byte> into) {
+        std::size_t copied = 0;
+        while (copied < into.size() && (at_ != filled_ || Fill())) {
+            const std::size_t count = std::min(into.size() - copied, filled_ - at_);
+            std::copy_n(buffer_.begin() + static_cast<std::ptrdiff_t>(at_), count,
+                        into.begin() + static_cast<std::ptrdiff_t>(copied));
+            at_ += count;
+            copied += count;
+        }
+        return copied;
+    }
+    /// Passes over bytes; the end of the data stops it.
+    void Skip(std::uint64_t count) {
+        const std::uint64_t inBuffer = std::min<std::uint64_t>(count, filled_ - at_);
+        at_ += static_cast<std::size_t>(inBuffer);
+        const std::uint64_t behind = source_.Size() > next_ ? source_.Size() - next_ : 0;
+        next_ += std::min(count - inBuffer, behind);
     }
     /// Bytes from the start of the data to the next byte.
     [[nodiscard]] std::uint64_t Offset() const { return next_ - (filled_ - at_); }

@@ -2,14 +2,16 @@
 
 #include "platform/codecs/BmpDecoder.h"
 #include "platform/codecs/Decoder.h"
+#include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/JpegDecoder.h"
 
 namespace tavrix {
 
 std::span<const DecoderEntry> Decoders() {
-    static constexpr std::array<DecoderEntry, 2> Table{{
+    static constexpr std::array<DecoderEntry, 3> Table{{
         {"jpg", RecognisesJpeg, DecodeJpeg},
         {"bmp", RecognisesBmp, DecodeBmp},
+        {"gif", RecognisesGif, DecodeGif},
     }};
     return Table;
 }
