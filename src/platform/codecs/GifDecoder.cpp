@@ -21,6 +21,8 @@ static_assert(std::numeric_limits<GifPixelType>::max() == 255);
 
 /// Images that show nothing and are passed over on the way to the first one that does.
 constexpr int MostImagesPassed = 1000;
+/// Images that are laid on one another for the first view.
+constexpr int MostParts = 20'000;
 constexpr int RowsBetweenReports = 32;
 /// Pixels that are not on the screen cost time, too.
 constexpr std::int64_t MostPixelsRead = MaxPicturePixels;
@@ -39,6 +41,11 @@ class Input {
 
     /// From here on the library reads a chain of blocks.
     void StartPixels() { inPixels_ = true; }
+    void EndPixels() {
+        inPixels_ = false;
+        pixelsEnded_ = false;
+        blockLeft_ = 0;
+    }
     /// All pixel data were given out, or the library was told so.
     [[nodiscard]] bool PixelsEnded() const { return pixelsEnded_; }
     [[nodiscard]] std::byte Last() const { return last_; }
@@ -101,18 +108,27 @@ class GifReader {
         file_.reset(DGifOpen(&input_, ReadInput, &error));
         if (file_ == nullptr) return Broken("header refused by the library");
         if (const auto ended = FindImage()) return *ended;
-        TakeColours();
-        input_.StartPixels();
 
         const GifImageDesc& image = file_->Image;
         const bool covers = left_ == 0 && top_ == 0 && image.Width >= width_ && image.Height >= height_;
-        const int frames = images_ + CountGifImagesBehind(source_, input_.Offset(), sink_);
+        frames_ = images_ + CountGifImagesBehind(source_, input_.Offset(), sink_);
         surface_ = sink_.Begin({.width = width_,
                                 .height = height_,
-                                .frames = frames,
+                                .frames = frames_,
                                 .transparent = !covers || transparent_.has_value()});
         if (surface_ == nullptr) return Ended(Outcome::Corrupt, "surface refused");
-        return ReadRows();
+        // An image without a control extension has no time of its own: the next one belongs to the same view.
+        for (int parts = 1;; ++parts) {
+            TakeColours();
+            input_.StartPixels();
+            const DecodeStatus status = ReadRows();
+            if (status.outcome != Outcome::Complete) return status;
+            if (LastPart() || parts == MostParts || !SkipPixels()) break;
+            input_.EndPixels();
+            if (FindImage()) break;
+        }
+        sink_.RowsReady(height_);
+        return Ended(Outcome::Complete, {});
     }
 
   private:
@@ -127,6 +143,8 @@ class GifReader {
 
     /// Goes behind the header of the image to show; otherwise how it ended.
     std::optional<DecodeStatus> FindImage() {
+        transparent_.reset();
+        controlled_ = false;
         for (;;) {
             GifRecordType type = UNDEFINED_RECORD_TYPE;
             if (DGifGetRecordType(file_.get(), &type) == GIF_ERROR) {
@@ -141,9 +159,11 @@ class GifReader {
             }
             if (DGifGetImageDesc(file_.get()) == GIF_ERROR) return Broken("image refused by the library");
             ++images_;
+            allRows_ = false;
             if (PlaceImage()) return std::nullopt;
-            if (images_ > MostImagesPassed || !SkipPixels()) return Broken("no image on the screen");
+            if (++passed_ > MostImagesPassed || !SkipPixels()) return Broken("no image on the screen");
             transparent_.reset();
+            controlled_ = false;
         }
     }
 
@@ -152,29 +172,36 @@ class GifReader {
         const GifImageDesc& image = file_->Image;
         if (image.Width <= 0 || image.Height <= 0) return false;
         const bool screen = file_->SWidth > 0 && file_->SHeight > 0;
-        width_ = screen ? file_->SWidth : image.Width;
-        height_ = screen ? file_->SHeight : image.Height;
+        if (surface_ == nullptr) {
+            width_ = screen ? file_->SWidth : image.Width;
+            height_ = screen ? file_->SHeight : image.Height;
+        }
         left_ = screen ? image.Left : 0;
         top_ = screen ? image.Top : 0;
         return left_ < width_ && top_ < height_;
     }
 
+    /// Goes behind the pixel data of an image, or what is left of them.
     bool SkipPixels() {
-        int codeSize = 0;
+        if (allRows_) return true;  // the library has done it
         GifByteType* block = nullptr;
-        int result = DGifGetCode(file_.get(), &codeSize, &block);
-        while (result == GIF_OK && block != nullptr)
-            result = DGifGetCodeNext(file_.get(), &block);
-        return result == GIF_OK;
+        do {
+            if (DGifGetCodeNext(file_.get(), &block) == GIF_ERROR) return false;
+        } while (block != nullptr);
+        return true;
     }
 
     bool ReadExtension() {
         int kind = 0;
         GifByteType* block = nullptr;
         if (DGifGetExtension(file_.get(), &kind, &block) == GIF_ERROR) return false;
-        if (kind == PLAINTEXT_EXT_FUNC_CODE) transparent_.reset();  // what was told was about that text
-        if (kind == GRAPHICS_EXT_FUNC_CODE && block != nullptr && block[0] >= 4) {
+        const bool control = kind == GRAPHICS_EXT_FUNC_CODE && block != nullptr && block[0] >= 4;
+        if (kind == PLAINTEXT_EXT_FUNC_CODE || control) {
+            // A text takes what was told before it for itself.
             transparent_.reset();
+            controlled_ = control;
+        }
+        if (control) {
             if ((block[1] & 1U) != 0) transparent_ = block[4];
         }
         while (block != nullptr) {
@@ -198,26 +225,27 @@ class GifReader {
                 palette_[i] = OpaquePixel(i, i, i);
             palette_[1] = OpaquePixel(255, 255, 255);
         }
-        if (transparent_) palette_[*transparent_] = 0;
     }
+
+    [[nodiscard]] bool LastPart() const { return controlled_ || images_ >= frames_; }
 
     DecodeStatus ReadRows() {
         const GifImageDesc& image = file_->Image;
+        const bool rowsAreFinal = LastPart() && !image.Interlace;
         line_.resize(static_cast<std::size_t>(image.Width));
         const std::span<const Pass> passes =
             image.Interlace ? std::span<const Pass>(Interlaced) : std::span<const Pass>(RowByRow);
-        std::int64_t pixelsLeft = MostPixelsRead;
         for (const Pass& pass : passes) {
             for (int row = pass.first; row < image.Height; row += pass.step) {
                 // The rows below the screen need not be looked at.
                 if (!image.Interlace && row >= height_ - top_) return Ended(Outcome::Complete, {});
-                pixelsLeft -= image.Width;
-                if (pixelsLeft < 0) return Ended(Outcome::Corrupt, "image over the limits");
+                pixelsLeft_ -= image.Width;
+                if (pixelsLeft_ < 0) return Ended(Outcome::Corrupt, "image over the limits");
                 if (!ReadRow(row)) return Failed();
-                if (!image.Interlace && row % RowsBetweenReports == 0) sink_.RowsReady(top_ + row + 1);
+                if (rowsAreFinal && row % RowsBetweenReports == 0) sink_.RowsReady(top_ + row + 1);
             }
         }
-        sink_.RowsReady(height_);
+        allRows_ = true;
         return Ended(Outcome::Complete, {});
     }
 
@@ -241,10 +269,19 @@ class GifReader {
         if (row < height_ - top_) {
             const auto room = static_cast<std::size_t>(width_ - left_);
             const std::span<Pixel> into = surface_->Row(top_ + row).subspan(static_cast<std::size_t>(left_));
-            std::ranges::transform(pixels.first(std::min(room, pixels.size())), into.begin(),
-                                   [&](GifPixelType index) { return palette_[index]; });
+            Draw(pixels.first(std::min(room, pixels.size())), into);
         }
         return whole;
+    }
+
+    void Draw(std::span<const GifPixelType> from, std::span<Pixel> into) const {
+        if (!transparent_) {
+            std::ranges::transform(from, into.begin(), [&](GifPixelType index) { return palette_[index]; });
+            return;
+        }
+        for (std::size_t i = 0; i < from.size(); ++i) {
+            if (from[i] != *transparent_) into[i] = palette_[from[i]];
+        }
     }
 
     ByteSource& source_;
@@ -253,14 +290,19 @@ class GifReader {
     std::unique_ptr<GifFileType, CloseGif> file_;
 
     int images_ = 0;  ///< up to the one to show
+    int frames_ = 0;  ///< images in the file
+    int passed_ = 0;  ///< images that showed nothing
     int width_ = 0;   ///< of the screen
     int height_ = 0;  ///< of the screen
     int left_ = 0;    ///< of the image on the screen
     int top_ = 0;     ///< of the image on the screen
     std::optional<GifByteType> transparent_;
+    bool controlled_ = false;  ///< a control extension was told for the image
     std::array<Pixel, 256> palette_{};
     std::vector<GifPixelType> line_;
     Surface* surface_ = nullptr;
+    std::int64_t pixelsLeft_ = MostPixelsRead;
+    bool allRows_ = false;  ///< of the image
     bool somePixels_ = false;
 };
 
