@@ -9,15 +9,17 @@
 namespace tavrix::qt {
 
 Metrics::Metrics() {
-    if (const auto frame = x11::AskFrameExtents()) {
-        borderWidth_ = (frame->left + frame->right + 1) / 2;
-        borderHeight_ = std::min(frame->top, frame->bottom);
-        caption_ = frame->top + frame->bottom - 2 * borderHeight_;
-    }
+    const x11::FrameQuestion question;
+    // The first font is loaded here, which takes longer than the window manager's answer.
     QMenuBar sample;
     sample.addAction(QStringLiteral("X"));
     menuBarLogical_ = sample.sizeHint().height();
     menuBar_ = ToDevice(menuBarLogical_, DeviceRatio());
+    if (const auto frame = question.Answer()) {
+        borderWidth_ = (frame->left + frame->right + 1) / 2;
+        borderHeight_ = std::min(frame->top, frame->bottom);
+        caption_ = frame->top + frame->bottom - 2 * borderHeight_;
+    }
 }
 
 int Metrics::Of(forms::SystemMetric metric) const {

@@ -38,6 +38,22 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
+/// Several atoms for the time of one question.
+template <std::size_t Count>
+std::array<xcb_atom_t, Count> AtomsOf(xcb_connection_t* connection, const std::string_view (&names)[Count]) {
+    std::array<xcb_intern_atom_cookie_t, Count> cookies{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        cookies[i] =
+            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(names[i].size()), names[i].data());
+    }
+    std::array<xcb_atom_t, Count> atoms{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookies[i], nullptr));
+        if (reply) atoms[i] = reply->atom;
+    }
+    return atoms;
+}
+
 Reply<xcb_get_property_reply_t> PropertyOf(xcb_connection_t* connection, xcb_window_t window,
                                            xcb_atom_t property) {
     constexpr std::uint32_t MostWords = 16384;
@@ -120,35 +136,41 @@ bool Running() {
     return QtConnection() != nullptr;
 }
 
-std::optional<FrameExtents> AskFrameExtents() {
-    using namespace std::chrono_literals;
+FrameQuestion::FrameQuestion() {
     xcb_connection_t* connection = QtConnection();
-    if (connection == nullptr) return std::nullopt;
-    const auto manager =
-        PropertyOf(connection, RootOf(connection), AtomOf(connection, "_NET_SUPPORTING_WM_CHECK"));
-    if (Words(manager.get()).empty()) return std::nullopt;
+    if (connection == nullptr) return;
+    const auto [check, extents, request] =
+        AtomsOf(connection, {"_NET_SUPPORTING_WM_CHECK", "_NET_FRAME_EXTENTS", "_NET_REQUEST_FRAME_EXTENTS"});
+    const auto manager = PropertyOf(connection, RootOf(connection), check);
+    if (Words(manager.get()).empty()) return;
 
-    const xcb_atom_t extents = AtomOf(connection, "_NET_FRAME_EXTENTS");
-    const xcb_window_t probe = xcb_generate_id(connection);
-    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, RootOf(connection), 0, 0, 1, 1, 0,
+    extents_ = extents;
+    probe_ = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe_, RootOf(connection), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    TellRoot(connection, probe, AtomOf(connection, "_NET_REQUEST_FRAME_EXTENTS"), {});
+    TellRoot(connection, probe_, request, {});
     xcb_flush(connection);
+}
 
-    std::optional<FrameExtents> answer;
+FrameQuestion::~FrameQuestion() {
+    if (probe_ == XCB_WINDOW_NONE) return;
+    xcb_destroy_window(QtConnection(), probe_);
+    xcb_flush(QtConnection());
+}
+
+std::optional<FrameExtents> FrameQuestion::Answer() const {
+    using namespace std::chrono_literals;
+    if (probe_ == XCB_WINDOW_NONE) return std::nullopt;
     const auto deadline = std::chrono::steady_clock::now() + 100ms;
     do {
-        const auto words = Words(PropertyOf(connection, probe, extents).get());
+        const auto words = Words(PropertyOf(QtConnection(), probe_, extents_).get());
         if (words.size() >= 4) {
-            answer = FrameExtents{static_cast<int>(words[0]), static_cast<int>(words[1]),
-                                  static_cast<int>(words[2]), static_cast<int>(words[3])};
-            break;
+            return FrameExtents{static_cast<int>(words[0]), static_cast<int>(words[1]),
+                                static_cast<int>(words[2]), static_cast<int>(words[3])};
         }
         std::this_thread::sleep_for(200us);
     } while (std::chrono::steady_clock::now() < deadline);
-    xcb_destroy_window(connection, probe);
-    xcb_flush(connection);
-    return answer;
+    return std::nullopt;
 }
 
 void SetAbove(std::uint32_t window, bool above) {

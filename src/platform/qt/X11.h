@@ -17,10 +17,22 @@ struct FrameExtents {
     int bottom = 0;
 };
 
-/// Asks the window manager how wide its frames are. It answers within a millisecond or two, on a
-/// busy machine within 100 ms, and is not waited for any longer; empty without a
-/// window manager or an answer.
-[[nodiscard]] std::optional<FrameExtents> AskFrameExtents();
+/// The question to the window manager how wide its frames are. It is asked at once and answered within a millisecond
+/// or two, on a busy machine within 100 ms, so that there is something else to do meanwhile.
+class FrameQuestion {
+  public:
+    FrameQuestion();
+    ~FrameQuestion();
+    FrameQuestion(const FrameQuestion&) = delete;
+    FrameQuestion& operator=(const FrameQuestion&) = delete;
+
+    /// Waits for the answer, 100 ms at most; empty without a window manager or an answer.
+    [[nodiscard]] std::optional<FrameExtents> Answer() const;
+
+  private:
+    std::uint32_t probe_ = 0;  ///< a window that is never mapped; 0: nothing was asked
+    std::uint32_t extents_ = 0;
+};
 
 /// Puts a mapped window above others, or back, without unmapping it.
 void SetAbove(std::uint32_t window, bool above);
