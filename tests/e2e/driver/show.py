@@ -32,7 +32,7 @@ def _show(image, command):
     children = Children()
     folder = tempfile.mkdtemp(prefix="tavrix-display.")
     try:
-        screen = Screen(children, folder, environment=dict(os.environ))
+        screen = Screen(children, folder, environment={"XDG_RUNTIME_DIR": folder, **os.environ})
         log = os.path.join(folder, "program.log")
         program = children.start(command, screen.environment, log, cwd=os.getcwd())
         end = time.monotonic() + _LIMIT
