@@ -125,7 +125,7 @@ std::uint64_t ReadPalette(ByteSource& source, std::uint64_t start, std::uint64_t
 }  // namespace
 
 BmpHeader ReadBmpHeader(ByteSource& source) {
-    std::array<std::byte, FileHeaderSize + V5HeaderSize> bytes{};
+    std::array<std::byte, FileHeaderSize> bytes{};
     std::uint64_t base = 0;
     std::size_t got = source.ReadAt(base, bytes);
     if (got >= 2 && bytes[0] == std::byte{'B'} && bytes[1] == std::byte{'A'}) {
@@ -133,21 +133,27 @@ BmpHeader ReadBmpHeader(ByteSource& source) {
         bytes.fill(std::byte{0});
         got = source.ReadAt(base, bytes);
     }
-    if (got < FileHeaderSize + CoreHeaderSize) return Refused("header cut off");
+    if (got < FileHeaderSize) return Refused("header cut off");
     if (bytes[0] != std::byte{'B'} || bytes[1] != std::byte{'M'}) return Refused("no bitmap");
+    return ReadBmpInfo(source, base + FileHeaderSize, U32(bytes, 10));
+}
 
-    const std::uint32_t headerSize = U32(bytes, FileHeaderSize);
+BmpHeader ReadBmpInfo(ByteSource& source, std::uint64_t start, std::uint64_t pixelOffset) {
+    std::array<std::byte, V5HeaderSize> bytes{};
+    const std::size_t got = source.ReadAt(start, bytes);
+    if (got < CoreHeaderSize) return Refused("header cut off");
+    const std::uint32_t headerSize = U32(bytes, 0);
     if (headerSize < CoreHeaderSize || (headerSize > CoreHeaderSize && headerSize < 16) ||
         headerSize > V5HeaderSize) {
         return Refused("unknown header");
     }
-    if (got < FileHeaderSize + headerSize) return Refused("header cut off");
-    const RawHeader raw{std::span(bytes).subspan(FileHeaderSize, headerSize)};
+    if (got < headerSize) return Refused("header cut off");
+    const auto whole = std::span<const std::byte>(bytes);
+    const RawHeader raw{whole.first(headerSize)};
 
     BmpHeader header;
-    const auto whole = std::span<const std::byte>(bytes);
-    header.width = raw.Core() ? U16(whole, 18) : I32(whole, 18);
-    header.height = raw.Core() ? U16(whole, 20) : I32(whole, 22);
+    header.width = raw.Core() ? U16(whole, 4) : I32(whole, 4);
+    header.height = raw.Core() ? U16(whole, 6) : I32(whole, 8);
     if (header.height == std::numeric_limits<std::int32_t>::min()) return Refused("absurd height");
     header.topDown = header.height < 0;
     if (header.topDown) header.height = -header.height;
@@ -158,10 +164,10 @@ BmpHeader ReadBmpHeader(ByteSource& source) {
     header.storage = *storage;
     header.bits = raw.Bits();
 
-    const std::uint64_t headerEnd = base + FileHeaderSize + headerSize;
+    const std::uint64_t headerEnd = start + headerSize;
     std::uint64_t paletteStart = headerEnd;
     if (header.storage == BmpStorage::Packed) paletteStart += ReadMasks(source, headerEnd, raw, header);
-    header.pixelOffset = U32(bytes, 10);
+    header.pixelOffset = pixelOffset;
     const std::uint64_t paletteSize = ReadPalette(source, paletteStart, header.pixelOffset, raw, header);
     if (header.bits <= 8 && raw.Field(32) != 0 && paletteSize > source.Size())
         return Refused("absurd palette");

@@ -40,6 +40,10 @@ struct BmpHeader {
     }
 };
 
+/// The headers of a bitmap file, which start with "BM", or "BA" for an array of bitmaps.
 [[nodiscard]] BmpHeader ReadBmpHeader(ByteSource& source);
+/// The headers of a bitmap from its information header on, which is at `start`. Where `pixelOffset` makes no sense
+/// (0 never does) the pixels follow the palette.
+[[nodiscard]] BmpHeader ReadBmpInfo(ByteSource& source, std::uint64_t start, std::uint64_t pixelOffset);
 
 }  // namespace tavrix

@@ -3,15 +3,18 @@
 #include "platform/codecs/BmpDecoder.h"
 #include "platform/codecs/Decoder.h"
 #include "platform/codecs/GifDecoder.h"
+#include "platform/codecs/IconDecoder.h"
 #include "platform/codecs/JpegDecoder.h"
 
 namespace tavrix {
 
 std::span<const DecoderEntry> Decoders() {
-    static constexpr std::array<DecoderEntry, 3> Table{{
+    static constexpr std::array<DecoderEntry, 5> Table{{
         {"jpg", RecognisesJpeg, DecodeJpeg},
         {"bmp", RecognisesBmp, DecodeBmp},
         {"gif", RecognisesGif, DecodeGif},
+        {"ico", RecognisesIcon, DecodeIcon},
+        {"cur", RecognisesCursor, DecodeIcon},
     }};
     return Table;
 }

@@ -1,0 +1,135 @@
+#include "platform/codecs/IconDecoder.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <vector>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/codecs/BmpRows.h"
+#include "platform/codecs/ByteReader.h"
+#include "platform/codecs/IconDirectory.h"
+#include "platform/codecs/LittleEndian.h"
+#include "platform/codecs/PngDecoder.h"
+#include "platform/codecs/SourcePart.h"
+
+namespace tavrix {
+namespace {
+
+/// Work that broken images may cause before the rest is left alone.
+constexpr std::size_t MostAttempts = 64;
+constexpr std::int64_t MostPixelsTried = 2 * MostIconPixels;
+
+/// Keeps one image of the file, so that a broken one need not be shown.
+class ImageSink final : public PictureSink {
+  public:
+    explicit ImageSink(const PictureSink& outer) : outer_(outer) {}
+
+    Surface* Begin(const PictureInfo& told) override {
+        if (std::int64_t{told.width} * told.height > MostIconPixels) return nullptr;
+        info = told;
+        surface = Surface(told.width, told.height);
+        return &surface;
+    }
+    void RowsReady(int) override {}
+    [[nodiscard]] bool Cancelled() const override { return outer_.Cancelled(); }
+
+    PictureInfo info;
+    Surface surface;
+
+  private:
+    const PictureSink& outer_;
+};
+
+/// Makes the pixels transparent whose bit in the mask is set. The mask lies behind the colours, in the same order.
+/// Rows that it lacks stay as they are. Gives whether any pixel is transparent.
+bool ApplyMask(ByteSource& source, const BmpHeader& header, Surface& surface) {
+    ByteReader reader(source,
+                      header.pixelOffset + header.Stride() * static_cast<std::uint64_t>(header.height));
+    const auto width = static_cast<std::size_t>(header.width);
+    std::vector<std::byte> bits((width + 31) / 32 * 4);
+    bool any = false;
+    for (int row = 0; row < header.height; ++row) {
+        const std::size_t there = std::min(reader.Read(bits) * 8, width);
+        const std::span<Pixel> pixels = surface.Row(header.topDown ? row : header.height - 1 - row);
+        for (std::size_t x = 0; x < there; ++x) {
+            if ((std::to_integer<unsigned>(bits[x / 8]) & (0x80U >> (x % 8))) == 0) continue;
+            pixels[x] = 0;
+            any = true;
+        }
+        if (there < width) break;
+    }
+    return any;
+}
+
+DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, ImageSink& sink) {
+    SourcePart inside(source, image.offset);
+    if (image.png) return DecodePng(inside, sink);
+    const BmpHeader header = ReadIconBitmap(inside);
+    const DecodeStatus status = DecodeBmpRows(inside, header, sink);
+    // Transparent by now: alpha counts, or the file ends before the mask.
+    if (status.someRows && !sink.info.transparent)
+        sink.info.transparent = ApplyMask(inside, header, sink.surface);
+    return status;
+}
+
+DecodeStatus Deliver(const ImageSink& image, DecodeStatus status, PictureSink& sink) {
+    Surface* surface = sink.Begin(image.info);
+    if (surface == nullptr) return {Outcome::Corrupt, 0, "surface refused", false};
+    std::ranges::copy(image.surface.Pixels(), surface->Pixels().begin());
+    sink.RowsReady(surface->Height());
+    return status;
+}
+
+DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
+    std::optional<ImageSink> partial;
+    DecodeStatus partialStatus;
+    DecodeStatus firstFailure{Outcome::Corrupt, 0, "no image", false};
+    std::vector<std::uint64_t> tried;
+    std::int64_t pixelsTried = 0;
+    for (const IconImage& image : ReadIconDirectory(source)) {
+        if (std::ranges::find(tried, image.offset) != tried.end()) continue;
+        pixelsTried += image.Area();
+        if (tried.size() == MostAttempts || pixelsTried > MostPixelsTried) break;
+        ImageSink own(sink);
+        DecodeStatus status = DecodeImage(source, image, own);
+        if (sink.Cancelled()) return {Outcome::Truncated, image.offset, "cancelled", false};
+        if (status.outcome == Outcome::Complete) return Deliver(own, status, sink);
+        status.offset = std::min(image.offset + status.offset, source.Size());
+        if (tried.empty()) firstFailure = status;
+        if (status.someRows && !partial) {
+            partial.emplace(std::move(own));
+            partialStatus = status;
+        }
+        tried.push_back(image.offset);
+    }
+    if (partial) return Deliver(*partial, partialStatus, sink);
+    firstFailure.someRows = false;
+    return firstFailure;
+}
+
+bool Recognises(std::span<const std::byte> start, unsigned kind) {
+    return start.size() >= 6 && U16(start, 0) == 0 && U16(start, 2) == kind && U16(start, 4) != 0;
+}
+
+}  // namespace
+
+bool RecognisesIcon(std::span<const std::byte> start) {
+    return Recognises(start, 1);
+}
+
+bool RecognisesCursor(std::span<const std::byte> start) {
+    return Recognises(start, 2);
+}
+
+DecodeStatus DecodeIcon(ByteSource& source, PictureSink& sink) {
+    try {
+        return Decode(source, sink);
+    } catch (const std::bad_alloc&) {
+        return {Outcome::Corrupt, 0, "memory refused", false};
+    } catch (const RuntimeError&) {
+        return {Outcome::Corrupt, 0, "memory refused", false};
+    }
+}
+
+}  // namespace tavrix
