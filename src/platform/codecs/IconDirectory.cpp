@@ -19,11 +19,11 @@ constexpr std::size_t EntrySize = 16;
 std::optional<IconImage> ReadImage(ByteSource& source, std::uint64_t offset) {
     SourcePart inside(source, offset);
     if (const auto png = ReadPngHeader(inside)) {
-        return IconImage{offset, png->width, png->height, png->bits, true};
+        return IconImage{offset, png->width, png->height, png->bits, 0, true};
     }
     const BmpHeader header = ReadIconBitmap(inside);
     if (!header.trouble.empty()) return std::nullopt;
-    return IconImage{offset, header.width, header.height, header.bits, false};
+    return IconImage{offset, header.width, header.height, header.bits, 0, false};
 }
 
 }  // namespace
@@ -54,13 +54,13 @@ std::vector<IconImage> ReadIconDirectory(ByteSource& source) {
         if (reader.Read(entry) != entry.size()) break;
         const std::uint64_t offset = U32(entry, 12);
         if (offset < DirectoryHeaderSize + EntrySize || offset >= source.Size()) continue;
-        const std::optional<IconImage> image = ReadImage(source, offset);
-        if (image && image->Area() <= MostIconPixels) images.push_back(*image);
+        std::optional<IconImage> image = ReadImage(source, offset);
+        if (!image || image->Area() > MostIconPixels) continue;
+        image->colours = std::to_integer<unsigned>(entry[2]);
+        images.push_back(*image);
     }
-    // Of equals the last one: writers put the better one behind.
-    std::ranges::reverse(images);
     std::ranges::stable_sort(images, [](const IconImage& a, const IconImage& b) {
-        return std::tuple(a.Area(), a.bits) > std::tuple(b.Area(), b.bits);
+        return std::tuple(a.Area(), a.bits, a.colours) > std::tuple(b.Area(), b.bits, b.colours);
     });
     return images;
 }
