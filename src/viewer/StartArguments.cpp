@@ -33,7 +33,8 @@ bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
     return std::ranges::find(words, word) != words.end();
 }
 
-void ShowCurrentImage(MainViewFrm& view) {
+/// Whether the image is on show now.
+bool ShowCurrentImage(MainViewFrm& view) {
     MainModule& module = view.Module();
     try {
         view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage);
@@ -41,11 +42,12 @@ void ShowCurrentImage(MainViewFrm& view) {
         // At the start a failure brings no message.
         view.MainImage.Picture = view.ImageDefault.Picture;
         module.CurrentImage.clear();
-        return;
+        return false;
     }
     view.ShowTitleOf(module.CurrentImage);
     AddRecentFile(module, module.CurrentImage);
     SetImageLoadedMenus(view);
+    return true;
 }
 
 void ObeyCommandWord(MainViewFrm& view) {
@@ -77,23 +79,23 @@ void ReadCommandText(MainViewFrm& view) {
     MainModule& module = view.Module();
     const std::string& command = module.CommandText;
     view.StartAction = StartDialog::None;
+    bool shown = false;
 
     if (IsOneOf(UpperCase(Right(command, 4)), ImageEndings)) {
         module.CurrentImage = command;
         if (IsOnFloppy(command) && !PassesFloppyGuard(module, command, ImageOnFloppy))
             module.platform.process.End();
-        ShowCurrentImage(view);
+        shown = ShowCurrentImage(view);
     } else if (!command.empty()) {
         ObeyCommandWord(view);
     } else if (module.config.DisplayLastOpened && !module.CurrentImage.empty()) {
-        ShowCurrentImage(view);
+        shown = ShowCurrentImage(view);
     }
     module.DoEvents();
     if (!module.CurrentImage.empty()) SkipFailure([&] { ChangeToFolderOf(module, module.CurrentImage); });
-    // The recent list has raised the first letter of the path; it is the same file for all that.
-    if (!EqualIgnoringCase(module.CurrentImage, command) && !module.config.DisplayLastOpened) {
-        module.CurrentImage.clear();
-    }
+    // An image of the last time that was not asked for has served for its folder alone. It must not stay behind a word
+    // either, even where it would be shown at a start without one: commands would work on a file that is not on show.
+    if (!shown) module.CurrentImage.clear();
     if (module.CurrentImage.empty()) ResetEmptyView(view);
 }
 

@@ -331,6 +331,17 @@ TEST_F(StartTest, ACommandLineWinsOverTheLastImage) {
     EXPECT_FLOAT_EQ(View().MainImage.Width, 50 * 15);
 }
 
+TEST_F(StartTest, AWordOnTheCommandLineLeavesNoImageBehind) {
+    PutPicture("C:\\p\\last.bmp", 30, 20);
+    Setting("DisplayLastOpened", "True");
+    Setting("LastOpenedFile", "C:\\p\\last.bmp");
+    Expect({.text = "An invalid command (P) was passed at the command prompt...",
+            .icon = forms::BoxIcon::Exclamation});
+    ASSERT_TRUE(Start("P"));
+    ExpectEmptyView();
+    EXPECT_EQ(platform.files.CurrentFolder(), "C:\\p");
+}
+
 headless::ExpectedBox InsertDisk(const std::string& file, Answer reply) {
     return {.text = "Insert the disk that contains the file:\r\n\r\n" + file +
                     "\r\n\r\n...into Floppy Drive A:\\\r\n\r\nPress the \"OK\" button to continue.",
