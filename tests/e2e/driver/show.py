@@ -61,7 +61,7 @@ def _show(image, command):
         if status is not None:
             print(f"The program ended with status {status}.")
         if saved:
-            print(f"There is no display here, so the program ran on a virtual one. The screen is in {image}")
+            print(f"There is no display here, so the program ran on a virtual one. The screen is in {image}.")
         return status or (0 if saved or status == 0 else 1)
     finally:
         children.end_all()
