@@ -36,4 +36,37 @@ std::string ResolveLink(const MainModule& module, const std::string& path) {
     return target;
 }
 
+Deletion DeleteToBin(const MainModule& module, const std::string& path, bool confirm) {
+    const bool toBin = module.config.UseRecycleBin;
+    if (confirm) {
+        const std::string question =
+            toBin ? "Are you sure you want to send the following file to the Recycle Bin?"
+                  : "Are you sure you want to delete the following file?";
+        const forms::Answer answer = module.app.MessageBox({.text = question + std::string(NewLine2) + path,
+                                                            .icon = forms::BoxIcon::Question,
+                                                            .buttons = forms::BoxButtons::YesNo});
+        if (answer != forms::Answer::Yes) return Deletion::Declined;
+    }
+    if (toBin) {
+        module.platform.shell.Trash(path);
+    } else {
+        module.platform.files.Delete(path);
+    }
+    return Deletion::Done;
+}
+
+bool DeleteAsUserAgrees(const MainModule& module, const std::string& path) {
+    try {
+        return DeleteToBin(module, path, true) == Deletion::Done;
+    } catch (const RuntimeError& error) {
+        const std::string blank(NewLine2);
+        const std::string what = module.config.UseRecycleBin
+                                     ? "Unable to send the file to the Recycle Bin, it has not been deleted:"
+                                     : "Unable to delete the file:";
+        module.app.MessageBox({.text = what + blank + path + blank + error.Description() + "...",
+                               .icon = forms::BoxIcon::Stop});
+        return false;
+    }
+}
+
 }  // namespace tavrix

@@ -16,4 +16,17 @@ namespace tavrix {
 /// The target of a shortcut file; empty when it has none.
 [[nodiscard]] std::string ResolveLink(const MainModule& module, const std::string& path);
 
+/// What became of a file that was to be deleted. A failure is none of these: it is raised.
+enum class Deletion { Done, Declined };
+
+/// Deletes a file by its full path: to the recycle bin with UseRecycleBin on, else for good. With `confirm` the user
+/// is asked first. Declined only when the user said no; the file stands then.
+///
+/// Throws RuntimeError when the file could not be deleted; it stands as it was then, and what the recycle bin does
+/// not take is never removed for good. Callers that have no words for a failure use DeleteAsUserAgrees.
+Deletion DeleteToBin(const MainModule& module, const std::string& path, bool confirm);
+
+/// DeleteToBin with the question, and a box about a failure. Whether the file was deleted.
+bool DeleteAsUserAgrees(const MainModule& module, const std::string& path);
+
 }  // namespace tavrix

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "LinkBytes.h"
 #include "TestFolder.h"
 #include "platform/host/Programs.h"
 
@@ -132,6 +133,119 @@ TEST_F(HostShellTest, ResolvesLinks) {
          {"C:\\dangling", "C:\\web.desktop", "C:\\app.desktop", "C:\\a.lnk", "C:\\a b.jpg", "C:\\none", ""}) {
         EXPECT_EQ(shell.ResolveLink(path), "") << path;
     }
+}
+
+class ShortcutTest : public HostShellTest {
+  protected:
+    /// Where a shortcut in C:\Links leads.
+    [[nodiscard]] std::string Target(const LinkBytes& link) {
+        folder.Put("Links/x.lnk", link.Bytes());
+        return shell.ResolveLink("C:\\Links\\X.LNK");
+    }
+    static LinkBytes To(const std::string& localPath, const std::string& relativePath = {}) {
+        LinkBytes link{.flags = 2, .linkInfo = LinkBytes::Info{.localPath = localPath}.Bytes()};
+        if (!relativePath.empty()) {
+            link.flags |= 8U;
+            link.strings = LinkBytes::CountedBytes(relativePath);
+        }
+        return link;
+    }
+};
+
+TEST_F(ShortcutTest, AStoredTargetThatIsThereIsGivenAsItIs) {
+    folder.Put("Pictures/a.jpg", "");
+    folder.Put("Links/a.jpg", "");
+    EXPECT_EQ(Target(To("c:\\PICTURES\\a.jpg", "a.jpg")), "c:\\PICTURES\\a.jpg");
+    EXPECT_EQ(Target(To("C:\\Pictures")), "C:\\Pictures");
+}
+
+TEST_F(ShortcutTest, ElseTheTargetIsLookedForFromTheLink) {
+    folder.Put("Pictures/a.jpg", "");
+    EXPECT_EQ(Target(To("D:\\none\\a.jpg", "..\\Pictures\\a.jpg")), "C:\\Pictures\\a.jpg");
+    EXPECT_EQ(Target(To("C:\\none\\a.jpg", "..\\Pictures\\a.jpg")), "C:\\Pictures\\a.jpg");
+    folder.Put("Links/b.jpg", "");
+    EXPECT_EQ(Target(To("C:\\none\\b.jpg", ".\\b.jpg")), "C:\\Links\\b.jpg");
+}
+
+TEST_F(ShortcutTest, ElseInTheWorkingFolder) {
+    folder.Put("Pictures/a.jpg", "");
+    LinkBytes link = To("C:\\none\\a.jpg");
+    link.flags |= 0x10U;
+    link.strings = LinkBytes::CountedBytes("C:\\Pictures");
+    EXPECT_EQ(Target(link), "C:\\Pictures\\a.jpg");
+}
+
+TEST_F(ShortcutTest, ElseTheStoredPathIsGivenAllTheSame) {
+    EXPECT_EQ(Target(To("D:\\none\\a.jpg", "..\\Pictures\\a.jpg")), "D:\\none\\a.jpg");
+    LinkBytes share{.flags = 2};
+    share.linkInfo =
+        LinkBytes::Info{.network = LinkBytes::Network("\\\\s\\x", ""), .suffix = "a.jpg"}.Bytes();
+    EXPECT_EQ(Target(share), "\\\\s\\x\\a.jpg");
+    share.linkInfo =
+        LinkBytes::Info{.network = LinkBytes::Network("\\\\s\\x", "C:"), .suffix = "a.jpg"}.Bytes();
+    folder.Put("a.jpg", "");
+    EXPECT_EQ(Target(share), "C:\\a.jpg");
+}
+
+TEST_F(ShortcutTest, TheUsersFolderStandsForItsVariable) {
+    folder.Put("me/a.jpg", "");
+    const ScopedVariable home("HOME", folder.At("me"));
+    LinkBytes link{.blocks = LinkBytes::VariableBlock("%UserProfile%\\a.jpg", u"")};
+    EXPECT_EQ(Target(link), "C:\\me\\a.jpg");
+    link.blocks = LinkBytes::VariableBlock("%SystemDrive%\\me\\a.jpg", u"");
+    EXPECT_EQ(Target(link), "C:\\me\\a.jpg");
+    link.blocks = LinkBytes::VariableBlock("%OTHER%\\me\\a.jpg", u"");
+    EXPECT_EQ(Target(link), "");
+    link.blocks = LinkBytes::VariableBlock("C:\\me\\100%.jpg", u"");
+    EXPECT_EQ(Target(link), "C:\\me\\100%.jpg");
+}
+
+TEST_F(ShortcutTest, WhatIsNoShortcutHasNoTarget) {
+    folder.Put("a.lnk", "");
+    folder.Put("b.lnk", "C:\\a.jpg");
+    folder.Put("c.lnk", To("C:\\a.jpg").Bytes().substr(0, 75));
+    folder.Put("d.lnk", LinkBytes().Bytes());
+    folder.Put("huge.lnk", To("C:\\a.jpg").Bytes());
+    std::filesystem::resize_file(folder.At("huge.lnk"), 2U << 20U);
+    folder.PutFolder("f.lnk");
+    for (const char* name : {"a", "b", "c", "d", "huge", "f", "none"})
+        EXPECT_EQ(shell.ResolveLink("C:\\" + std::string(name) + ".lnk"), "") << name;
+}
+
+TEST_F(HostShellTest, SendsFilesToTheTrash) {
+    folder.Put("Pictures/a.jpg", "picture");
+    shell.Trash("C:\\pictures\\A.JPG");
+    EXPECT_FALSE(folder.Has("Pictures/a.jpg"));
+    EXPECT_EQ(folder.Content("data/Trash/files/a.jpg"), "picture");
+    EXPECT_NE(folder.Content("data/Trash/info/a.jpg.trashinfo").find("\nPath=" + folder.At("Pictures/a.jpg")),
+              std::string::npos);
+}
+
+TEST_F(HostShellTest, WhatCannotGoToTheTrashStays) {
+    folder.Put("data/Trash", "no folder");
+    folder.Put("a.jpg", "picture");
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("C:\\a.jpg"); }), 70);
+    EXPECT_EQ(folder.Content("a.jpg"), "picture");
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("C:\\none.jpg"); }), 53);
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("C:\\data"); }), 53);
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("Q:\\a.jpg"); }), 68);
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("nonsense"); }), 52);
+}
+
+TEST(HostShellFloppy, AFloppysFilesGoHomeAndItStaysADisk) {
+    const TestFolder folder;
+    folder.Put("a/a.jpg", "picture");
+    DriveMap::Sources sources;
+    sources.drives = "A=" + folder.At("a") + ";C=" + folder.At("c");
+    DriveMap drives(sources);
+    HostPaths paths;
+    paths.data = folder.At("data");
+    HostShell shell(drives, paths);
+    shell.Trash("A:\\a.jpg");
+    EXPECT_EQ(folder.Content("data/Trash/files/a.jpg"), "picture");
+    const auto drive = drives.Find('A');
+    EXPECT_TRUE(drive && DriveMap::HasDisk(*drive));
+    EXPECT_EQ(ErrorOfCall([&] { shell.Trash("A:\\a.jpg"); }), 53);
 }
 
 }  // namespace

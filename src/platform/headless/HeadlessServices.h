@@ -32,7 +32,7 @@ struct HeadlessServices {
     MemoryProfile profile{disks, faults};
     MemoryRegistry registry{faults};
     MemoryUserStore store{faults};
-    RecordingShell shell{faults};
+    RecordingShell shell{disks, faults};
     MemoryPictures pictures{disks, faults};
     MemoryClipboard clipboard{faults};
     FakeSound sound{faults};

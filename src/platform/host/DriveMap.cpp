@@ -1,6 +1,7 @@
 #include "platform/host/DriveMap.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -267,6 +268,12 @@ bool DriveMap::HasDisk(const HostDrive& drive) {
     if (::stat(root.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
     if (drive.blank || (!drive.floppy && drive.type != DriveType::CdRom)) return true;
     return !IsEmptyFolder(root) || IsMountPoint(root);
+}
+
+void DriveMap::KeepDisk(const HostDrive& drive) {
+    if (!drive.floppy || HasDisk(drive)) return;
+    const std::string marker = drive.root + "/.disk";
+    FileDescriptor(::open(marker.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
 }
 
 std::int64_t DriveMap::FreeBytes(const HostDrive& drive) {

@@ -78,6 +78,8 @@ class DriveMap {
     [[nodiscard]] std::vector<HostDrive> ListedDrives();
     [[nodiscard]] std::optional<HostDrive> Find(char letter);
     [[nodiscard]] static bool HasDisk(const HostDrive& drive);
+    /// For after the last file has left a drive: a floppy's folder that is empty now stays a disk.
+    static void KeepDisk(const HostDrive& drive);
     /// Free bytes of a drive with a disk.
     [[nodiscard]] static std::int64_t FreeBytes(const HostDrive& drive);
 

@@ -20,19 +20,23 @@ std::optional<unsigned> DigitOf(char c) {
 
 }  // namespace
 
-std::string FileAddressOf(std::string_view hostPath) {
-    std::string address(Scheme);
+std::string EscapedPath(std::string_view hostPath) {
+    std::string escaped;
     for (const char c : hostPath) {
         if (StandsInPath(c)) {
-            address.push_back(c);
+            escaped.push_back(c);
             continue;
         }
         const auto byte = static_cast<unsigned char>(c);
-        address.push_back('%');
-        address.push_back(Digits[byte >> 4U]);
-        address.push_back(Digits[byte & 0x0FU]);
+        escaped.push_back('%');
+        escaped.push_back(Digits[byte >> 4U]);
+        escaped.push_back(Digits[byte & 0x0FU]);
     }
-    return address;
+    return escaped;
+}
+
+std::string FileAddressOf(std::string_view hostPath) {
+    return std::string(Scheme) + EscapedPath(hostPath);
 }
 
 std::optional<std::string> PathOfFileAddress(std::string_view address) {

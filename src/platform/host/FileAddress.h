@@ -6,6 +6,9 @@
 
 namespace tavrix {
 
+/// A host path, whole or relative, with bytes escaped as RFC 3986 asks for in a path.
+[[nodiscard]] std::string EscapedPath(std::string_view hostPath);
+
 /// The address of a host path: file:// and the path, with bytes escaped as RFC 3986 asks for in a path.
 [[nodiscard]] std::string FileAddressOf(std::string_view hostPath);
 

@@ -185,11 +185,7 @@ void HostFiles::Delete(const std::string& path) {
     if (!location.exists || location.IsFolder()) throw RuntimeError(ErrorNumber::FileNotFound);
     if (IsReadOnly(location.path, location.status)) throw RuntimeError(ErrorNumber::PermissionDenied);
     if (::unlink(location.path.c_str()) != 0) throw ErrorOf(errno);
-    if (location.drive.floppy && !DriveMap::HasDisk(location.drive)) {
-        // The disk is empty now, not gone.
-        const std::string marker = location.drive.root + "/.disk";
-        FileDescriptor(::open(marker.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
-    }
+    DriveMap::KeepDisk(location.drive);
 }
 
 FileInfo HostFiles::Info(const std::string& path) {

@@ -4,6 +4,7 @@
 
 #include "platform/host/DriveMap.h"
 #include "platform/host/HostPaths.h"
+#include "platform/host/ShellLink.h"
 #include "platform/services/Shell.h"
 
 namespace tavrix {
@@ -17,10 +18,15 @@ class HostShell final : public Shell {
     void AddRecent(const std::string& path) override;
     /// Known command lines start the program that does the same on this desktop; no shell takes part.
     bool Run(const std::string& commandLine) override;
-    /// Symbolic links, and .desktop files of the type Link that lead to a file. Binary shortcuts have no target here.
+    /// Symbolic links, .desktop files of the type Link that lead to a file, and .lnk files. Of the latter a target
+    /// that is there comes first, then one beside the link, then whatever path is stored.
     std::string ResolveLink(const std::string& path) override;
+    void Trash(const std::string& path) override;
 
   private:
+    [[nodiscard]] std::string TargetOf(const ShellLink& link, const std::string& linkPath);
+    [[nodiscard]] bool IsThere(const std::string& path);
+
     DriveMap& drives_;
     HostPaths paths_;
 };
