@@ -36,7 +36,7 @@ TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles, testing::Values("bmp", "jpg"));
+INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles, testing::Values("bmp", "jpg", "gif", "ico", "cur"));
 
 /// One small file of each kind, which the fuzzers start from too: whole, and cut at every byte.
 TEST(Seeds, DecodeWholeAndEndWhereverTheyAreCut) {

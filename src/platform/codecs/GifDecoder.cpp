@@ -24,8 +24,8 @@ constexpr int MostImagesPassed = 1000;
 /// Images that are laid on one another for the first view.
 constexpr int MostParts = 20'000;
 constexpr int RowsBetweenReports = 32;
-/// Pixels that are not on the screen cost time, too.
-constexpr std::int64_t MostPixelsRead = MaxPicturePixels;
+/// Pixels that are not on the screen, or lie under others, cost time, too. So many there may be.
+constexpr std::int64_t MostHiddenPixels = 64LL << 20U;
 
 /// What the library reads from.
 class Input {
@@ -117,6 +117,7 @@ class GifReader {
                                 .frames = frames_,
                                 .transparent = !covers || transparent_.has_value()});
         if (surface_ == nullptr) return Ended(Outcome::Corrupt, "surface refused");
+        pixelsLeft_ = std::int64_t{width_} * height_ + MostHiddenPixels;
         // An image without a control extension has no time of its own: the next one belongs to the same view.
         for (int parts = 1;; ++parts) {
             TakeColours();
@@ -301,7 +302,7 @@ class GifReader {
     std::array<Pixel, 256> palette_{};
     std::vector<GifPixelType> line_;
     Surface* surface_ = nullptr;
-    std::int64_t pixelsLeft_ = MostPixelsRead;
+    std::int64_t pixelsLeft_ = 0;
     bool allRows_ = false;  ///< of the image
     bool somePixels_ = false;
 };

@@ -42,24 +42,20 @@ class ImageSink final : public PictureSink {
 };
 
 /// Makes the pixels transparent whose bit in the mask is set. The mask lies behind the colours, in the same order.
-/// Rows that it lacks stay as they are. Gives whether any pixel is transparent.
-bool ApplyMask(ByteSource& source, const BmpHeader& header, Surface& surface) {
+/// Rows that it lacks stay as they are.
+void ApplyMask(ByteSource& source, const BmpHeader& header, Surface& surface) {
     ByteReader reader(source,
                       header.pixelOffset + header.Stride() * static_cast<std::uint64_t>(header.height));
     const auto width = static_cast<std::size_t>(header.width);
     std::vector<std::byte> bits((width + 31) / 32 * 4);
-    bool any = false;
     for (int row = 0; row < header.height; ++row) {
         const std::size_t there = std::min(reader.Read(bits) * 8, width);
         const std::span<Pixel> pixels = surface.Row(header.topDown ? row : header.height - 1 - row);
         for (std::size_t x = 0; x < there; ++x) {
-            if ((std::to_integer<unsigned>(bits[x / 8]) & (0x80U >> (x % 8))) == 0) continue;
-            pixels[x] = 0;
-            any = true;
+            if ((std::to_integer<unsigned>(bits[x / 8]) & (0x80U >> (x % 8))) != 0) pixels[x] = 0;
         }
         if (there < width) break;
     }
-    return any;
 }
 
 DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, ImageSink& sink) {
@@ -68,13 +64,15 @@ DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, ImageSink& 
     const BmpHeader header = ReadIconBitmap(inside);
     const DecodeStatus status = DecodeBmpRows(inside, header, sink);
     // Transparent by now: alpha counts, or the file ends before the mask.
-    if (status.someRows && !sink.info.transparent)
-        sink.info.transparent = ApplyMask(inside, header, sink.surface);
+    if (status.someRows && !sink.info.transparent) ApplyMask(inside, header, sink.surface);
     return status;
 }
 
 DecodeStatus Deliver(const ImageSink& image, DecodeStatus status, PictureSink& sink) {
-    Surface* surface = sink.Begin(image.info);
+    PictureInfo info = image.info;
+    info.transparent =
+        std::ranges::any_of(image.surface.Pixels(), [](Pixel pixel) { return pixel >> 24U != 0xFFU; });
+    Surface* surface = sink.Begin(info);
     if (surface == nullptr) return {Outcome::Corrupt, 0, "surface refused", false};
     std::ranges::copy(image.surface.Pixels(), surface->Pixels().begin());
     sink.RowsReady(surface->Height());
