@@ -3,6 +3,7 @@
 
 usage: fuzz/codecs/make_seeds.py    (needs Pillow)
 """
+import io
 import pathlib
 import struct
 
@@ -21,6 +22,28 @@ def bmp(name, bits, compression=0, size=40, extra=b"", palette=b"", data=b"", wi
 
 def rows(bits, width=5, height=3):
     return bytes(i * 37 % 256 for i in range((width * bits + 31) // 32 * 4 * height))
+
+
+def icon(name, images, kind=1):
+    """A file of images, each (bytes, bits)."""
+    directory, data = b"", b""
+    for image, bits in images:
+        offset = 6 + 16 * len(images) + len(data)
+        directory += struct.pack("<BBBBHHII", 5, 3, 0, 0, 1, bits, len(image), offset)
+        data += image
+    (SEEDS / name).write_bytes(struct.pack("<HHH", 0, kind, len(images)) + directory + data)
+
+
+def icon_bitmap(bits, compression=0, masks=b""):
+    palette = PALETTE[:4 << bits] if bits <= 8 else b""
+    header = struct.pack("<IiiHHIIiiII", 40, 5, 6, 1, bits, compression, 0, 0, 0, len(palette) // 4, 0)
+    return header + masks + palette + rows(bits) + bytes([0x50, 0, 0, 0] * 3)
+
+
+def png(image, **options):
+    out = io.BytesIO()
+    image.save(out, "PNG", **options)
+    return out.getvalue()
 
 
 def main():
@@ -51,6 +74,20 @@ def main():
     image.save(SEEDS / "turned.jpg", exif=exif, **small)
     data = (SEEDS / "baseline.jpg").read_bytes()
     bmp("jpeg.bmp", 0, 4, data=data, width=19, height=21)
+
+    few = image.quantize(8)
+    few.save(SEEDS / "plain.gif", interlace=False)
+    few.save(SEEDS / "interlaced.gif", interlace=True, transparency=2, comment=b"seed")
+    turned = [few.rotate(90 * i).crop((0, 0, 19, 19)) for i in range(3)]
+    turned[0].save(SEEDS / "animated.gif", save_all=True, append_images=turned[1:], duration=50, loop=0, disposal=2)
+
+    for bits in (1, 4, 8, 16, 24, 32):
+        icon(f"bits{bits}.ico", [(icon_bitmap(bits), bits)])
+    icon("masks.ico", [(icon_bitmap(32, 3, struct.pack("<III", 0xFF, 0xFF00, 0xFF0000)), 32)])
+    icon("several.cur", [(icon_bitmap(4), 4), (icon_bitmap(24), 24)], kind=2)
+    icon("png.ico", [(png(image), 24), (icon_bitmap(8), 8)])
+    icon("png_palette.ico", [(png(few, transparency=b"\0\x80", bits=4), 4)])
+    icon("png_alpha.ico", [(png(image.convert("LA")), 16)])
 
 
 main()
