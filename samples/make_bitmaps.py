@@ -1,8 +1,10 @@
 #!/usr/bin/python3
-"""Makes hills.jpg and, from it, small bitmaps of the kinds that a bitmap file can be.
+"""Makes hills.jpg and, from it, small bitmaps of the kinds that a bitmap file can be; and a balloon that has no
+background, as a GIF, an icon and a cursor.
 
 usage: samples/make_bitmaps.py    (needs Pillow; writes beside itself, the same bytes each time)
 """
+import io
 import math
 import pathlib
 import random
@@ -135,6 +137,84 @@ def colours_of(image, count):
     return [tuple(table[3 * i:3 * i + 3]) for i in range(count)]
 
 
+def balloon(side, lean=0.0):
+    """A balloon on nothing; it leans to the right by a share of its width."""
+    big = 4 * side
+    image = Image.new("RGBA", (big, big), (0, 0, 0, 0))
+    draw = ImageDraw.Draw(image)
+    stripes = [(206, 60, 50), (246, 190, 74), (206, 60, 50), (250, 236, 214), (206, 60, 50)]
+    left, top, wide, high = big * 0.16, big * 0.03, big * 0.68, big * 0.70
+    for index, colour in enumerate(stripes):  # from the outside to the middle
+        inset = wide * 0.11 * index
+        draw.ellipse([left + inset, top, left + wide - inset, top + high], fill=colour + (255,))
+    middle, basket = big * 0.5, big * 0.84
+    for x in (-0.09, 0.09):
+        draw.line([(middle + big * x * 1.7, top + high * 0.93), (middle + big * x, basket)],
+                  fill=(90, 64, 44, 255), width=max(2, big // 48))
+    draw.rectangle([middle - big * 0.10, basket, middle + big * 0.10, big * 0.96], fill=(128, 86, 52, 255))
+    image = image.transform(image.size, Image.AFFINE, (1, lean, -lean * big * 0.5, 0, 1, 0), Image.BICUBIC)
+    return image.resize((side, side), Image.BOX)
+
+
+def indexed(image, count):
+    """Palette pixels, of which the last index is nothing."""
+    table = image.convert("RGB").quantize(count - 1, dither=Image.Dither.NONE)
+    table.paste(count - 1, mask=image.getchannel("A").point(lambda a: 255 if a < 128 else 0))
+    return table
+
+
+def icon_mask(image):
+    """Rows from the bottom, a bit for each pixel that is nothing."""
+    clear = image.getchannel("A").point(lambda a: 1 if a < 128 else 0)
+    return packed_rows(clear, 1)
+
+
+def icon_header(side, bits, colours=0):
+    return struct.pack("<IiiHHIIiiII", 40, side, 2 * side, 1, bits, 0, 0, 0, 0, colours, 0)
+
+
+def icon_of_palette(image, bits):
+    table = indexed(image, 1 << bits)
+    nothing = (1 << bits) - 1
+    colours = colours_of(table, nothing) + [(0, 0, 0)]
+    return (icon_header(image.width, bits, 1 << bits) + b"".join(struct.pack("<BBBB", b, g, r, 0) for r, g, b in colours)
+            + packed_rows(table, bits) + icon_mask(image))
+
+
+def icon_of_32_bits(image):
+    pixels = image.transpose(Image.Transpose.FLIP_TOP_BOTTOM).tobytes("raw", "BGRA")
+    return icon_header(image.width, 32) + pixels + icon_mask(image)
+
+
+def icon_of_png(image):
+    out = io.BytesIO()
+    image.save(out, "PNG", optimize=True)
+    return out.getvalue()
+
+
+def icon_file(kind, images):
+    """Images are (side, planes and bits or the hot spot, bytes)."""
+    directory, data = b"", b""
+    for side, (x, y), image in images:
+        offset = 6 + 16 * len(images) + len(data)
+        directory += struct.pack("<BBBBHHII", side % 256, side % 256, 0, 0, x, y, len(image), offset)
+        data += image
+    return struct.pack("<HHH", 0, kind, len(images)) + directory + data
+
+
+def balloons():
+    frames = [indexed(balloon(96, 0.09 * math.sin(step * math.pi / 4)), 32) for step in range(8)]
+    frames[0].save(HERE / "balloon.gif", save_all=True, append_images=frames[1:], duration=120, loop=0, disposal=2,
+                   transparency=31, optimize=False)
+    (HERE / "balloon.ico").write_bytes(icon_file(1, [
+        (16, (1, 4), icon_of_palette(balloon(16), 4)),
+        (32, (1, 8), icon_of_palette(balloon(32), 8)),
+        (48, (1, 32), icon_of_32_bits(balloon(48))),
+        (256, (1, 32), icon_of_png(balloon(256))),
+    ]))
+    (HERE / "balloon.cur").write_bytes(icon_file(2, [(32, (16, 28), icon_of_palette(balloon(32), 4))]))
+
+
 def main():
     photo = landscape(1024, 683)
     photo.save(HERE / "hills.jpg", quality=88, optimize=True)
@@ -147,6 +227,7 @@ def main():
     (HERE / "small-rle4.rle").write_bytes(bmp(160, 107, 4, 2, colours_of(few, 16), runs(few, True)))
     two = small.convert("L").point(lambda v: 1 if v > 128 else 0, "L")
     (HERE / "small-1bit.dib").write_bytes(bmp(160, 107, 1, 0, [(32, 40, 64), (250, 236, 200)], packed_rows(two, 1)))
+    balloons()
 
 
 main()
