@@ -21,6 +21,8 @@ static_assert(std::numeric_limits<GifPixelType>::max() == 255);
 
 /// Images that show nothing and are passed over on the way to the first one that does.
 constexpr int MostImagesPassed = 1000;
+/// Bytes of 0 between blocks, in all.
+constexpr int MostPadding = 1 << 16;
 /// Images that are laid on one another for the first view.
 constexpr int MostParts = 20'000;
 constexpr int RowsBetweenReports = 32;
@@ -150,7 +152,7 @@ class GifReader {
             GifRecordType type = UNDEFINED_RECORD_TYPE;
             if (DGifGetRecordType(file_.get(), &type) == GIF_ERROR) {
                 const bool padding = file_->Error == D_GIF_ERR_WRONG_RECORD && input_.Last() == std::byte{0};
-                if (padding && !input_.AtEnd()) continue;
+                if (padding && ++padding_ <= MostPadding && !input_.AtEnd()) continue;
                 return Broken("no image");
             }
             if (type == TERMINATE_RECORD_TYPE) return Ended(Outcome::Corrupt, "no image");
@@ -293,6 +295,7 @@ class GifReader {
     int images_ = 0;  ///< up to the one to show
     int frames_ = 0;  ///< images in the file
     int passed_ = 0;  ///< images that showed nothing
+    int padding_ = 0;
     int width_ = 0;   ///< of the screen
     int height_ = 0;  ///< of the screen
     int left_ = 0;    ///< of the image on the screen
