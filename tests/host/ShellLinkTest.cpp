@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "LinkBytes.h"
 
 namespace tavrix {
