@@ -22,7 +22,12 @@ namespace ShiftMask = forms::ShiftMask;
 using forms::WindowState;
 
 MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, const Lives& lives)
-    : Form(application, {.name = "MainViewFrm", .resizable = true, .menuBar = true, .acceptsDrops = true}),
+    : Form(application, {.name = "MainViewFrm",
+                         .resizable = true,
+                         .menuBar = true,
+                         .acceptsDrops = true,
+                         .minimumWidth = MinWidth,
+                         .minimumHeight = MinHeight}),
       module_(module),
       lives_(lives) {
     KeyPreview = true;

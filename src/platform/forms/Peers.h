@@ -102,6 +102,9 @@ struct WindowTraits {
     bool resizable = false;  ///< sizable frame with minimise and maximise buttons; else a dialog frame
     bool menuBar = false;
     bool acceptsDrops = false;
+    float minimumWidth =
+        0;  ///< outer, twips; the window manager is told, and the form insists where it does not obey
+    float minimumHeight = 0;  ///< likewise
     bool waitWindow = false;  ///< need not be mapped when it goes again within 150 ms
 };
 

@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 
 #include "platform/qt/CanvasWidget.h"
+#include "platform/qt/WindowWidget.h"
 
 namespace tavrix::qt {
 
@@ -11,9 +12,14 @@ namespace {
 
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     if (className != QLatin1String("QWidget")) return nullptr;
-    auto* canvas = dynamic_cast<CanvasWidget*>(object);
     // The bridge owns what it gets.
-    return canvas != nullptr ? new QAccessibleWidget(canvas, QAccessible::Graphic) : nullptr;
+    if (auto* canvas = dynamic_cast<CanvasWidget*>(object))
+        return new QAccessibleWidget(canvas, QAccessible::Graphic);
+    if (auto* window = dynamic_cast<WindowWidget*>(object)) {
+        const bool dialog = window->windowType() == Qt::Dialog;
+        return new QAccessibleWidget(window, dialog ? QAccessible::Dialog : QAccessible::Window);
+    }
+    return nullptr;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/qt/Colours.h"
@@ -30,6 +31,14 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
                 &mapTimer_, [this] { AfterPaint(); }, Qt::QueuedConnection);
         }
     };
+    if (traits.minimumWidth > 0 || traits.minimumHeight > 0) {
+        const double ratio = DeviceRatio();
+        const auto devicePixels = [ratio](float twips) {
+            return static_cast<int>(std::lround(twips / 15 * ratio));
+        };
+        const PixelRect smallest{0, 0, devicePixels(traits.minimumWidth), devicePixels(traits.minimumHeight)};
+        Get().setMinimumSize(PlaceOf(smallest).client);
+    }
     mapTimer_.setSingleShot(true);
     mapTimer_.setInterval(150);
     QObject::connect(&mapTimer_, &QTimer::timeout, &mapTimer_, [this] { Map(); });
@@ -107,6 +116,10 @@ void QtWindow::SetVisible(bool visible) {
 
 void QtWindow::Map() {
     WindowWidget& window = Get();
+    if (waitWindow_ && QApplication::activeModalWidget() != nullptr) {
+        mapTimer_.start();  // it would cover the box that somebody is reading
+        return;
+    }
     if (window.testAttribute(Qt::WA_WState_Created)) {
         window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost_);
     } else {
