@@ -150,6 +150,8 @@ TEST(Gif, ATextTakesTheControlBeforeItForItself) {
     GifFile file{.table = Table, .images = {{.pixels = {1, 2, 3, 0}, .control = false}}};
     file.before.U8({0x21, 0xF9, 4, 1, 10, 0, 1, 0}).U8({0x21, 0x01, 12}).Zeros(12).U8({0});
     ExpectComplete(Decode(file.Make()), {Red, Green, Blue, BlackPixel});
+    file.images.push_back({.left = 1, .width = 1, .pixels = {3, 3}});
+    ExpectComplete(Decode(file.Make()), {Red, Blue, Blue, Blue});
 }
 
 TEST(Gif, ControlsOfOddLengths) {

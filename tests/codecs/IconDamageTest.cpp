@@ -155,6 +155,7 @@ TEST(IconDamage, ManyBrokenEntriesEnd) {
     torn.resize(torn.size() / 2);
     IconFile file;
     file.entries.assign(3000, {.inside = torn});
+    file.entries.push_back(GreenBitmap());  // too late
     const DecodedPicture decoded = Decode(file.Make());
     EXPECT_FALSE(decoded.error.has_value());
     EXPECT_NE(decoded.status.outcome, Outcome::Complete);

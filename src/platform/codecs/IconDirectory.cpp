@@ -53,7 +53,7 @@ std::vector<IconImage> ReadIconDirectory(ByteSource& source) {
         std::array<std::byte, EntrySize> entry{};
         if (reader.Read(entry) != entry.size()) break;
         const std::uint64_t offset = U32(entry, 12);
-        if (offset < DirectoryHeaderSize + EntrySize || offset >= source.Size()) continue;
+        if (offset >= source.Size()) continue;
         std::optional<IconImage> image = ReadImage(source, offset);
         if (!image || image->Area() > MostIconPixels) continue;
         image->colours = std::to_integer<unsigned>(entry[2]);
