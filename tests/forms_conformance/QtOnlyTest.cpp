@@ -139,12 +139,44 @@ TEST_F(QtOnlyTest, TheWheelTurnsTheBarByThreeSmallChanges) {
     EXPECT_EQ(form.bar.Value, 0);
 }
 
-TEST_F(QtOnlyTest, AWaitWindowThatGoesAtOnceIsNeverMapped) {
-    class WaitForm : public Form {
+class WaitForm : public Form {
+  public:
+    explicit WaitForm(Application& application)
+        : Form(application, {.name = "WaitForm", .waitWindow = true}) {}
+};
+
+TEST_F(QtOnlyTest, AWaitWindowDoesNotCoverABox) {
+    auto& wait = app.Load<WaitForm>();
+    wait.Show();
+    driver->ScriptNextBox({.expected = {.text = "Read me"}, .openFor = 300ms});
+    app.MessageBox({.text = "Read me"});
+    EXPECT_FALSE(driver->IsShown(wait));
+    driver->Pass(250ms);
+    EXPECT_TRUE(driver->IsShown(wait));
+}
+
+TEST_F(QtOnlyTest, TheSmallestSizeIsToldToTheWindowSystem) {
+    class LimitedForm : public Form {
       public:
-        explicit WaitForm(Application& application)
-            : Form(application, {.name = "WaitForm", .waitWindow = true}) {}
+        explicit LimitedForm(Application& application)
+            : Form(application, {.name = "LimitedForm",
+                                 .resizable = true,
+                                 .menuBar = true,
+                                 .minimumWidth = 4500,
+                                 .minimumHeight = 6000}) {}
     };
+    auto& form = app.Load<LimitedForm>();
+    form.Move(0, 0, 4500, 6000);
+    form.Show();
+    driver->Settle();
+    const QWidget* window = QApplication::topLevelWidgets().last();
+    for (const QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == QLatin1String("LimitedForm")) window = widget;
+    }
+    EXPECT_EQ(window->minimumSize(), window->size());
+}
+
+TEST_F(QtOnlyTest, AWaitWindowThatGoesAtOnceIsNeverMapped) {
     auto& brief = app.Load<WaitForm>();
     brief.Show();
     driver->Pass(30ms);
