@@ -111,6 +111,7 @@ void Form::PopupMenu(Menu& menu, Menu* defaultEntry) {
     app_.GetToolkit().OpenPopup(*menu.Peer(), defaultEntry != nullptr ? defaultEntry->Peer() : nullptr,
                                 [&closed] { closed = true; });
     app_.GetToolkit().RunUntil([&closed] { return closed; });
+    app_.DoEvents();  // the chosen entry's click comes behind the closing
 }
 
 void Form::Realize() {
