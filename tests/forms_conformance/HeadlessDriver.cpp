@@ -42,7 +42,8 @@ class HeadlessDriver final : public Driver {
         auto& peer = PeerOf<HeadlessButtonPeer>(button);
         if (!peer.enabled || !peer.visible) return;
         toolkit_.Post([&sink = peer.sink, &form = button.OwnerForm()] {
-            const Form::HandlerScope scope(form);  // one press is several events; the first may unload the form
+            const Form::HandlerScope scope(
+                form);  // one press is several events; the first may unload the form
             sink.Deliver(MouseEvent{MouseAction::Down, MouseButton::Left, 0, 1, 1});
             sink.Deliver(ClickEvent{});
             sink.Deliver(MouseEvent{MouseAction::Up, MouseButton::Left, 0, 1, 1});
