@@ -27,8 +27,12 @@ Integer Rounded(double value) {
 
 }  // namespace
 
-std::int32_t RoundToLong(double value) { return Rounded<std::int32_t>(value); }
+std::int32_t RoundToLong(double value) {
+    return Rounded<std::int32_t>(value);
+}
 
-std::int16_t ToInteger16(double value) { return Rounded<std::int16_t>(value); }
+std::int16_t ToInteger16(double value) {
+    return Rounded<std::int16_t>(value);
+}
 
 }  // namespace tavrix

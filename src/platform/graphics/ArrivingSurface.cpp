@@ -4,7 +4,9 @@
 
 namespace tavrix {
 
-ArrivingSurface::ArrivingSurface(Surface whole) : surface_(std::move(whole)) { Finish(Outcome::Complete); }
+ArrivingSurface::ArrivingSurface(Surface whole) : surface_(std::move(whole)) {
+    Finish(Outcome::Complete);
+}
 
 ArrivingSurface::ArrivingSurface(int width, int height) : surface_(width, height) {}
 

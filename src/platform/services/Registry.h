@@ -14,7 +14,8 @@ struct RegistryValue {
 class Registry {
   public:
     virtual ~Registry() = default;
-    [[nodiscard]] virtual std::optional<RegistryValue> Read(const std::string& key, const std::string& name) = 0;
+    [[nodiscard]] virtual std::optional<RegistryValue> Read(const std::string& key,
+                                                            const std::string& name) = 0;
     virtual void Write(const std::string& key, const std::string& name, const std::string& text) = 0;
 };
 
