@@ -39,8 +39,10 @@ PixelRect Control::PixelBounds() const {
 
 void Control::Move(float left, float top, float width, float height) {
     if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    const bool moved = Left.Store(left) | Top.Store(top);
-    const bool sized = Width.Store(width) | Height.Store(height);
+    bool moved = Left.Store(left);
+    moved = Top.Store(top) || moved;
+    bool sized = Width.Store(width);
+    sized = Height.Store(height) || sized;
     if (moved || sized) PushBounds();
     if (sized) Resized();
 }

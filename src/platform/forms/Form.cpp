@@ -50,8 +50,10 @@ void Form::Move(float left, float top, float width, float height) {
         height = Height;
     }
     const PixelRect before = OuterPixels();
-    const bool sized = Width.Store(width) | Height.Store(height);
-    const bool moved = Left.Store(left) | Top.Store(top);
+    bool sized = Width.Store(width);
+    sized = Height.Store(height) || sized;
+    bool moved = Left.Store(left);
+    moved = Top.Store(top) || moved;
     if (!sized && !moved) return;
     const PixelRect outer = OuterPixels();
     if (peer_ && outer != before) {
