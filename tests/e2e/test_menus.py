@@ -169,9 +169,10 @@ class MenuTest(ProgramTest):
 
     def test_clear_and_reload(self):
         program, window, view = self.open(400, 350)
-        path, image = self.picture(300, 320)  # another picture in the same file
+        path, image = self.picture(420, 330)  # another picture in the same file
         program.menu_entry("Edit", "Reload Image").act()
-        self.view(window, image, x=0, y=0, width=300, height=320)
+        window = wait_until(lambda: (w := program.main(path)).width > 420 and w, "the window's new size")
+        self.view(window, image, x=0, y=0, width=420, height=330)
         program.menu_entry("Edit", "Clear Screen").act()
         program.main()
         self.assertEqual(program.titles(), ["Tavrix"])
