@@ -51,6 +51,20 @@ Answer Application::MessageBox(const BoxRequest& request) {
     return answer.value_or(EscapeAnswer(request.buttons));
 }
 
+std::optional<std::string> Application::InputBox(const InputRequest& request) {
+    bool answered = false;
+    std::optional<std::string> text;
+    ++openBoxes_;
+    const auto box =
+        toolkit_.OpenInputBox(request, [&answered, &text](const std::optional<std::string>& entered) {
+            text = entered;
+            answered = true;
+        });
+    toolkit_.RunUntil([&answered] { return answered; });
+    --openBoxes_;
+    return text;
+}
+
 void Application::Run() {
     toolkit_.RunUntil([this] { return forms_.empty(); });
 }

@@ -3,6 +3,8 @@
 #include <concepts>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -56,6 +58,8 @@ class Application final : private ToolkitEvents {
     void DoEvents();
     /// Opens a message box and gives the button that was pressed.
     Answer MessageBox(const BoxRequest& request);
+    /// Opens an input box and gives what was entered; nothing after Cancel.
+    std::optional<std::string> InputBox(const InputRequest& request);
     /// Runs messages until no window is loaded.
     void Run();
 

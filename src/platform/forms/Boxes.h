@@ -22,6 +22,13 @@ struct BoxRequest {
     std::string helpFile = {};  ///< empty: the application's help file
 };
 
+/// A box that asks for one line of text.
+struct InputRequest {
+    std::string prompt;
+    std::string title = "Tavrix";
+    std::string text = {};  ///< what stands in the field at first, all selected
+};
+
 /// The answer that closing a box by its frame or by Escape gives.
 [[nodiscard]] constexpr Answer EscapeAnswer(BoxButtons buttons) {
     switch (buttons) {

@@ -12,10 +12,14 @@ namespace tavrix::forms {
 void Container::RealizeControls(Toolkit& toolkit, ControlPeer& self) {
     for (Control* control : controls_)
         control->Realize(toolkit, self);
+    for (Control* control : controls_)
+        control->RealizeLinks();
 }
 
 Control::Control(Container& container, std::string name)
-    : form_(container.OwnerForm()), name_(std::move(name)) {
+    : form_(container.OwnerForm()),
+      inPictureBox_(static_cast<Container*>(&form_) != &container),
+      name_(std::move(name)) {
     container.controls_.push_back(this);
 }
 
@@ -49,6 +53,11 @@ void Control::Move(float left, float top, float width, float height) {
 
 void Control::SetFocus() {
     form_.GiveFocus(*this);
+}
+
+void Control::TakeKeyDown(int& keyCode, int shift) {
+    if (OnKeyDown) OnKeyDown(keyCode, shift);
+    if (keyCode != 0 && !form_.Unloaded()) KeyPressed(keyCode, shift);
 }
 
 void Control::Deliver(const Event& event) {
@@ -99,7 +108,7 @@ void Control::AssignAccessibleName(const std::string& value) {
 }
 
 void Control::PushBounds() {
-    if (peer_ != nullptr && !form_.HasLayout()) peer_->SetBounds(PixelBounds());
+    if (peer_ != nullptr && (inPictureBox_ || !form_.HasLayout())) peer_->SetBounds(PixelBounds());
 }
 
 }  // namespace tavrix::forms

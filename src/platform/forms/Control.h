@@ -62,9 +62,15 @@ class Control : public FormObject, public EventSink {
     void SetFocus();
 
     std::function<void()> OnGotFocus;
+    /// A key goes down, or up, while this control has the focus. A handler that sets the key code of KeyDown to 0
+    /// keeps the key from the control.
+    std::function<void(int& keyCode, int shift)> OnKeyDown;
+    std::function<void(int keyCode, int shift)> OnKeyUp;
 
     void Deliver(const Event& event) final;
 
+    /// For the form, which sees the keys first.
+    void TakeKeyDown(int& keyCode, int shift);
     /// For the form: makes the peer and tells it everything.
     void Realize(Toolkit& toolkit, ControlPeer& container);
     /// For the form and for backends: null before the form was first shown.
@@ -76,7 +82,11 @@ class Control : public FormObject, public EventSink {
     /// Makes the peer of the kind and tells it what only this kind has.
     virtual ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) = 0;
     virtual void RealizeContent(Toolkit&) {}
+    /// The peers of all controls in the container are there.
+    virtual void RealizeLinks() {}
     virtual void Resized() {}
+    /// A key that no handler took. Setting the code to 0 keeps it from the peer.
+    virtual void KeyPressed(int& /*keyCode*/, int /*shift*/) {}
     /// An event that is not handled by all controls alike.
     virtual void Handle(const Event& event) = 0;
 
@@ -92,7 +102,10 @@ class Control : public FormObject, public EventSink {
     void AssignAccessibleName(const std::string& value);
     void PushBounds();
 
+    friend class Container;
+
     Form& form_;
+    bool inPictureBox_;  ///< placed by its bounds even where the form has a layout
     std::string name_;
     ControlPeer* peer_ = nullptr;
 };

@@ -86,6 +86,26 @@ struct ScrollEvent {
     bool tracking = false;
 };
 
+/// The user made a row of a list the current one, or pressed the one that is current already.
+struct RowEvent {
+    int row = -1;
+};
+
+/// Two quick clicks on the current row.
+struct DoubleClickEvent {};
+
+/// The user changed a text, or what of it is selected. Positions count characters.
+struct TextEvent {
+    std::string text;
+    int selectionStart = 0;
+    int selectionLength = 0;
+};
+
+/// The user ticked a box, or cleared it.
+struct CheckEvent {
+    bool checked = true;
+};
+
 struct FocusEvent {
     bool gained = true;
 };
@@ -110,8 +130,9 @@ struct DropEvent {
     int y = 0;
 };
 
-using Event = std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, FocusEvent, PlacementEvent,
-                           ActivateEvent, CloseEvent, DropEvent>;
+using Event =
+    std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent, TextEvent,
+                 CheckEvent, FocusEvent, PlacementEvent, ActivateEvent, CloseEvent, DropEvent>;
 
 /// The one door through which the user's doings arrive.
 class EventSink {

@@ -206,9 +206,14 @@ void Form::HandlePlacement(const PlacementEvent& placement) {
 }
 
 void Form::HandleKey(const KeyEvent& key) {
-    if (!key.down || !KeyPreview) return;
+    Control* const focused = activeControl_;
+    if (!key.down) {
+        if (focused != nullptr && focused->OnKeyUp) focused->OnKeyUp(key.keyCode, key.shift);
+        return;
+    }
     int keyCode = key.keyCode;
-    Form_KeyDown(keyCode, key.shift);
+    if (KeyPreview) Form_KeyDown(keyCode, key.shift);
+    if (keyCode != 0 && focused != nullptr && !unloaded_) focused->TakeKeyDown(keyCode, key.shift);
     if (keyCode == 0 && key.handled != nullptr) *key.handled = true;
 }
 

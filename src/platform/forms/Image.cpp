@@ -1,10 +1,25 @@
 #include "platform/forms/Image.h"
 
+#include <utility>
+
 #include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Twips.h"
 
 namespace tavrix::forms {
+
+namespace {
+
+constexpr int ArrivalInterval = 30;  ///< milliseconds
+
+}  // namespace
+
+Image::Image(Container& container, std::string name)
+    : Control(container, std::move(name)), arrival_(OwnerForm()) {
+    arrival_.Enabled = false;
+    arrival_.Interval = ArrivalInterval;
+    arrival_.OnTimer = [this] { LookAtArrival(); };
+}
 
 ControlPeer& Image::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
@@ -13,10 +28,15 @@ ControlPeer& Image::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
 }
 
 void Image::Handle(const Event& event) {
-    if (std::holds_alternative<ClickEvent>(event) && OnClick) OnClick();
+    if (std::holds_alternative<ClickEvent>(event)) {
+        if (OnClick) OnClick();
+    } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
+        if (OnOLEDragDrop) OnOLEDragDrop(drop->files);
+    }
 }
 
 void Image::Resized() {
+    shrunk_.reset();
     InvalidateAll();
 }
 
@@ -24,15 +44,28 @@ CanvasView Image::View(int) const {
     CanvasView view;
     view.background = ButtonFace;
     if (Picture.Get().Empty()) return view;
-    view.pixels = &Picture.Get().pixels->Whole();
-    view.transparent = Picture.Get().transparent || Picture.Get().pixels->Damaged();
+    const ArrivingSurface& pixels = *Picture.Get().pixels;
     const PixelRect bounds = PixelBounds();
     view.place = {0, 0, bounds.width, bounds.height};
+    const bool smaller = bounds.width <= pixels.Width() && bounds.height <= pixels.Height() &&
+                         (bounds.width < pixels.Width() || bounds.height < pixels.Height());
+    if (!smaller || bounds.width == 0 || bounds.height == 0) {
+        view.pixels = &pixels.Whole();
+        view.transparent = Picture.Get().transparent || pixels.Damaged();
+        return view;
+    }
+    if (!shrunk_) shrunk_.emplace(pixels.Width(), pixels.Height(), bounds.width, bounds.height);
+    const int ready = pixels.RowsReady();
+    shrunk_->Take(pixels.Rows(ready), ready);
+    view.pixels = &shrunk_->Copy();
+    view.transparent = Picture.Get().transparent || !shrunk_->Whole() || pixels.Damaged();
     return view;
 }
 
 void Image::AssignPicture(const tavrix::Picture& value) {
     if (!Picture.Store(value)) return;
+    shrunk_.reset();
+    arrival_.Enabled = !value.Empty() && !value.pixels->Ended();
     InvalidateAll();
     if (!Stretch) TakePictureSize();
 }
@@ -45,6 +78,14 @@ void Image::TakePictureSize() {
     const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
     Move(Left, Top, ToTwips(Picture.Get().Width(), screen.twipsPerPixelX),
          ToTwips(Picture.Get().Height(), screen.twipsPerPixelY));
+}
+
+void Image::LookAtArrival() {
+    // Asked before painting, so that the last rows are seen by the tick that ends this.
+    const bool ended = Picture.Get().Empty() || Picture.Get().pixels->Ended();
+    if (ended) arrival_.Enabled = false;
+    InvalidateAll();
+    if (ended && OnArrived) OnArrived();
 }
 
 void Image::InvalidateAll() {

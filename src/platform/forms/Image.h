@@ -1,20 +1,32 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "platform/forms/Control.h"
+#include "platform/forms/Timer.h"
 #include "platform/graphics/Picture.h"
+#include "platform/graphics/Shrink.h"
 
 namespace tavrix::forms {
 
-/// A picture without a bitmap of its own: at its natural size, or stretched to the control's.
+/// A picture without a bitmap of its own: at its natural size, or stretched to the control's. A picture that is shown
+/// smaller than it is appears row by row while it arrives, and nothing waits for it.
 class Image final : public Control, private CanvasContent {
   public:
-    using Control::Control;
+    Image(Container& container, std::string name);
 
     Property<tavrix::Picture> Picture{this, &Image::AssignPicture};
     /// Off: the control takes the picture's natural size.
     Property<bool> Stretch{this, &Image::AssignStretch};
 
     std::function<void()> OnClick;
+    /// Files were dropped here, as drive paths.
+    std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
+    /// The decoding of a picture that was still arriving when it was assigned has ended.
+    std::function<void()> OnArrived;
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
@@ -25,7 +37,10 @@ class Image final : public Control, private CanvasContent {
     void AssignStretch(const bool& value);
     void TakePictureSize();
     void InvalidateAll();
+    void LookAtArrival();
 
+    Timer arrival_;
+    mutable std::optional<Shrink> shrunk_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };
 

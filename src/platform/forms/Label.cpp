@@ -8,6 +8,10 @@ ControlPeer& Label::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     return *labelPeer_;
 }
 
+void Label::RealizeLinks() {
+    if (buddy_ != nullptr && buddy_->Peer() != nullptr) labelPeer_->SetBuddy(*buddy_->Peer());
+}
+
 void Label::Handle(const Event& event) {
     if (std::holds_alternative<ClickEvent>(event) && OnClick) OnClick();
 }

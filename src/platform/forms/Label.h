@@ -11,13 +11,19 @@ class Label final : public Control {
 
     Property<std::string> Caption{this, &Label::AssignCaption};
 
+    /// The control whose name the label tells, and that gets the focus by its mnemonic. To be told before the first
+    /// show; it lies in the same container.
+    void SetBuddy(const Control& buddy) { buddy_ = &buddy; }
+
     std::function<void()> OnClick;
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
+    void RealizeLinks() override;
     void Handle(const Event& event) override;
     void AssignCaption(const std::string& value);
 
+    const Control* buddy_ = nullptr;
     std::unique_ptr<LabelPeer> labelPeer_;
 };
 

@@ -31,6 +31,63 @@ class LabelPeer : public ControlPeer {
   public:
     /// The raw caption; an ampersand marks the mnemonic.
     virtual void SetText(const std::string& text) = 0;
+    /// The control that the mnemonic gives the focus to, and that a screen reader calls by the label's text.
+    virtual void SetBuddy(ControlPeer& buddy) = 0;
+};
+
+/// A box to tick, with its text beside it.
+class CheckPeer : public ControlPeer {
+  public:
+    /// The raw caption; an ampersand marks the mnemonic.
+    virtual void SetText(const std::string& text) = 0;
+    virtual void SetChecked(bool checked) = 0;
+};
+
+/// One line of text that the user edits. Positions and lengths count characters.
+class TextPeer : public ControlPeer {
+  public:
+    virtual void SetText(const std::string& text) = 0;
+    virtual void SetSelection(int start, int length) = 0;
+    /// The most characters that the user can enter; 0: any number.
+    virtual void SetMaxLength(int characters) = 0;
+};
+
+enum class RowIcon : std::uint8_t {
+    None,
+    Folder,
+    OpenFolder,
+    FloppyDrive,
+    FixedDrive,
+    NetworkDrive,
+    CdDrive,
+    RamDrive
+};
+
+/// How a row of a list looks.
+struct ListRow {
+    std::string text;  ///< as it stands, ampersands and all
+    RowIcon icon = RowIcon::None;
+    int indent = 0;  ///< steps to the right
+};
+
+/// What a list shows. The peer reads the rows that it needs, when it needs them, and copies none.
+class ListContent {
+  public:
+    [[nodiscard]] virtual int RowCount() const = 0;
+    /// `row`: 0 to RowCount() - 1.
+    [[nodiscard]] virtual ListRow Row(int row) const = 0;
+
+  protected:
+    ~ListContent() = default;
+};
+
+/// A list, or a list that drops down. One row at most is the current one.
+class ListPeer : public ControlPeer {
+  public:
+    /// All rows are others now, and none is current.
+    virtual void ResetRows() = 0;
+    /// -1: none. A list scrolls so that the row can be seen.
+    virtual void SetCurrent(int row) = 0;
 };
 
 class ButtonPeer : public ControlPeer {

@@ -57,6 +57,12 @@ class Toolkit {
     virtual std::unique_ptr<WindowPeer> CreateWindowPeer(EventSink& sink, const WindowTraits& traits) = 0;
     virtual std::unique_ptr<LabelPeer> CreateLabel(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<ButtonPeer> CreateButton(EventSink& sink, ControlPeer& container) = 0;
+    virtual std::unique_ptr<CheckPeer> CreateCheckBox(EventSink& sink, ControlPeer& container) = 0;
+    virtual std::unique_ptr<TextPeer> CreateTextBox(EventSink& sink, ControlPeer& container) = 0;
+    virtual std::unique_ptr<ListPeer> CreateList(EventSink& sink, ControlPeer& container,
+                                                 const ListContent& content) = 0;
+    virtual std::unique_ptr<ListPeer> CreateDropDownList(EventSink& sink, ControlPeer& container,
+                                                         const ListContent& content) = 0;
     virtual std::unique_ptr<ScrollBarPeer> CreateScrollBar(EventSink& sink, ControlPeer& container,
                                                            bool vertical) = 0;
     virtual std::unique_ptr<CanvasPeer> CreateCanvas(EventSink& sink, ControlPeer& container,
@@ -74,6 +80,9 @@ class Toolkit {
     /// Opens a message box; `answered` is called once, with the button that was pressed.
     virtual std::unique_ptr<BoxPeer> OpenBox(const BoxRequest& request, std::function<void(Answer)> answered,
                                              std::function<void()> help) = 0;
+    /// Opens an input box; `answered` is called once, with the text that was entered, or nothing after Cancel.
+    virtual std::unique_ptr<BoxPeer> OpenInputBox(
+        const InputRequest& request, std::function<void(const std::optional<std::string>&)> answered) = 0;
 
     /// Runs all messages that are pending now.
     virtual void ProcessEvents() = 0;

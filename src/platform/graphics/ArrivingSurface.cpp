@@ -28,8 +28,9 @@ void ArrivingSurface::TellReady(int rows) {
     ready_.notify_all();
 }
 
-void ArrivingSurface::Finish(Outcome outcome) {
+void ArrivingSurface::Finish(Outcome outcome, bool blank) {
     outcome_ = outcome;
+    blank_ = blank;
     finished_.store(true, std::memory_order_release);
     finished_.notify_all();
     TellReady(Height());

@@ -42,14 +42,18 @@ class ArrivingSurface {
     [[nodiscard]] bool Damaged() const {
         return finished_.load(std::memory_order_acquire) && outcome_ != Outcome::Complete;
     }
+    /// Whether decoding has ended by now.
+    [[nodiscard]] bool Ended() const { return finished_.load(std::memory_order_acquire); }
+    /// Whether decoding has ended by now without a single row.
+    [[nodiscard]] bool Blank() const { return Ended() && blank_; }
     /// How decoding ended, once it has.
     [[nodiscard]] Outcome Ending() const;
 
     /// The writer's side. Rows that were told as ready are not written again.
     [[nodiscard]] Surface& Canvas() { return surface_; }
     void TellReady(int rows);
-    /// Ends the filling; all rows count as ready from here on, whatever they hold.
-    void Finish(Outcome outcome);
+    /// Ends the filling; all rows count as ready from here on, whatever they hold. `blank`: none of them was decoded.
+    void Finish(Outcome outcome, bool blank = false);
 
     /// A reader's request to stop early, since nobody looks at the picture any more.
     void Abandon() { abandoned_.store(true, std::memory_order_relaxed); }
@@ -61,6 +65,7 @@ class ArrivingSurface {
     std::atomic<bool> finished_{false};
     std::atomic<bool> abandoned_{false};
     Outcome outcome_ = Outcome::Complete;
+    bool blank_ = false;
 };
 
 }  // namespace tavrix

@@ -24,6 +24,13 @@ Pixel HeadlessCanvasPeer::ShownPixel(int x, int y) const {
     return (pixel >> 24U) == 0 ? background : pixel;
 }
 
+std::vector<std::string> HeadlessListPeer::Texts() const {
+    std::vector<std::string> texts;
+    for (int row = 0; row < content.RowCount(); ++row)
+        texts.push_back(content.Row(row).text);
+    return texts;
+}
+
 HeadlessWindowPeer::HeadlessWindowPeer(HeadlessToolkit& toolkit, forms::EventSink& events,
                                        const forms::WindowTraits& windowTraits)
     : HeadlessControlPeer(events), traits(windowTraits), toolkit_(toolkit) {

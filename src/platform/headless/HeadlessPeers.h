@@ -39,8 +39,53 @@ class HeadlessLabelPeer final : public HeadlessControlPeer<forms::LabelPeer> {
   public:
     using HeadlessControlPeer::HeadlessControlPeer;
     void SetText(const std::string& value) override { text = value; }
+    void SetBuddy(forms::ControlPeer& control) override { buddy = &control; }
 
     std::string text;
+    forms::ControlPeer* buddy = nullptr;
+};
+
+class HeadlessCheckPeer final : public HeadlessControlPeer<forms::CheckPeer> {
+  public:
+    using HeadlessControlPeer::HeadlessControlPeer;
+    void SetText(const std::string& value) override { text = value; }
+    void SetChecked(bool value) override { checked = value; }
+
+    std::string text;
+    bool checked = false;
+};
+
+class HeadlessTextPeer final : public HeadlessControlPeer<forms::TextPeer> {
+  public:
+    using HeadlessControlPeer::HeadlessControlPeer;
+    void SetText(const std::string& value) override { text = value; }
+    void SetSelection(int start, int length) override {
+        selectionStart = start;
+        selectionLength = length;
+    }
+    void SetMaxLength(int characters) override { maxLength = characters; }
+
+    std::string text;
+    int selectionStart = 0;
+    int selectionLength = 0;
+    int maxLength = 0;
+};
+
+class HeadlessListPeer final : public HeadlessControlPeer<forms::ListPeer> {
+  public:
+    HeadlessListPeer(forms::EventSink& events, const forms::ListContent& listContent)
+        : HeadlessControlPeer(events), content(listContent) {}
+    void ResetRows() override {
+        ++resets;
+        current = -1;
+    }
+    void SetCurrent(int row) override { current = row; }
+    /// The texts of all rows.
+    [[nodiscard]] std::vector<std::string> Texts() const;
+
+    const forms::ListContent& content;
+    int current = -1;
+    int resets = 0;
 };
 
 class HeadlessButtonPeer final : public HeadlessControlPeer<forms::ButtonPeer> {

@@ -30,8 +30,11 @@ std::string Difference(const ExpectedBox& expected, const BoxRequest& request) {
 
 std::vector<std::string> HeadlessToolkit::Failures() const {
     std::vector<std::string> failures = failures_;
-    for (const ExpectedBox& box : expectedBoxes_)
-        failures.push_back("a box never came: " + box.text);
+    for (const auto& expected : expectedBoxes_) {
+        const auto* box = std::get_if<ExpectedBox>(&expected);
+        failures.push_back("a box never came: " +
+                           (box != nullptr ? box->text : std::get<ExpectedInput>(expected).prompt));
+    }
     return failures;
 }
 
@@ -52,6 +55,24 @@ std::unique_ptr<LabelPeer> HeadlessToolkit::CreateLabel(EventSink& sink, Control
 
 std::unique_ptr<ButtonPeer> HeadlessToolkit::CreateButton(EventSink& sink, ControlPeer&) {
     return std::make_unique<HeadlessButtonPeer>(sink);
+}
+
+std::unique_ptr<CheckPeer> HeadlessToolkit::CreateCheckBox(EventSink& sink, ControlPeer&) {
+    return std::make_unique<HeadlessCheckPeer>(sink);
+}
+
+std::unique_ptr<TextPeer> HeadlessToolkit::CreateTextBox(EventSink& sink, ControlPeer&) {
+    return std::make_unique<HeadlessTextPeer>(sink);
+}
+
+std::unique_ptr<ListPeer> HeadlessToolkit::CreateList(EventSink& sink, ControlPeer&,
+                                                      const ListContent& content) {
+    return std::make_unique<HeadlessListPeer>(sink, content);
+}
+
+std::unique_ptr<ListPeer> HeadlessToolkit::CreateDropDownList(EventSink& sink, ControlPeer&,
+                                                              const ListContent& content) {
+    return std::make_unique<HeadlessListPeer>(sink, content);
 }
 
 std::unique_ptr<ScrollBarPeer> HeadlessToolkit::CreateScrollBar(EventSink& sink, ControlPeer&, bool) {
@@ -96,17 +117,37 @@ std::unique_ptr<BoxPeer> HeadlessToolkit::OpenBox(const BoxRequest& request,
                                                   std::function<void(Answer)> answered,
                                                   std::function<void()> help) {
     ++boxesShown_;
-    if (expectedBoxes_.empty()) {
+    if (expectedBoxes_.empty() || !std::holds_alternative<ExpectedBox>(expectedBoxes_.front())) {
         failures_.push_back("unexpected box: " + Described(request));
         answered(EscapeAnswer(request.buttons));
         return nullptr;
     }
-    const ExpectedBox expected = std::move(expectedBoxes_.front());
+    const ExpectedBox expected = std::get<ExpectedBox>(std::move(expectedBoxes_.front()));
     expectedBoxes_.pop_front();
     const std::string difference = Difference(expected, request);
     if (!difference.empty()) failures_.push_back("box " + Described(request) + " differs in" + difference);
     if (expected.whileOpen) expected.whileOpen();
     if (expected.pressHelp) help();
+    answered(expected.reply);
+    return nullptr;
+}
+
+std::unique_ptr<BoxPeer> HeadlessToolkit::OpenInputBox(
+    const InputRequest& request, std::function<void(const std::optional<std::string>&)> answered) {
+    ++boxesShown_;
+    const std::string described = "[" + request.title + "] " + request.prompt + " <" + request.text + ">";
+    if (expectedBoxes_.empty() || !std::holds_alternative<ExpectedInput>(expectedBoxes_.front())) {
+        failures_.push_back("unexpected input box: " + described);
+        answered(std::nullopt);
+        return nullptr;
+    }
+    const ExpectedInput expected = std::get<ExpectedInput>(std::move(expectedBoxes_.front()));
+    expectedBoxes_.pop_front();
+    if (expected.prompt != request.prompt || expected.title != request.title ||
+        expected.text != request.text) {
+        failures_.push_back("input box " + described + " differs, expected [" + expected.title + "] " +
+                            expected.prompt + " <" + expected.text + ">");
+    }
     answered(expected.reply);
     return nullptr;
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "platform/forms/Toolkit.h"
@@ -31,6 +32,14 @@ struct ExpectedBox {
     bool pressHelp = false;                ///< the user presses Help before the reply
 };
 
+/// An input box that a test expects next, and what the user enters.
+struct ExpectedInput {
+    std::string prompt;
+    std::string title = "Tavrix";
+    std::string text = {};             ///< what stands in the field at first
+    std::optional<std::string> reply;  ///< nothing: Cancel
+};
+
 /// A backend without a window system: a screen that tests set, a scripted user, a virtual clock.
 class HeadlessToolkit final : public forms::Toolkit {
   public:
@@ -46,8 +55,9 @@ class HeadlessToolkit final : public forms::Toolkit {
     std::function<PixelRect(const PixelRect& asked, forms::WindowState state)> windowManager;
 
     // The scripted user.
-    /// Expects a message box; boxes must come in the order in which they are expected.
-    void Expect(ExpectedBox box) { expectedBoxes_.push_back(std::move(box)); }
+    /// Expects a message box or an input box; they must come in the order in which they are expected.
+    void Expect(ExpectedBox box) { expectedBoxes_.emplace_back(std::move(box)); }
+    void ExpectInput(ExpectedInput box) { expectedBoxes_.emplace_back(std::move(box)); }
     /// Does something the next time messages run.
     void Post(std::function<void()> action) { posted_.push_back(std::move(action)); }
     /// Does something at the n-th time from now that messages run (1: the next).
@@ -84,6 +94,14 @@ class HeadlessToolkit final : public forms::Toolkit {
                                                   forms::ControlPeer& container) override;
     std::unique_ptr<forms::ButtonPeer> CreateButton(forms::EventSink& sink,
                                                     forms::ControlPeer& container) override;
+    std::unique_ptr<forms::CheckPeer> CreateCheckBox(forms::EventSink& sink,
+                                                     forms::ControlPeer& container) override;
+    std::unique_ptr<forms::TextPeer> CreateTextBox(forms::EventSink& sink,
+                                                   forms::ControlPeer& container) override;
+    std::unique_ptr<forms::ListPeer> CreateList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                const forms::ListContent& content) override;
+    std::unique_ptr<forms::ListPeer> CreateDropDownList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                        const forms::ListContent& content) override;
     std::unique_ptr<forms::ScrollBarPeer> CreateScrollBar(forms::EventSink& sink,
                                                           forms::ControlPeer& container,
                                                           bool vertical) override;
@@ -97,6 +115,9 @@ class HeadlessToolkit final : public forms::Toolkit {
     std::unique_ptr<forms::BoxPeer> OpenBox(const forms::BoxRequest& request,
                                             std::function<void(forms::Answer)> answered,
                                             std::function<void()> help) override;
+    std::unique_ptr<forms::BoxPeer> OpenInputBox(
+        const forms::InputRequest& request,
+        std::function<void(const std::optional<std::string>&)> answered) override;
     void ProcessEvents() override;
     void RunUntil(const std::function<bool()>& done) override;
     void SetWakeUp(std::optional<forms::Milliseconds> after) override;
@@ -114,7 +135,7 @@ class HeadlessToolkit final : public forms::Toolkit {
 
     forms::ToolkitEvents* events_ = nullptr;
     std::vector<HeadlessWindowPeer*> windows_;
-    std::deque<ExpectedBox> expectedBoxes_;
+    std::deque<std::variant<ExpectedBox, ExpectedInput>> expectedBoxes_;
     std::deque<std::function<void()>> posted_;
     std::multimap<int, std::function<void()>> atYield_;
     std::map<std::string, std::function<void()>> modalDrivers_;

@@ -23,6 +23,7 @@ class MemoryPictures final : public Pictures {
 
     /// `path` is a full drive path.
     Picture Load(const std::string& path) override;
+    Picture LoadInBackground(const std::string& path) override { return Load(path); }
 
   private:
     MemoryDisks& disks_;

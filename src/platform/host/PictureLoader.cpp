@@ -61,11 +61,12 @@ class PictureLoader::Job final : public PictureSink {
     }
 
     /// The picture, or the error that its loading ends with.
-    [[nodiscard]] Picture Await() {
+    [[nodiscard]] Picture Await(Until until) {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return rowsStand_ || ended_; });
+        const auto stands = [this, until] { return until == Until::Header ? held_ != nullptr : rowsStand_; };
+        changed_.wait(lock, [this, &stands] { return stands() || ended_; });
         if (refused_) throw RuntimeError(ErrorNumber::OutOfMemory);
-        if (!rowsStand_) throw RuntimeError(ErrorNumber::InvalidPicture);
+        if (!stands()) throw RuntimeError(ErrorNumber::InvalidPicture);
         // The caller's copies alone keep the picture wanted from here on.
         return MakePicture(*decoder_, info_, std::exchange(held_, nullptr));
     }
@@ -94,6 +95,7 @@ class PictureLoader::Job final : public PictureSink {
         try {
             pixels_ = std::make_shared<ArrivingSurface>(info.width, info.height);
             held_ = Held(pixels_);
+            changed_.notify_all();
         } catch (const RuntimeError&) {
             refused_ = true;
         } catch (const std::bad_alloc&) {
@@ -123,7 +125,7 @@ class PictureLoader::Job final : public PictureSink {
         const std::scoped_lock lock(mutex_);
         rowsStand_ = rowsStand_ || (status.someRows && pixels_ != nullptr);
         ended_ = true;
-        if (pixels_) pixels_->Finish(status.outcome);
+        if (pixels_) pixels_->Finish(status.outcome, !rowsStand_);
         pixels_ = nullptr;
         if (!rowsStand_) held_ = nullptr;
         changed_.notify_all();
@@ -156,17 +158,25 @@ PictureLoader::~PictureLoader() {
 }
 
 Picture PictureLoader::Load(const std::string& path) {
+    return LoadUntil(path, Until::FirstRows);
+}
+
+Picture PictureLoader::LoadInBackground(const std::string& path) {
+    return LoadUntil(path, Until::Header);
+}
+
+Picture PictureLoader::LoadUntil(const std::string& path, Until until) {
     const std::string hostPath = toHostPath_(path);
     ForgetEnded();
     const auto job = std::make_shared<Job>(hostPath);
     if (job->Decoder() == nullptr) throw RuntimeError(ErrorNumber::InvalidPicture);
-    if (const auto prefetched = TakePrefetched(hostPath, *job)) return prefetched->Await();
+    if (const auto prefetched = TakePrefetched(hostPath, *job)) return prefetched->Await(until);
 
     SizeProbe probe;
     static_cast<void>(job->Decoder()->Decode(job->Source(), probe));
     if (probe.Pixels() > SmallPixels) {
         Start(job);
-        return job->Await();
+        return job->Await(until);
     }
     DecodedPicture decoded = DecodePicture(job->Source());
     if (decoded.error) throw RuntimeError(*decoded.error);

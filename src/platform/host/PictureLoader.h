@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
@@ -28,6 +29,7 @@ class PictureLoader final : public Pictures {
     /// As Pictures says; besides, 75 for a folder or anything else that is no ordinary file. Decoding that ends
     /// without a row is 481.
     [[nodiscard]] Picture Load(const std::string& path) override;
+    [[nodiscard]] Picture LoadInBackground(const std::string& path) override;
 
     /// Starts decoding at once, for a picture that will be asked for soon. Load takes the result if the file is
     /// still the same. Failures are left for Load to report. Only the latest few are kept.
@@ -35,11 +37,13 @@ class PictureLoader final : public Pictures {
 
   private:
     class Job;
+    enum class Until : std::uint8_t { FirstRows, Header };
     struct Prefetched {
         std::string hostPath;
         std::shared_ptr<Job> job;
     };
 
+    [[nodiscard]] Picture LoadUntil(const std::string& path, Until until);
     void Start(const std::shared_ptr<Job>& job);
     void ForgetEnded();
     [[nodiscard]] std::shared_ptr<Job> TakePrefetched(const std::string& hostPath, const Job& wanted);

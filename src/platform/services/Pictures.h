@@ -14,6 +14,9 @@ class Pictures {
     /// Loads a picture. Its lower rows may still be arriving when this returns.
     /// Throws RuntimeError 53, 76, 70 or 71 for the file, 481 for content that is no picture, 7 above the limits.
     [[nodiscard]] virtual Picture Load(const std::string& path) = 0;
+    /// The same without a wait for any row: a large picture may turn out later to be one of which nothing can be
+    /// decoded (ArrivingSurface::Blank), where Load throws 481.
+    [[nodiscard]] virtual Picture LoadInBackground(const std::string& path) = 0;
 };
 
 }  // namespace tavrix
