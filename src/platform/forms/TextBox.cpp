@@ -58,11 +58,11 @@ void TextBox::Select(int start, int length) {
 }
 
 std::string TextBox::Cut(const std::string& text) const {
-    return MaxLength == 0 ? text : Left(text, static_cast<std::size_t>(MaxLength.Get()));
+    return MaxLength == 0 ? text : tavrix::Left(text, static_cast<std::size_t>(MaxLength.Get()));
 }
 
 int TextBox::TextLength() const {
-    return static_cast<int>(CharacterCount(Text));
+    return static_cast<int>(CharacterCount(Text.Get()));
 }
 
 }  // namespace tavrix::forms

@@ -23,6 +23,8 @@ class MemoryFiles final : public Files {
     bool FileExists(const std::string& path) override;
     bool FolderExists(const std::string& path) override;
     std::string First(const std::string& pattern) override;
+    std::vector<std::string> List(const std::string& folder, const std::string& patterns) override;
+    std::vector<std::string> Folders(const std::string& folder) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Delete(const std::string& path) override;
     FileInfo Info(const std::string& path) override;

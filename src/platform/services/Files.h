@@ -69,6 +69,10 @@ class Files {
     /// Throws 52 when the drive has no disk.
     [[nodiscard]] virtual std::string First(const std::string& pattern) = 0;
 
+    [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder,
+                                                        const std::string& patterns) = 0;
+    [[nodiscard]] virtual std::vector<std::string> Folders(const std::string& folder) = 0;
+
     /// Copies a file over whatever stands there, keeping the date and dropping the read-only mark.
     virtual void Copy(const std::string& from, const std::string& to) = 0;
     /// Deletes the file; 53 when there is none.
