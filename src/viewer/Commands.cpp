@@ -1,11 +1,13 @@
 #include "viewer/Commands.h"
 
 #include "viewer/MainViewFrm.h"
+#include "viewer/OpenFrm.h"
 #include "viewer/Opening.h"
 
 namespace tavrix {
 
 void InstallViewerCommands(MainViewFrm& view) {
+    view.menu.mnuOpen.Install([&view] { mnuOpen_Click(view); });
     view.menu.mnuReloadImage.Install([&view] { mnuReloadImage_Click(view); });
     view.menu.mnuClear.Install([&view] { mnuClear_Click(view); });
 }
