@@ -206,9 +206,13 @@ void Form::HandlePlacement(const PlacementEvent& placement) {
 }
 
 void Form::HandleKey(const KeyEvent& key) {
-    if (!key.down || !KeyPreview) return;
+    if (!key.down) return;
     int keyCode = key.keyCode;
-    Form_KeyDown(keyCode, key.shift);
+    if (KeyPreview) Form_KeyDown(keyCode, key.shift);
+    if (keyCode == KeyCode::F1 && key.shift == ShiftMask::None && app_.OnHelpKey) {
+        keyCode = 0;
+        app_.OnHelpKey(HelpContext);
+    }
     if (keyCode == 0 && key.handled != nullptr) *key.handled = true;
 }
 
