@@ -16,6 +16,7 @@
 #include "core/Main.h"
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
+#include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
@@ -52,6 +53,7 @@ class Gallery {
         lives_.ShowMainView = [this] {
             auto& view = app_.Load<MainViewFrm>(module_, lives_);
             InstallViewerCommands(view);
+            InstallListCommands(view);
             view.Show();
         };
     }

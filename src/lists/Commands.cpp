@@ -1,0 +1,13 @@
+#include "lists/Commands.h"
+
+#include "lists/RecentFiles.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix {
+
+void InstallListCommands(MainViewFrm& view) {
+    for (std::size_t i = 0; i < view.menu.mnuLast.size(); ++i)
+        view.menu.mnuLast[i]->Install([&view, i] { mnuLast_Click(view, i); });
+}
+
+}  // namespace tavrix
