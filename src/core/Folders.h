@@ -11,6 +11,7 @@ namespace tavrix {
 
 /// The temporary folder of this process; the program's folder when there is none.
 [[nodiscard]] std::string GetTempFolder(const MainModule& module);
+/// Empty when there is none.
 [[nodiscard]] std::string GetWindowsFolder(const MainModule& module);
 /// Empty when there is none.
 [[nodiscard]] std::string GetSystemFolder(const MainModule& module);

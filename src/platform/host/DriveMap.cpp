@@ -17,6 +17,7 @@
 #include "platform/base/Text.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostNames.h"
+#include "platform/host/HostPaths.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -129,6 +130,16 @@ std::string NameIgnoringCase(const std::string& folder, const std::string& wante
 }
 
 }  // namespace
+
+DriveMap::Sources DriveMap::SourcesOf(const HostPaths& paths) {
+    const std::string variable = EnvironmentValue("TAVRIX_DRIVES");
+    Sources sources;
+    if (!variable.empty()) sources.drives = variable;
+    sources.file = paths.config + "/drives";
+    sources.program = paths.program;
+    sources.shared = paths.shared;
+    return sources;
+}
 
 DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
     const auto addAll = [this](const std::string& text, char separator) {

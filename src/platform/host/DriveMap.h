@@ -13,6 +13,8 @@
 
 namespace tavrix {
 
+struct HostPaths;
+
 /// A drive letter and the folder that it stands for.
 struct HostDrive {
     char letter = 'C';
@@ -71,6 +73,9 @@ class DriveMap {
         std::string program;  ///< folder in which the files of `shared` are seen too
         std::string shared;
     };
+
+    /// The sources of this system: the variable where it is set, the user's file, and the program's folders.
+    [[nodiscard]] static Sources SourcesOf(const HostPaths& paths);
 
     explicit DriveMap(Sources sources);
 
