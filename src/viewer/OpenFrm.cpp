@@ -35,6 +35,9 @@ OpenFrm::OpenFrm(forms::Application& application, MainViewFrm& view)
     CmdCancel.Cancel = true;
     CmdCancel.OnClick = [this] { App().Unload(*this); };
 
+    constexpr float holderWidth = 2520;  // the largest preview and a little air, in twips
+    constexpr float holderHeight = 1920;
+    picHoldPreview.Move(0, 0, holderWidth, holderHeight);
     picHoldPreview.BackColor = ButtonFace;
     picHoldPreview.AccessibleName = "Preview";
     picHoldPreview.OnOLEDragDrop = [this](const auto& files) { picPreview_OLEDragDrop(files); };
@@ -87,7 +90,7 @@ void OpenFrm::Form_Load() {
 }
 
 void OpenFrm::Form_Activate() {
-    picHoldPreview.ToolTip = "Click the Preview button to view the currently selected image here.";
+    picHoldPreview.ToolTip = HolderToolTip;
     module_.DoEvents();
     // Whoever opened the dialog left the hourglass on, under which nothing would be previewed.
     module_.Screen().MousePointer = forms::MousePointer::Default;

@@ -57,6 +57,9 @@ class OpenFrm final : public forms::Form {
     void Form_OLEDragDrop(const std::vector<std::string>& files) override { picPreview_OLEDragDrop(files); }
 
   private:
+    static constexpr const char* HolderToolTip =
+        "Click the Preview button to view the currently selected image here.";
+
     void CmdOpen_Click();
     void CmdPreview_Click();
     void CmdNext_Click();

@@ -17,7 +17,6 @@ constexpr float TwipsPerUnit = 15;
 constexpr int MostWidth = 160;
 constexpr int MostHeight = 120;
 
-constexpr const char* HolderToolTip = "Click the Preview button to view the currently selected image here.";
 constexpr const char* NoFiles = "There are no files in the selected directory to preview...";
 
 }  // namespace
@@ -83,10 +82,11 @@ void OpenFrm::CmdPreview_Click() {
 
 void OpenFrm::FitPreview() {
     const forms::Screen& screen = module_.Screen();
-    int width = RoundToLong(picPreview.Picture.Get().Width() * screen.TwipsPerPixelX() / TwipsPerUnit);
-    int height = RoundToLong(picPreview.Picture.Get().Height() * screen.TwipsPerPixelY() / TwipsPerUnit);
-    const double ratio =
-        static_cast<double>(picPreview.Picture.Get().Width()) / picPreview.Picture.Get().Height();
+    const double pixelsWide = picPreview.Picture.Get().Width();
+    const double pixelsHigh = picPreview.Picture.Get().Height();
+    const double ratio = pixelsWide / pixelsHigh;
+    int width = RoundToLong(pixelsWide * screen.TwipsPerPixelX() / TwipsPerUnit);
+    int height = RoundToLong(pixelsHigh * screen.TwipsPerPixelY() / TwipsPerUnit);
     bool stretched = false;
     if (width > MostWidth) {
         width = MostWidth;
@@ -103,12 +103,12 @@ void OpenFrm::FitPreview() {
     height = std::max(height, 1);
     const int holderWidth = static_cast<int>(picHoldPreview.ScaleWidth() / TwipsPerUnit);
     const int holderHeight = static_cast<int>(picHoldPreview.ScaleHeight() / TwipsPerUnit);
+    const auto twips = [](int units) { return static_cast<float>(units) * TwipsPerUnit; };
+    const float left = twips((holderWidth - width) / 2);
+    const float top = twips((holderHeight - height) / 2);
     picPreview.Stretch = stretched;
-    const float left = static_cast<float>((holderWidth - width) / 2) * TwipsPerUnit;
-    const float top = static_cast<float>((holderHeight - height) / 2) * TwipsPerUnit;
     if (stretched) {
-        picPreview.Move(left, top, static_cast<float>(width) * TwipsPerUnit,
-                        static_cast<float>(height) * TwipsPerUnit);
+        picPreview.Move(left, top, twips(width), twips(height));
     } else {
         picPreview.Move(left, top, picPreview.Width, picPreview.Height);
     }
