@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/headless/FaultPlan.h"
 #include "platform/headless/MemoryDisks.h"
@@ -23,6 +24,8 @@ class MemoryFiles final : public Files {
     bool FileExists(const std::string& path) override;
     bool FolderExists(const std::string& path) override;
     std::string First(const std::string& pattern) override;
+    std::vector<std::string> List(const std::string& folder, const std::string& patterns) override;
+    std::vector<std::string> Folders(const std::string& folder) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Delete(const std::string& path) override;
     FileInfo Info(const std::string& path) override;
@@ -39,6 +42,7 @@ class MemoryFiles final : public Files {
   private:
     [[nodiscard]] MemoryPlace Locate(const std::string& path) const;
     [[nodiscard]] MemoryPlace LocateNode(const std::string& path) const;
+    [[nodiscard]] MemoryPlace LocateToList(const std::string& folder) const;
 
     MemoryDisks& disks_;
     FaultPlan& faults_;
