@@ -38,13 +38,21 @@ class MouseRelay {
         if (click) port_.Deliver(forms::ClickEvent{});
     }
 
+    /// A key takes the place of a press and a release of the button at a place of the widget.
+    void PressFor(int button, QPoint place) {
+        for (const auto action : {forms::MouseAction::Down, forms::MouseAction::Up}) {
+            port_.Deliver(Make(action, button, forms::ShiftMask::None, place));
+        }
+    }
+
   private:
     [[nodiscard]] forms::MouseEvent Make(forms::MouseAction action, int button,
                                          const QMouseEvent& event) const {
+        return Make(action, button, ShiftMaskOf(event.modifiers()), event.position());
+    }
+    [[nodiscard]] forms::MouseEvent Make(forms::MouseAction action, int button, int shift, QPointF at) const {
         const double ratio = DeviceRatio();
-        const QPointF at = event.position();
-        return {action, button, ShiftMaskOf(event.modifiers()),
-                static_cast<int>(std::floor(at.x() * ratio)) - offset.x(),
+        return {action, button, shift, static_cast<int>(std::floor(at.x() * ratio)) - offset.x(),
                 static_cast<int>(std::floor(at.y() * ratio)) - offset.y()};
     }
 

@@ -1,6 +1,5 @@
 #include "platform/qt/QtButton.h"
 
-#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -8,12 +7,10 @@
 
 namespace tavrix::qt {
 
-ButtonWidget::ButtonWidget(QWidget& parent, const SinkPort& port) : QPushButton(&parent), port_(port) {
+ButtonWidget::ButtonWidget(QWidget& parent, const SinkPort& port) : SinkWidget(port, &parent) {
     setAutoDefault(false);
-    setAttribute(Qt::WA_NoMousePropagation);
-    setVisible(false);
     mouse_.tellsClicks = false;
-    connect(this, &QPushButton::clicked, this, [this] { port_.Deliver(forms::ClickEvent{}); });
+    connect(this, &QPushButton::clicked, this, [this] { Port().Deliver(forms::ClickEvent{}); });
 }
 
 void ButtonWidget::SetPicture(const Surface* picture) {
@@ -57,9 +54,14 @@ void ButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
     mouse_.Release(*event, *this);
 }
 
-void ButtonWidget::focusInEvent(QFocusEvent* event) {
-    QPushButton::focusInEvent(event);
-    if (ByUser(event->reason())) port_.Deliver(forms::FocusEvent{});
+void ButtonWidget::keyPressEvent(QKeyEvent* event) {
+    const bool asksForMenu = event->key() == Qt::Key_Menu ||
+                             (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (asksForMenu) {
+        mouse_.PressFor(forms::MouseButton::Right, rect().center());
+    } else {
+        SinkWidget::keyPressEvent(event);
+    }
 }
 
 }  // namespace tavrix::qt

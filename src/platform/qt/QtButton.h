@@ -5,13 +5,13 @@
 
 #include "platform/qt/MouseRelay.h"
 #include "platform/qt/QtControl.h"
+#include "platform/qt/SinkWidget.h"
 
 namespace tavrix::qt {
 
-class ButtonWidget final : public QPushButton {
+class ButtonWidget final : public SinkWidget<QPushButton> {
   public:
     ButtonWidget(QWidget& parent, const SinkPort& port);
-    void Detach() { port_.Detach(); }
     void SetPicture(const Surface* picture);
 
     bool isCancel = false;
@@ -21,12 +21,11 @@ class ButtonWidget final : public QPushButton {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QImage picture_;
-    SinkPort port_;
-    MouseRelay mouse_{port_};
+    MouseRelay mouse_{Port()};
 };
 
 class QtButton final : public QtControl<forms::ButtonPeer, ButtonWidget> {

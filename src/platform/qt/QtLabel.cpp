@@ -4,14 +4,13 @@ namespace tavrix::qt {
 
 namespace {
 
-/// The text that a caption shows. Qt marks mnemonics only in labels that have a buddy.
-QString Displayed(const std::string& caption) {
-    const QString raw = QString::fromStdString(caption);
+/// A text without its marks for mnemonics.
+QString WithoutMarks(const QString& text) {
     QString shown;
-    shown.reserve(raw.size());
-    for (qsizetype i = 0; i < raw.size(); ++i) {
-        if (raw[i] == QLatin1Char('&') && i + 1 < raw.size()) ++i;
-        if (raw[i] != QLatin1Char('\r')) shown += raw[i];
+    shown.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == QLatin1Char('&') && i + 1 < text.size()) ++i;
+        shown += text[i];
     }
     return shown;
 }
@@ -31,7 +30,25 @@ void QtLabel::SetBounds(const PixelRect& bounds) {
 }
 
 void QtLabel::SetText(const std::string& text) {
-    Get().setText(Displayed(text));
+    caption_ = QString::fromStdString(text).remove(QLatin1Char('\r'));
+    Show();
+}
+
+void QtLabel::SetBuddy(forms::ControlPeer& buddy) {
+    Get().setBuddy(NativeOf(buddy).Native());
+    Get().setAlignment(Qt::AlignLeft | Qt::AlignVCenter);  // as the text of the control beside it
+    Show();
+}
+
+void QtLabel::Show() {
+    QWidget* buddy = Get().buddy();
+    const QString plain = WithoutMarks(caption_);
+    // Qt marks mnemonics only in labels that have a buddy.
+    Get().setText(buddy != nullptr ? caption_ : plain);
+    if (buddy == nullptr) return;
+    // Not every kind of control is called by its label without being told. A name that the program gave stays.
+    if (buddy->accessibleName() == toldName_) buddy->setAccessibleName(plain);
+    toldName_ = plain;
 }
 
 }  // namespace tavrix::qt

@@ -31,6 +31,13 @@ class QtLabel final : public QtControl<forms::LabelPeer, LabelWidget> {
 
     void SetBounds(const PixelRect& bounds) override;
     void SetText(const std::string& text) override;
+    void SetBuddy(forms::ControlPeer& buddy) override;
+
+  private:
+    void Show();
+
+    QString caption_;
+    QString toldName_;  ///< what the buddy was called last
 };
 
 }  // namespace tavrix::qt

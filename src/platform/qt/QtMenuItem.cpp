@@ -14,7 +14,7 @@ QtMenuItem::QtMenuItem(const SinkPort& port, QtWindow& window, QtMenuItem* paren
     : port_(port), window_(window), parent_(parent), state_(std::move(state)), popups_(popups) {
     if (parent_ == nullptr) {
         window_.AddBarMenu(*this);
-        MakeAction(*window_.MenuBar());
+        MakeAction(*window_.MenuParent());
     } else {
         parent_->entries_.push_back(this);
         if (parent_->filled_) {

@@ -1,23 +1,20 @@
 #include "platform/qt/QtScrollBar.h"
 
-#include <QFocusEvent>
 #include <algorithm>
 
 namespace tavrix::qt {
 
 ScrollBarWidget::ScrollBarWidget(QWidget& parent, const SinkPort& port, bool vertical)
-    : QScrollBar(vertical ? Qt::Vertical : Qt::Horizontal, &parent), port_(port) {
+    : SinkWidget(port, vertical ? Qt::Vertical : Qt::Horizontal, &parent) {
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
-    setAttribute(Qt::WA_NoMousePropagation);
-    setVisible(false);
     connect(this, &QScrollBar::valueChanged, this, [this](int value) {
         if (pushing_) return;
         value_ = value;
-        port_.Deliver(forms::ScrollEvent{value, isSliderDown()});
+        Port().Deliver(forms::ScrollEvent{value, isSliderDown()});
     });
     connect(this, &QScrollBar::sliderReleased, this, [this] {
-        port_.Deliver(forms::ScrollEvent{value(), false});
+        Port().Deliver(forms::ScrollEvent{value(), false});
     });
 }
 
@@ -45,12 +42,7 @@ void ScrollBarWidget::Turn(double notches) {
     const int target = std::clamp(value() + step, minimum(), maximum());
     if (target == value()) return;
     PushValue(target);
-    port_.Deliver(forms::ScrollEvent{target, false});
-}
-
-void ScrollBarWidget::focusInEvent(QFocusEvent* event) {
-    QScrollBar::focusInEvent(event);
-    if (ByUser(event->reason())) port_.Deliver(forms::FocusEvent{});
+    Port().Deliver(forms::ScrollEvent{target, false});
 }
 
 }  // namespace tavrix::qt

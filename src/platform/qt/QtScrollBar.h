@@ -4,14 +4,13 @@
 #include <QScrollBar>
 
 #include "platform/qt/QtControl.h"
-#include "platform/qt/SinkPort.h"
+#include "platform/qt/SinkWidget.h"
 
 namespace tavrix::qt {
 
-class ScrollBarWidget final : public QScrollBar {
+class ScrollBarWidget final : public SinkWidget<QScrollBar> {
   public:
     ScrollBarWidget(QWidget& parent, const SinkPort& port, bool vertical);
-    void Detach() { port_.Detach(); }
 
     void Push(int min, int max, int smallChange, int largeChange);
     void PushValue(int value);
@@ -19,11 +18,9 @@ class ScrollBarWidget final : public QScrollBar {
     void Turn(double notches);
 
   protected:
-    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
 
   private:
-    SinkPort port_;
     bool pushing_ = false;
     int value_ = 0;      ///< as the logic has it, whatever the range
     double turned_ = 0;  ///< what the wheel left below a whole step

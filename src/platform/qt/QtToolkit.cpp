@@ -13,9 +13,14 @@
 #include "platform/qt/QtBox.h"
 #include "platform/qt/QtButton.h"
 #include "platform/qt/QtCanvas.h"
+#include "platform/qt/QtCheckBox.h"
+#include "platform/qt/QtDropDownList.h"
+#include "platform/qt/QtInputBox.h"
 #include "platform/qt/QtLabel.h"
+#include "platform/qt/QtList.h"
 #include "platform/qt/QtMenuItem.h"
 #include "platform/qt/QtScrollBar.h"
+#include "platform/qt/QtTextBox.h"
 #include "platform/qt/QtWindow.h"
 
 namespace tavrix::qt {
@@ -77,6 +82,24 @@ std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer
     return std::make_unique<QtButton>(SinkPort(sink, state_->calls), NativeOf(container));
 }
 
+std::unique_ptr<CheckPeer> QtToolkit::CreateCheckBox(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtCheckBox>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<TextPeer> QtToolkit::CreateTextBox(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtTextBox>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<ListPeer> QtToolkit::CreateList(EventSink& sink, ControlPeer& container,
+                                                const ListContent& content) {
+    return std::make_unique<QtList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+}
+
+std::unique_ptr<ListPeer> QtToolkit::CreateDropDownList(EventSink& sink, ControlPeer& container,
+                                                        const ListContent& content) {
+    return std::make_unique<QtDropDownList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+}
+
 std::unique_ptr<ScrollBarPeer> QtToolkit::CreateScrollBar(EventSink& sink, ControlPeer& container,
                                                           bool vertical) {
     return std::make_unique<QtScrollBar>(SinkPort(sink, state_->calls), NativeOf(container), vertical);
@@ -102,6 +125,11 @@ void QtToolkit::OpenPopup(MenuItemPeer& subMenu, MenuItemPeer* defaultEntry, std
 std::unique_ptr<BoxPeer> QtToolkit::OpenBox(const BoxRequest& request, std::function<void(Answer)> answered,
                                             std::function<void()> help) {
     return std::make_unique<QtBox>(request, std::move(answered), help, state_->pointer, state_->calls);
+}
+
+std::unique_ptr<BoxPeer> QtToolkit::OpenInputBox(
+    const InputRequest& request, std::function<void(const std::optional<std::string>&)> answered) {
+    return std::make_unique<QtInputBox>(request, std::move(answered), state_->pointer, state_->calls);
 }
 
 void QtToolkit::ProcessEvents() {

@@ -24,6 +24,14 @@ class QtToolkit final : public forms::Toolkit {
                                                   forms::ControlPeer& container) override;
     std::unique_ptr<forms::ButtonPeer> CreateButton(forms::EventSink& sink,
                                                     forms::ControlPeer& container) override;
+    std::unique_ptr<forms::CheckPeer> CreateCheckBox(forms::EventSink& sink,
+                                                     forms::ControlPeer& container) override;
+    std::unique_ptr<forms::TextPeer> CreateTextBox(forms::EventSink& sink,
+                                                   forms::ControlPeer& container) override;
+    std::unique_ptr<forms::ListPeer> CreateList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                const forms::ListContent& content) override;
+    std::unique_ptr<forms::ListPeer> CreateDropDownList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                        const forms::ListContent& content) override;
     std::unique_ptr<forms::ScrollBarPeer> CreateScrollBar(forms::EventSink& sink,
                                                           forms::ControlPeer& container,
                                                           bool vertical) override;
@@ -38,6 +46,9 @@ class QtToolkit final : public forms::Toolkit {
     std::unique_ptr<forms::BoxPeer> OpenBox(const forms::BoxRequest& request,
                                             std::function<void(forms::Answer)> answered,
                                             std::function<void()> help) override;
+    std::unique_ptr<forms::BoxPeer> OpenInputBox(
+        const forms::InputRequest& request,
+        std::function<void(const std::optional<std::string>&)> answered) override;
 
     void ProcessEvents() override;
     void RunUntil(const std::function<bool()>& done) override;

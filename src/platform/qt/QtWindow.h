@@ -32,7 +32,10 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
 
     [[nodiscard]] QWidget* ControlParent() const override { return &Get().Content(); }
     [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
-    [[nodiscard]] QMenuBar* MenuBar() const { return Get().MenuBar(); }
+    /// What the menus of the form lie in: the menu bar, or the window, where they only open as popups.
+    [[nodiscard]] QWidget* MenuParent() const {
+        return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();
+    }
 
     /// A menu of the bar, which is filled once the window has been painted.
     void AddBarMenu(QtMenuItem& menu) { barMenus_.push_back(&menu); }

@@ -1,7 +1,10 @@
 #include "platform/qt/WindowWidget.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QComboBox>
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -29,6 +32,18 @@ Widget* FindUsable(QWidget& window, Fits fits) {
         }
     }
     return nullptr;
+}
+
+/// Whether the wheel over a part of the window is for a control there, and not for the window's scroll bars.
+bool ScrollsByItself(const QWidget* part) {
+    for (; part != nullptr && !part->isWindow(); part = part->parentWidget()) {
+        if (qobject_cast<const QAbstractScrollArea*>(part) != nullptr ||
+            qobject_cast<const QComboBox*>(part) != nullptr ||
+            qobject_cast<const QLineEdit*>(part) != nullptr) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -92,6 +107,7 @@ bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
 
 bool WindowWidget::TurnWheel(const QWheelEvent& wheel) {
     if (QApplication::activePopupWidget() != nullptr) return false;
+    if (ScrollsByItself(childAt(wheel.position().toPoint()))) return false;
     constexpr double Notch = 120;
     QPoint turn = wheel.angleDelta();
     if (wheel.modifiers().testFlag(Qt::ShiftModifier) && turn.x() == 0) turn = turn.transposed();

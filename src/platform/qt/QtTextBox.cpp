@@ -1,0 +1,67 @@
+#include "platform/qt/QtTextBox.h"
+
+#include <limits>
+
+#include "platform/qt/CodePoints.h"
+
+namespace tavrix::qt {
+
+QValidator::State LengthValidator::validate(QString& text, int& caret) const {
+    if (most == 0) return Acceptable;
+    const int excess = ToCharacters(text, text.size()) - most;
+    if (excess <= 0) return Acceptable;
+    // What was entered ends at the caret.
+    const int before = ToCharacters(text, caret);
+    const int from = ToUnits(text, before - excess);
+    text.remove(from, caret - from);
+    caret = from;
+    return Acceptable;
+}
+
+TextWidget::TextWidget(QWidget& parent, const SinkPort& port) : SinkWidget(port, &parent) {
+    setMaxLength(std::numeric_limits<int>::max());  // Qt would cut characters in halves
+    setValidator(&length_);
+    connect(this, &QLineEdit::textChanged, this, [this] { TellNews(); });
+    connect(this, &QLineEdit::selectionChanged, this, [this] { TellNews(); });
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { TellNews(); });
+}
+
+TextWidget::Content TextWidget::Now() const {
+    Content now{text(), 0, 0};
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    now.start = ToCharacters(now.text, start);
+    now.length = ToCharacters(now.text, start + selectionLength()) - now.start;
+    return now;
+}
+
+void TextWidget::TellNews() {
+    if (pushing_) return;
+    Content now = Now();
+    if (now == known_) return;
+    known_ = std::move(now);
+    Port().Deliver(forms::TextEvent{known_.text.toStdString(), known_.start, known_.length});
+}
+
+void TextWidget::PushText(const QString& newText) {
+    pushing_ = true;
+    setText(newText);
+    pushing_ = false;
+    known_ = Now();
+}
+
+void TextWidget::PushSelection(int start, int length) {
+    const QString all = text();
+    const int from = ToUnits(all, start);
+    const int end = ToUnits(all, start + length);
+    pushing_ = true;
+    if (length == 0) {
+        deselect();
+        setCursorPosition(from);
+    } else {
+        setSelection(from, end - from);
+    }
+    pushing_ = false;
+    known_ = Now();
+}
+
+}  // namespace tavrix::qt
