@@ -69,7 +69,7 @@ TEST(HelpBookTest, PagesWithoutANumberOfTheirOwnAreLeftOut) {
 }
 
 TEST(HelpBookTest, ControlCharactersAreLeftOut) {
-    const auto book = Parse(std::string("@page 1 a\0\x1B[b\nc\x07\td\x7F\n", 22));
+    const auto book = Parse(std::string("@page 1 a\0\x1B[b\nc\x07\td\x7F\n", 20));
     ASSERT_TRUE(book);
     EXPECT_EQ(book->Pages()[0].title, "a[b");
     EXPECT_EQ(book->Pages()[0].body, "c\td\n");
