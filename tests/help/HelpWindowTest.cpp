@@ -83,6 +83,7 @@ TEST_F(HelpWindowTest, ThereIsNothingOfItUntilItIsOpened) {
 TEST_F(HelpWindowTest, OpensOnItsPageWithTheListBesideIt) {
     Open(410);
     EXPECT_EQ(Page(), "Moved & more");
+    EXPECT_FALSE(Button("&Back").isEnabled());
     EXPECT_EQ(Part<QListWidget>().count(), 3);
     EXPECT_EQ(Part<QListWidget>().currentRow(), 2);
     EXPECT_EQ(Part<QListWidget>().accessibleName(), QLatin1String("Pages"));

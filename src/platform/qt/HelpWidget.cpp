@@ -9,6 +9,8 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -17,6 +19,27 @@
 #include "platform/qt/X11.h"
 
 namespace tavrix::qt {
+
+namespace {
+
+/// Tables with thin lines and some air, which the text format has no words for.
+void DressTables(QTextDocument& document) {
+    constexpr qreal air = 4;
+    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
+    for (QTextFrame* frame : frames) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (table == nullptr) continue;
+        QTextTableFormat format = table->format();
+        format.setCellPadding(air);
+        format.setCellSpacing(0);
+        format.setBorderCollapse(true);
+        format.setTopMargin(2 * air);
+        format.setBottomMargin(2 * air);
+        table->setFormat(format);
+    }
+}
+
+}  // namespace
 
 QVariant PageView::loadResource(int type, const QUrl&) {
     if (type != QTextDocument::ImageResource) return {};
@@ -53,6 +76,8 @@ HelpWidget::HelpWidget(const HelpBook& book)
     connect(restore, &QShortcut::activated, this, &HelpWidget::RestoreText);
 
     list_->setAccessibleName(QStringLiteral("Pages"));
+    list_->setWordWrap(true);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     text_->setOpenLinks(false);
     text_->document()->setDocumentMargin(margin);
     auto* parts = new QSplitter;
@@ -71,7 +96,6 @@ HelpWidget::HelpWidget(const HelpBook& book)
     connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0) TurnTo(book_.Pages()[static_cast<std::size_t>(row)]);
     });
-    ShowContents();
 }
 
 QPushButton* HelpWidget::AddButton(const QString& text, const QList<QKeySequence>& keys,
@@ -108,6 +132,7 @@ void HelpWidget::TurnTo(const HelpPage& page) {
         QStringLiteral("# ") + title + QStringLiteral("\n\n") + QString::fromStdString(page.body),
         QTextDocument::MarkdownFeatures(QTextDocument::MarkdownDialectGitHub) |
             QTextDocument::MarkdownNoHTML);
+    DressTables(document);
     text_->verticalScrollBar()->setValue(0);
     text_->setAccessibleName(title);
 }
