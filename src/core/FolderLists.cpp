@@ -34,9 +34,9 @@ void FolderLists::Drive1_Change() {
 }
 
 void FolderLists::Dir1_Change() {
-    if (files_ == nullptr) return;
     // A folder that goes in this moment leaves the file list where it was; the next change of folder mends that.
-    SkipFailure([this] { files_->Path = folders_.Path; });
+    if (files_ != nullptr) SkipFailure([this] { files_->Path = folders_.Path; });
+    if (OnFolderChange) OnFolderChange();
 }
 
 void FolderLists::TellOpenFailure(const std::string& path, const RuntimeError& error) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/MainModule.h"
@@ -25,6 +26,9 @@ class FolderLists {
     /// The folder of the folder list, with a backslash at the end.
     [[nodiscard]] std::string Folder() const;
     [[nodiscard]] forms::DirListBox& Dir() const { return folders_; }
+
+    /// The folder list has come to another folder, and the file list with it.
+    std::function<void()> OnFolderChange;
 
   private:
     void Drive1_Change();

@@ -41,6 +41,16 @@ std::string GetSystemFolder(const MainModule& module) {
     return Ended(Known(module, KnownFolder::System, 255));
 }
 
+std::string GetMyDocumentsFolder(const MainModule& module) {
+    std::string folder;
+    SkipFailure([&] { folder = module.platform.files.Folder(KnownFolder::Documents); });
+    if (!folder.empty()) return folder;
+    const std::string windows = GetWindowsFolder(module);
+    // Without a Windows folder only the program's own drive is left to go by.
+    const bool hasDrive = windows.size() > 1 && windows[1] == ':';
+    return Left(hasDrive ? windows : module.AppPath, 2) + "\\My Documents";
+}
+
 std::string GetShortPath(const MainModule& module, const std::string& folder) {
     std::string path;
     SkipFailure([&] { path = Fitting(module.platform.files.ShortPath(folder), 300); });

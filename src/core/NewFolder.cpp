@@ -37,6 +37,7 @@ std::optional<std::string> AskForName(const MainModule& module) {
 }  // namespace
 
 void CmdNewFolder_Click(const MainModule& module, FolderLists& lists) {
+    if (module.Busy()) return;  // a second press while the folder of the first is being made
     const std::optional<std::string> name = AskForName(module);
     if (!name) return;
     std::optional<RuntimeError> failure;

@@ -294,6 +294,8 @@ std::string HostFiles::Folder(KnownFolder folder) {
         case KnownFolder::Program:
             MakeFolders(paths_.program);
             return ifThere(paths_.program);
+        case KnownFolder::Documents:
+            return paths_.documents.empty() ? std::string() : drives_.ToDrivePath(paths_.documents);
     }
     return {};
 }

@@ -29,7 +29,7 @@ struct FileInfo {
 };
 
 /// Folders that the desktop or the installation knows.
-enum class KnownFolder { Temporary, Windows, System, Program };
+enum class KnownFolder { Temporary, Windows, System, Program, Documents };
 
 /// Bytes of an open file, from its start to its end.
 class FileReader {
@@ -95,7 +95,7 @@ class Files {
 
     /// The folder's canonical spelling with a backslash at the end; empty when it is absent.
     [[nodiscard]] virtual std::string ShortPath(const std::string& folder) = 0;
-    /// Empty when there is no such folder.
+    /// Empty when there is no such folder; the documents folder is told even if it has yet to be made.
     [[nodiscard]] virtual std::string Folder(KnownFolder folder) = 0;
 
     [[nodiscard]] virtual std::unique_ptr<FileReader> Open(const std::string& path) = 0;
