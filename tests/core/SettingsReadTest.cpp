@@ -461,12 +461,12 @@ TEST_F(SettingsReadTest, AFileOfNonsenseGivesDefaultsAndNoMessage) {
 }
 
 TEST_F(SettingsReadTest, WhateverServiceFailsNothingStopsTheReading) {
+    Setting("QuickFolderPath4", "C:\\q");
     for (const auto service : {headless::Service::Files, headless::Service::Profile}) {
         bool fired = true;
         for (int nth = 1; fired; ++nth) {
             platform.faults.Clear();
             platform.disks.Remove("C:\\Tavrix\\SLIDES");
-            Setting("QuickFolderPath4", "C:\\q");
             platform.faults.FailNth(service, nth, ErrorNumber::PathFileAccessError);
             EXPECT_NO_THROW(Load()) << nth;
             fired = platform.faults.Fired();

@@ -241,6 +241,20 @@ TEST_F(SettingsSaveTest, TheWorkingFileNeverBecomesTheLastImage) {
     EXPECT_EQ(Saved("LastOpenedFile"), "C:\\Temp\\untitled.bmp");
 }
 
+TEST_F(SettingsSaveTest, SettingsThatCouldNotBeReadAtTheStartAreNotReplacedByDefaultsAtTheExit) {
+    const std::string mine = "[Viewer]\r\nQualityJPG=3\r\nRecent1=C:\\mine.bmp\r\n";
+    platform.disks.PutFile(SettingsPath, mine);
+    platform.faults.FailNth(headless::Service::Profile, 1, ErrorNumber::PermissionDenied);
+    LoadSettings(module);
+    EXPECT_TRUE(platform.faults.Fired());
+    EXPECT_EQ(module.config.QualityJPG, 8);
+    platform.faults.Clear();
+    SavePreferenceSettings(module);
+    SaveSlideSettings(module);
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(platform.disks.Content(SettingsPath), mine);
+}
+
 TEST_F(SettingsSaveTest, ForeignLinesAndMouseSensitivityComeThroughAStartAndAnExit) {
     platform.disks.PutFile(SettingsPath,
                            "; by hand\r\n[Viewer]\r\nMouseSensitivity=7\r\nUnknown=x\r\nQualityJPG=3\r\n\r\n"

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "TestFolder.h"
+#include "platform/base/Text.h"
 #include "platform/host/HostRegistry.h"
 #include "platform/host/HostUserStore.h"
 #include "platform/services/ProfileText.h"
@@ -89,6 +90,52 @@ TEST_F(HostProfileTest, AReadOnlyFileStaysAsItIs) {
     EXPECT_EQ(folder.Content("tavrix.ini"), "[Viewer]\r\nX=1\r\n");
     folder.PutFolder("folder.ini");
     EXPECT_EQ(ErrorOfCall([&] { Write("X", "2", "C:\\folder.ini"); }), 75);
+}
+
+TEST_F(HostProfileTest, AFileThatCouldNotBeReadIsNotWrittenLater) {
+    folder.Put("real.ini", "[Viewer]\r\nX=1\r\n");
+    // Nobody reads through a folder, and no link in a ring can be followed.
+    folder.PutFolder("tavrix.ini");
+    std::filesystem::create_symlink("ring.ini", folder.At("ring.ini"));
+    EXPECT_FALSE(profile.Read("Viewer", "C:\\tavrix.ini").Has("X"));
+    EXPECT_FALSE(profile.Read("Viewer", "C:\\ring.ini").Has("X"));
+    for (const char* name : {"tavrix.ini", "ring.ini"}) {
+        std::filesystem::remove(folder.At(name));
+        std::filesystem::rename(folder.At("real.ini"), folder.At(name));
+        const std::string path = std::string("C:\\") + name;
+        EXPECT_EQ(ErrorOfCall([&] { Write("X", "2", path); }), 70) << name;
+        // To read it now helps nothing: the settings are long in use.
+        EXPECT_EQ(profile.Read("Viewer", path).Read("X"), "1");
+        EXPECT_EQ(ErrorOfCall([&] { Write("X", "2", UpperCase(path)); }), 70) << name;
+        EXPECT_EQ(folder.Content(name), "[Viewer]\r\nX=1\r\n");
+        std::filesystem::rename(folder.At(name), folder.At("real.ini"));
+        // Where nothing stands, nothing is lost.
+        Write("X", "2", path);
+        EXPECT_EQ(folder.Content(name), "[Viewer]\r\nX=2\r\n");
+    }
+    EXPECT_FALSE(HostProfile(drives).Read("Viewer", "C:\\none.ini").Has("X"));
+    Write("X", "3", "C:\\none.ini");  // missing is not unreadable
+}
+
+TEST_F(HostProfileTest, AForbiddenFileKeepsItsLinesWhenItIsAllowedAgain) {
+    folder.Put("tavrix.ini", "[Viewer]\r\nX=1\r\n");
+    ::chmod(folder.Path().c_str(), 0777);
+    ::chmod(folder.At("tavrix.ini").c_str(), 0000);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // The superuser is kept out by no mode.
+        constexpr uid_t Nobody = 65534;
+        const uid_t self = ::geteuid();
+        if (self == 0 && ::seteuid(Nobody) != 0) ::_exit(99);
+        if (profile.Read("Viewer", "C:\\tavrix.ini").Has("X")) ::_exit(98);
+        if (self == 0 && ::seteuid(self) != 0) ::_exit(97);
+        ::chmod(folder.At("tavrix.ini").c_str(), 0666);
+        ::_exit(ErrorOfCall([&] { Write("X", "default"); }));
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 70);
+    EXPECT_EQ(folder.Content("tavrix.ini"), "[Viewer]\r\nX=1\r\n");
 }
 
 TEST_F(HostProfileTest, EqualValuesWriteNothing) {

@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
 #include "platform/headless/MemoryFiles.h"
 #include "platform/services/DrivePath.h"
 #include "platform/services/ProfileText.h"
@@ -9,8 +11,10 @@
 namespace tavrix::headless {
 
 ProfileSection MemoryProfile::Read(const std::string& section, const std::string& file) {
-    if (!faults_.EnterQuietly(Service::Profile, "Read", file + " " + section)) return {};
+    const bool readable = faults_.EnterQuietly(Service::Profile, "Read", file + " " + section);
     const std::optional<std::string> content = disks_.Content(file);
+    if (!readable && content) unread_.insert(UpperCase(file));
+    if (!readable) return {};
     return content ? ReadProfileSection(*content, section) : ProfileSection();
 }
 
@@ -18,6 +22,9 @@ void MemoryProfile::Write(const std::string& section, std::span<const ProfileEnt
                           const std::string& file) {
     faults_.Enter(Service::Profile, "Write", file + " " + section);
     const MemoryPlace place = disks_.LocateForWriting(PartsOf(file));
+    if (place.IsFile() && unread_.contains(UpperCase(file))) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
     const std::string before = place.IsFile() ? place.node->content : std::string();
     ReplaceContent(place, MergeProfileText(before, section, entries), disks_.Now());
     for (const auto& [key, value] : entries)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ class MemoryProfile final : public Profile {
     MemoryDisks& disks_;
     FaultPlan& faults_;
     std::vector<Written> journal_;
+    std::set<std::string> unread_;  ///< the files that were there and could not be read, in upper case
 };
 
 }  // namespace tavrix::headless

@@ -1,11 +1,22 @@
 #include "platform/host/HostProfile.h"
 
+#include <cerrno>
 #include <optional>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
 #include "platform/services/ProfileText.h"
 
 namespace tavrix {
+namespace {
+
+/// Whether something stands at a path; when that cannot be told, something does.
+bool IsThere(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
+}  // namespace
 
 void MergeIntoProfile(const std::string& hostPath, const std::string& section,
                       std::span<const ProfileEntry> entries, TargetFile::Options options,
@@ -30,8 +41,11 @@ void MergeIntoProfile(const std::string& hostPath, const std::string& section,
 
 ProfileSection HostProfile::Read(const std::string& section, const std::string& file) {
     try {
-        const std::optional<std::string> content = ReadWholeFile(drives_.Locate(file).path);
-        return content ? ReadProfileSection(*content, section) : ProfileSection();
+        const std::string path = drives_.Locate(file).path;
+        const std::optional<std::string> content = ReadWholeFile(path);
+        if (content) return ReadProfileSection(*content, section);
+        if (IsThere(path)) unread_.insert(UpperCase(file));
+        return {};
     } catch (const RuntimeError&) {
         return {};
     }
@@ -41,6 +55,9 @@ void HostProfile::Write(const std::string& section, std::span<const ProfileEntry
                         const std::string& file) {
     const HostLocation location = drives_.LocateForWriting(file);
     if (!location.exists && !location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (location.exists && unread_.contains(UpperCase(file))) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
     // Where the user has no file yet, the shared one is what was read so far.
     const std::string shared = location.exists ? std::string() : drives_.SharedPathOf(location.path);
     const std::string initial =

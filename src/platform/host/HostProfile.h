@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <set>
 #include <span>
 #include <string>
 
@@ -28,6 +29,7 @@ class HostProfile final : public Profile {
 
   private:
     DriveMap& drives_;
+    std::set<std::string> unread_;  ///< the files that were there and could not be read, in upper case
 };
 
 }  // namespace tavrix

@@ -31,10 +31,13 @@ class Profile {
   public:
     virtual ~Profile() = default;
 
-    /// A section as it stands on disk. A missing file or section is empty and no error.
+    /// A section as it stands on disk. A missing file or section is empty and no error, and so is a file that cannot be
+    /// read.
     [[nodiscard]] virtual ProfileSection Read(const std::string& section, const std::string& file) = 0;
     /// Sets keys, making file and section as needed. The file is locked, read again, merged and replaced as a whole:
     /// all other lines, comments and sections stay as they are, and a kill leaves the old file or the new one.
+    /// A file that was there and could not be read once is not written any more (70): what the process holds is not
+    /// what the user has set.
     virtual void Write(const std::string& section, std::span<const ProfileEntry> entries,
                        const std::string& file) = 0;
 };
