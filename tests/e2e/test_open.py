@@ -45,7 +45,7 @@ class OpenTest(ProgramTest):
 
     def preview_holds(self, dialog, image):
         """Whether the preview shows a picture whose corners have the colours of this one."""
-        x, y, width, height = dialog.find("panel", "Preview").extents
+        x, y, width, height = dialog.find("graphic", "Preview").extents
         shown = self.screen.grab(x, y, width, height).convert("RGB")
         left, top = (width - image.width) // 2, (height - image.height) // 2
         return all(shown.getpixel((left + i, top + j)) == image.getpixel((i, j))
@@ -61,7 +61,7 @@ class OpenTest(ProgramTest):
         program = self.start(environment={"TAVRIX_DRIVES": f"C=/;D={self.home.pictures},fixed"})
         program.main()
         window, dialog = self.open_dialog(program)
-        drives = dialog.find("combo box", "Drive:")
+        drives = dialog.find("combo box")
         self.click(drives)
         self.screen.press("End", "Return")
         self.wait_rows(dialog, "Folder:", ["D:\\", "Inner"])
@@ -86,9 +86,9 @@ class OpenTest(ProgramTest):
         wait_until(lambda: self.preview_holds(dialog, images["b.bmp"]), "the preview of b.bmp")
         dialog.find("push button", "Next").act()
         wait_until(lambda: self.preview_holds(dialog, images["c.bmp"]), "the preview of c.bmp")
-        for _ in range(2):
+        for name in ("b.bmp", "a.bmp"):
             dialog.find("push button", "Previous").act()
-        wait_until(lambda: self.preview_holds(dialog, images["a.bmp"]), "the preview of a.bmp again")
+            wait_until(lambda name=name: self.preview_holds(dialog, images[name]), f"the preview of {name} again")
         self.screen.press("Escape")
         wait_until(lambda: "Open Image" not in program.titles(), "the end of the dialog")
         self.assertTrue(program.running())
@@ -152,7 +152,8 @@ class OpenTest(ProgramTest):
         wait_until(lambda: self.preview_holds(dialog, image), "the preview")
 
     def test_new_favorite_folder_is_made_and_kept(self):
-        program = self.start(folder=self.home.pictures)
+        self.home.write_settings(f"[Viewer]\nFavoriteFolder={drive_path(self.home.pictures)}\\\n")
+        program = self.start()
         program.main()
         program.menu_entry("Favorites", "Folders", "Favorite Folder").act()
         _, dialog = self.dialog(program, "Favorite Folder")

@@ -179,7 +179,7 @@ class Program:
         def look():
             try:
                 for top in reversed(self.root().children()):
-                    if top.has("showing") and not top.all("menu bar"):
+                    if top.has("showing") and top.role == "alert":
                         buttons = [button.name.replace("&", "") for button in top.all("push button")]
                         text = "\n".join(label.text for label in top.all("label") if label.text)
                         if text and buttons:
