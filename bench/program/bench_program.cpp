@@ -11,6 +11,7 @@
 
 #include "core/Main.h"
 #include "core/Settings.h"
+#include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/headless/HeadlessToolkit.h"
 #include "platform/host/DriveMap.h"
@@ -31,6 +32,7 @@ struct Machine {
         lives.ShowMainView = [this] {
             auto& view = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(view);
+            InstallListCommands(view);
             view.Show();
         };
         module.AppPath = "C:\\Tavrix\\";

@@ -1,22 +1,39 @@
 #include "app/Composition.h"
 
+#include "lists/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
+namespace {
+
+/// The help file that came with the executable, for a program's folder that has none.
+std::string HelpFileBesideProgram(HostPlatform& host) {
+    return host.driveMap.ToDrivePath(HostFolderOf(host.paths.executable) + "/TAVRIX.HLP");
+}
+
+}  // namespace
 
 Composition::Composition(HostPlatform& host)
     : host_(host),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
+      helpWindow_([this] { return module_.config.TopMostWindow; }),
+      help_(
+          host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },
+          [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
       services_{host.files,    host.drives, host.profile, host.registry, host.store, host.shell,
                 host.pictures, clipboard_,  host.sound,   help_,         system_,    host.process} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);
     };
+    app_.OnHelpKey = [this](unsigned context) {
+        help_.Show(module_.HelpFile, HelpCommand::Context, context);
+    };
     lives_.ShowMainView = [this] {
         auto& view = app_.Load<MainViewFrm>(module_, lives_);
         InstallViewerCommands(view);
+        InstallListCommands(view);
         view.Show();
     };
 }

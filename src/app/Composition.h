@@ -1,10 +1,11 @@
 #pragma once
 
-#include "app/HelpBoxes.h"
 #include "app/HostPlatform.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
+#include "platform/help/HelpDesk.h"
+#include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtSystem.h"
 #include "platform/qt/QtToolkit.h"
@@ -28,7 +29,8 @@ class Composition {
     forms::Application app_{toolkit_};
     qt::QtClipboard clipboard_;
     qt::QtSystem system_;
-    HelpBoxes help_{app_};
+    qt::HelpWindow helpWindow_;
+    HelpDesk help_;
     Services services_;
     MainModule module_{app_, services_};
     Lives lives_;

@@ -10,13 +10,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <string>
 
 #include "core/Main.h"
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
+#include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
+#include "platform/help/HelpBook.h"
+#include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
 #include "viewer/Commands.h"
@@ -52,6 +57,7 @@ class Gallery {
         lives_.ShowMainView = [this] {
             auto& view = app_.Load<MainViewFrm>(module_, lives_);
             InstallViewerCommands(view);
+            InstallListCommands(view);
             view.Show();
         };
     }
@@ -67,6 +73,7 @@ class Gallery {
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawBoxes();
+        DrawHelp();
     }
 
   private:
@@ -107,6 +114,24 @@ class Gallery {
             if (QWidget* box = QApplication::activeModalWidget()) box->close();
         });
         app_.MessageBox(request);
+    }
+
+    /// The help file that the build puts beside the program.
+    void DrawHelp() {
+        const auto here = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+        std::ifstream file(here.parent_path() / "app" / "TAVRIX.HLP", std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        const auto book = HelpBook::Parse(bytes);
+        if (!book) {
+            std::fputs("tavrix-gallery: there is no help file to draw\n", stderr);
+            return;
+        }
+        for (const HelpPage& page : book->Pages()) {
+            qt::HelpWindow window([] { return false; });
+            window.Open(*book, page.context);
+            Settle();
+            Save("help-" + std::to_string(page.context));
+        }
     }
 
     /// Lets the window come to rest, wait windows that are shown late too.

@@ -15,8 +15,9 @@ constexpr const char* None = "(None)";
 std::string GetDesktopPattern(const MainModule& module) {
     std::string pattern;
     SkipFailure([&] {
-        const std::string file = GetWindowsFolder(module) + "win.ini";
-        pattern = Trim(module.platform.profile.Read("Desktop", file).Read("Pattern"));
+        const std::string folder = GetWindowsFolder(module);
+        if (folder.empty()) return;
+        pattern = Trim(module.platform.profile.Read("Desktop", folder + "win.ini").Read("Pattern"));
     });
     return pattern == None ? "" : pattern;
 }

@@ -9,19 +9,23 @@
 
 namespace tavrix {
 
-bool IsGif89File(const MainModule& module, const std::string& path) {
-    if (!module.config.AnimateGIF89 || !EndsInIgnoringCase(path, ".GIF")) return false;
+std::string GifSignature(const MainModule& module, const std::string& path) {
     std::array<char, 6> start{};
     std::size_t read = 0;
-    SkipFailure([&] {
-        const auto reader = module.platform.files.Open(path);
-        while (read < start.size()) {
-            const std::size_t count = reader->Read(std::as_writable_bytes(std::span(start).subspan(read)));
-            if (count == 0) break;
-            read += count;
-        }
-    });
-    return UpperCase({start.data(), read}) == "GIF89A";
+    const auto reader = module.platform.files.Open(path);
+    while (read < start.size()) {
+        const std::size_t count = reader->Read(std::as_writable_bytes(std::span(start).subspan(read)));
+        if (count == 0) break;
+        read += count;
+    }
+    return {start.data(), read};
+}
+
+bool IsGif89File(const MainModule& module, const std::string& path) {
+    if (!module.config.AnimateGIF89 || !EndsInIgnoringCase(path, ".GIF")) return false;
+    std::string signature;
+    SkipFailure([&] { signature = GifSignature(module, path); });
+    return UpperCase(signature) == "GIF89A";
 }
 
 bool WindowExists(const MainModule& module, const std::string& title) {

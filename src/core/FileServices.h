@@ -6,6 +6,9 @@
 
 namespace tavrix {
 
+/// The first 6 bytes of a file, or as many as it has. Throws RuntimeError when it cannot be read.
+[[nodiscard]] std::string GifSignature(const MainModule& module, const std::string& path);
+
 /// Whether a file is an animated GIF that should be played: its name ends in ".GIF", it begins with GIF89a, and
 /// AnimateGIF89 is on. A file that cannot be read is none.
 [[nodiscard]] bool IsGif89File(const MainModule& module, const std::string& path);

@@ -20,9 +20,12 @@ bool PassesFloppyGuard(const MainModule& module, const std::string& path, const 
     std::string anyFile;
     const std::string drive = UpperCase(Left(path, 3));
     SkipFailure([&] { anyFile = module.platform.files.First(drive + "*.*"); });
-    if (!anyFile.empty()) return true;
+    return !anyFile.empty() || AsksForDisk(module, path, wording);
+}
 
+bool AsksForDisk(const MainModule& module, const std::string& path, const FloppyWording& wording) {
     const std::string blank(NewLine2);
+    const std::string drive = UpperCase(Left(path, 3));
     const forms::Answer answer =
         module.app.MessageBox({.text = wording.request + blank + From(path, 3) + blank + wording.drive +
                                        drive + blank + "Press the \"OK\" button to continue.",

@@ -28,4 +28,8 @@ inline constexpr FloppyWording ImageOnFloppy{
 [[nodiscard]] bool PassesFloppyGuard(const MainModule& module, const std::string& path,
                                      const FloppyWording& wording);
 
+/// Asks for the disk of a path without a look at the drive. False when the operation is to be stopped.
+[[nodiscard]] bool AsksForDisk(const MainModule& module, const std::string& path,
+                               const FloppyWording& wording);
+
 }  // namespace tavrix

@@ -14,6 +14,11 @@ std::string Fitting(const std::string& path, std::size_t bufferSize) {
     return CharacterCount(path) < bufferSize ? Trim(path) : std::string();
 }
 
+/// A folder with a backslash at the end; nothing stays nothing, and does not become the root.
+std::string Ended(const std::string& folder) {
+    return folder.empty() ? folder : WithBackslash(folder);
+}
+
 /// A known folder; empty on failure and when its path is too long.
 std::string Known(const MainModule& module, KnownFolder folder, std::size_t bufferSize) {
     std::string path;
@@ -29,18 +34,27 @@ std::string GetTempFolder(const MainModule& module) {
 }
 
 std::string GetWindowsFolder(const MainModule& module) {
-    return WithBackslash(Known(module, KnownFolder::Windows, 128));
+    return Ended(Known(module, KnownFolder::Windows, 128));
 }
 
 std::string GetSystemFolder(const MainModule& module) {
-    const std::string folder = Known(module, KnownFolder::System, 255);
-    return folder.empty() ? folder : WithBackslash(folder);
+    return Ended(Known(module, KnownFolder::System, 255));
+}
+
+std::string GetMyDocumentsFolder(const MainModule& module) {
+    std::string folder;
+    SkipFailure([&] { folder = module.platform.files.Folder(KnownFolder::Documents); });
+    if (!folder.empty()) return folder;
+    const std::string windows = GetWindowsFolder(module);
+    // Without a Windows folder only the program's own drive is left to go by.
+    const bool hasDrive = windows.size() > 1 && windows[1] == ':';
+    return Left(hasDrive ? windows : module.AppPath, 2) + "\\My Documents";
 }
 
 std::string GetShortPath(const MainModule& module, const std::string& folder) {
     std::string path;
     SkipFailure([&] { path = Fitting(module.platform.files.ShortPath(folder), 300); });
-    return path.empty() ? path : WithBackslash(path);
+    return Ended(path);
 }
 
 std::string FindCdRomDrive(const MainModule& module) {

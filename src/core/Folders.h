@@ -7,13 +7,16 @@
 
 namespace tavrix {
 
-// Folders come with a backslash at the end. None of these shows a message; a failure gives what is told here.
+// Folders come with a backslash at the end, unless it is told otherwise. None of these shows a message; a failure gives what is told here.
 
 /// The temporary folder of this process; the program's folder when there is none.
 [[nodiscard]] std::string GetTempFolder(const MainModule& module);
+/// Empty when there is none.
 [[nodiscard]] std::string GetWindowsFolder(const MainModule& module);
 /// Empty when there is none.
 [[nodiscard]] std::string GetSystemFolder(const MainModule& module);
+/// The user's "My Documents" folder, without a backslash at the end; it may have yet to be made.
+[[nodiscard]] std::string GetMyDocumentsFolder(const MainModule& module);
 /// The canonical spelling of a folder; empty when it is absent.
 [[nodiscard]] std::string GetShortPath(const MainModule& module, const std::string& folder);
 /// The root of the first CD drive, e.g. "D:\"; empty when there is none.

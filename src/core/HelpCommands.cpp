@@ -16,4 +16,8 @@ void ShowHelpContents(const MainModule& module) {
     SkipFailure([&] { module.platform.help.Show(module.HelpFile, HelpCommand::Contents, 0); });
 }
 
+void ShowHelpPage(const MainModule& module, unsigned context) {
+    SkipFailure([&] { module.platform.help.Show(module.HelpFile, HelpCommand::Context, context); });
+}
+
 }  // namespace tavrix

@@ -24,6 +24,20 @@ bool Remove(List& list, const std::string& path) {
     return true;
 }
 
+/// Puts the path, with its first letter raised, first in the list; the last entry drops out.
+template <class List>
+void PutFirst(List& list, std::string& path) {
+    path = WithUpperFirst(path);
+    std::move_backward(list.begin(), list.end() - 1, list.end());
+    list.front() = path;
+}
+
+void TellDesktop(const MainModule& module, const std::string& path) {
+    if (!module.config.UseRecentDocuments) return;
+    SkipFailure([&] { module.platform.shell.AddRecent(path); });
+    module.DoEvents();
+}
+
 bool MayRemove(const MainModule& module, const std::string& path) {
     return !path.empty() && module.config.KeepRecent;
 }
@@ -31,17 +45,21 @@ bool MayRemove(const MainModule& module, const std::string& path) {
 }  // namespace
 
 void AddRecentFile(MainModule& module, std::string& path) {
-    if (module.config.UseRecentDocuments) {
-        SkipFailure([&] { module.platform.shell.AddRecent(path); });
-        module.DoEvents();
-    }
+    TellDesktop(module, path);
     if (path.empty() || !module.config.KeepRecent) return;
     auto& recent = module.config.Recent;
     if (Find(recent, path) != recent.end()) return;
-    path = WithUpperFirst(path);
-    std::move_backward(recent.begin(), recent.end() - 1, recent.end());
-    recent.front() = path;
+    PutFirst(recent, path);
     module.RefreshRecentMenu();
+}
+
+void AddRecentShow(MainModule& module, std::string& path) {
+    constexpr std::size_t longestNonFile = 7;
+    TellDesktop(module, path);
+    if (CharacterCount(path) <= longestNonFile || path.find(':') == std::string::npos) return;
+    if (!module.config.KeepRecent) return;
+    auto& shows = module.config.RecentShows;
+    if (Find(shows, path) == shows.end()) PutFirst(shows, path);
 }
 
 void RemoveRecentFile(MainModule& module, const std::string& path) {

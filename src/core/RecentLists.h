@@ -13,6 +13,9 @@ namespace tavrix {
 /// where it is; a new one gets its first letter in upper case, in the caller's variable too.
 void AddRecentFile(MainModule& module, std::string& path);
 
+/// The same for a show. What has no colon or not more than 7 characters is no file, and is not listed.
+void AddRecentShow(MainModule& module, std::string& path);
+
 /// Takes an image that no longer exists from the list.
 void RemoveRecentFile(MainModule& module, const std::string& path);
 

@@ -4,6 +4,7 @@
 
 #include "core/DesktopSettings.h"
 #include "core/Folders.h"
+#include "core/HelpContexts.h"
 #include "core/Settings.h"
 #include "core/SettingsText.h"
 #include "core/WaitFrm.h"
@@ -19,8 +20,6 @@ using forms::BoxButtons;
 using forms::BoxIcon;
 
 constexpr int ColoursOf256 = 8;  ///< bits per pixel
-constexpr unsigned DisplayHelp = 1320;
-constexpr unsigned InstallHelp = 410;
 
 void AskAboutColours(MainModule& module) {
     const std::string text =
@@ -35,7 +34,7 @@ void AskAboutColours(MainModule& module) {
     const Answer answer = module.app.MessageBox({.text = text,
                                                  .buttons = BoxButtons::YesNoCancel,
                                                  .help = true,
-                                                 .helpContext = DisplayHelp,
+                                                 .helpContext = HelpContext::DisplayColours,
                                                  .helpFile = module.AppPath + "TAVRIX.HLP"});
     module.ShowDisplayDialog = answer == Answer::Yes;
     if (answer == Answer::Cancel) {
@@ -56,7 +55,7 @@ void CheckDisplay(MainModule& module) {
             {.text = std::string(ProductName) + " requires at least 256 colors, unable to start program...",
              .systemModal = true,
              .help = true,
-             .helpContext = DisplayHelp,
+             .helpContext = HelpContext::DisplayColours,
              .helpFile = module.AppPath + "TAVRIX.HLP"});
         module.platform.process.End();
     }
@@ -97,7 +96,7 @@ void CheckInstallPath(MainModule& module) {
                  .icon = BoxIcon::Question,
                  .buttons = BoxButtons::YesNoCancel,
                  .help = true,
-                 .helpContext = InstallHelp});
+                 .helpContext = HelpContext::MovedProgram});
             if (answer == Answer::Yes) store.Set("EXEPath", module.AppPath);
             if (answer == Answer::Cancel) module.platform.process.End();
         }
@@ -107,7 +106,7 @@ void CheckInstallPath(MainModule& module) {
                                        std::string(NewLine2) + "Registry entries have been updated...",
                                .icon = BoxIcon::Exclamation,
                                .help = true,
-                               .helpContext = InstallHelp});
+                               .helpContext = HelpContext::MovedProgram});
         store.Set("EXEPath", module.AppPath);
     }
     module.FirstRun = store.Get("ProgramRun", "0") != "1";

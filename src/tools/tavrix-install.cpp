@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <exception>
-#include <optional>
 #include <string>
 
 #include "platform/base/RuntimeError.h"
@@ -20,11 +19,7 @@ namespace {
 
 int Install(const std::string& program) {
     const tavrix::HostPaths paths = tavrix::HostPaths::FromEnvironment(program);
-    const std::string drivesVariable = tavrix::EnvironmentValue("TAVRIX_DRIVES");
-    tavrix::DriveMap drives({.drives = drivesVariable.empty() ? std::nullopt : std::optional(drivesVariable),
-                             .file = paths.config + "/drives",
-                             .program = paths.program,
-                             .shared = paths.shared});
+    tavrix::DriveMap drives(tavrix::DriveMap::SourcesOf(paths));
     std::string folder = tavrix::HostProcess(drives, paths, {}).Path();
     if (!folder.ends_with('\\')) folder.push_back('\\');
 

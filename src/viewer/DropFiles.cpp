@@ -6,6 +6,7 @@
 #include "core/UnsavedImage.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
+#include "viewer/ImageTypes.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
 
@@ -53,11 +54,8 @@ void MainImage_OLEDragDrop(MainViewFrm& view, const std::vector<std::string>& fi
         Tell(view, "You may not drop a folder here, unable to open...");
         return;
     }
-    if (EndsInIgnoringCase(path, ".TGA") || EndsInIgnoringCase(path, ".PCX")) {
-        Tell(view, Right(path, 4) +
-                       " files must be imported into Tavrix and then saved as a supported format first, "
-                       "unable to open:" +
-                       std::string(NewLine2) + path);
+    if (IsImportOnly(path)) {
+        Tell(view, ImportFirstText(path));
         return;
     }
     if (EndsInIgnoringCase(path, ".TVS")) {

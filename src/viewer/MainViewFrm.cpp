@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/HelpCommands.h"
+#include "core/HelpContexts.h"
 #include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
@@ -31,6 +32,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
       module_(module),
       lives_(lives) {
     KeyPreview = true;
+    HelpContext = HelpContext::MainView;
     menu.mnuUndo.Enabled = false;
 
     MainImage.AutoSize = true;

@@ -63,5 +63,15 @@ TEST_F(FloppyPromptTest, ADiskThatCannotBeReadCountsAsNone) {
     EXPECT_FALSE(PassesFloppyGuard(module, "A:\\x.bmp", ImageOnFloppy));
 }
 
+TEST_F(FloppyPromptTest, TheUserCanBeAskedWithoutALookAtTheDrive) {
+    platform.disks.InsertDisk('A');
+    platform.disks.PutFile("A:\\x.bmp", "x");
+    ExpectInsert("x.bmp", "A:\\", forms::Answer::Ok);
+    EXPECT_TRUE(AsksForDisk(module, "a:\\x.bmp", ImageOnFloppy));
+    ExpectInsert("x.bmp", "A:\\", forms::Answer::Cancel);
+    EXPECT_FALSE(AsksForDisk(module, "A:\\x.bmp", ImageOnFloppy));
+    EXPECT_EQ(platform.faults.Calls(Service::Files), 0);
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -44,9 +44,16 @@ TEST_F(FoldersTest, TheWindowsAndSystemFoldersEndInABackslash) {
     EXPECT_EQ(GetWindowsFolder(module), "C:\\");
 }
 
-TEST_F(FoldersTest, AMissingSystemFolderIsEmpty) {
+TEST_F(FoldersTest, AMissingWindowsOrSystemFolderIsEmpty) {
     platform.files.SetFolder(KnownFolder::System, "");
     EXPECT_EQ(GetSystemFolder(module), "");
+    platform.files.SetFolder(KnownFolder::Windows, "");
+    EXPECT_EQ(GetWindowsFolder(module), "");
+    platform.files.SetFolder(KnownFolder::Windows, "   ");
+    EXPECT_EQ(GetWindowsFolder(module), "");
+    platform.files.SetFolder(KnownFolder::Windows, "C:\\Windows");
+    platform.faults.FailAlways(Service::Files, "Folder", ErrorNumber::DeviceUnavailable);
+    EXPECT_EQ(GetWindowsFolder(module), "");
 }
 
 TEST_F(FoldersTest, TheShortPathOfAFolderEndsInABackslash) {

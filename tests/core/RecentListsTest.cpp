@@ -82,6 +82,70 @@ TEST_F(AddRecentFileTest, TheListWorksWithoutADesktop) {
     EXPECT_EQ(module.config.Recent[0], "C:\\a.bmp");
 }
 
+class AddRecentShowTest : public RecentListsTest {
+  protected:
+    std::string AddShow(std::string path) {
+        AddRecentShow(module, path);
+        return path;
+    }
+    std::array<std::string, 20>& shows = module.config.RecentShows;
+};
+
+TEST_F(AddRecentShowTest, ANewPathComesFirstWithItsFirstLetterRaised) {
+    EXPECT_EQ(AddShow("c:\\one.tvs"), "C:\\one.tvs");
+    EXPECT_EQ(AddShow("d:\\two.tvs"), "D:\\two.tvs");
+    EXPECT_EQ(shows[0], "D:\\two.tvs");
+    EXPECT_EQ(shows[1], "C:\\one.tvs");
+    EXPECT_EQ(shows[2], "");
+    EXPECT_EQ(refreshes, 0) << "the menu shows images only";
+    EXPECT_EQ(module.config.Recent, Recent{});
+}
+
+TEST_F(AddRecentShowTest, TheTwentyFirstPushesTheOldestOut) {
+    for (int i = 1; i <= 21; ++i)
+        AddShow("C:\\" + std::to_string(i) + "-show.tvs");
+    EXPECT_EQ(shows.front(), "C:\\21-show.tvs");
+    EXPECT_EQ(shows.back(), "C:\\2-show.tvs");
+}
+
+TEST_F(AddRecentShowTest, AListedPathKeepsItsPlaceAndItsSpelling) {
+    shows[0] = "C:\\A-show.tvs";
+    shows[19] = "C:\\B-show.tvs";
+    const auto before = shows;
+    EXPECT_EQ(AddShow("c:\\b-SHOW.tvs"), "c:\\b-SHOW.tvs");
+    EXPECT_EQ(shows, before);
+    EXPECT_EQ(platform.shell.recent, std::vector<std::string>{"c:\\b-SHOW.tvs"});
+}
+
+TEST_F(AddRecentShowTest, WhatIsNoFileIsNotListedButTold) {
+    for (const char* path : {"", "show.tvs.without.drive", "C:\\.tvs", "C:\\\xC3\xA4.tv"}) {
+        EXPECT_EQ(AddShow(path), path);
+        EXPECT_EQ(shows[0], "") << path;
+    }
+    EXPECT_EQ(platform.shell.recent.size(), 4U);
+    AddShow("C:\\a.tvs");
+    EXPECT_EQ(shows[0], "C:\\a.tvs") << "eight characters";
+}
+
+TEST_F(AddRecentShowTest, WithoutKeepRecentOnlyTheDesktopIsTold) {
+    module.config.KeepRecent = false;
+    EXPECT_EQ(AddShow("c:\\one.tvs"), "c:\\one.tvs");
+    EXPECT_EQ(shows[0], "");
+    EXPECT_EQ(platform.shell.recent, std::vector<std::string>{"c:\\one.tvs"});
+    EXPECT_EQ(toolkit.Yields(), 1);
+}
+
+TEST_F(AddRecentShowTest, TheDesktopIsToldOnlyWhenItShallBeAndMayFail) {
+    module.config.UseRecentDocuments = false;
+    AddShow("C:\\one.tvs");
+    EXPECT_TRUE(platform.shell.recent.empty());
+    EXPECT_EQ(toolkit.Yields(), 0);
+    module.config.UseRecentDocuments = true;
+    platform.faults.FailAlways(Service::Shell, "AddRecent", ErrorNumber::PermissionDenied);
+    EXPECT_NO_THROW(AddShow("C:\\two.tvs"));
+    EXPECT_EQ(shows[0], "C:\\two.tvs");
+}
+
 class RemoveRecentFileTest : public RecentListsTest {
   protected:
     RemoveRecentFileTest() { module.config.Recent = full; }

@@ -35,6 +35,7 @@ TEST_F(DesktopSettingsTest, ThePatternIsThatOfTheDesktopsProfile) {
 TEST_F(DesktopSettingsTest, WithoutAWindowsFolderThereIsNoPattern) {
     platform.files.SetFolder(KnownFolder::Windows, "");
     EXPECT_EQ(GetDesktopPattern(module), "");
+    EXPECT_EQ(platform.faults.Calls(Service::Profile), 0);  // no file of another folder stands in for it
 }
 
 TEST_F(DesktopSettingsTest, TheWallpaperIsThatOfTheRegistry) {

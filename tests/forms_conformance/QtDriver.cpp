@@ -57,6 +57,8 @@ Qt::Key KeyOf(int keyCode) {
             return Qt::Key_Escape;
         case KeyCode::Return:
             return Qt::Key_Return;
+        case KeyCode::F1:
+            return Qt::Key_F1;
         case KeyCode::Tab:
             return Qt::Key_Tab;
         case KeyCode::Left:

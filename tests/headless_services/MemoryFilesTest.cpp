@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/headless/HeadlessServices.h"
 #include "support/ErrorOfCall.h"
@@ -33,80 +34,29 @@ class MemoryFilesTest : public testing::Test {
     MemoryFiles& files = platform.files;
 };
 
-TEST_F(MemoryFilesTest, LookUpIgnoresCaseTheExactSpellingFirst) {
-    disks.PutFolder("C:\\Pictures");
-    disks.PutFile("C:\\Pictures\\Sun.bmp", "first");
-    disks.Remove("C:\\Pictures\\Sun.bmp");
-    const auto folder = disks.Locate(PartsOf("C:\\Pictures")).node;
-    folder->children["b.BMP"] = std::make_shared<MemoryNode>(MemoryNode{.content = "lower"});
-    folder->children["B.bmp"] = std::make_shared<MemoryNode>(MemoryNode{.content = "upper"});
-    EXPECT_EQ(Read("C:\\Pictures\\b.BMP"), "lower");
-    EXPECT_EQ(Read("C:\\Pictures\\B.bmp"), "upper");
-    EXPECT_EQ(Read("c:\\PICTURES\\B.BMP"), "upper");  // the first in list order
-    EXPECT_TRUE(files.FolderExists("C:\\pictures\\"));
-    EXPECT_EQ(files.ShortPath("c:\\PICTURES"), "C:\\Pictures\\");
-    EXPECT_EQ(files.ShortPath("C:\\absent"), "");
-}
-
-TEST_F(MemoryFilesTest, TellsFailuresApart) {
-    disks.PutFile("C:\\a.bmp", "a");
-    disks.PutFolder("C:\\Folder");
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\none.bmp"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\none\\a.bmp"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\a.bmp\\a.bmp"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { Read("Q:\\a.bmp"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { Read("A:\\a.bmp"); }), 71);
-    EXPECT_EQ(ErrorOfCall([&] { Read(""); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\Folder"); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\Folder", ""); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\none\\a.bmp", ""); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { files.Delete("C:\\none.bmp"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { files.Delete("C:\\Folder"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { files.MakeFolder("C:\\folder"); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { files.MakeFolder("C:\\x\\y"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.First("A:\\*.*")); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.First("Q:\\*.*")); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeDrive("A"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeDrive("Untitled.tvs"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeFolder("C:\\none"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeFolder("A:\\none"); }), 71);
-    EXPECT_FALSE(files.FileExists("A:\\a.bmp"));
-    EXPECT_FALSE(files.FileExists(""));
-    EXPECT_FALSE(files.FileExists("C:\\Folder"));
-    EXPECT_FALSE(files.FolderExists("C:\\a.bmp"));
-}
-
-TEST_F(MemoryFilesTest, KeepsACurrentFolderPerDrive) {
-    disks.AddDrive('D', DriveType::Fixed);
-    disks.InsertDisk('D');
-    disks.PutFolder("C:\\Pictures");
-    disks.PutFile("D:\\Shows\\a.tvs", "show");
-    EXPECT_EQ(files.CurrentFolder(), "C:\\");
-    files.ChangeFolder("D:\\SHOWS");
-    EXPECT_EQ(files.CurrentFolder(), "C:\\");
-    files.ChangeFolder("C:\\Pictures\\");
-    EXPECT_EQ(files.CurrentFolder(), "C:\\Pictures");
-    files.ChangeDrive("d:\\whatever");
-    EXPECT_EQ(files.CurrentFolder(), "D:\\Shows");
-    EXPECT_TRUE(files.FileExists("a.tvs"));
-    files.ChangeDrive("");
-    EXPECT_EQ(files.CurrentFolder(), "D:\\Shows");
-    EXPECT_EQ(Read("D:a.tvs"), "show");
-}
-
-TEST_F(MemoryFilesTest, FindsTheFirstNormalFile) {
-    disks.PutFolder("C:\\p\\a");
-    disks.PutFile("C:\\p\\c.bmp", "");
-    disks.PutFile("C:\\p\\B.bmp", "");
-    disks.PutFile("C:\\p\\README", "");
-    disks.PutFile("C:\\p\\.hidden", "");
+TEST_F(MemoryFilesTest, HiddenFilesAndFoldersAreSkipped) {
     disks.PutFile("C:\\p\\a.bmp", "");
+    disks.PutFile("C:\\p\\b.bmp", "");
+    disks.PutFolder("C:\\p\\Sub");
     disks.SetHidden("C:\\p\\a.bmp", true);
-    EXPECT_EQ(files.First("C:\\p\\*.*"), "B.bmp");
-    EXPECT_EQ(files.First("C:\\p\\R*.*"), "README");
-    EXPECT_EQ(files.First("C:\\p\\C.BMP"), "c.bmp");
-    EXPECT_EQ(files.First("C:\\p\\*.gif"), "");
-    EXPECT_EQ(files.First("C:\\none\\*.*"), "");
+    disks.SetHidden("C:\\p\\Sub", true);
+    EXPECT_EQ(files.First("C:\\p\\*.*"), "b.bmp");
+    EXPECT_EQ(files.List("C:\\p", "*.*"), (std::vector<std::string>{"b.bmp"}));
+    EXPECT_TRUE(files.Folders("C:\\p").empty());
+}
+
+TEST_F(MemoryFilesTest, ListingsCountAndFailAsPlanned) {
+    disks.PutFile("C:\\p\\a.bmp", "");
+    platform.faults.FailNth(Service::Files, 2, ErrorNumber::PermissionDenied, "");
+    EXPECT_EQ(files.List("C:\\p", "*.bmp;*.jpg").size(), 1U);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.Folders("C:\\p")); }), 70);
+    EXPECT_TRUE(platform.faults.Fired());
+    EXPECT_EQ(platform.faults.Log(),
+              (std::vector<std::string>{"Files.List C:\\p *.bmp;*.jpg", "Files.Folders C:\\p"}));
+    platform.faults.Clear();
+    platform.faults.FailAlways(Service::Files, "List", ErrorNumber::DiskNotReady);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.List("C:\\p", "")); }), 71);
+    EXPECT_TRUE(files.Folders("C:\\p").empty());
 }
 
 TEST_F(MemoryFilesTest, CopiesOverWhatStandsThere) {
@@ -168,22 +118,6 @@ TEST_F(MemoryFilesTest, FloppiesAreWrittenInPlace) {
     EXPECT_EQ(ErrorOfCall([&] { Write("A:\\a.bmp", "12345678"); }), 0);
     EXPECT_EQ(ErrorOfCall([&] { Write("A:\\a.bmp", "123456789"); }), 61);
     EXPECT_EQ(disks.Content("A:\\a.bmp"), "");
-}
-
-TEST_F(MemoryFilesTest, AWriterPutsTheWholeInPlaceOnClose) {
-    disks.PutFile("C:\\a.txt", "old");
-    auto writer = files.Create("C:\\A.TXT");
-    writer->Write(std::as_bytes(std::span("ne", 2)));
-    EXPECT_EQ(disks.Content("C:\\a.txt"), "old");
-    writer->Write(std::as_bytes(std::span("w", 1)));
-    writer->Close();
-    EXPECT_EQ(disks.Content("C:\\a.txt"), "new");
-    EXPECT_FALSE(disks.AllFiles().contains("C:\\A.TXT"));
-
-    writer = files.Create("C:\\a.txt");
-    writer->Write(std::as_bytes(std::span("dropped", 7)));
-    writer.reset();
-    EXPECT_EQ(disks.Content("C:\\a.txt"), "dropped");
 }
 
 TEST_F(MemoryFilesTest, ADiskPulledWhileWritingIsNoticed) {

@@ -10,6 +10,7 @@
 
 #include "TestFolder.h"
 #include "platform/host/HostDrives.h"
+#include "platform/host/HostPaths.h"
 
 namespace tavrix {
 namespace {
@@ -82,6 +83,24 @@ TEST_F(DriveMapTest, TheVariableIsAllThatThereIs) {
     // What no drive reaches has an unlisted letter.
     EXPECT_EQ(map.ToDrivePath("/etc/passwd"), "Z:\\etc\\passwd");
     EXPECT_TRUE(map.Locate("Z:\\etc\\passwd").IsFile());
+}
+
+TEST_F(DriveMapTest, ItsSourcesAreTheVariableTheFileAndTheProgramsFolders) {
+    HostPaths paths;
+    paths.config = folder.At("config");
+    paths.program = folder.At("program");
+    paths.shared = folder.At("shared");
+    {
+        const ScopedVariable variable("TAVRIX_DRIVES", "C=/;D=/srv");
+        EXPECT_EQ(DriveMap::SourcesOf(paths).drives, "C=/;D=/srv");
+    }
+    const ScopedVariable variable("TAVRIX_DRIVES", "");
+    const DriveMap::Sources sources = DriveMap::SourcesOf(paths);
+    EXPECT_FALSE(sources.drives);  // empty is not set
+    EXPECT_EQ(sources.file, folder.At("config/drives"));
+    EXPECT_EQ(sources.program, folder.At("program"));
+    EXPECT_EQ(sources.shared, folder.At("shared"));
+    EXPECT_EQ(sources.mounts, "/proc/self/mounts");
 }
 
 TEST_F(DriveMapTest, TheFileChangesTheDefaults) {

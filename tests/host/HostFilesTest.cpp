@@ -12,6 +12,7 @@
 #include <csignal>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "TestFolder.h"
 
@@ -84,36 +85,6 @@ TEST_F(HostFilesTest, WritesAndReads) {
     EXPECT_EQ(folder.Content("c/a.txt"), "");
 }
 
-TEST_F(HostFilesTest, TellsFailuresApart) {
-    folder.Put("c/a.bmp", "a");
-    folder.PutFolder("c/Folder");
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\none.bmp"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\none\\a.bmp"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\a.bmp\\a.bmp"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { Read("Q:\\a.bmp"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { Read("A:\\a.bmp"); }), 71);
-    EXPECT_EQ(ErrorOfCall([&] { Read(""); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { Read("C:\\Folder"); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\Folder", ""); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\none\\a.bmp", ""); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { files.Delete("C:\\none.bmp"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { files.Delete("C:\\Folder"); }), 53);
-    EXPECT_EQ(ErrorOfCall([&] { files.MakeFolder("C:\\folder"); }), 75);
-    EXPECT_EQ(ErrorOfCall([&] { files.MakeFolder("C:\\x\\y"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.First("A:\\*.*")); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.First("Q:\\*.*")); }), 52);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeDrive("A"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeDrive("Untitled.tvs"); }), 68);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeFolder("C:\\none"); }), 76);
-    EXPECT_EQ(ErrorOfCall([&] { files.ChangeFolder("A:\\none"); }), 71);
-    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\" + std::string(300, 'x'), ""); }), 52);
-    EXPECT_FALSE(files.FileExists("A:\\a.bmp"));
-    EXPECT_FALSE(files.FileExists(""));
-    EXPECT_FALSE(files.FileExists("C:\\Folder"));
-    EXPECT_FALSE(files.FolderExists("C:\\a.bmp"));
-    EXPECT_TRUE(files.FolderExists("C:\\FOLDER\\"));
-}
-
 TEST_F(HostFilesTest, NeverWaitsForAPipe) {
     ASSERT_EQ(::mkfifo(folder.At("c/pipe").c_str(), 0600), 0);
     EXPECT_FALSE(files.FileExists("C:\\pipe"));
@@ -121,34 +92,112 @@ TEST_F(HostFilesTest, NeverWaitsForAPipe) {
     EXPECT_EQ(ErrorOfCall([&] { Write("C:\\pipe", ""); }), 75);
 }
 
-TEST_F(HostFilesTest, KeepsACurrentFolderPerDrive) {
+TEST_F(HostFilesTest, ANameThatIsTooLongIsMalformed) {
+    EXPECT_EQ(ErrorOfCall([&] { Write("C:\\" + std::string(300, 'x'), ""); }), 52);
+}
+
+TEST_F(HostFilesTest, TheProcessStaysInItsFolder) {
     folder.PutFolder("c/Pictures");
-    folder.Put("program/Shows/a.tvs", "show");
     const std::string before = std::filesystem::current_path().string();
     files.ChangeDrive("C");
-    files.ChangeFolder("P:\\SHOWS");
-    files.ChangeFolder("C:\\pictures\\");
+    files.ChangeFolder("C:\\Pictures");
     EXPECT_EQ(files.CurrentFolder(), "C:\\Pictures");
-    files.ChangeDrive("p:\\whatever");
-    EXPECT_EQ(files.CurrentFolder(), "P:\\Shows");
-    EXPECT_TRUE(files.FileExists("a.tvs"));
-    EXPECT_TRUE(files.FileExists("p:a.tvs"));
     EXPECT_EQ(std::filesystem::current_path().string(), before);
 }
 
-TEST_F(HostFilesTest, FindsTheFirstNormalFile) {
-    folder.PutFolder("c/p/a");
-    folder.Put("c/p/c.bmp", "");
-    folder.Put("c/p/B.bmp", "");
-    folder.Put("c/p/README", "");
-    folder.Put("c/p/.hidden", "");
-    std::filesystem::create_symlink(folder.At("c/p/README"), folder.At("c/p/aa.lnk"));
-    std::filesystem::create_symlink(folder.At("c/p/a"), folder.At("c/p/a0"));
-    EXPECT_EQ(files.First("C:\\p\\*.*"), "aa.lnk");
-    EXPECT_EQ(files.First("C:\\p\\*.BMP"), "B.bmp");
-    EXPECT_EQ(files.First("C:\\p\\R*.*"), "README");
-    EXPECT_EQ(files.First("C:\\p\\*.gif"), "");
-    EXPECT_EQ(files.First("C:\\none\\*.*"), "");
+using Names = std::vector<std::string>;
+
+TEST_F(HostFilesTest, ListsOnlyFilesAndFoldersThatAreThere) {
+    folder.Put("c/p/a.bmp", "");
+    folder.PutFolder("c/p/Sub");
+    ASSERT_EQ(::mkfifo(folder.At("c/p/pipe.bmp").c_str(), 0600), 0);
+    std::filesystem::create_symlink("nothing", folder.At("c/p/dangling.bmp"));
+    std::filesystem::create_symlink("y.bmp", folder.At("c/p/x.bmp"));
+    std::filesystem::create_symlink("x.bmp", folder.At("c/p/y.bmp"));
+    std::filesystem::create_symlink("a.bmp/deeper", folder.At("c/p/through.bmp"));
+    EXPECT_EQ(files.List("C:\\p", "*.*"), (Names{"a.bmp"}));
+    EXPECT_EQ(files.Folders("C:\\p"), (Names{"C:\\p\\Sub"}));
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.Folders("C:\\p\\dangling.bmp")); }), 76);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.Folders("C:\\p\\x.bmp")); }), 76);
+}
+
+TEST_F(HostFilesTest, ListsStrangeNamesSoThatTheyAreFoundAgain) {
+    const Names strange{"10:20.bmp",  "back\\slash.bmp", "raw\xff.bmp", "\"quoted\".bmp",  "line\nend.bmp",
+                        " blank.bmp", "star*.bmp",       "what?.bmp",   "\xE2\x90\xA6.bmp"};
+    for (const std::string& name : strange) {
+        folder.Put("c/p/" + name, name);
+        folder.PutFolder("c/f/" + name);
+    }
+    const Names names = files.List("C:\\p", "*.bmp");
+    ASSERT_EQ(names.size(), strange.size());
+    EXPECT_TRUE(std::ranges::is_sorted(names, ListsBefore));
+    Names contents;
+    for (const std::string& name : names)
+        contents.push_back(Read("C:\\p\\" + name));
+    EXPECT_TRUE(std::ranges::is_permutation(contents, strange));
+
+    const Names folders = files.Folders("C:\\f");
+    ASSERT_EQ(folders.size(), strange.size());
+    for (const std::string& path : folders)
+        EXPECT_EQ(files.Folders(path), Names{}) << path;
+    // A look-alike in a pattern is the character that it shows.
+    EXPECT_EQ(files.List("C:\\p", "10\uA789*").size(), 1U);
+}
+
+TEST_F(HostFilesTest, FoldersWithALetterOfTheirOwnAreNotListedBelowOthers) {
+    folder.PutFolder("c/shows/Sub");
+    folder.PutFolder("c/other");
+    folder.PutFolder("c/deep/media/stick");
+    DriveMap::Sources sources;
+    sources.drives = "C=" + folder.At("c") + ";D=" + folder.At("c/shows") +
+                     ";E=" + folder.At("c/deep/media") + ";F=" + folder.At("c/other") +
+                     ";G=" + folder.At("c/other");
+    DriveMap map{sources};
+    HostFiles mapped{map, Paths()};
+    EXPECT_EQ(mapped.Folders("C:\\"), (Names{"C:\\deep"}));
+    EXPECT_EQ(mapped.Folders("C:\\deep"), Names{});
+    EXPECT_EQ(mapped.Folders("D:\\"), (Names{"D:\\Sub"}));
+    EXPECT_EQ(mapped.Folders("E:\\"), (Names{"E:\\stick"}));
+    folder.PutFolder("c/other/x");
+    EXPECT_EQ(mapped.Folders("F:\\"), (Names{"F:\\x"}));
+    EXPECT_EQ(mapped.Folders("g:\\"), (Names{"G:\\x"}));  // the letter that was asked for
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(mapped.List("C:\\shows", "")); }), 76);
+}
+
+TEST_F(HostFilesTest, FoldersOfTheSystemAreNotListed) {
+    DriveMap::Sources sources;
+    sources.drives = "C=/";
+    DriveMap map{sources};
+    HostFiles whole{map, Paths()};
+    const Names folders = whole.Folders("C:\\");
+    for (const char* hidden : {"C:\\proc", "C:\\sys", "C:\\dev"}) {
+        EXPECT_EQ(std::ranges::count(folders, hidden), 0) << hidden;
+        EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(whole.Folders(hidden)); }), 76) << hidden;
+    }
+    EXPECT_EQ(std::ranges::count(folders, "C:\\usr"), 1);
+}
+
+TEST_F(HostFilesTest, SharedFilesAreListedOnceAndOnlyWhereTheyAreSeen) {
+    for (const char* name : {"TIPS.TXT", "own.txt", "folder.txt", "z.txt", "lost.txt"})
+        folder.Put("shared/" + std::string(name), "shared");
+    folder.Put("shared/Help/a.hlp", "shared");
+    folder.Put("shared/Only/b.hlp", "shared");
+    folder.Put("program/tips.txt", "own");
+    folder.Put("program/own.txt", "own");
+    folder.PutFolder("program/FOLDER.TXT");
+    folder.Put("program/HELP/mine.hlp", "own");
+    std::filesystem::create_symlink("nothing", folder.At("program/lost.txt"));
+    EXPECT_EQ(files.List("P:\\", "*.txt"), (Names{"lost.txt", "own.txt", "tips.txt", "z.txt"}));
+    for (const std::string& name : files.List("P:\\", "*.txt")) {
+        const bool own = name == "own.txt" || name == "tips.txt";
+        EXPECT_EQ(Read("P:\\" + name), own ? "own" : "shared") << name;
+    }
+    EXPECT_EQ(files.Folders("P:\\"), (Names{"P:\\FOLDER.TXT", "P:\\HELP", "P:\\Only"}));
+    // Below, too: in a folder that both have, however it is spelled, and in one that only is shared.
+    EXPECT_EQ(files.List("P:\\help", "*.hlp"), (Names{"a.hlp", "mine.hlp"}));
+    EXPECT_EQ(files.First("P:\\help\\*.hlp"), "a.hlp");
+    EXPECT_EQ(files.List("P:\\Only", "*.hlp"), (Names{"b.hlp"}));
+    EXPECT_EQ(files.First("P:\\f*.txt"), "");  // a folder has the name
 }
 
 TEST_F(HostFilesTest, CopiesKeepTheDateAndDropTheMark) {
@@ -223,23 +272,6 @@ TEST_F(HostFilesTest, ALoopOfLinksFails) {
     std::filesystem::create_symlink("x", folder.At("c/y"));
     EXPECT_NE(ErrorOfCall([&] { Write("C:\\x", "new"); }), 0);
     EXPECT_FALSE(files.FileExists("C:\\x"));
-}
-
-TEST_F(HostFilesTest, AWriterPutsTheWholeInPlaceOnClose) {
-    folder.Put("c/a.txt", "old");
-    auto writer = files.Create("C:\\a.txt");
-    EXPECT_EQ(folder.Content("c/a.txt"), "old");
-    writer->Write(std::as_bytes(std::span("ne", 2)));
-    EXPECT_EQ(folder.Content("c/a.txt"), "old");
-    EXPECT_EQ(files.First("C:\\*.*"), "a.txt");  // what is being written is not to be seen
-    writer->Write(std::as_bytes(std::span("w", 1)));
-    writer->Close();
-    EXPECT_EQ(folder.Content("c/a.txt"), "new");
-
-    writer = files.Create("C:\\a.txt");
-    writer->Write(std::as_bytes(std::span("dropped", 7)));
-    writer.reset();
-    EXPECT_EQ(folder.Content("c/a.txt"), "dropped");
 }
 
 TEST_F(HostFilesTest, AFloppyIsWrittenInPlaceAndHasItsSize) {
@@ -328,14 +360,6 @@ TEST_F(HostFilesTest, KnowsTheFolders) {
     EXPECT_EQ(files.Folder(KnownFolder::Windows), "");
     Write("C:\\temp\\~undo.tmp", "x");
     EXPECT_EQ(folder.Content("c/temp/~undo.tmp"), "x");
-}
-
-TEST_F(HostFilesTest, TellsCanonicalSpellings) {
-    folder.PutFolder("c/Pictures/Old Ones");
-    EXPECT_EQ(files.ShortPath("c:\\PICTURES\\old ones"), "C:\\Pictures\\Old Ones\\");
-    EXPECT_EQ(files.ShortPath("C:\\"), "C:\\");
-    EXPECT_EQ(files.ShortPath("C:\\none"), "");
-    EXPECT_EQ(files.ShortPath("A:\\none"), "");
 }
 
 TEST_F(HostFilesTest, NamesWithStrangeCharactersGoBothWays) {

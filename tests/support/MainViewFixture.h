@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lists/Commands.h"
 #include "support/ProgramFixture.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -13,6 +14,7 @@ class MainViewFixture : public ProgramFixture {
         lives.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(window);
+            InstallListCommands(window);
             window.Show();
         };
     }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/Main.h"
+#include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/headless/HeadlessToolkit.h"
 #include "viewer/Commands.h"
@@ -19,6 +20,7 @@ class OneProcess {
         lives_.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives_);
             InstallViewerCommands(window);
+            InstallListCommands(window);
             window.Show();
         };
     }

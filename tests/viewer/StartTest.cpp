@@ -239,8 +239,8 @@ INSTANTIATE_TEST_SUITE_P(
                       WordCase{"/t", StartDialog::ThumbnailBrowser}));
 
 TEST_F(StartTest, ADialogThatThisVersionLacksIsToldOf) {
-    Expect({.text = "This version of Tavrix does not have Open Image yet..."});
-    ASSERT_TRUE(Start("OPEN"));
+    Expect({.text = "This version of Tavrix does not have Browse Folder yet..."});
+    ASSERT_TRUE(Start("THUMBNAIL"));
 }
 
 TEST_F(StartTest, ALowerCaseDriveIsRaisedInTheListAndTheImageStays) {

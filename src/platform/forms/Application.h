@@ -65,6 +65,8 @@ class Application final : private ToolkitEvents {
 
     /// Called by the Help button of a message box.
     std::function<void(const BoxRequest&)> OnHelp;
+    /// Called with a window's HelpContext when F1 is pressed in it and Form_KeyDown leaves the key alone.
+    std::function<void(unsigned context)> OnHelpKey;
 
   private:
     friend class Form;

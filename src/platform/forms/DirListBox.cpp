@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/base/Text.h"
+#include "platform/forms/StartFolder.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::forms {
@@ -30,7 +31,7 @@ bool IsDriveAlone(const std::string& path) {
 
 DirListBox::DirListBox(Container& container, std::string name, Files& files)
     : RowControl(container, std::move(name), Look::List), files_(files) {
-    Path.Store(files.CurrentFolder());
+    Path.Store(StartFolder(files));
     above_ = WayTo(Path);
     Refresh();
 }

@@ -5,6 +5,7 @@
 
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
+#include "platform/forms/StartFolder.h"
 
 namespace tavrix::forms {
 namespace {
@@ -42,7 +43,7 @@ DriveListBox::DriveListBox(Container& container, std::string name, Files& files,
         const std::string root = roots.substr(at, RootLength - 1);
         entries_.push_back({DriveOf(root), IconOf(drives.Type(root))});
     }
-    Drive.Store(DriveOf(files.CurrentFolder()));
+    Drive.Store(DriveOf(StartFolder(files)));
     ListIndex.Store(RowOf(Drive));
 }
 

@@ -5,13 +5,14 @@
 
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
+#include "platform/forms/StartFolder.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::forms {
 
 FileListBox::FileListBox(Container& container, std::string name, Files& files, const std::string& pattern)
     : RowControl(container, std::move(name), Look::List), files_(files) {
-    Path.Store(files.CurrentFolder());
+    Path.Store(StartFolder(files));
     Pattern.Store(pattern);
 }
 

@@ -214,6 +214,10 @@ void Form::HandleKey(const KeyEvent& key) {
     int keyCode = key.keyCode;
     if (KeyPreview) Form_KeyDown(keyCode, key.shift);
     if (keyCode != 0 && focused != nullptr && !unloaded_) focused->TakeKeyDown(keyCode, key.shift);
+    if (keyCode == KeyCode::F1 && key.shift == ShiftMask::None && app_.OnHelpKey) {
+        keyCode = 0;
+        app_.OnHelpKey(HelpContext);
+    }
     if (keyCode == 0 && key.handled != nullptr) *key.handled = true;
 }
 

@@ -35,6 +35,8 @@ class Form : public FormObject, public Container, public EventSink {
 
     /// Whether the form sees keys before its controls.
     bool KeyPreview = false;
+    /// The page of the help file that F1 opens; 0: its contents.
+    unsigned HelpContext = 0;
 
     [[nodiscard]] Application& App() const { return app_; }
     [[nodiscard]] const std::string& Name() const { return traits_.name; }

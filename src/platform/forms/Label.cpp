@@ -4,7 +4,7 @@ namespace tavrix::forms {
 
 ControlPeer& Label::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     labelPeer_ = toolkit.CreateLabel(*this, container);
-    labelPeer_->SetText(Caption);
+    labelPeer_->SetText(PeerText());
     return *labelPeer_;
 }
 
@@ -17,7 +17,19 @@ void Label::Handle(const Event& event) {
 }
 
 void Label::AssignCaption(const std::string& value) {
-    if (Caption.Store(value) && labelPeer_) labelPeer_->SetText(value);
+    if (Caption.Store(value) && labelPeer_) labelPeer_->SetText(PeerText());
+}
+
+void Label::AssignLiteral(const bool& value) {
+    if (Literal.Store(value) && labelPeer_) labelPeer_->SetText(PeerText());
+}
+
+std::string Label::PeerText() const {
+    if (!Literal) return Caption;
+    std::string text;
+    for (const char c : Caption.Get())
+        text.append(c == '&' ? 2U : 1U, c);
+    return text;
 }
 
 }  // namespace tavrix::forms

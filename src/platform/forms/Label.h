@@ -10,6 +10,8 @@ class Label final : public Control {
     using Control::Control;
 
     Property<std::string> Caption{this, &Label::AssignCaption};
+    /// The caption is data, such as a path: its ampersands are shown as they are.
+    Property<bool> Literal{this, &Label::AssignLiteral};
 
     /// The control whose name the label tells, and that gets the focus by its mnemonic. To be told before the first
     /// show; it lies in the same container.
@@ -22,6 +24,9 @@ class Label final : public Control {
     void RealizeLinks() override;
     void Handle(const Event& event) override;
     void AssignCaption(const std::string& value);
+    void AssignLiteral(const bool& value);
+    /// The caption as the peer is to hear it.
+    [[nodiscard]] std::string PeerText() const;
 
     const Control* buddy_ = nullptr;
     std::unique_ptr<LabelPeer> labelPeer_;

@@ -13,6 +13,7 @@ HeadlessServices::HeadlessServices() {
     files.SetFolder(KnownFolder::Temporary, "C:\\Temp");
     files.SetFolder(KnownFolder::Windows, "C:\\Windows");
     files.SetFolder(KnownFolder::System, "C:\\Windows\\System");
+    files.SetFolder(KnownFolder::Documents, "C:\\My Documents");
 }
 
 }  // namespace tavrix::headless

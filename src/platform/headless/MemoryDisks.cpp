@@ -140,6 +140,10 @@ void MemoryDisks::SetHidden(const std::string& path, bool hidden) {
     NodeOf(path).hidden = hidden;
 }
 
+void MemoryDisks::SetUnreadable(const std::string& path, bool unreadable) {
+    NodeOf(path).unreadable = unreadable;
+}
+
 std::optional<std::string> MemoryDisks::Content(const std::string& path) const {
     try {
         const MemoryPlace place = Locate(PartsOf(path));

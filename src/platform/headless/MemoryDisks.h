@@ -21,6 +21,7 @@ struct MemoryNode {
     DateTime modified{};
     bool readOnly = false;
     bool hidden = false;
+    bool unreadable = false;  ///< a folder that the user may not look into
     std::map<std::string, std::shared_ptr<MemoryNode>> children{};  ///< by exact name
 };
 
@@ -74,6 +75,8 @@ class MemoryDisks {
     void Remove(const std::string& path) const;
     void SetReadOnly(const std::string& path, bool readOnly);
     void SetHidden(const std::string& path, bool hidden);
+    /// A folder that lists nothing and fails; what is in it is still reached by its path.
+    void SetUnreadable(const std::string& path, bool unreadable);
 
     /// The content of a file; nothing when there is none.
     [[nodiscard]] std::optional<std::string> Content(const std::string& path) const;

@@ -7,9 +7,23 @@
 
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
+#include "platform/services/NameList.h"
 
 namespace tavrix::headless {
 namespace {
+
+/// The names of files or of folders in list order, the hidden ones left out.
+template <class Wanted>
+std::vector<std::string> NamesIn(const MemoryNode& parent, bool folders, Wanted&& wanted) {
+    std::vector<std::string> names;
+    for (const auto& [name, child] : parent.children) {
+        if (child->folder == folders && !child->hidden && !name.starts_with('.') && wanted(name)) {
+            names.push_back(name);
+        }
+    }
+    SortAsListed(names);
+    return names;
+}
 
 bool IsInPlace(const MemoryPlace& place) {
     return place.letter == 'A' || place.letter == 'B';
@@ -175,14 +189,33 @@ std::string MemoryFiles::First(const std::string& pattern) {
     } catch (const RuntimeError&) {
         throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
     }
-    std::string first;
-    if (!folder.IsFolder()) return first;
-    for (const auto& [name, child] : folder.node->children) {
-        if (child->folder || child->hidden || name.starts_with('.') || !MatchesPattern(name, split.pattern))
-            continue;
-        if (first.empty() || ListsBefore(name, first)) first = name;
-    }
-    return first;
+    if (!folder.IsFolder() || folder.node->unreadable) return {};
+    const std::vector<std::string> names = NamesIn(
+        *folder.node, false, [&](const std::string& name) { return MatchesPattern(name, split.pattern); });
+    return names.empty() ? std::string() : names.front();
+}
+
+MemoryPlace MemoryFiles::LocateToList(const std::string& folder) const {
+    MemoryPlace place = Locate(folder);
+    if (!place.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (place.node->unreadable) throw RuntimeError(ErrorNumber::PermissionDenied);
+    return place;
+}
+
+std::vector<std::string> MemoryFiles::List(const std::string& folder, const std::string& patterns) {
+    faults_.Enter(Service::Files, "List", folder + " " + patterns);
+    const PatternList wanted(patterns);
+    return NamesIn(*LocateToList(folder).node, false,
+                   [&](const std::string& name) { return wanted.Matches(name); });
+}
+
+std::vector<std::string> MemoryFiles::Folders(const std::string& folder) {
+    faults_.Enter(Service::Files, "Folders", folder);
+    const MemoryPlace place = LocateToList(folder);
+    std::vector<std::string> paths = NamesIn(*place.node, true, [](const std::string&) { return true; });
+    for (std::string& path : paths)
+        path.insert(0, WithBackslash(place.path));
+    return paths;
 }
 
 void MemoryFiles::Copy(const std::string& from, const std::string& to) {

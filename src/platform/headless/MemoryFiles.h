@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/headless/FaultPlan.h"
 #include "platform/headless/MemoryDisks.h"
@@ -41,6 +42,7 @@ class MemoryFiles final : public Files {
   private:
     [[nodiscard]] MemoryPlace Locate(const std::string& path) const;
     [[nodiscard]] MemoryPlace LocateNode(const std::string& path) const;
+    [[nodiscard]] MemoryPlace LocateToList(const std::string& folder) const;
 
     MemoryDisks& disks_;
     FaultPlan& faults_;

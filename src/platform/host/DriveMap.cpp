@@ -17,6 +17,7 @@
 #include "platform/base/Text.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostNames.h"
+#include "platform/host/HostPaths.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -129,6 +130,16 @@ std::string NameIgnoringCase(const std::string& folder, const std::string& wante
 }
 
 }  // namespace
+
+DriveMap::Sources DriveMap::SourcesOf(const HostPaths& paths) {
+    const std::string variable = EnvironmentValue("TAVRIX_DRIVES");
+    Sources sources;
+    if (!variable.empty()) sources.drives = variable;
+    sources.file = paths.config + "/drives";
+    sources.program = paths.program;
+    sources.shared = paths.shared;
+    return sources;
+}
 
 DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
     const auto addAll = [this](const std::string& text, char separator) {
@@ -329,9 +340,23 @@ std::string DriveMap::ToDrivePath(std::string_view hostPath) {
     return drivePath;
 }
 
-std::string DriveMap::SharedPathOf(const std::string& hostPath) const {
-    if (sources_.shared.empty() || !IsAtOrBelow(hostPath, sources_.program)) return {};
-    return sources_.shared + hostPath.substr(sources_.program.size());
+std::optional<HostLocation> DriveMap::LocateShared(const std::string& hostPath) {
+    if (sources_.shared.empty() || !IsAtOrBelow(hostPath, sources_.program)) return std::nullopt;
+    std::vector<std::string> names;
+    std::istringstream rest(hostPath.substr(sources_.program.size()));
+    for (std::string name; std::getline(rest, name, '/');) {
+        if (!name.empty()) names.push_back(ToDriveName(name));
+    }
+    HostLocation seen;
+    Look(seen, sources_.shared, names);
+    if (!seen.exists) return std::nullopt;
+    seen.shared = true;
+    return seen;
+}
+
+std::string DriveMap::SharedPathOf(const std::string& hostPath) {
+    const std::optional<HostLocation> seen = LocateShared(hostPath);
+    return seen ? seen->path : std::string();
 }
 
 void DriveMap::Look(HostLocation& location, const std::string& root, const std::vector<std::string>& names) {
@@ -384,19 +409,10 @@ HostLocation DriveMap::LocateForWriting(std::string_view drivePath) {
 HostLocation DriveMap::Locate(std::string_view drivePath) {
     HostLocation location = LocateForWriting(drivePath);
     if (location.exists) return location;
-    const std::string shared = SharedPathOf(location.path);
-    if (shared.empty()) return location;
-
-    HostLocation seen{.drive = location.drive};
-    std::vector<std::string> names;
-    std::istringstream rest(shared.substr(sources_.shared.size()));
-    for (std::string name; std::getline(rest, name, '/');) {
-        if (!name.empty()) names.push_back(ToDriveName(name));
-    }
-    Look(seen, sources_.shared, names);
-    if (!seen.exists) return location;
-    seen.shared = true;
-    return seen;
+    std::optional<HostLocation> seen = LocateShared(location.path);
+    if (!seen) return location;
+    seen->drive = location.drive;
+    return *seen;
 }
 
 }  // namespace tavrix

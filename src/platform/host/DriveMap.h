@@ -13,6 +13,8 @@
 
 namespace tavrix {
 
+struct HostPaths;
+
 /// A drive letter and the folder that it stands for.
 struct HostDrive {
     char letter = 'C';
@@ -72,6 +74,9 @@ class DriveMap {
         std::string shared;
     };
 
+    /// The sources of this system: the variable where it is set, the user's file, and the program's folders.
+    [[nodiscard]] static Sources SourcesOf(const HostPaths& paths);
+
     explicit DriveMap(Sources sources);
 
     /// The letters of the listed drives, in order; media that came or went are noticed here.
@@ -92,8 +97,12 @@ class DriveMap {
     /// The same, without the shared files: where something would be written.
     [[nodiscard]] HostLocation LocateForWriting(std::string_view drivePath);
 
-    /// The host path of a shared folder that is seen through a folder of the program; empty when there is none.
-    [[nodiscard]] std::string SharedPathOf(const std::string& hostPath) const;
+    /// The host path of what is shared and seen at a path in the program's folder, by the rules of Locate; empty when
+    /// nothing is.
+    [[nodiscard]] std::string SharedPathOf(const std::string& hostPath);
+
+    /// Whether a host path is out of sight below a drive: it has another letter, or belongs to the system.
+    [[nodiscard]] bool IsHidden(const HostDrive& drive, const std::string& hostPath);
 
   private:
     void AddConfigured(std::string_view line);
@@ -101,7 +110,7 @@ class DriveMap {
     [[nodiscard]] char FreeLetter() const;
     [[nodiscard]] bool MayBeOnMedium(std::string_view hostPath) const;
     [[nodiscard]] const HostDrive* OwnerOf(std::string_view hostPath);
-    [[nodiscard]] bool IsHidden(const HostDrive& drive, const std::string& hostPath);
+    [[nodiscard]] std::optional<HostLocation> LocateShared(const std::string& hostPath);
     [[nodiscard]] HostLocation LocateIn(const HostDrive& drive, const std::vector<std::string>& names);
     void Look(HostLocation& location, const std::string& root, const std::vector<std::string>& names);
 

@@ -1,6 +1,5 @@
 #include "platform/host/HostFiles.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -13,6 +12,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
 #include "platform/host/HostNames.h"
+#include "platform/services/NameList.h"
 
 namespace tavrix {
 namespace {
@@ -116,24 +116,24 @@ bool HostFiles::FolderExists(const std::string& path) {
     }
 }
 
-/// The better of `best` and the first name in one folder; an empty `best` is none.
-std::string HostFiles::FirstIn(const std::string& folder, const std::string& pattern,
-                               const std::string& best) const {
-    std::string first = best;
-    const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), ::closedir);
-    if (!open) return first;
-    while (const dirent* entry = ::readdir(open.get())) {
-        if (entry->d_name[0] == '.' || entry->d_type == DT_DIR) continue;
-        const std::string name = ToDriveName(entry->d_name);
-        if (!MatchesPattern(name, pattern) || (!first.empty() && !ListsBefore(name, first))) continue;
-        struct stat status {};
-        if (entry->d_type != DT_REG &&
-            (::fstatat(::dirfd(open.get()), entry->d_name, &status, 0) != 0 || !S_ISREG(status.st_mode))) {
-            continue;
-        }
-        first = name;
-    }
-    return first;
+HostLocation HostFiles::LocateToList(const std::string& folder) {
+    HostLocation location = Locate(folder);
+    if (!location.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    return location;
+}
+
+void HostFiles::ReadAll(const HostLocation& folder, EntryKind kind,
+                        const std::function<bool(const std::string&)>& wanted,
+                        const std::function<void(std::string&&)>& take) {
+    ReadFolder(folder.path, kind, wanted, take);
+    const std::string shared = folder.shared ? std::string() : drives_.SharedPathOf(folder.path);
+    if (shared.empty()) return;
+    const std::string here = WithBackslash(drives_.ToDrivePath(folder.path));
+    // A path leads to a shared file only where nothing of the program's own folder has its name.
+    const auto seen = [&](const std::string& name) {
+        return wanted(name) && drives_.Locate(here + name).shared;
+    };
+    SkipFailure([&] { ReadFolder(shared, kind, seen, take); });
 }
 
 std::string HostFiles::First(const std::string& pattern) {
@@ -146,9 +146,41 @@ std::string HostFiles::First(const std::string& pattern) {
         throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
     }
     if (!folder.IsFolder()) return {};
-    const std::string first = FirstIn(folder.path, split.pattern, {});
-    const std::string shared = drives_.SharedPathOf(folder.path);
-    return shared.empty() ? first : FirstIn(shared, split.pattern, first);
+    std::string first;
+    const auto better = [&](const std::string& name) {
+        return MatchesPattern(name, split.pattern) && (first.empty() || ListsBefore(name, first));
+    };
+    SkipFailure([&] {
+        ReadAll(folder, EntryKind::File, better, [&](std::string&& name) { first = std::move(name); });
+    });
+    return first;
+}
+
+std::vector<std::string> HostFiles::List(const std::string& folder, const std::string& patterns) {
+    const PatternList wanted(patterns);
+    std::vector<std::string> names;
+    ReadAll(
+        LocateToList(folder), EntryKind::File, [&](const std::string& name) { return wanted.Matches(name); },
+        [&](std::string&& name) { names.push_back(std::move(name)); });
+    SortAsListed(names);
+    return names;
+}
+
+std::vector<std::string> HostFiles::Folders(const std::string& folder) {
+    const HostLocation location = LocateToList(folder);
+    const std::string host = location.path == "/" ? "/" : location.path + "/";
+    std::vector<std::string> paths;
+    ReadAll(
+        location, EntryKind::Folder,
+        [&](const std::string& name) {
+            return !drives_.IsHidden(location.drive, host + FromDriveName(name));
+        },
+        [&](std::string&& name) { paths.push_back(std::move(name)); });
+    SortAsListed(paths);
+    const std::string here = WithBackslash(Spelled(location, folder));
+    for (std::string& path : paths)
+        path.insert(0, here);
+    return paths;
 }
 
 TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) const {
@@ -220,24 +252,26 @@ void HostFiles::ChangeDrive(const std::string& drive) {
 void HostFiles::ChangeFolder(const std::string& folder) {
     const HostLocation location = Locate(folder);
     if (!location.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
-    DrivePathParts parts = PartsOf(drives_.ToDrivePath(location.path));
-    // Of two letters for one folder the one that was asked for is kept.
-    if (parts.letter != location.drive.letter) parts = Current().Absolute(folder);
-    Current().SetFolder(parts);
+    Current().SetFolder(PartsOf(Spelled(location, folder)));
 }
 
 std::string HostFiles::CurrentFolder() {
     return Current().Folder();
 }
 
+std::string HostFiles::Spelled(const HostLocation& location, const std::string& folder) {
+    if (!location.shared) {
+        std::string path = drives_.ToDrivePath(location.path);
+        // Of two letters for one folder the one that was asked for is kept.
+        if (path[0] == location.drive.letter) return path;
+    }
+    return Current().Absolute(folder).Text();
+}
+
 std::string HostFiles::ShortPath(const std::string& folder) {
     try {
         const HostLocation location = Locate(folder);
-        if (!location.IsFolder()) return {};
-        if (location.shared) return WithBackslash(Current().Absolute(folder).Text());
-        const std::string path = drives_.ToDrivePath(location.path);
-        if (path[0] == location.drive.letter) return WithBackslash(path);
-        return WithBackslash(Current().Absolute(folder).Text());
+        return location.IsFolder() ? WithBackslash(Spelled(location, folder)) : std::string();
     } catch (const RuntimeError&) {
         return {};
     }
@@ -260,6 +294,8 @@ std::string HostFiles::Folder(KnownFolder folder) {
         case KnownFolder::Program:
             MakeFolders(paths_.program);
             return ifThere(paths_.program);
+        case KnownFolder::Documents:
+            return paths_.documents.empty() ? std::string() : drives_.ToDrivePath(paths_.documents);
     }
     return {};
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/host/DriveMap.h"
 #include "platform/host/HostFile.h"
+#include "platform/host/HostFolder.h"
 #include "platform/host/HostPaths.h"
 #include "platform/host/TemporaryFolder.h"
 #include "platform/services/DrivePath.h"
@@ -46,8 +49,13 @@ class HostFiles final : public Files {
     [[nodiscard]] HostLocation LocateFile(const std::string& path);
     [[nodiscard]] HostLocation LocateForWriting(const std::string& path);
     [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location) const;
-    [[nodiscard]] std::string FirstIn(const std::string& folder, const std::string& pattern,
-                                      const std::string& best) const;
+    [[nodiscard]] HostLocation LocateToList(const std::string& folder);
+    /// The folder's drive path in its canonical spelling.
+    [[nodiscard]] std::string Spelled(const HostLocation& location, const std::string& folder);
+    /// ReadFolder for a folder that was found, and for the shared files that are seen through it.
+    void ReadAll(const HostLocation& folder, EntryKind kind,
+                 const std::function<bool(const std::string&)>& wanted,
+                 const std::function<void(std::string&&)>& take);
 
     DriveMap& drives_;
     HostPaths paths_;

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "platform/host/HostFile.h"
+#include "platform/host/UserFolders.h"
 
 namespace tavrix {
 namespace {
@@ -52,7 +53,9 @@ HostPaths HostPaths::FromEnvironment(const std::string& ofProgram) {
     paths.executable = (ofProgram.empty() ? std::filesystem::read_symlink("/proc/self/exe", error)
                                           : std::filesystem::weakly_canonical(ofProgram, error))
                            .string();
-    paths.config = WithoutSlash(XdgFolder("XDG_CONFIG_HOME", "/.config")) + "/tavrix";
+    const std::string config = WithoutSlash(XdgFolder("XDG_CONFIG_HOME", "/.config"));
+    paths.config = config + "/tavrix";
+    paths.documents = WithoutSlash(DocumentsFolder(config, HomeFolder()));
     paths.data = WithoutSlash(XdgFolder("XDG_DATA_HOME", "/.local/share"));
     paths.temporary = WithoutSlash(EnvironmentValue("TAVRIX_TEMP"));
 

@@ -1,5 +1,7 @@
 #include "platform/qt/Owner.h"
 
+#include "platform/qt/AlwaysUsable.h"
+
 namespace tavrix::qt {
 
 QWidget* OwnerOfModal(const QWidget& modal) {
@@ -7,13 +9,13 @@ QWidget* OwnerOfModal(const QWidget& modal) {
         return widget;
     }
     if (QWidget* widget = QApplication::activeWindow();
-        widget != nullptr && widget != &modal && widget->isVisible()) {
+        widget != nullptr && widget != &modal && widget->isVisible() && !AlwaysUsable::Is(*widget)) {
         return widget;
     }
     QWidget* found = nullptr;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* widget : windows) {
-        const bool fits = widget != &modal && widget->isVisible() &&
+        const bool fits = widget != &modal && widget->isVisible() && !AlwaysUsable::Is(*widget) &&
                           (widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog);
         if (fits && (found == nullptr || widget->windowType() == Qt::Window)) found = widget;
     }

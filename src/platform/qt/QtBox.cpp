@@ -1,6 +1,7 @@
 #include "platform/qt/QtBox.h"
 
 #include <QPushButton>
+#include <QShortcut>
 #include <span>
 #include <utility>
 
@@ -91,6 +92,8 @@ QtBox::QtBox(const forms::BoxRequest& request, std::function<void(Answer)> answe
             const LogicCalls::Scope scope(calls_);
             if (help) help();
         });
+        QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), box_), &QShortcut::activated, button,
+                         &QPushButton::click);
     }
     QObject::connect(box_, &QMessageBox::finished, box_, [this, buttons = request.buttons] {
         const QMessageBox::StandardButton pressed = box_->standardButton(box_->clickedButton());

@@ -1,5 +1,8 @@
 #include "platform/qt/QtSystem.h"
 
+#include <QDateTime>
+#include <QLocale>
+
 #include "platform/qt/TitleLock.h"
 #include "platform/qt/X11.h"
 
@@ -7,6 +10,17 @@ namespace tavrix::qt {
 
 bool QtSystem::WindowExists(const std::string& title) {
     return x11::TitleExists(title) || TitleLock::IsHeld(title);
+}
+
+NumberFormat QtSystem::Numbers() {
+    const QLocale locale = QLocale::system();
+    return {locale.groupSeparator().toStdString(), locale.decimalPoint().toStdString()};
+}
+
+std::string QtSystem::ShortDateTime(const DateTime& moment) {
+    const QDateTime local(QDate(moment.year, moment.month, moment.day),
+                          QTime(moment.hour, moment.minute, moment.second));
+    return QLocale::system().toString(local, QLocale::ShortFormat).toStdString();
 }
 
 }  // namespace tavrix::qt

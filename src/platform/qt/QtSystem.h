@@ -9,6 +9,8 @@ class QtSystem final : public System {
   public:
     [[nodiscard]] int PlatformId() override { return 2; }
     [[nodiscard]] bool WindowExists(const std::string& title) override;
+    [[nodiscard]] NumberFormat Numbers() override;
+    [[nodiscard]] std::string ShortDateTime(const DateTime& moment) override;
 };
 
 }  // namespace tavrix::qt

@@ -29,7 +29,7 @@ struct FileInfo {
 };
 
 /// Folders that the desktop or the installation knows.
-enum class KnownFolder { Temporary, Windows, System, Program };
+enum class KnownFolder { Temporary, Windows, System, Program, Documents };
 
 /// Bytes of an open file, from its start to its end.
 class FileReader {
@@ -69,8 +69,13 @@ class Files {
     /// Throws 52 when the drive has no disk.
     [[nodiscard]] virtual std::string First(const std::string& pattern) = 0;
 
+    /// The names of a folder's normal files that match one of several patterns ("*.bmp;*.jpg", see PatternList), each
+    /// once, in list order (ListsBefore). Hidden files are skipped.
+    /// Throws 76 when there is no such folder, 70 when it may not be read, 68 and 71 as everywhere.
     [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder,
                                                         const std::string& patterns) = 0;
+    /// The full paths of a folder's subfolders, without a backslash at the end, in list order. Hidden ones are
+    /// skipped; failures are those of List.
     [[nodiscard]] virtual std::vector<std::string> Folders(const std::string& folder) = 0;
 
     /// Copies a file over whatever stands there, keeping the date and dropping the read-only mark.
@@ -90,7 +95,7 @@ class Files {
 
     /// The folder's canonical spelling with a backslash at the end; empty when it is absent.
     [[nodiscard]] virtual std::string ShortPath(const std::string& folder) = 0;
-    /// Empty when there is no such folder.
+    /// Empty when there is no such folder; the documents folder is told even if it has yet to be made.
     [[nodiscard]] virtual std::string Folder(KnownFolder folder) = 0;
 
     [[nodiscard]] virtual std::unique_ptr<FileReader> Open(const std::string& path) = 0;

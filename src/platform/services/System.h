@@ -2,7 +2,17 @@
 
 #include <string>
 
+#include "platform/services/Files.h"
+
 namespace tavrix {
+
+/// How the user's locale writes numbers.
+struct NumberFormat {
+    std::string thousands = ",";  ///< between groups of three digits; may be empty
+    std::string decimal = ".";
+
+    friend bool operator==(const NumberFormat&, const NumberFormat&) = default;
+};
 
 class System {
   public:
@@ -11,6 +21,9 @@ class System {
     [[nodiscard]] virtual int PlatformId() = 0;
     /// Whether any process of this desktop has a window with exactly this title.
     [[nodiscard]] virtual bool WindowExists(const std::string& title) = 0;
+    [[nodiscard]] virtual NumberFormat Numbers() = 0;
+    /// A date and a time in the short form of the user's locale.
+    [[nodiscard]] virtual std::string ShortDateTime(const DateTime& moment) = 0;
 };
 
 }  // namespace tavrix

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/MainModule.h"
+#include "platform/forms/DirListBox.h"
+#include "platform/forms/DriveListBox.h"
+#include "platform/forms/FileListBox.h"
+
+namespace tavrix {
+
+/// The drive, folder and file lists of a dialog, chained: a change of the drive gives the folder list the drive, and
+/// a change of the folder gives the file list the path. A drive that cannot be read brings a message, and the drive
+/// list returns to the drive of the folder list.
+class FolderLists {
+  public:
+    /// `files` may be null. The controls outlive this object, which takes their change events.
+    FolderLists(const MainModule& module, forms::DriveListBox& drives, forms::DirListBox& folders,
+                forms::FileListBox* files);
+    FolderLists(const FolderLists&) = delete;
+    FolderLists& operator=(const FolderLists&) = delete;
+
+    /// Sends the drive list and the folder list to a full drive path. Throws what the two lists throw.
+    void GoTo(const std::string& folder);
+    /// The folder of the folder list, with a backslash at the end.
+    [[nodiscard]] std::string Folder() const;
+    [[nodiscard]] forms::DirListBox& Dir() const { return folders_; }
+
+    /// The folder list has come to another folder, and the file list with it.
+    std::function<void()> OnFolderChange;
+
+  private:
+    void Drive1_Change();
+    void Dir1_Change();
+    void TellOpenFailure(const std::string& path, const RuntimeError& error);
+
+    const MainModule& module_;
+    forms::DriveListBox& drives_;
+    forms::DirListBox& folders_;
+    forms::FileListBox* files_;
+};
+
+}  // namespace tavrix

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace tavrix::HelpContext {
+
+// The pages of the help file by their numbers, as windows (Form::HelpContext) and boxes name them.
+
+inline constexpr unsigned Contents = 0;
+inline constexpr unsigned MainView = 100;
+inline constexpr unsigned OpenImage = 110;
+inline constexpr unsigned FavoriteFolder = 120;
+inline constexpr unsigned QuickFolders = 130;
+inline constexpr unsigned ImageInformation = 140;
+inline constexpr unsigned RecentFiles = 150;
+inline constexpr unsigned StartingTavrix = 160;  ///< the start and the command line
+inline constexpr unsigned Settings = 170;
+inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
+inline constexpr unsigned DisplayColours = 1320;
+
+}  // namespace tavrix::HelpContext

@@ -1,0 +1,39 @@
+#include "lists/QuickFolderRow.h"
+
+#include "platform/base/Text.h"
+
+namespace tavrix {
+
+QuickFolderRow::QuickFolderRow(forms::Form& form, int slot)
+    : number(std::to_string(slot)),
+      lblName(form, "lblName" + number),
+      txtName(form, "txtName" + number),
+      lblPath(form, "lblPath" + number),
+      CmdBrowse(form, "CmdBrowse" + number),
+      CmdClear(form, "CmdClear" + number) {
+    lblName.Caption = "Shortcut Nam&e:";
+    lblName.SetBuddy(txtName);
+    txtName.MaxLength = LongestName;
+    txtName.ToolTip = "Enter a name for this Quick Folder.  (40 characters max.)";
+    txtName.AccessibleName = "Shortcut Name " + number;  // the label says the same of all four
+    lblPath.Literal = true;
+    lblPath.ToolTip = "Click the \"Browse\" button to change path.";
+    CmdBrowse.Caption = "Brow&se";
+    CmdClear.Caption = "Clear &" + number;
+    CmdClear.ToolTip = "Stop using quick folder " + number + ".";
+}
+
+std::string QuickFolderRow::Name() const {
+    return Trim(txtName.Text.Get());
+}
+
+forms::Layout QuickFolderRow::Arrangement() {
+    using namespace forms;
+    constexpr float nameWidth = 4200;
+    constexpr float lineHeight = 300;
+    return Group("Quick Folder " + number,
+                 {Row({lblName, Growing(AtLeast(nameWidth, 0, txtName)), CmdBrowse, CmdClear}),
+                  AtLeast(nameWidth, lineHeight, lblPath)});
+}
+
+}  // namespace tavrix

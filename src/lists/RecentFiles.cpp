@@ -1,0 +1,25 @@
+#include "lists/RecentFiles.h"
+
+#include <string>
+
+#include "core/FloppyPrompt.h"
+#include "core/UnsavedImage.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/Opening.h"
+
+namespace tavrix {
+
+void mnuLast_Click(MainViewFrm& view, std::size_t index) {
+    const MainModule& module = view.Module();
+    if (module.Busy() || !ConfirmDiscard(module)) return;
+    // A copy: the list may change while messages run.
+    const std::string path = module.config.Recent.at(index);
+    if (IsOnFloppy(path)) {
+        const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+        if (!AsksForDisk(module, path, ImageOnFloppy)) return;
+    }
+    LoadIntoMainView(view, path, {"Unable to open the recent file:" + std::string(NewLine2) + path});
+}
+
+}  // namespace tavrix

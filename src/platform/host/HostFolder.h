@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace tavrix {
+
+enum class EntryKind { File, Folder };
+
+/// Goes through the normal files or the subfolders of a folder on this system, in no order; links count as what they
+/// lead to. Names come as drive paths show them, without the hidden ones. `take` gets those for which `wanted` said
+/// yes; the kind of a file may cost a look at the disk, so it is asked after that.
+/// Throws 76 when there is no such folder and 70 when it may not be read.
+void ReadFolder(const std::string& path, EntryKind kind,
+                const std::function<bool(const std::string&)>& wanted,
+                const std::function<void(std::string&&)>& take);
+
+}  // namespace tavrix

@@ -1,0 +1,110 @@
+#include "viewer/ImageInformation.h"
+
+#include <optional>
+#include <string>
+
+#include "core/FileServices.h"
+#include "core/HelpContexts.h"
+#include "core/NumberText.h"
+#include "platform/base/Rounding.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix {
+namespace {
+
+constexpr const char* Unknown = "Unknown...";
+constexpr const char* Rule = "_____________________";
+
+struct FileType {
+    const char* ending;
+    const char* text;
+};
+constexpr FileType FileTypes[] = {{".JPG", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
+                                  {".JIF", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
+                                  {".JPE", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
+                                  {".JPEG", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
+                                  {".WMF", "Windows Meta File (.WMF)"},
+                                  {".EMF", "Enhanced Metafile (.EMF)"},
+                                  {".ICO", "Windows Icon (.ICO)"},
+                                  {".BMP", "Windows Bitmap (.BMP)"},
+                                  {".DIB", "Device Independent Bitmap (.DIB)"},
+                                  {".CUR", "Mouse Cursor (.CUR)"}};
+
+/// What a statement gives, or the word for what cannot be found out.
+template <class Statement>
+std::string TextOrUnknown(Statement statement) {
+    std::string text = Unknown;
+    SkipFailure([&] { text = statement(); });
+    return text;
+}
+
+/// The bytes as they can stand in a line of text.
+std::string Printable(const std::string& bytes) {
+    constexpr char firstPrintable = ' ';
+    constexpr char deleteMark = 0x7F;
+    std::string text = DecodeTextFile(bytes);
+    for (char& c : text) {
+        const bool control = (c >= 0 && c < firstPrintable) || c == deleteMark;
+        if (control) c = '?';
+    }
+    return text;
+}
+
+std::string TypeOf(const MainModule& module, const std::string& path) {
+    if (EndsInIgnoringCase(path, ".GIF")) {
+        return TextOrUnknown(
+            [&] { return "Graphics Interchange Format (" + Printable(GifSignature(module, path)) + ")"; });
+    }
+    for (const FileType& type : FileTypes) {
+        if (EndsInIgnoringCase(path, type.ending)) return type.text;
+    }
+    return "RLE4 or RLE8 Compressed Bitmap (.RLE)";
+}
+
+std::string Pixels(float twips, float twipsPerPixel) {
+    return std::to_string(RoundToLong(static_cast<double>(twips) / static_cast<double>(twipsPerPixel)));
+}
+
+std::string Report(const MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    System& system = module.platform.system;
+    const std::string& path = module.CurrentImage;
+    const forms::Screen& screen = module.Screen();
+
+    std::optional<FileInfo> info;
+    SkipFailure([&] { info = module.platform.files.Info(path); });
+    const std::string size = TextOrUnknown(
+        [&] { return info ? GroupedNumber(info->length, system.Numbers()) + " bytes" : Unknown; });
+    const std::string date =
+        TextOrUnknown([&] { return info ? system.ShortDateTime(info->modified) : Unknown; });
+
+    const std::string line(NewLine);
+    const std::string blank(NewLine2);
+    return "Current Image File:" + blank + path + line + Rule + blank + "Image Size:  (pixels)" + blank +
+           "Width = " + Pixels(view.MainImage.Width, screen.TwipsPerPixelX()) + line +
+           "Height = " + Pixels(view.MainImage.Height, screen.TwipsPerPixelY()) + line + Rule + blank +
+           "File size = " + size + line + "File date and time = " + date + line +
+           "File type = " + TypeOf(module, path);
+}
+
+}  // namespace
+
+void mnuImageSize_Click(MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    if (module.Busy()) return;
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+    if (module.CurrentImage.empty()) {
+        module.app.MessageBox(
+            {.text = "An image has not been opened yet, unable to view image information..."});
+        return;
+    }
+    module.DoEvents();
+    module.app.MessageBox({.text = Report(view),
+                           .title = "Tavrix - [Image Information]",
+                           .help = true,
+                           .helpContext = HelpContext::ImageInformation});
+}
+
+}  // namespace tavrix

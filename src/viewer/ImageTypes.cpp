@@ -1,0 +1,17 @@
+#include "viewer/ImageTypes.h"
+
+#include "platform/base/Text.h"
+
+namespace tavrix {
+
+bool IsImportOnly(const std::string& path) {
+    return EndsInIgnoringCase(path, ".TGA") || EndsInIgnoringCase(path, ".PCX");
+}
+
+std::string ImportFirstText(const std::string& path) {
+    return Right(path, 4) +
+           " files must be imported into Tavrix and then saved as a supported format first, unable to open:" +
+           std::string(NewLine2) + path;
+}
+
+}  // namespace tavrix

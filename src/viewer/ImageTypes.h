@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace tavrix {
+
+/// The files that the lists of images to open show.
+inline constexpr const char* ImagePattern =
+    "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico;*.wmf;*.emf;*.rle;*.cur";
+
+/// Whether a file is of a kind that has to be imported.
+[[nodiscard]] bool IsImportOnly(const std::string& path);
+/// What a user is told who drops such a file.
+[[nodiscard]] std::string ImportFirstText(const std::string& path);
+
+}  // namespace tavrix

@@ -1,0 +1,180 @@
+// The preview of the Open Image dialog.
+
+#include <algorithm>
+#include <optional>
+
+#include "core/FileServices.h"
+#include "platform/base/Rounding.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/OpenFrm.h"
+
+namespace tavrix {
+namespace {
+
+// Sizes of the preview are in pixels of 15 twips, so that it does not shrink on a screen with finer ones.
+constexpr float TwipsPerUnit = 15;
+constexpr int MostWidth = 160;
+constexpr int MostHeight = 120;
+
+constexpr const char* NoFiles = "There are no files in the selected directory to preview...";
+
+}  // namespace
+
+void OpenFrm::ClearPreview() {
+    picPreview.Visible = false;
+    picPreview.Picture = Picture();
+    picPreview.ToolTip = "";
+    CmdPrevious.Enabled = false;
+    CmdNext.Enabled = false;
+    picHoldPreview.ToolTip = HolderToolTip;
+}
+
+void OpenFrm::ChkPreview_Click() {
+    if (!ChkPreview.Value) {
+        TimerPreview.Enabled = false;
+        ClearPreview();
+    } else if (File1.ListIndex >= 0) {
+        CmdPreview_Click();
+    }
+}
+
+void OpenFrm::TimerPreview_Timer() {
+    TimerPreview.Enabled = false;
+    if (ChkPreview.Value) CmdPreview_Click();
+}
+
+void OpenFrm::CmdPreview_Click() {
+    if (module_.Busy()) return;
+    if (File1.ListCount() == 0) {
+        Tell(NoFiles);
+        return;
+    }
+    if (File1.ListIndex < 0) {
+        Tell("Select a file to preview first...");
+        return;
+    }
+    forms::BusyGuard busy(module_.Screen());
+    lblMsg.Visible = true;
+    module_.DoEvents();
+    picPreview.Visible = false;
+    picPreview.Picture = Picture();
+    picPreview.Stretch = false;
+    std::optional<RuntimeError> failure;
+    try {
+        picPreview.Picture = module_.platform.pictures.LoadInBackground(SelectedPath());
+        FitPreview();
+    } catch (const RuntimeError& error) {
+        failure = error;
+    }
+    lblMsg.Visible = false;
+    busy.Release();
+    if (failure) {
+        TellPreviewFailure(*failure);
+        return;
+    }
+    picPreview.ToolTip = File1.FileName();
+    picHoldPreview.ToolTip = "";
+    picPreview.Visible = true;
+    CmdPrevious.Enabled = true;
+    CmdNext.Enabled = true;
+}
+
+void OpenFrm::FitPreview() {
+    const forms::Screen& screen = module_.Screen();
+    const double pixelsWide = picPreview.Picture.Get().Width();
+    const double pixelsHigh = picPreview.Picture.Get().Height();
+    const double ratio = pixelsWide / pixelsHigh;
+    int width = RoundToLong(pixelsWide * screen.TwipsPerPixelX() / TwipsPerUnit);
+    int height = RoundToLong(pixelsHigh * screen.TwipsPerPixelY() / TwipsPerUnit);
+    bool stretched = false;
+    if (width > MostWidth) {
+        width = MostWidth;
+        height = RoundToLong(width / ratio);
+        stretched = true;
+    }
+    if (height > MostHeight) {
+        height = MostHeight;
+        width = RoundToLong(height * ratio);
+        stretched = true;
+    }
+    // A very long and thin picture still has to be seen.
+    width = std::max(width, 1);
+    height = std::max(height, 1);
+    const int holderWidth = static_cast<int>(picHoldPreview.ScaleWidth() / TwipsPerUnit);
+    const int holderHeight = static_cast<int>(picHoldPreview.ScaleHeight() / TwipsPerUnit);
+    const auto twips = [](int units) { return static_cast<float>(units) * TwipsPerUnit; };
+    const float left = twips((holderWidth - width) / 2);
+    const float top = twips((holderHeight - height) / 2);
+    picPreview.Stretch = stretched;
+    if (stretched) {
+        picPreview.Move(left, top, twips(width), twips(height));
+    } else {
+        picPreview.Move(left, top, picPreview.Width, picPreview.Height);
+    }
+}
+
+void OpenFrm::TellPreviewFailure(const RuntimeError& error) {
+    ClearPreview();
+    Tell("Unable to preview the selected file." + std::string(NewLine2) + error.Description());
+}
+
+void OpenFrm::picPreview_Arrived() {
+    if (picPreview.Picture.Get().Empty() || !picPreview.Picture.Get().pixels->Blank()) return;
+    TellPreviewFailure(RuntimeError(ErrorNumber::InvalidPicture));
+}
+
+void OpenFrm::Step(int direction) {
+    if (module_.Busy()) return;
+    const int count = File1.ListCount();
+    if (count == 0) {
+        Tell(NoFiles);
+        return;
+    }
+    File1.ListIndex = File1.ListIndex < 0 ? 0 : (File1.ListIndex + direction + count) % count;
+    if (!ChkPreview.Value) CmdPreview_Click();
+}
+
+void OpenFrm::CmdNext_Click() {
+    Step(1);
+}
+
+void OpenFrm::CmdPrevious_Click() {
+    Step(-1);
+}
+
+void OpenFrm::picPreview_OLEDragDrop(const std::vector<std::string>& files) {
+    if (module_.Busy()) return;
+    std::string path = files.empty() ? "" : files.front();
+    if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module_, path);
+    if (path.ends_with('\\')) path.pop_back();
+    if (module_.platform.files.FolderExists(path)) {
+        Tell("You may not drop a folder here, unable to show preview...");
+    } else if (IsImportOnly(path)) {
+        Tell(ImportFirstText(path));
+    } else if (EndsInIgnoringCase(path, ".TVS")) {
+        Tell("The Tavrix slide show file type (.TVS) is not an image file, unable to open:" +
+             std::string(NewLine2) + path);
+    } else if (!ShowDropped(path)) {
+        App().MessageBox({.text = "This file can't be opened by Tavrix, it may not be a valid image.",
+                          .title = "Unable to show preview..."});
+    }
+}
+
+bool OpenFrm::ShowDropped(const std::string& path) {
+    File1.ListIndex = -1;  // ticking the box would preview what was selected
+    ChkPreview.Value = true;
+    bool there = false;
+    SkipFailure([&] {
+        Lists.GoTo(FolderOf(path));
+        there = true;
+    });
+    const int row = there ? File1.IndexOf(FileNameOf(path)) : -1;
+    if (row < 0) return false;
+    File1.ListIndex = row;
+    TimerPreview.Enabled = false;  // not after the pause, but at once
+    CmdPreview_Click();
+    return true;
+}
+
+}  // namespace tavrix
