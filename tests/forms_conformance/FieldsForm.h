@@ -36,6 +36,7 @@ class FieldsForm : public forms::Form {
     forms::FileListBox File1;
     forms::CommandButton CmdOk{*this, "CmdOk"};
     forms::Image Image1{*this, "Image1"};
+    forms::ScrollBar Bar1{*this, "Bar1", true};
 
     std::vector<std::string>& log;
     std::function<void(int&)> onKey;
@@ -49,6 +50,8 @@ class FieldsForm : public forms::Form {
         Drive1.Move(3900, 0, 2400, 375);
         Dir1.Move(3900, 450, 2400, 3000);
         File1.Move(6400, 450, 2400, 3000);
+        Bar1.Move(2000, 3000, 225, 1500);
+        Bar1.Max = 1000;
         CmdOk.Move(0, 3000, 1500, 450);
         Image1.Move(0, 3750, 600, 300);
     }

@@ -124,6 +124,12 @@ TEST_F(QtFieldsTest, TheWheelScrollsTheListUnderThePointer) {
     TurnWheel(*View().viewport(), -120);
     EXPECT_GT(View().verticalScrollBar()->value(), 0);
     EXPECT_EQ(log, std::vector<std::string>{});
+    EXPECT_EQ(form.Bar1.Value, 0);
+    TurnWheel(WidgetOf(form.Text2), -120);
+    TurnWheel(WidgetOf(form.Drive1), -120);
+    EXPECT_EQ(form.Bar1.Value, 0);
+    TurnWheel(WidgetOf(form.CmdOk), -120);
+    EXPECT_EQ(form.Bar1.Value, 3);
 }
 
 TEST_F(QtFieldsTest, TheWheelLeavesADropDownListAloneThatHasNoFocus) {
@@ -248,6 +254,34 @@ TEST_F(QtFieldsTest, ManyRowsCostNothing) {
     RecordProperty("show_ms", static_cast<int>(shown));
     RecordProperty("move_and_renew_ms", static_cast<int>(clock.elapsed()));
     EXPECT_LT(many.list.asked, 2000);
+}
+
+TEST_F(QtFieldsTest, NewRowsOfADropDownListLeaveNoneCurrent) {
+    class DropDown final : public RowControl {
+      public:
+        explicit DropDown(Container& container) : RowControl(container, "drop", Look::DropDown) {}
+        void Renew() { RowsChanged(-1); }
+
+      private:
+        [[nodiscard]] int RowCount() const override { return 3; }
+        [[nodiscard]] ListRow Row(int row) const override { return {std::to_string(row)}; }
+    };
+    class DropDownForm : public Form {
+      public:
+        explicit DropDownForm(Application& application) : Form(application, {.name = "DropDownForm"}) {}
+        DropDown drop{*this};
+    };
+    auto& other = app.Load<DropDownForm>();
+    other.drop.OnClick = [this] { log.emplace_back("drop"); };
+    other.Show();
+    driver->Settle();
+    EXPECT_EQ(driver->ShownCurrent(other.drop), -1);
+    other.drop.ListIndex = 2;
+    EXPECT_EQ(driver->ShownCurrent(other.drop), 2);
+    other.drop.Renew();
+    EXPECT_EQ(driver->ShownCurrent(other.drop), -1);
+    driver->Settle();
+    EXPECT_EQ(Count(log, "drop"), 1);
 }
 
 class LayoutForm : public Form {
