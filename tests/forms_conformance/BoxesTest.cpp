@@ -81,5 +81,41 @@ TEST_F(BoxesTest, ABoxLeavesTheScreenPointerAlone) {
     app.Screen().MousePointer = MousePointer::Default;
 }
 
+TEST_F(BoxesTest, AnInputBoxGivesTheTextThatWasEntered) {
+    const InputRequest request{"Enter the name of the new folder:\r\n(A & B)", "Tavrix - [Rename Image]",
+                               "New Folder"};
+    driver->ScriptNextInput({.expected = request, .reply = "My Pictures"});
+    EXPECT_EQ(app.InputBox(request), "My Pictures");
+}
+
+TEST_F(BoxesTest, AnEmptyAnswerIsNotCancel) {
+    const InputRequest request{.prompt = "Name?", .text = "old"};
+    driver->ScriptNextInput({.expected = request, .reply = ""});
+    EXPECT_EQ(app.InputBox(request), "");
+    driver->ScriptNextInput({.expected = request, .reply = std::nullopt});
+    EXPECT_EQ(app.InputBox(request), std::nullopt);
+    driver->ScriptNextInput({.expected = request, .reply = std::nullopt, .byEscape = true});
+    EXPECT_EQ(app.InputBox(request), std::nullopt);
+}
+
+TEST_F(BoxesTest, AnInputBoxLeavesTheScreenPointerAlone) {
+    app.Screen().MousePointer = MousePointer::Hourglass;
+    driver->ScriptNextInput({.expected = {.prompt = "Busy"}, .reply = "x"});
+    EXPECT_EQ(app.InputBox({.prompt = "Busy"}), "x");
+    EXPECT_EQ(app.Screen().MousePointer, MousePointer::Hourglass);
+    app.Screen().MousePointer = MousePointer::Default;
+}
+
+TEST_F(BoxesTest, AnInputBoxIsNoReturnFromAnotherForm) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    log.clear();
+    driver->ScriptNextInput({.expected = {.prompt = "Name?"}, .reply = "x"});
+    EXPECT_EQ(app.InputBox({.prompt = "Name?"}), "x");
+    driver->Settle();
+    EXPECT_EQ(Count(log, "TestForm activate"), 0);
+}
+
 }  // namespace
 }  // namespace tavrix::conformance

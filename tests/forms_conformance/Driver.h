@@ -2,16 +2,20 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/forms/Application.h"
+#include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Menu.h"
 #include "platform/forms/PictureBox.h"
+#include "platform/forms/RowControl.h"
 #include "platform/forms/ScrollBar.h"
+#include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
 
 namespace tavrix::conformance {
@@ -23,6 +27,20 @@ struct BoxScript {
     bool byEscape = false;  ///< with the Escape key; `reply` is what that has to give
     bool pressHelp = false;
     forms::Milliseconds openFor{0};
+};
+
+/// What the user does with the next input box.
+struct InputScript {
+    forms::InputRequest expected;
+    std::optional<std::string> reply;  ///< nothing: Cancel
+    bool byEscape = false;             ///< with the Escape key; `reply` is nothing then
+};
+
+/// What of a text field is selected, in characters.
+struct Selection {
+    int start = 0;
+    int length = 0;
+    friend bool operator==(const Selection&, const Selection&) = default;
 };
 
 /// The user of one backend: does things from outside and sees what is shown.
@@ -43,8 +61,18 @@ class Driver {
     virtual void UserCloses(forms::Form& form) = 0;
     /// Presses a mouse button at a place of the box and releases it at another, in device pixels.
     virtual void UserDrags(forms::PictureBox& box, int button, PixelRect fromTo) = 0;
-    virtual void UserDrops(forms::PictureBox& box, const std::vector<std::string>& hostPaths) = 0;
+    /// Moves the keyboard to a control, as by Tab.
+    virtual void UserFocuses(forms::Control& control) = 0;
+    virtual void UserTicks(forms::CheckBox& box) = 0;
+    /// Enters characters in the place of what is selected. The field has the focus.
+    virtual void UserTypes(forms::TextBox& field, const std::string& text) = 0;
+    /// Selects by keys. The field has the focus.
+    virtual void UserSelects(forms::TextBox& field, Selection selection) = 0;
+    virtual void UserChoosesRow(forms::RowControl& list, int row, int button = forms::MouseButton::Left) = 0;
+    virtual void UserDoubleClicks(forms::RowControl& list, int row) = 0;
+    virtual void UserDrops(forms::Control& canvas, const std::vector<std::string>& hostPaths) = 0;
     virtual void ScriptNextBox(const BoxScript& script) = 0;
+    virtual void ScriptNextInput(const InputScript& script) = 0;
     /// Chooses an entry of the next popup menu, or closes it by Escape (null).
     virtual void ScriptNextPopup(forms::Menu* entry) = 0;
     /// Does something while a loop runs messages.
@@ -63,9 +91,14 @@ class Driver {
     [[nodiscard]] virtual bool ShownEnabled(forms::Control& control) = 0;
     [[nodiscard]] virtual bool ShownVisible(forms::Control& control) = 0;
     [[nodiscard]] virtual int ShownValue(forms::ScrollBar& bar) = 0;
+    [[nodiscard]] virtual bool ShownChecked(forms::CheckBox& box) = 0;
+    [[nodiscard]] virtual Selection ShownSelection(forms::TextBox& field) = 0;
+    [[nodiscard]] virtual std::vector<std::string> ShownRows(forms::RowControl& list) = 0;
+    /// The current row; -1 for none.
+    [[nodiscard]] virtual int ShownCurrent(forms::RowControl& list) = 0;
     [[nodiscard]] virtual forms::MenuItemState Shown(forms::Menu& entry) = 0;
-    /// A pixel of the box's visible part, in device pixels, without its alpha.
-    [[nodiscard]] virtual Pixel ShownPixel(forms::PictureBox& box, int x, int y) = 0;
+    /// A pixel of the visible part of a picture box or an image, in device pixels, without its alpha.
+    [[nodiscard]] virtual Pixel ShownPixel(forms::Control& canvas, int x, int y) = 0;
     /// Everything that did not go as scripted.
     [[nodiscard]] virtual std::vector<std::string> Failures() = 0;
 };

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "forms_conformance/Driver.h"
+#include "platform/base/Text.h"
 #include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::conformance {
@@ -10,10 +11,13 @@ namespace {
 using namespace forms;
 using headless::HeadlessButtonPeer;
 using headless::HeadlessCanvasPeer;
+using headless::HeadlessCheckPeer;
 using headless::HeadlessControlPeer;
 using headless::HeadlessLabelPeer;
+using headless::HeadlessListPeer;
 using headless::HeadlessMenuItemPeer;
 using headless::HeadlessScrollBarPeer;
+using headless::HeadlessTextPeer;
 using headless::HeadlessWindowPeer;
 
 template <class Peer>
@@ -31,6 +35,9 @@ auto WithPeer(const Control& control, Function function) {
     if (auto* label = dynamic_cast<HeadlessLabelPeer*>(peer)) return function(*label);
     if (auto* button = dynamic_cast<HeadlessButtonPeer*>(peer)) return function(*button);
     if (auto* bar = dynamic_cast<HeadlessScrollBarPeer*>(peer)) return function(*bar);
+    if (auto* check = dynamic_cast<HeadlessCheckPeer*>(peer)) return function(*check);
+    if (auto* field = dynamic_cast<HeadlessTextPeer*>(peer)) return function(*field);
+    if (auto* list = dynamic_cast<HeadlessListPeer*>(peer)) return function(*list);
     return function(dynamic_cast<HeadlessCanvasPeer&>(*peer));
 }
 
@@ -84,11 +91,68 @@ class HeadlessDriver final : public Driver {
             if (button == MouseButton::Left) peer.sink.Deliver(ClickEvent{});
         });
     }
-    void UserDrops(PictureBox& box, const std::vector<std::string>& hostPaths) override {
+    void UserFocuses(Control& control) override {
+        toolkit_.Post([&control] { control.Deliver(FocusEvent{}); });
+    }
+    void UserTicks(CheckBox& box) override {
+        auto& peer = PeerOf<HeadlessCheckPeer>(box);
+        if (!peer.enabled || !peer.visible) return;
+        toolkit_.Post([&peer] {
+            peer.sink.Deliver(FocusEvent{});
+            peer.checked = !peer.checked;
+            peer.sink.Deliver(CheckEvent{peer.checked});
+        });
+    }
+    void UserTypes(TextBox& field, const std::string& text) override {
+        auto& peer = PeerOf<HeadlessTextPeer>(field);
+        if (!peer.enabled) return;
+        toolkit_.Post([&peer, text] {
+            const std::string before = Left(peer.text, static_cast<std::size_t>(peer.selectionStart));
+            const std::string behind =
+                From(peer.text, static_cast<std::size_t>(peer.selectionStart + peer.selectionLength));
+            std::string entered = text;
+            if (peer.maxLength != 0) {
+                const std::size_t room = static_cast<std::size_t>(peer.maxLength) - CharacterCount(before) -
+                                         CharacterCount(behind);
+                entered = Left(entered, room);
+            }
+            peer.text = before + entered + behind;
+            peer.selectionStart += static_cast<int>(CharacterCount(entered));
+            peer.selectionLength = 0;
+            peer.sink.Deliver(TextEvent{peer.text, peer.selectionStart, 0});
+        });
+    }
+    void UserSelects(TextBox& field, Selection selection) override {
+        auto& peer = PeerOf<HeadlessTextPeer>(field);
+        toolkit_.Post([&peer, selection] {
+            peer.selectionStart = selection.start;
+            peer.selectionLength = selection.length;
+            peer.sink.Deliver(TextEvent{peer.text, selection.start, selection.length});
+        });
+    }
+    void UserChoosesRow(RowControl& list, int row, int button) override {
+        auto& peer = PeerOf<HeadlessListPeer>(list);
+        if (!peer.enabled) return;
+        toolkit_.Post([&peer, row, button] {
+            peer.sink.Deliver(FocusEvent{});
+            if (peer.current == row && button != MouseButton::Left) return;
+            peer.current = row;
+            peer.sink.Deliver(RowEvent{row});
+        });
+    }
+    void UserDoubleClicks(RowControl& list, int row) override {
+        UserChoosesRow(list, row, MouseButton::Left);
+        auto& peer = PeerOf<HeadlessListPeer>(list);
+        if (!peer.enabled) return;
+        toolkit_.Post([&peer, row] {
+            if (peer.current == row) peer.sink.Deliver(DoubleClickEvent{});
+        });
+    }
+    void UserDrops(Control& canvas, const std::vector<std::string>& hostPaths) override {
         DropEvent drop;
         for (const std::string& path : hostPaths)
             drop.files.push_back("C:" + path);
-        toolkit_.Post([&box, drop] { box.Deliver(drop); });
+        toolkit_.Post([&canvas, drop] { canvas.Deliver(drop); });
     }
     void ScriptNextBox(const BoxScript& script) override {
         headless::ExpectedBox box;
@@ -102,6 +166,10 @@ class HeadlessDriver final : public Driver {
         box.pressHelp = script.pressHelp;
         box.whileOpen = [this, time = script.openFor] { toolkit_.Advance(time); };
         toolkit_.Expect(std::move(box));
+    }
+    void ScriptNextInput(const InputScript& script) override {
+        toolkit_.ExpectInput({script.expected.prompt, script.expected.title, script.expected.text,
+                              script.byEscape ? std::nullopt : script.reply});
     }
     void ScriptNextPopup(Menu* entry) override {
         toolkit_.ChooseFromPopup(entry != nullptr ? entry->Caption.Get() : "");
@@ -120,6 +188,8 @@ class HeadlessDriver final : public Driver {
         if (dynamic_cast<HeadlessLabelPeer*>(control.Peer()) != nullptr) {
             return PeerOf<HeadlessLabelPeer>(control).text;
         }
+        if (auto* check = dynamic_cast<HeadlessCheckPeer*>(control.Peer())) return check->text;
+        if (auto* field = dynamic_cast<HeadlessTextPeer*>(control.Peer())) return field->text;
         return PeerOf<HeadlessButtonPeer>(control).text;
     }
     std::string ShownName(Control& control) override {
@@ -135,11 +205,20 @@ class HeadlessDriver final : public Driver {
         return WithPeer(control, [](const auto& peer) { return peer.visible; });
     }
     int ShownValue(ScrollBar& bar) override { return PeerOf<HeadlessScrollBarPeer>(bar).value; }
+    bool ShownChecked(CheckBox& box) override { return PeerOf<HeadlessCheckPeer>(box).checked; }
+    Selection ShownSelection(TextBox& field) override {
+        const auto& peer = PeerOf<HeadlessTextPeer>(field);
+        return {peer.selectionStart, peer.selectionLength};
+    }
+    std::vector<std::string> ShownRows(RowControl& list) override {
+        return PeerOf<HeadlessListPeer>(list).Texts();
+    }
+    int ShownCurrent(RowControl& list) override { return PeerOf<HeadlessListPeer>(list).current; }
     MenuItemState Shown(Menu& entry) override {
         return dynamic_cast<HeadlessMenuItemPeer&>(*entry.Peer()).state;
     }
-    Pixel ShownPixel(PictureBox& box, int x, int y) override {
-        return PeerOf<HeadlessCanvasPeer>(box).ShownPixel(x, y);
+    Pixel ShownPixel(Control& canvas, int x, int y) override {
+        return PeerOf<HeadlessCanvasPeer>(canvas).ShownPixel(x, y);
     }
     std::vector<std::string> Failures() override { return toolkit_.Failures(); }
 

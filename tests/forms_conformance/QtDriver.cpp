@@ -4,9 +4,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QInputMethodEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -22,6 +27,7 @@
 #include <utility>
 
 #include "platform/qt/CanvasWidget.h"
+#include "platform/qt/CodePoints.h"
 #include "platform/qt/QtMenuItem.h"
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
@@ -63,6 +69,14 @@ Qt::Key KeyOf(int keyCode) {
             return Qt::Key_Right;
         case KeyCode::Down:
             return Qt::Key_Down;
+        case KeyCode::Home:
+            return Qt::Key_Home;
+        case KeyCode::End:
+            return Qt::Key_End;
+        case KeyCode::PageDown:
+            return Qt::Key_PageDown;
+        case KeyCode::Delete:
+            return Qt::Key_Delete;
         default:
             return static_cast<Qt::Key>(keyCode);
     }
@@ -159,13 +173,56 @@ class QtDriver final : public Driver {
         QTest::mousePress(window, pressed, {}, PlaceOf(box, fromTo.left, fromTo.top));
         QTest::mouseRelease(window, pressed, {}, PlaceOf(box, fromTo.width, fromTo.height));
     }
-    void UserDrops(PictureBox& box, const std::vector<std::string>& hostPaths) override {
+    void UserFocuses(Control& control) override { WidgetOf(control).setFocus(Qt::TabFocusReason); }
+    void UserTicks(CheckBox& box) override {
+        QWidget& widget = WidgetOf(box);
+        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
+                          widget.mapTo(widget.window(), QPoint(8, widget.height() / 2)));
+    }
+    void UserTypes(TextBox& field, const std::string& text) override {
+        QWidget& widget = WidgetOf(field);
+        if (!widget.isEnabled()) return;
+        if (std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; })) {
+            for (const char c : text)
+                QTest::keyClick(widget.window()->windowHandle(), c);
+            return;
+        }
+        QInputMethodEvent event;
+        event.setCommitString(QString::fromStdString(text));
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+    void UserSelects(TextBox& field, Selection selection) override {
+        QWindow* window = WidgetOf(field).window()->windowHandle();
+        QTest::keyClick(window, Qt::Key_Home);
+        for (int i = 0; i < selection.start; ++i)
+            QTest::keyClick(window, Qt::Key_Right);
+        for (int i = 0; i < selection.length; ++i)
+            QTest::keyClick(window, Qt::Key_Right, Qt::ShiftModifier);
+    }
+    void UserChoosesRow(RowControl& list, int row, int button) override {
+        const Qt::MouseButton pressed = button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
+        if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) {
+            if (!combo->isEnabled()) return;
+            combo->setFocus(Qt::MouseFocusReason);
+            combo->showPopup();
+            combo->view()->setCurrentIndex(combo->model()->index(row, 0));
+            QTest::keyClick(combo->view(), Qt::Key_Return);
+            return;
+        }
+        QTest::mouseClick(WidgetOf(list).window()->windowHandle(), pressed, {}, PlaceOfRow(list, row));
+    }
+    void UserDoubleClicks(RowControl& list, int row) override {
+        QWindow* window = WidgetOf(list).window()->windowHandle();
+        const QPoint place = PlaceOfRow(list, row);
+        QTest::mouseDClick(window, Qt::LeftButton, {}, place);
+    }
+    void UserDrops(Control& canvas, const std::vector<std::string>& hostPaths) override {
         QMimeData data;
         QList<QUrl> urls;
         for (const std::string& path : hostPaths)
             urls.push_back(QUrl::fromLocalFile(QString::fromStdString(path)));
         data.setUrls(urls);
-        QWidget& widget = WidgetOf(box);
+        QWidget& widget = WidgetOf(canvas);
         ASSERT_TRUE(widget.acceptDrops());
         QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&widget, &enter);
@@ -175,6 +232,7 @@ class QtDriver final : public Driver {
         ASSERT_TRUE(drop.isAccepted());
     }
     void ScriptNextBox(const BoxScript& script) override { boxes_.push_back(script); }
+    void ScriptNextInput(const InputScript& script) override { inputs_.push_back(script); }
     void ScriptNextPopup(Menu* entry) override { popups_.push_back(entry); }
     void Soon(std::function<void()> action) override { QTimer::singleShot(0, &watch_, std::move(action)); }
 
@@ -194,7 +252,8 @@ class QtDriver final : public Driver {
     bool IsShown(Form& form) override { return WidgetOf(form).isVisible(); }
     std::string ShownText(Control& control) override {
         if (auto* label = dynamic_cast<QLabel*>(&WidgetOf(control))) return label->text().toStdString();
-        return dynamic_cast<QPushButton&>(WidgetOf(control)).text().toStdString();
+        if (auto* field = dynamic_cast<QLineEdit*>(&WidgetOf(control))) return field->text().toStdString();
+        return dynamic_cast<QAbstractButton&>(WidgetOf(control)).text().toStdString();
     }
     std::string ShownName(Control& control) override {
         return WidgetOf(control).accessibleName().toStdString();
@@ -203,6 +262,31 @@ class QtDriver final : public Driver {
     bool ShownEnabled(Control& control) override { return WidgetOf(control).isEnabled(); }
     bool ShownVisible(Control& control) override { return WidgetOf(control).isVisible(); }
     int ShownValue(ScrollBar& bar) override { return dynamic_cast<QScrollBar&>(WidgetOf(bar)).value(); }
+    bool ShownChecked(CheckBox& box) override { return dynamic_cast<QCheckBox&>(WidgetOf(box)).isChecked(); }
+    Selection ShownSelection(TextBox& field) override {
+        const auto& widget = dynamic_cast<QLineEdit&>(WidgetOf(field));
+        const QString text = widget.text();
+        const int start = widget.hasSelectedText() ? widget.selectionStart() : widget.cursorPosition();
+        const int end = start + static_cast<int>(widget.selectedText().size());
+        return {qt::ToCharacters(text, start), qt::ToCharacters(text, end) - qt::ToCharacters(text, start)};
+    }
+    std::vector<std::string> ShownRows(RowControl& list) override {
+        const QAbstractItemModel& model = ModelOf(list);
+        std::vector<std::string> rows;
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.push_back(model.index(row, 0).data().toString().toStdString());
+        return rows;
+    }
+    int ShownCurrent(RowControl& list) override {
+        if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) return combo->currentIndex();
+        const auto& view = dynamic_cast<QListView&>(WidgetOf(list));
+        const QModelIndex current = view.currentIndex();
+        const QModelIndexList chosen = view.selectionModel()->selectedIndexes();
+        if (chosen != (current.isValid() ? QModelIndexList{current} : QModelIndexList())) {
+            failures_.push_back("another row is highlighted than the current one");
+        }
+        return current.row();
+    }
     MenuItemState Shown(Menu& entry) override {
         const QAction& action = ActionOf(entry);
         MenuItemState state;
@@ -218,8 +302,8 @@ class QtDriver final : public Driver {
         state.checked = action.isChecked();
         return state;
     }
-    Pixel ShownPixel(PictureBox& box, int x, int y) override {
-        QWidget& widget = WidgetOf(box);
+    Pixel ShownPixel(Control& canvas, int x, int y) override {
+        QWidget& widget = WidgetOf(canvas);
         QWidget& window = *widget.window();
         const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
         const QPoint offset = dynamic_cast<qt::CanvasWidget&>(widget).DeviceOffset();
@@ -232,6 +316,8 @@ class QtDriver final : public Driver {
         std::vector<std::string> all = failures_;
         for (const BoxScript& script : boxes_)
             all.push_back("a box never came: " + script.expected.text);
+        for (const InputScript& script : inputs_)
+            all.push_back("an input box never came: " + script.expected.prompt);
         return all;
     }
 
@@ -240,6 +326,15 @@ class QtDriver final : public Driver {
         QAction* action = dynamic_cast<qt::QtMenuItem&>(*entry.Peer()).Action();
         if (action == nullptr) throw std::logic_error("the menu has not been filled: " + entry.Name());
         return *action;
+    }
+    static const QAbstractItemModel& ModelOf(const RowControl& list) {
+        if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) return *combo->model();
+        return *dynamic_cast<QListView&>(WidgetOf(list)).model();
+    }
+    static QPoint PlaceOfRow(const RowControl& list, int row) {
+        auto& view = dynamic_cast<QListView&>(WidgetOf(list));
+        const QRect place = view.visualRect(view.model()->index(row, 0));
+        return view.viewport()->mapTo(view.window(), place.center());
     }
     static QPoint PlaceOf(const PictureBox& box, int x, int y) {
         QWidget& widget = WidgetOf(box);
@@ -251,9 +346,11 @@ class QtDriver final : public Driver {
 
     void Watch() {
         if (QWidget* popup = QApplication::activePopupWidget()) {
-            WatchPopup(dynamic_cast<QMenu&>(*popup));
+            if (auto* menu = qobject_cast<QMenu*>(popup)) WatchPopup(*menu);
         } else if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             WatchBox(*box);
+        } else if (auto* input = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            WatchInput(*input);
         }
     }
 
@@ -265,6 +362,37 @@ class QtDriver final : public Driver {
             QTest::keyClick(&menu, Qt::Key_Escape);
         } else {
             QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&ActionOf(*entry)).center());
+        }
+    }
+
+    void WatchInput(QDialog& input) {
+        const auto* field = input.findChild<QLineEdit*>();
+        const QString prompt = input.findChild<QLabel*>()->text();
+        if (inputs_.empty()) {
+            failures_.push_back("unexpected input box: " + prompt.toStdString());
+            input.reject();
+            return;
+        }
+        const InputScript script = inputs_.front();
+        inputs_.pop_front();
+        const auto& [expected, reply, byEscape] = script;
+        const QString text = QString::fromStdString(expected.text);
+        if (prompt != QString::fromStdString(expected.prompt).remove(QLatin1Char('\r')) ||
+            input.windowTitle().toStdString() != expected.title || field->text() != text ||
+            field->selectedText() != text || field->accessibleName() != prompt) {
+            failures_.push_back("input box <" + prompt.toStdString() + "> differs");
+        }
+        if (reply && !byEscape) {
+            QTest::keyClick(input.windowHandle(), Qt::Key_Delete);
+            for (const char c : *reply)
+                QTest::keyClick(input.windowHandle(), c);
+            QTest::keyClick(input.windowHandle(), Qt::Key_Return);
+        } else if (byEscape) {
+            QTest::keyClick(input.windowHandle(), Qt::Key_Escape);
+        } else {
+            for (QPushButton* button : input.findChildren<QPushButton*>()) {
+                if (button->text() == QLatin1String("Cancel")) QTest::mouseClick(button, Qt::LeftButton);
+            }
         }
     }
 
@@ -320,6 +448,7 @@ class QtDriver final : public Driver {
     qt::QtToolkit toolkit_{[](const std::string& path) { return "C:" + path; }};
     QTimer watch_;
     std::deque<BoxScript> boxes_;
+    std::deque<InputScript> inputs_;
     std::deque<Menu*> popups_;
     QElapsedTimer open_;
     std::vector<std::string> failures_;

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 namespace tavrix::qt {
 
@@ -11,6 +12,8 @@ ListWidget::ListWidget(QWidget& parent, const SinkPort& port, const forms::ListC
     setFocusPolicy(Qt::StrongFocus);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
+    const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    setIconSize({iconSide, iconSide});
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformItemSizes(true);
     setItemDelegate(&delegate_);
