@@ -197,6 +197,17 @@ TEST_F(HelpWindowTest, ItStaysUsableWhenBoxesOpenAndCloseLater) {
     EXPECT_TRUE(Widget().isVisible());
 }
 
+TEST_F(HelpWindowTest, ItStaysUsableUnderABoxThatDoesNotGetTheFocus) {
+    Open(5);
+    QMessageBox box;
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setAttribute(Qt::WA_ShowWithoutActivating);
+    box.show();
+    Settle();
+    ClickRow(2);
+    EXPECT_EQ(Page(), "Moved & more");
+}
+
 TEST_F(HelpWindowTest, ItOwnsNoOtherWindow) {
     Open(5);
     QWidget main;
