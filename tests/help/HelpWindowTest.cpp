@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBrowser>
 #include <QWindow>
@@ -90,6 +91,17 @@ TEST_F(HelpWindowTest, OpensOnItsPageWithTheListBesideIt) {
     EXPECT_EQ(Part<QTextBrowser>().toPlainText(), QLatin1String("Moved & more\nmoved"));
     Open(77);
     EXPECT_EQ(Page(), "Contents");
+}
+
+TEST_F(HelpWindowTest, APageOpensAtItsStart) {
+    std::string pages = "TAVRIX HELP 1\n@page 0 Contents\n| a | b |\n|---|---|\n";
+    for (int i = 0; i < 100; ++i)
+        pages += "| c | d |\n";
+    book = *HelpBook::Parse(pages + "\nend\n");
+    Open(0);
+    Settle();
+    EXPECT_GT(Part<QTextBrowser>().verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(Part<QTextBrowser>().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(HelpWindowTest, MarkdownIsShownAndHtmlAndFilesAreNot) {
