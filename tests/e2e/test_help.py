@@ -3,6 +3,7 @@
 import os
 import shutil
 import unittest
+import unittest.mock
 
 from driver import drive_path, recent_caption, wait_until
 from driver.program import PROGRAM
@@ -102,12 +103,23 @@ class HelpTest(ProgramTest):
         self.wait_page(top, "Contents")
         self.assertIn("Tavrix - [Image Information]", program.titles())
 
-    def test_a_missing_help_file_is_told(self):
+    def lone_copy(self):
+        """The executable in a folder of its own."""
         alone = os.path.join(self.home.folder, "alone")
         os.mkdir(alone)
-        moved = os.path.join(alone, "tavrix")
-        shutil.copy2(PROGRAM, moved)
-        program = self.start_copy(moved)
+        return shutil.copy2(PROGRAM, alone)
+
+    def test_the_help_file_of_all_users_is_found(self):
+        shared = os.path.join(self.home.folder, "shared")
+        os.mkdir(shared)
+        shutil.copy(os.path.join(os.path.dirname(PROGRAM), "TAVRIX.HLP"), shared)
+        program = self.start_copy(self.lone_copy(), environment={"TAVRIX_SHARED": shared})
+        program.main()
+        self.screen.press("F1")
+        self.help_window(program)
+
+    def test_a_missing_help_file_is_told(self):
+        program = self.start_copy(self.lone_copy())
         main = program.main()
         self.screen.press("F1")
         box = program.message_box()
@@ -119,12 +131,10 @@ class HelpTest(ProgramTest):
         self.press_in(main, "F1")
         self.help_window(program)
 
-    def start_copy(self, executable):
+    def start_copy(self, executable, **options):
         """Starts another executable as the program."""
-        import driver.program as module
-        before, module.PROGRAM = module.PROGRAM, executable
-        self.addCleanup(setattr, module, "PROGRAM", before)
-        return self.start()
+        with unittest.mock.patch("driver.program.PROGRAM", executable):
+            return self.start(**options)
 
     # Image information
 

@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBrowser>
 #include <QWindow>
@@ -90,6 +91,17 @@ TEST_F(HelpWindowTest, OpensOnItsPageWithTheListBesideIt) {
     EXPECT_EQ(Part<QTextBrowser>().toPlainText(), QLatin1String("Moved & more\nmoved"));
     Open(77);
     EXPECT_EQ(Page(), "Contents");
+}
+
+TEST_F(HelpWindowTest, APageOpensAtItsStart) {
+    std::string pages = "TAVRIX HELP 1\n@page 0 Contents\n| a | b |\n|---|---|\n";
+    for (int i = 0; i < 100; ++i)
+        pages += "| c | d |\n";
+    book = *HelpBook::Parse(pages + "\nend\n");
+    Open(0);
+    Settle();
+    EXPECT_GT(Part<QTextBrowser>().verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(Part<QTextBrowser>().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(HelpWindowTest, MarkdownIsShownAndHtmlAndFilesAreNot) {
@@ -195,6 +207,17 @@ TEST_F(HelpWindowTest, ItStaysUsableWhenBoxesOpenAndCloseLater) {
     ClickRow(1);
     EXPECT_EQ(Page(), "Five") << "without a box";
     EXPECT_TRUE(Widget().isVisible());
+}
+
+TEST_F(HelpWindowTest, ItStaysUsableUnderAModalWindowThatDoesNotGetTheFocus) {
+    Open(5);
+    QWidget modal(nullptr, Qt::ToolTip);  // the kind to which this platform gives no focus
+    modal.setWindowModality(Qt::ApplicationModal);
+    modal.show();
+    ASSERT_EQ(QGuiApplication::modalWindow(), modal.windowHandle());
+    Settle();
+    ClickRow(2);
+    EXPECT_EQ(Page(), "Moved & more");
 }
 
 TEST_F(HelpWindowTest, ItOwnsNoOtherWindow) {

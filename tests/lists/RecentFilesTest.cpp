@@ -34,6 +34,7 @@ class RecentFilesTest : public ViewerTest {
     }
     void PutFloppy() {
         platform.disks.InsertDisk('A');
+        platform.disks.PutFile("A:\\readme.txt", "x");
         PutPicture("A:\\Sub\\z.bmp", 70, 50);
     }
 };

@@ -12,7 +12,7 @@ namespace {
 /// The bytes of a file, but no more than one beyond what a help file may have.
 std::string Content(Files& files, const std::string& path) {
     std::string content;
-    std::array<char, 16 * 1024> block{};
+    std::array<char, 16'384> block{};
     const auto reader = files.Open(path);
     while (content.size() <= HelpBook::LargestFile) {
         const std::size_t count = reader->Read(std::as_writable_bytes(std::span(block)));

@@ -16,8 +16,6 @@ constexpr const char* Mark = "alwaysUsable";
 AlwaysUsable::AlwaysUsable(QWidget& window) : window_(window) {
     window.setProperty(Mark, true);
     window.installEventFilter(this);
-    // A modal window that has gone leaves no event, but the focus moves on.
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this] { AttachSoon(); });
 }
 
 bool AlwaysUsable::Is(const QWidget& window) {
@@ -36,7 +34,7 @@ void AlwaysUsable::Attach() {
     QWindow* modal = QGuiApplication::modalWindow();
     if (window->transientParent() == modal) return;
     window->setTransientParent(modal);
-    // Its end may come without a change of the focus.
+    // The next one, or none, takes its place when it goes.
     if (modal != nullptr) connect(modal, &QWindow::visibleChanged, this, [this] { AttachSoon(); });
 }
 

@@ -5,9 +5,9 @@
 #include <QImage>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextTable>
@@ -133,7 +133,7 @@ void HelpWidget::TurnTo(const HelpPage& page) {
         QTextDocument::MarkdownFeatures(QTextDocument::MarkdownDialectGitHub) |
             QTextDocument::MarkdownNoHTML);
     DressTables(document);
-    text_->verticalScrollBar()->setValue(0);
+    text_->moveCursor(QTextCursor::Start);
     text_->setAccessibleName(title);
 }
 
