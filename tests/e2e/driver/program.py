@@ -14,6 +14,8 @@ PROGRAM = os.environ.get("TAVRIX_PROGRAM") or os.path.join(
 INSTALL = os.environ.get("TAVRIX_INSTALL") or os.path.join(
     os.path.dirname(__file__), "..", "..", "..", "build", "release", "bin", "tavrix-install")
 
+# What dialogs have and message boxes have not.
+_NOT_IN_BOXES = {"menu bar", "list", "combo box", "check box", "radio button", "text", "document text"}
 _MENU_ROLES = ("menu item", "check menu item", "radio menu item", "menu")
 
 
@@ -179,7 +181,7 @@ class Program:
         def look():
             try:
                 for top in reversed(self.root().children()):
-                    if top.has("showing") and top.role == "alert":
+                    if top.has("showing") and not any(o.role in _NOT_IN_BOXES for o in top.all()):
                         buttons = [button.name.replace("&", "") for button in top.all("push button")]
                         text = "\n".join(label.text for label in top.all("label") if label.text)
                         if text and buttons:
