@@ -56,6 +56,22 @@ TEST_F(FoldersTest, AMissingWindowsOrSystemFolderIsEmpty) {
     EXPECT_EQ(GetWindowsFolder(module), "");
 }
 
+TEST_F(FoldersTest, MyDocumentsIsWhereTheSystemHasIt) {
+    EXPECT_EQ(GetMyDocumentsFolder(module), "C:\\My Documents");
+    platform.files.SetFolder(KnownFolder::Documents, "D:\\home\\me\\Documents");
+    EXPECT_EQ(GetMyDocumentsFolder(module), "D:\\home\\me\\Documents");
+}
+
+TEST_F(FoldersTest, OtherwiseMyDocumentsIsOnTheDriveOfTheWindowsFolder) {
+    platform.files.SetFolder(KnownFolder::Documents, "");
+    platform.files.SetFolder(KnownFolder::Windows, "D:\\Windows");
+    EXPECT_EQ(GetMyDocumentsFolder(module), "D:\\My Documents");
+    platform.files.SetFolder(KnownFolder::Windows, "");
+    EXPECT_EQ(GetMyDocumentsFolder(module), "C:\\My Documents");
+    platform.faults.FailAlways(Service::Files, "Folder", ErrorNumber::DeviceUnavailable);
+    EXPECT_EQ(GetMyDocumentsFolder(module), "C:\\My Documents");
+}
+
 TEST_F(FoldersTest, TheShortPathOfAFolderEndsInABackslash) {
     EXPECT_EQ(GetShortPath(module, "c:\\tavrix"), "C:\\Tavrix\\");
     EXPECT_EQ(GetShortPath(module, "C:\\TAVRIX\\"), "C:\\Tavrix\\");

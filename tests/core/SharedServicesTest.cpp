@@ -124,9 +124,18 @@ TEST_F(HelpCommandsTest, NameTheProgramsHelpFile) {
                                        {"C:\\Tavrix\\TAVRIX.HLP", HelpCommand::Quit, 0}}));
 }
 
+TEST_F(HelpCommandsTest, APageIsAskedForByItsNumber) {
+    InitHelp(module);
+    ShowHelpPage(module, 120);
+    EXPECT_EQ(
+        platform.help.calls,
+        (std::vector<headless::RecordingHelp::Call>{{"C:\\Tavrix\\TAVRIX.HLP", HelpCommand::Context, 120}}));
+}
+
 TEST_F(HelpCommandsTest, AHelpWindowThatFailsIsNoFailure) {
     platform.faults.FailAlways(Service::Help, "Show", ErrorNumber::OutOfMemory);
     EXPECT_NO_THROW(ShowHelpContents(module));
+    EXPECT_NO_THROW(ShowHelpPage(module, 120));
     EXPECT_NO_THROW(CloseHelp(module));
 }
 

@@ -362,6 +362,19 @@ TEST_F(HostFilesTest, KnowsTheFolders) {
     EXPECT_EQ(folder.Content("c/temp/~undo.tmp"), "x");
 }
 
+TEST_F(HostFilesTest, KnowsTheDocumentsBeforeTheyAreMade) {
+    HostPaths paths = Paths();
+    DriveMap map(Sources());
+    EXPECT_EQ(HostFiles(map, paths).Folder(KnownFolder::Documents), "");
+    paths.documents = folder.At("c/me/Documents");
+    HostFiles own(map, paths);
+    EXPECT_EQ(own.Folder(KnownFolder::Documents), "C:\\me\\Documents");
+    folder.PutFolder("c/me");
+    own.MakeFolder(own.Folder(KnownFolder::Documents));
+    EXPECT_TRUE(folder.Has("c/me/Documents"));
+    EXPECT_EQ(own.Folder(KnownFolder::Documents), "C:\\me\\Documents");
+}
+
 TEST_F(HostFilesTest, NamesWithStrangeCharactersGoBothWays) {
     folder.Put("c/10:20.bmp", "x");
     const std::string name = files.First("C:\\*.bmp");

@@ -48,6 +48,36 @@ TEST(HostPaths, TheUsualPlacesAreBelowTheHomeFolder) {
     EXPECT_EQ(paths.program, std::filesystem::path(paths.executable).parent_path().string());
 }
 
+TEST(HostPaths, TheDocumentsAreWhereTheDesktopNotedThem) {
+    const TestFolder folder;
+    const ScopedVariable home("HOME", folder.At("me/"));
+    const ScopedVariable config("XDG_CONFIG_HOME", folder.At("config"));
+    const auto documents = [&folder](const std::string& note) {
+        folder.Put("config/user-dirs.dirs", note);
+        return HostPaths::FromEnvironment().documents;
+    };
+    EXPECT_EQ(HostPaths::FromEnvironment().documents, folder.At("me/Documents"));
+    EXPECT_EQ(documents("# written by the desktop\nXDG_DESKTOP_DIR=\"$HOME/Desk\"\n"
+                        "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n"),
+              folder.At("me/Dokumente"));
+    EXPECT_EQ(documents("XDG_DOCUMENTS_DIR=\"/srv/My \\\"own\\\" papers/\""), "/srv/My \"own\" papers");
+    EXPECT_EQ(documents("XDG_DOCUMENTS_DIR=\"/first\"\n  XDG_DOCUMENTS_DIR=\"/second\"\n"), "/second");
+    EXPECT_EQ(documents("XDG_DOCUMENTS_DIR=\"$HOME\"\n"), folder.At("me"));
+    EXPECT_EQ(documents("XDG_DOCUMENTS_DIR=\"$HOME/\"\n"), folder.At("me"));
+}
+
+TEST(HostPaths, AnUnusableNoteOfTheDocumentsCountsForNothing) {
+    const TestFolder folder;
+    const ScopedVariable home("HOME", folder.At("me"));
+    const ScopedVariable config("XDG_CONFIG_HOME", folder.At("config"));
+    for (const char* note : {"", "XDG_DOCUMENTS_DIR=", "XDG_DOCUMENTS_DIR=\"\"", "XDG_DOCUMENTS_DIR=/bare",
+                             "XDG_DOCUMENTS_DIR=\"relative\"", "XDG_DOCUMENTS_DIR=\"$HOMES/x\"",
+                             "#XDG_DOCUMENTS_DIR=\"/x\"", "XDG_DOCUMENTS_DIRS=\"/x\"", "\xff\n\n\"\\"}) {
+        folder.Put("config/user-dirs.dirs", note);
+        EXPECT_EQ(HostPaths::FromEnvironment().documents, folder.At("me/Documents")) << note;
+    }
+}
+
 TEST(TemporaryFolder, IsPrivate) {
     const TestFolder folder;
     const TemporaryFolder temporary(folder.At("a/b"));
