@@ -7,13 +7,13 @@
 #include "platform/host/HostDrives.h"
 #include "platform/host/HostFiles.h"
 #include "platform/host/HostPaths.h"
+#include "platform/host/HostPictures.h"
 #include "platform/host/HostProcess.h"
 #include "platform/host/HostProfile.h"
 #include "platform/host/HostRegistry.h"
 #include "platform/host/HostShell.h"
 #include "platform/host/HostSound.h"
 #include "platform/host/HostUserStore.h"
-#include "platform/host/PictureLoader.h"
 
 namespace tavrix {
 
@@ -37,7 +37,7 @@ struct HostPlatform {
     HostUserStore store{paths};
     HostShell shell{driveMap, paths};
     HostSound sound;
-    PictureLoader pictures{[this](const std::string& path) { return files.HostPathOf(path); }};
+    HostPictures pictures{files};
 };
 
 }  // namespace tavrix

@@ -33,7 +33,7 @@ struct HeadlessServices {
     MemoryRegistry registry{faults};
     MemoryUserStore store{faults};
     RecordingShell shell{disks, faults};
-    MemoryPictures pictures{disks, faults};
+    MemoryPictures pictures{disks, files, faults};
     MemoryClipboard clipboard{faults};
     FakeSound sound{faults};
     RecordingHelp help{faults};

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/base/Text.h"
+#include "platform/codecs/BmpWriter.h"
 #include "platform/codecs/DecodePicture.h"
 #include "platform/services/DrivePath.h"
 
@@ -36,6 +37,13 @@ Picture MemoryPictures::Load(const std::string& path) {
     DecodedPicture decoded = DecodePicture(source);
     if (decoded.error) throw RuntimeError(*decoded.error);
     return std::move(decoded.picture);
+}
+
+void MemoryPictures::SaveBitmap(const Surface& surface, const std::string& path) {
+    faults_.Enter(Service::Pictures, "SaveBitmap", path);
+    const std::unique_ptr<FileWriter> file = files_.Create(path);
+    WriteBmp(surface, [&file](std::span<const std::byte> bytes) { file->Write(bytes); });
+    file->Close();
 }
 
 }  // namespace tavrix::headless

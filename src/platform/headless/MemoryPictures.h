@@ -6,6 +6,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/headless/FaultPlan.h"
 #include "platform/headless/MemoryDisks.h"
+#include "platform/services/Files.h"
 #include "platform/services/Pictures.h"
 
 namespace tavrix::headless {
@@ -14,7 +15,8 @@ namespace tavrix::headless {
 /// Pictures are whole when Load returns.
 class MemoryPictures final : public Pictures {
   public:
-    MemoryPictures(MemoryDisks& disks, FaultPlan& faults) : disks_(disks), faults_(faults) {}
+    MemoryPictures(MemoryDisks& disks, Files& files, FaultPlan& faults)
+        : disks_(disks), files_(files), faults_(faults) {}
 
     /// Puts a file there that loads as this picture, and so does each copy of it. Gives the file's content.
     std::string SetPicture(const std::string& path, const Picture& picture);
@@ -23,10 +25,13 @@ class MemoryPictures final : public Pictures {
 
     /// `path` is a full drive path.
     Picture Load(const std::string& path) override;
+    /// Writes through the files in memory, whose faults count too.
+    void SaveBitmap(const Surface& surface, const std::string& path) override;
     Picture LoadInBackground(const std::string& path) override { return Load(path); }
 
   private:
     MemoryDisks& disks_;
+    Files& files_;
     FaultPlan& faults_;
     std::map<std::string, Picture> pictures_;       ///< by the content of their files
     std::map<std::string, RuntimeError> failures_;  ///< by upper-cased path

@@ -14,22 +14,22 @@ namespace tavrix {
 
 /// Loads pictures from the host's files. Small ones are decoded on the spot; large ones by a worker, and Load returns
 /// as soon as their first rows stand. A worker whose picture nobody holds any more stops soon.
-class PictureLoader final : public Pictures {
+class PictureLoader {
   public:
     /// Turns a drive path into a host path; what it throws passes through Load.
     using ToHostPath = std::function<std::string(const std::string&)>;
 
     explicit PictureLoader(ToHostPath toHostPath);
     /// Stops and joins all workers. Pictures that are still arriving end there, truncated.
-    ~PictureLoader() override;
+    ~PictureLoader();
 
     PictureLoader(const PictureLoader&) = delete;
     PictureLoader& operator=(const PictureLoader&) = delete;
 
     /// As Pictures says; besides, 75 for a folder or anything else that is no ordinary file. Decoding that ends
     /// without a row is 481.
-    [[nodiscard]] Picture Load(const std::string& path) override;
-    [[nodiscard]] Picture LoadInBackground(const std::string& path) override;
+    [[nodiscard]] Picture Load(const std::string& path);
+    [[nodiscard]] Picture LoadInBackground(const std::string& path);
 
     /// Starts decoding at once, for a picture that will be asked for soon. Load takes the result if the file is
     /// still the same. Failures are left for Load to report. Only the latest few are kept.

@@ -17,6 +17,10 @@ class Pictures {
     /// The same without a wait for any row: a large picture may turn out later to be one of which nothing can be
     /// decoded (ArrivingSurface::Blank), where Load throws 481.
     [[nodiscard]] virtual Picture LoadInBackground(const std::string& path) = 0;
+
+    /// Writes a surface as a Windows bitmap of 24 bits over whatever stands there, which stays as it was when this
+    /// fails. Throws what the file service throws.
+    virtual void SaveBitmap(const Surface& surface, const std::string& path) = 0;
 };
 
 }  // namespace tavrix
