@@ -57,6 +57,11 @@ void OpenFrm::CmdPreview_Click() {
     forms::BusyGuard busy(module_.Screen());
     lblMsg.Visible = true;
     module_.DoEvents();
+    if (Unloaded()) return;
+    if (File1.ListIndex < 0) {  // the user has gone to another folder
+        lblMsg.Visible = false;
+        return;
+    }
     picPreview.Visible = false;
     picPreview.Picture = Picture();
     picPreview.Stretch = false;
@@ -121,6 +126,10 @@ void OpenFrm::TellPreviewFailure(const RuntimeError& error) {
 
 void OpenFrm::picPreview_Arrived() {
     if (picPreview.Picture.Get().Empty() || !picPreview.Picture.Get().pixels->Blank()) return;
+    if (!Visible() || module_.Busy()) {
+        ClearPreview();  // the next preview, or an image, is being loaded: nobody waits for this one
+        return;
+    }
     TellPreviewFailure(RuntimeError(ErrorNumber::InvalidPicture));
 }
 
