@@ -172,16 +172,22 @@ void OpenFrm::picPreview_OLEDragDrop(const std::vector<std::string>& files) {
 
 bool OpenFrm::ShowDropped(const std::string& path) {
     File1.ListIndex = -1;  // ticking the box would preview what was selected
+    TimerPreview.Enabled = false;
     ChkPreview.Value = true;
     bool there = false;
     SkipFailure([&] {
         Lists.GoTo(FolderOf(path));
         there = true;
     });
-    const int row = there ? File1.IndexOf(FileNameOf(path)) : -1;
+    if (!there) return false;
+    int row = File1.IndexOf(FileNameOf(path));
+    if (row < 0) {  // the file may be newer than the list
+        File1.Refresh();
+        row = File1.IndexOf(FileNameOf(path));
+    }
     if (row < 0) return false;
     File1.ListIndex = row;
-    TimerPreview.Enabled = false;  // not after the pause, but at once
+    TimerPreview.Enabled = false;  // not after a pause, but at once
     CmdPreview_Click();
     return true;
 }
