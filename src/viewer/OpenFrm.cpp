@@ -102,7 +102,6 @@ void OpenFrm::Form_Activate() {
 }
 
 void OpenFrm::Form_Unload(bool&) {
-    TimerPreview.Enabled = false;
     SkipFailure([this] { module_.platform.files.ChangeDrive(Drive1.Drive); });
     SkipFailure([this] { module_.platform.files.ChangeFolder(Dir1.Path); });
     module_.config.OpenShowPreview = ChkPreview.Value;
@@ -128,7 +127,6 @@ void OpenFrm::CmdOpen_Click() {
     }
     const std::string path = SelectedPath();  // whatever the user selects while messages run
     forms::BusyGuard busy(module_.Screen());
-    TimerPreview.Enabled = false;
     module_.DoEvents();
     if (Unloaded()) return;
     view_.picFrame.Visible = false;

@@ -41,7 +41,8 @@ void OpenFrm::ChkPreview_Click() {
 
 void OpenFrm::TimerPreview_Timer() {
     TimerPreview.Enabled = false;
-    if (ChkPreview.Value) CmdPreview_Click();
+    // A hidden dialog is still there while the image that it opened is viewed full screen.
+    if (ChkPreview.Value && Visible()) CmdPreview_Click();
 }
 
 void OpenFrm::CmdPreview_Click() {
