@@ -9,8 +9,9 @@ namespace tavrix {
 Composition::Composition(HostPlatform& host)
     : host_(host),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
-      services_{host.files,    host.drives, host.profile, host.registry, host.store, host.shell,
-                host.pictures, clipboard_,  host.sound,   help_,         system_,    host.process} {
+      services_{host.files, host.drives,   host.profile, host.registry, host.store,
+                host.shell, host.pictures, clipboard_,   host.sound,    help_,
+                system_,    host.process,  host.viewLib} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);

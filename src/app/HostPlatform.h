@@ -13,6 +13,7 @@
 #include "platform/host/HostShell.h"
 #include "platform/host/HostSound.h"
 #include "platform/host/HostUserStore.h"
+#include "platform/host/HostViewLib.h"
 #include "platform/host/PictureLoader.h"
 
 namespace tavrix {
@@ -38,6 +39,7 @@ struct HostPlatform {
     HostShell shell{driveMap, paths};
     HostSound sound;
     PictureLoader pictures{[this](const std::string& path) { return files.HostPathOf(path); }};
+    HostViewLib viewLib{files};
 };
 
 }  // namespace tavrix
