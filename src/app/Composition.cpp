@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -21,8 +22,9 @@ Composition::Composition(HostPlatform& host)
       help_(
           host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },
           [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
-      services_{host.files,    host.drives, host.profile, host.registry, host.store, host.shell,
-                host.pictures, clipboard_,  host.sound,   help_,         system_,    host.process} {
+      services_{host.files, host.drives,   host.profile, host.registry, host.store,
+                host.shell, host.pictures, clipboard_,   host.sound,    help_,
+                system_,    host.process,  host.viewLib} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);
@@ -33,6 +35,7 @@ Composition::Composition(HostPlatform& host)
     lives_.ShowMainView = [this] {
         auto& view = app_.Load<MainViewFrm>(module_, lives_);
         InstallViewerCommands(view);
+        InstallEditingCommands(view);
         InstallListCommands(view);
         view.Show();
     };
