@@ -21,9 +21,6 @@
 namespace tavrix {
 namespace {
 
-using test::InChild;
-using test::KillWhileWriting;
-
 class HostProfileTest : public testing::Test {
   protected:
     [[nodiscard]] DriveMap::Sources Sources() const {
@@ -189,7 +186,7 @@ TEST_F(HostProfileTest, AKillLeavesTheOldFileOrTheNewOne) {
             last = content;
         });
     EXPECT_GT(changes, 5);  // the children did get to write
-    Write("After", "1");  // no lock is left behind
+    Write("After", "1");    // no lock is left behind
     EXPECT_EQ(profile.Read("Viewer", "C:\\tavrix.ini").Read("After"), "1");
 }
 

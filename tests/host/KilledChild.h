@@ -11,7 +11,7 @@
 #include <ctime>
 #include <random>
 
-namespace tavrix::test {
+namespace tavrix {
 
 /// Runs `work` in a child process.
 template <class Work>
@@ -61,4 +61,4 @@ void KillWhileWriting(int rounds, Write&& write, Check&& check) {
     }
 }
 
-}  // namespace tavrix::test
+}  // namespace tavrix

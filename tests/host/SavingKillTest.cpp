@@ -24,9 +24,9 @@ class SavingKillTest : public testing::Test {
         return sources;
     }
     [[nodiscard]] HostPaths Paths() const {
-        HostPaths paths;
-        paths.temporary = folder.At("temp");
-        return paths;
+        HostPaths host;
+        host.temporary = folder.At("temp");
+        return host;
     }
     /// A picture of one grey.
     static Surface Plain(int number) {
@@ -85,9 +85,7 @@ TEST_F(SavingKillTest, Copy) {
         pictures.SaveBitmap(Plain(number), "C:\\source" + std::to_string(number) + ".bmp");
     KillWhileWriting(
         Rounds,
-        [&](int number) {
-            files.Copy("C:\\source" + std::to_string(number % 8) + ".bmp", "C:\\target.bmp");
-        },
+        [&](int number) { files.Copy("C:\\source" + std::to_string(number % 8) + ".bmp", "C:\\target.bmp"); },
         [&] { ExpectWholePicture("C:\\target.bmp"); });
     EXPECT_GT(greys.size(), 2U);
 }
