@@ -13,15 +13,17 @@ BACKGROUND = (255, 255, 255)
 
 
 def turned(image, transposition, size):
-    """A quarter or half turn as the program's point reflection has it: one pixel further right (or down) than the
-    mirror of the pixel grid, column 0 and row 0 left in the background."""
-    shifted = Image.new("RGB", size, BACKGROUND)
-    whole = image.transpose(transposition)
+    """A quarter or half turn as the program's point reflection has it: one pixel further right or down than the mirror
+    of the pixel grid; the row or column at the far end of the longer sides stays in the background."""
     right, down = {Image.Transpose.ROTATE_270: (1, 0), Image.Transpose.ROTATE_90: (0, 1),
                    Image.Transpose.ROTATE_180: (1, 1)}[transposition]
-    shifted.paste(whole, (right, down))
     result = Image.new("RGB", size, BACKGROUND)
-    result.paste(shifted.crop((1, 1, *size)), (1, 1))
+    result.paste(image.transpose(transposition), (right, down))
+    longer = max(size)
+    if size[0] == longer:
+        result.paste(BACKGROUND, (0, 0, 1, size[1]))
+    if size[1] == longer:
+        result.paste(BACKGROUND, (0, 0, size[0], 1))
     return result
 
 
