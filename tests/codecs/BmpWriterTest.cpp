@@ -27,8 +27,9 @@ TEST(BmpWriter, BytesOfASmallPicture) {
 }
 
 TEST(BmpWriter, ReadsBackTheSame) {
-    for (const int width : {1, 2, 3, 4, 1000}) {
-        Surface surface(width, 333);  // more than one piece for the widest
+    for (const int width : {1, 2, 3, 4, 15, 16, 17, 1000, 100'003}) {
+        // More than one piece for the wide one, one row a piece for the widest.
+        Surface surface(width, width > 1000 ? 3 : 333);
         unsigned value = 1;
         for (Pixel& pixel : surface.Pixels())
             pixel = 0xFF000000U | ((value = value * 1664525U + 1013904223U) >> 8U);
@@ -43,6 +44,17 @@ TEST(BmpWriter, TransparencyShowsTheBackground) {
     surface.Row(0)[0] = 0x00000000U;
     surface.Row(0)[1] = 0x80000000U;
     EXPECT_EQ(PixelsOf(Decode(Written(surface))), (std::vector<Pixel>{WhitePixel, 0xFF7F7F7FU}));
+}
+
+TEST(BmpWriter, OneTransparentPixelOfALongRowIsFound) {
+    for (const std::size_t at : {0U, 15U, 16U, 40U}) {
+        Surface surface(41, 2);
+        surface.Fill(Red);
+        surface.Row(1)[at] = 0x00000000U;
+        std::vector<Pixel> expected(82, Red);
+        expected[41 + at] = WhitePixel;
+        EXPECT_EQ(PixelsOf(Decode(Written(surface))), expected) << at;
+    }
 }
 
 TEST(BmpWriter, FailuresPass) {

@@ -101,6 +101,22 @@ TEST_F(CanvasTest, WhatIsDrawnShowsAfterRefresh) {
     EXPECT_EQ(Bare(driver->ShownPixel(form.picture, 4, 3)), 0xFFFFFFU);
 }
 
+TEST_F(CanvasTest, ASnapshotStaysWhatItWas) {
+    form.Show();
+    form.picture.Bitmap().Row(3)[4] = OpaquePixel(1, 2, 3);
+    const Picture before = form.picture.Image();
+    EXPECT_EQ(form.picture.Image(), before) << "the same pixels, not a copy";
+    form.picture.Bitmap().Row(3)[4] = OpaquePixel(9, 9, 9);
+    EXPECT_EQ(before.pixels->Whole().Row(3)[4], OpaquePixel(1, 2, 3));
+    EXPECT_EQ(form.picture.Image().pixels->Whole().Row(3)[4], OpaquePixel(9, 9, 9));
+    form.picture.Picture = before;
+    form.picture.Bitmap().Row(3)[4] = OpaquePixel(7, 7, 7);
+    EXPECT_EQ(before.pixels->Whole().Row(3)[4], OpaquePixel(1, 2, 3));
+    form.picture.Refresh();
+    driver->Settle();
+    EXPECT_EQ(Bare(driver->ShownPixel(form.picture, 4, 3)), 0x070707U);
+}
+
 TEST_F(CanvasTest, ANewPictureReplacesTheOld) {
     form.picture.Picture = PictureOf(Gradient(50, 50));
     form.Show();

@@ -1,9 +1,13 @@
 #include "platform/codecs/BmpWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <numeric>
 #include <vector>
 
+#include "platform/codecs/PixelRows.h"
 #include "platform/graphics/Composite.h"
 
 namespace tavrix {
@@ -15,6 +19,15 @@ constexpr std::size_t PieceBytes = 256U << 10U;
 void Put(std::span<std::byte> into, std::size_t at, std::size_t count, std::uint64_t value) {
     for (std::size_t i = 0; i < count; ++i)
         into[at + i] = static_cast<std::byte>(value >> (8 * i));
+}
+
+/// A row over SurfaceBackground: itself where it is opaque, else what is laid into `flat`.
+std::span<const Pixel> Flat(std::span<const Pixel> row, std::vector<Pixel>& flat) {
+    if (std::reduce(row.begin(), row.end(), ~Pixel{0}, std::bit_and<>()) >= 0xFF000000U) return row;
+    flat.assign(row.begin(), row.end());
+    for (Pixel& pixel : flat)
+        pixel = Over(pixel, ToPixel(SurfaceBackground));
+    return flat;
 }
 
 }  // namespace
@@ -36,21 +49,16 @@ void WriteBmp(const Surface& surface, const std::function<void(std::span<const s
     Put(headers, 34, 4, imageSize);
     write(headers);
 
-    std::vector<std::byte> piece;
-    piece.reserve(PieceBytes + stride);
+    // The bytes that fill up a row stay zero.
+    const std::size_t rowsAPiece = std::max<std::size_t>(PieceBytes / std::max<std::size_t>(stride, 1), 1);
+    std::vector<std::byte> piece(rowsAPiece * stride);
+    std::vector<Pixel> flat;
+    std::size_t rows = 0;
     for (int y = surface.Height() - 1; y >= 0; --y) {
-        const std::size_t start = piece.size();
-        piece.resize(start + stride);
-        std::byte* out = &piece[start];
-        for (const Pixel pixel : surface.Row(y)) {
-            const Pixel flat = Over(pixel, ToPixel(SurfaceBackground));
-            *out++ = static_cast<std::byte>(flat);
-            *out++ = static_cast<std::byte>(flat >> 8U);
-            *out++ = static_cast<std::byte>(flat >> 16U);
-        }
-        if (piece.size() >= PieceBytes || y == 0) {
-            write(piece);
-            piece.clear();
+        Bgr24FromPixels(Flat(surface.Row(y), flat), std::span(piece).subspan(rows * stride, 3 * width));
+        if (++rows == rowsAPiece || y == 0) {
+            write(std::span(piece).first(rows * stride));
+            rows = 0;
         }
     }
 }

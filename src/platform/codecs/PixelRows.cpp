@@ -37,6 +37,27 @@ __attribute__((target("ssse3"))) std::size_t ManyFromBgr24(const std::byte* from
     }
     return done;
 }
+
+/// The reverse of ManyFromBgr24.
+__attribute__((target("ssse3"))) std::size_t ManyToBgr24(std::span<const Pixel> from, std::byte* into) {
+    const __m128i gather = _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+    std::size_t done = 0;
+    for (; done + 16 <= from.size(); done += 16) {
+        const auto* in = reinterpret_cast<const __m128i*>(&from[done]);
+        const auto get = [&](int at) __attribute__((target("ssse3"), always_inline)) {
+            return _mm_shuffle_epi8(_mm_loadu_si128(in + at), gather);
+        };
+        const __m128i a = get(0);
+        const __m128i b = get(1);
+        const __m128i c = get(2);
+        const __m128i d = get(3);
+        auto* out = reinterpret_cast<__m128i*>(into + 3 * done);
+        _mm_storeu_si128(out, _mm_or_si128(a, _mm_slli_si128(b, 12)));
+        _mm_storeu_si128(out + 1, _mm_or_si128(_mm_srli_si128(b, 4), _mm_slli_si128(c, 8)));
+        _mm_storeu_si128(out + 2, _mm_or_si128(_mm_srli_si128(c, 8), _mm_slli_si128(d, 4)));
+    }
+    return done;
+}
 #endif
 
 template <unsigned Bits>
@@ -68,6 +89,18 @@ void PixelsFromBgr24(std::span<const std::byte> from, std::span<Pixel> into) {
         const std::byte* in = from.data() + 3 * done;
         into[done] = OpaquePixel(std::to_integer<unsigned>(in[2]), std::to_integer<unsigned>(in[1]),
                                  std::to_integer<unsigned>(in[0]));
+    }
+}
+
+void Bgr24FromPixels(std::span<const Pixel> from, std::span<std::byte> into) {
+    std::size_t done = 0;
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("ssse3")) done = ManyToBgr24(from, into.data());
+#endif
+    for (; done < from.size(); ++done) {
+        into[3 * done] = static_cast<std::byte>(from[done]);
+        into[3 * done + 1] = static_cast<std::byte>(from[done] >> 8U);
+        into[3 * done + 2] = static_cast<std::byte>(from[done] >> 16U);
     }
 }
 

@@ -12,6 +12,9 @@ namespace tavrix {
 /// Turns blue-green-red bytes into opaque pixels. The bytes must be at least three times as many as the pixels.
 void PixelsFromBgr24(std::span<const std::byte> from, std::span<Pixel> into);
 
+/// Turns pixels into blue-green-red bytes, three for each; how opaque a pixel is does not count.
+void Bgr24FromPixels(std::span<const Pixel> from, std::span<std::byte> into);
+
 /// Turns pixels of 8, 4, 2 or 1 bits (the leftmost in the highest bits) into their palette's colours.
 void PixelsFromIndexes(unsigned bits, std::span<const std::byte> from, const std::array<Pixel, 256>& palette,
                        std::span<Pixel> into);
