@@ -40,6 +40,20 @@ def icon_bitmap(bits, compression=0, masks=b""):
     return header + masks + palette + rows(bits) + bytes([0x50, 0, 0, 0] * 3)
 
 
+def tga(name, kind, bits, data, palette=b"", entry_bits=0, descriptor=0, first=0, tail=b""):
+    length = len(palette) * 8 // entry_bits if palette else 0
+    header = struct.pack("<BBBHHBHHHHBB", 2, length > 0, kind, first, length, entry_bits, 0, 0, 5, 3, bits, descriptor)
+    (SEEDS / name).write_bytes(header + b"id" + palette + data + tail)
+
+
+def pcx(name, bits, planes, data, palette=b"", tail=b"", version=5, encoding=1, width=5, height=3):
+    line = (width * bits + 15) // 16 * 2
+    header = struct.pack("<BBBBHHHHHH", 10, version, encoding, bits, 0, 0, width - 1, height - 1, 300, 300)
+    header += palette.ljust(48, b"\0") + struct.pack("<BBH", 0, planes, line)
+    data = data or bytes(i * 37 % 192 for i in range(line * planes * height))
+    (SEEDS / name).write_bytes(header.ljust(128, b"\0") + data + tail)
+
+
 def png(image, **options):
     out = io.BytesIO()
     image.save(out, "PNG", **options)
@@ -80,6 +94,32 @@ def main():
     few.save(SEEDS / "interlaced.gif", interlace=True, transparency=2, comment=b"seed")
     turned = [few.rotate(90 * i).crop((0, 0, 19, 19)) for i in range(3)]
     turned[0].save(SEEDS / "animated.gif", save_all=True, append_images=turned[1:], duration=50, loop=0, disposal=2)
+
+    plain = bytes(i * 37 % 256 for i in range(60))
+    tga("grey.tga", 3, 8, plain[:15])
+    tga("greyalpha.tga", 3, 16, plain[:30], descriptor=0x38)
+    tga("bits16.tga", 2, 16, plain[:30], descriptor=0x21)
+    tga("bits24.tga", 2, 24, plain[:45], descriptor=0x20)
+    extension = struct.pack("<H492xB", 495, 4) + struct.pack("<II", 18 + 2 + 60, 0)
+    tga("bits32.tga", 2, 32, plain, descriptor=0x08, tail=extension + b"TRUEVISION-XFILE.\0")
+    tga("mapped.tga", 1, 8, bytes([7, 8, 9] * 5), PALETTE[:12], 32, first=7)
+    tga("mapped16.tga", 1, 16, b"\7\0\10\0\11\0" * 5, PALETTE[:8], 16, first=7)
+    tga("runs8.tga", 11, 8, b"\x86\1\7\1\2\3\4\5\6\7\10\x80\0")
+    tga("runs16.tga", 10, 16, b"\x86\1\2\7" + plain[:16])
+    tga("runs24.tga", 10, 24, b"\x86\1\2\3\7" + plain[:24])
+    tga("runs32.tga", 10, 32, b"\x86\1\2\3\4\7" + plain[:32], descriptor=8)
+    tga("runsmapped.tga", 9, 8, b"\x86\1\7\1\0\1\0\1\0\1\0", PALETTE[:6], 24)
+    colours = bytes(range(48))
+    pcx("bits1.pcx", 1, 1, b"", version=3)
+    pcx("planes3.pcx", 1, 3, b"", colours)
+    pcx("planes4.pcx", 1, 4, b"", version=0)
+    pcx("bits2.pcx", 2, 1, b"", b"\x10\0\0\x60", version=2)
+    pcx("bits2planes2.pcx", 2, 2, b"", colours)
+    pcx("bits4.pcx", 4, 1, b"", colours)
+    pcx("bits8.pcx", 8, 1, b"\xc7\1\2\xc1\xff\xc0\0\xc9\3", tail=b"\x0c" + bytes(i % 256 for i in range(768)))
+    pcx("grey.pcx", 8, 1, b"")
+    pcx("colour.pcx", 8, 3, b"")
+    pcx("notencoded.pcx", 8, 4, b"", encoding=0)
 
     for bits in (1, 4, 8, 16, 24, 32):
         icon(f"bits{bits}.ico", [(icon_bitmap(bits), bits)])

@@ -14,6 +14,7 @@
 #include "platform/host/HostShell.h"
 #include "platform/host/HostSound.h"
 #include "platform/host/HostUserStore.h"
+#include "platform/host/HostViewLib.h"
 
 namespace tavrix {
 
@@ -38,6 +39,7 @@ struct HostPlatform {
     HostShell shell{driveMap, paths};
     HostSound sound;
     HostPictures pictures{files};
+    HostViewLib viewLib{files};
 };
 
 }  // namespace tavrix

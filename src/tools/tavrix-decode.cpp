@@ -1,4 +1,4 @@
-// tavrix-decode FILE [OUT.bmp]: what the picture loader makes of a file. Prints "format width height frames outcome"
+// tavrix-decode FILE [OUT.bmp]: what the picture loader makes of a file, or the import of a .tga or .pcx. Prints "format width height frames outcome"
 // and writes the picture as a 24-bit bitmap; failures go to standard error, with status 1.
 
 #include <cstdio>
@@ -6,9 +6,13 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/base/RuntimeError.h"
 #include "platform/codecs/BmpWriter.h"
+#include "platform/codecs/DecodePicture.h"
+#include "platform/codecs/Decoder.h"
+#include "platform/host/FileSource.h"
 #include "platform/host/PictureLoader.h"
 
 namespace tavrix {
@@ -48,9 +52,18 @@ std::string ToHostPath(const std::string& path) {
     return hostPath;
 }
 
+Picture Load(PictureLoader& loader, const std::string& path) {
+    FileSource source(ToHostPath(path));
+    const DecoderEntry* decoder = ImportDecoderFor(source, path);
+    if (decoder == DecoderFor(source)) return loader.Load(path);
+    DecodedPicture decoded = DecodePicture(source, decoder);
+    if (decoded.error) throw RuntimeError(*decoded.error);
+    return std::move(decoded.picture);
+}
+
 int Decode(const std::string& path, const std::string& out) {
     PictureLoader loader(ToHostPath);
-    const Picture picture = loader.Load(path);
+    const Picture picture = Load(loader, path);
     const Outcome outcome = picture.pixels->Ending();
     if (!out.empty()) Write(picture.pixels->Whole(), out);
     std::printf("%s %d %d %d %s\n", picture.format.c_str(), picture.Width(), picture.Height(), picture.frames,

@@ -29,14 +29,15 @@ TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
         const auto start = std::chrono::steady_clock::now();
-        const DecodedPicture decoded = Decode(std::as_bytes(std::span(bytes)));
+        const DecodedPicture decoded = Decode(std::as_bytes(std::span(bytes)), entry.path().string());
         const auto took = std::chrono::steady_clock::now() - start;
         EXPECT_LT(took, std::chrono::seconds(5));
         EXPECT_NE(decoded.error.has_value(), !decoded.picture.Empty());
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles, testing::Values("bmp", "jpg", "gif", "ico", "cur"));
+INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles,
+                         testing::Values("bmp", "jpg", "gif", "ico", "cur", "tga", "pcx"));
 
 /// One small file of each kind, which the fuzzers start from too: whole, and cut at every byte.
 TEST(Seeds, DecodeWholeAndEndWhereverTheyAreCut) {
@@ -48,9 +49,10 @@ TEST(Seeds, DecodeWholeAndEndWhereverTheyAreCut) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::vector<char> chars{std::istreambuf_iterator<char>(file), {}};
         const auto bytes = std::as_bytes(std::span(chars));
-        EXPECT_EQ(Decode(bytes).status.outcome, Outcome::Complete);
+        const std::string name = entry.path().string();
+        EXPECT_EQ(Decode(bytes, name).status.outcome, Outcome::Complete);
         for (std::size_t length = 0; length < bytes.size(); ++length) {
-            const DecodedPicture decoded = Decode(bytes.first(length));
+            const DecodedPicture decoded = Decode(bytes.first(length), name);
             EXPECT_NE(decoded.error.has_value(), !decoded.picture.Empty());
             EXPECT_LE(decoded.status.offset, length);
         }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "platform/codecs/DecodePicture.h"
@@ -11,6 +12,12 @@ namespace tavrix::test {
 inline DecodedPicture Decode(std::span<const std::byte> bytes) {
     MemorySource source(bytes);
     return DecodePicture(source);
+}
+
+/// The same where the name may ask for an import decoder.
+inline DecodedPicture Decode(std::span<const std::byte> bytes, std::string_view name) {
+    MemorySource source(bytes);
+    return DecodePicture(source, ImportDecoderFor(source, name));
 }
 
 /// The pixels from the top left, row by row; empty without a picture.

@@ -135,9 +135,10 @@ class GetDiskFreeBytesTest : public ProgramFixture {
         return GetDiskFreeBytes(other, "C:\\");
     }
     SpaceDrives drives;
-    Services services{platform.files, drives,         platform.profile,  platform.registry,
-                      platform.store, platform.shell, platform.pictures, platform.clipboard,
-                      platform.sound, platform.help,  platform.system,   platform.process};
+    Services services{platform.files,  drives,         platform.profile,  platform.registry,
+                      platform.store,  platform.shell, platform.pictures, platform.clipboard,
+                      platform.sound,  platform.help,  platform.system,   platform.process,
+                      platform.viewLib};
     MainModule other{app, services};
 };
 

@@ -37,8 +37,11 @@ class WholePicture final : public PictureSink {
 }  // namespace
 
 DecodedPicture DecodePicture(ByteSource& source) noexcept {
+    return DecodePicture(source, DecoderFor(source));
+}
+
+DecodedPicture DecodePicture(ByteSource& source, const DecoderEntry* decoder) noexcept {
     DecodedPicture result;
-    const DecoderEntry* decoder = DecoderFor(source);
     if (decoder == nullptr) {
         result.status = {Outcome::Corrupt, 0, "no known format", false};
         result.error = ErrorNumber::InvalidPicture;

@@ -18,5 +18,7 @@ struct DecodedPicture {
 
 /// Decodes a whole picture, whatever its format. Throws nothing.
 [[nodiscard]] DecodedPicture DecodePicture(ByteSource& source) noexcept;
+/// The same by a decoder that was chosen before; null: no known format.
+[[nodiscard]] DecodedPicture DecodePicture(ByteSource& source, const DecoderEntry* decoder) noexcept;
 
 }  // namespace tavrix

@@ -58,6 +58,13 @@ inline constexpr std::size_t SniffLength = 64;
 /// The decoder that recognises the data; null when none does.
 [[nodiscard]] const DecoderEntry* DecoderFor(ByteSource& source);
 
+/// Decoders of formats that cannot be told by their first bytes for sure, so that a damaged file of another kind would
+/// pass for one of them. They are asked only when the name of a file says so: it ends in a point and the format.
+[[nodiscard]] std::span<const DecoderEntry> ImportDecoders();
+/// The import decoder that goes with the name (a path, whatever its case) and recognises the data; otherwise the
+/// one of Decoders() that does; null when none does.
+[[nodiscard]] const DecoderEntry* ImportDecoderFor(ByteSource& source, std::string_view name);
+
 /// The picture that a decoder makes of some pixels.
 [[nodiscard]] inline Picture MakePicture(const DecoderEntry& decoder, const PictureInfo& info,
                                          std::shared_ptr<const ArrivingSurface> pixels) {

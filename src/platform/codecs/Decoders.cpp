@@ -1,12 +1,38 @@
+#include <algorithm>
 #include <array>
 
+#include "platform/base/Text.h"
 #include "platform/codecs/BmpDecoder.h"
 #include "platform/codecs/Decoder.h"
 #include "platform/codecs/GifDecoder.h"
 #include "platform/codecs/IconDecoder.h"
 #include "platform/codecs/JpegDecoder.h"
+#include "platform/codecs/PcxDecoder.h"
+#include "platform/codecs/TgaDecoder.h"
 
 namespace tavrix {
+namespace {
+
+class FirstBytes {
+  public:
+    explicit FirstBytes(ByteSource& source) : length_(source.ReadAt(0, bytes_)) {}
+
+    template <class Condition>
+    [[nodiscard]] const DecoderEntry* RecognisedBy(std::span<const DecoderEntry> decoders,
+                                                   Condition condition) const {
+        const auto start = std::span(bytes_).first(length_);
+        const auto found = std::ranges::find_if(decoders, [&](const DecoderEntry& decoder) {
+            return condition(decoder) && decoder.Recognises(start);
+        });
+        return found == decoders.end() ? nullptr : &*found;
+    }
+
+  private:
+    std::array<std::byte, SniffLength> bytes_{};
+    std::size_t length_;
+};
+
+}  // namespace
 
 std::span<const DecoderEntry> Decoders() {
     static constexpr std::array<DecoderEntry, 5> Table{{
@@ -20,12 +46,25 @@ std::span<const DecoderEntry> Decoders() {
 }
 
 const DecoderEntry* DecoderFor(ByteSource& source) {
-    std::array<std::byte, SniffLength> start{};
-    const std::size_t length = source.ReadAt(0, start);
-    for (const DecoderEntry& decoder : Decoders()) {
-        if (decoder.Recognises(std::span(start).first(length))) return &decoder;
-    }
-    return nullptr;
+    const FirstBytes start(source);
+    return start.RecognisedBy(Decoders(), [](const DecoderEntry&) { return true; });
+}
+
+std::span<const DecoderEntry> ImportDecoders() {
+    static constexpr std::array<DecoderEntry, 2> Table{{
+        {"tga", RecognisesTga, DecodeTga},
+        {"pcx", RecognisesPcx, DecodePcx},
+    }};
+    return Table;
+}
+
+const DecoderEntry* ImportDecoderFor(ByteSource& source, std::string_view name) {
+    const auto named = [&](const DecoderEntry& decoder) {
+        return EndsInIgnoringCase(name, "." + std::string(decoder.format));
+    };
+    if (const DecoderEntry* decoder = FirstBytes(source).RecognisedBy(ImportDecoders(), named))
+        return decoder;
+    return DecoderFor(source);
 }
 
 }  // namespace tavrix

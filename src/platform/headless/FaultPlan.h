@@ -24,6 +24,7 @@ enum class Service {
     Help,
     System,
     Process,
+    NViewLib,
 };
 
 /// Faults on demand. Each call of a service counts, and so does each call of an open file's reader or writer; the one

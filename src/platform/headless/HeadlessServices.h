@@ -12,6 +12,7 @@
 #include "platform/headless/MemoryProfile.h"
 #include "platform/headless/MemoryRegistry.h"
 #include "platform/headless/MemoryUserStore.h"
+#include "platform/headless/MemoryViewLib.h"
 #include "platform/headless/RecordingHelp.h"
 #include "platform/headless/RecordingShell.h"
 #include "platform/services/Services.h"
@@ -39,9 +40,10 @@ struct HeadlessServices {
     RecordingHelp help{faults};
     FakeSystem system{faults};
     FakeProcess process{faults};
+    MemoryViewLib viewLib{disks, faults};
 
-    tavrix::Services services{files,    drives,    profile, registry, store,  shell,
-                              pictures, clipboard, sound,   help,     system, process};
+    tavrix::Services services{files,     drives, profile, registry, store,   shell,  pictures,
+                              clipboard, sound,  help,    system,   process, viewLib};
 };
 
 }  // namespace tavrix::headless

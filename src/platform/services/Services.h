@@ -4,6 +4,7 @@
 #include "platform/services/Drives.h"
 #include "platform/services/Files.h"
 #include "platform/services/Help.h"
+#include "platform/services/NViewLib.h"
 #include "platform/services/Pictures.h"
 #include "platform/services/Process.h"
 #include "platform/services/Profile.h"
@@ -29,6 +30,7 @@ struct Services {
     Help& help;
     System& system;
     Process& process;
+    NViewLib& viewLib;
 };
 
 }  // namespace tavrix
