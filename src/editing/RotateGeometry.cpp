@@ -1,0 +1,20 @@
+#include "editing/RotateGeometry.h"
+
+#include "platform/base/Rounding.h"
+
+namespace tavrix {
+namespace {
+
+int CentreOf(float twips, float twipsPerPixel) {
+    return RoundToLong(twips) / 2 / RoundToLong(twipsPerPixel);
+}
+
+}  // namespace
+
+RotateGeometry CentresOf(float sourceWidth, float sourceHeight, float destWidth, float destHeight,
+                         const forms::ScreenInfo& screen) {
+    return {CentreOf(sourceWidth, screen.twipsPerPixelX), CentreOf(sourceHeight, screen.twipsPerPixelY),
+            CentreOf(destWidth, screen.twipsPerPixelX), CentreOf(destHeight, screen.twipsPerPixelY)};
+}
+
+}  // namespace tavrix
