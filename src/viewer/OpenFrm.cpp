@@ -91,15 +91,14 @@ void OpenFrm::Form_Load() {
 
 void OpenFrm::Form_Activate() {
     picHoldPreview.ToolTip = HolderToolTip;
-    module_.DoEvents();
-    // Whoever opened the dialog left the hourglass on, under which nothing would be previewed.
-    module_.Screen().MousePointer = forms::MousePointer::Default;
-    if (!module_.config.OpenShowPreview) return;
-    if (ChkPreview.Value) {
-        ChkPreview_Click();
-    } else {
-        ChkPreview.Value = true;  // which is a click
+    {
+        // Under the hourglass, which whoever opened the dialog left on, nothing is previewed: the box is ticked before
+        // the user can close the dialog, since it is kept as a setting then, and the preview made once.
+        const forms::BusyGuard busy(module_.Screen());
+        if (module_.config.OpenShowPreview) ChkPreview.Value = true;
+        module_.DoEvents();
     }
+    if (module_.config.OpenShowPreview && !Unloaded()) ChkPreview_Click();
 }
 
 void OpenFrm::Form_Unload(bool&) {
@@ -126,13 +125,13 @@ void OpenFrm::CmdOpen_Click() {
         Tell("Select a file to open first...");
         return;
     }
+    const std::string path = SelectedPath();  // whatever the user selects while messages run
     forms::BusyGuard busy(module_.Screen());
-    TimerPreview.Enabled = false;
     module_.DoEvents();
+    if (Unloaded()) return;
     view_.picFrame.Visible = false;
     Hide();
     module_.DoEvents();
-    const std::string path = SelectedPath();
     if (EqualIgnoringCase(path, module_.CurrentImage)) {
         const forms::Answer again = App().MessageBox(
             {.text = "This image is already open." + std::string(NewLine2) + "Read selected file again?",
@@ -173,6 +172,7 @@ void OpenFrm::File1_KeyUp(int keyCode) {
     DeleteAsUserAgrees(module_, path);
     RemoveRecentFile(module_, path);
     if (module_.platform.files.FileExists(path)) return;  // declined or refused: the selection stays
+    // Nothing is selected then that a preview could belong to.
     TimerPreview.Enabled = false;
     ClearPreview();
     File1.Refresh();
@@ -190,8 +190,14 @@ void mnuOpen_Click(MainViewFrm& view) {
         static_cast<void>(
             module.platform.files.First(Left(module.platform.files.CurrentFolder(), 1) + ":\\*"));
     });
-    auto& dialog = module.app.Load<OpenFrm>(view);
-    dialog.ShowModal();
+    OpenFrm* dialog = nullptr;
+    SkipFailure([&] { dialog = &module.app.Load<OpenFrm>(view); });
+    if (dialog == nullptr) {  // the lists could not even find out where they are
+        module.Screen().MousePointer = forms::MousePointer::Default;
+        module.app.MessageBox({.text = "The selected drive is currently not available..."});
+        return;
+    }
+    dialog->ShowModal();
 }
 
 }  // namespace tavrix

@@ -41,7 +41,8 @@ void OpenFrm::ChkPreview_Click() {
 
 void OpenFrm::TimerPreview_Timer() {
     TimerPreview.Enabled = false;
-    if (ChkPreview.Value) CmdPreview_Click();
+    // A hidden dialog is still there while the image that it opened is viewed full screen.
+    if (ChkPreview.Value && Visible()) CmdPreview_Click();
 }
 
 void OpenFrm::CmdPreview_Click() {
@@ -57,6 +58,11 @@ void OpenFrm::CmdPreview_Click() {
     forms::BusyGuard busy(module_.Screen());
     lblMsg.Visible = true;
     module_.DoEvents();
+    if (Unloaded()) return;
+    if (File1.ListIndex < 0) {  // the user has gone to another folder
+        lblMsg.Visible = false;
+        return;
+    }
     picPreview.Visible = false;
     picPreview.Picture = Picture();
     picPreview.Stretch = false;
@@ -121,6 +127,10 @@ void OpenFrm::TellPreviewFailure(const RuntimeError& error) {
 
 void OpenFrm::picPreview_Arrived() {
     if (picPreview.Picture.Get().Empty() || !picPreview.Picture.Get().pixels->Blank()) return;
+    if (!Visible() || module_.Busy()) {
+        ClearPreview();  // the next preview, or an image, is being loaded: nobody waits for this one
+        return;
+    }
     TellPreviewFailure(RuntimeError(ErrorNumber::InvalidPicture));
 }
 
@@ -163,16 +173,22 @@ void OpenFrm::picPreview_OLEDragDrop(const std::vector<std::string>& files) {
 
 bool OpenFrm::ShowDropped(const std::string& path) {
     File1.ListIndex = -1;  // ticking the box would preview what was selected
+    TimerPreview.Enabled = false;
     ChkPreview.Value = true;
     bool there = false;
     SkipFailure([&] {
         Lists.GoTo(FolderOf(path));
         there = true;
     });
-    const int row = there ? File1.IndexOf(FileNameOf(path)) : -1;
+    if (!there) return false;
+    int row = File1.IndexOf(FileNameOf(path));
+    if (row < 0) {  // the file may be newer than the list
+        File1.Refresh();
+        row = File1.IndexOf(FileNameOf(path));
+    }
     if (row < 0) return false;
     File1.ListIndex = row;
-    TimerPreview.Enabled = false;  // not after the pause, but at once
+    TimerPreview.Enabled = false;  // not after a pause, but at once
     CmdPreview_Click();
     return true;
 }
