@@ -138,6 +138,15 @@ TEST(TgaDamage, AFooterThatPointsAway) {
     }
 }
 
+TEST(TgaDamage, TheFileEndsInsideTheMap) {
+    for (std::size_t bytes = 0; bytes < 8; ++bytes) {
+        const DecodedPicture decoded =
+            DecodeTgaFile({.type = 1, .bits = 8, .mapLength = 2, .mapBits = 32, .map = Bytes().Zeros(bytes)});
+        EXPECT_EQ(decoded.error, ErrorNumber::InvalidPicture);
+        EXPECT_EQ(decoded.status.offset, 18 + bytes);
+    }
+}
+
 TEST(TgaDamage, NoPixelsAtAll) {
     EXPECT_EQ(DecodeTgaFile({}).error, ErrorNumber::InvalidPicture);
     EXPECT_EQ(Decode({}, "a.tga").error, ErrorNumber::InvalidPicture);

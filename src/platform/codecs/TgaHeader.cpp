@@ -101,6 +101,7 @@ std::vector<Pixel> ReadMap(ByteSource& source, std::uint64_t offset, const Field
     const std::size_t entryBytes = fields.MapEntryBytes();
     std::vector<std::byte> bytes(fields.mapLength * entryBytes);
     std::vector<Pixel> map(source.ReadAt(offset, bytes) / entryBytes);
+    if (map.empty()) return map;
     if (entryBytes == 3) {
         PixelsFromBgr24(bytes, map);
     } else {
