@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <numeric>
 #include <stdexcept>
@@ -227,7 +229,7 @@ TEST(RotatePicture, TellsEachRowOnceAndDrawsFromTheCentreOutward) {
                 ASSERT_EQ(PixelAt(dest, 45 + 40, 65 + 40), Untouched);
             }
         });
-        std::vector<int> rows(64);
+        std::vector<int> rows(65);
         std::iota(rows.begin(), rows.end(), 0);
         EXPECT_EQ(told, rows);
     }
