@@ -11,6 +11,7 @@
 
 #include "core/Main.h"
 #include "core/Settings.h"
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/headless/HeadlessToolkit.h"
@@ -32,6 +33,7 @@ struct Machine {
         lives.ShowMainView = [this] {
             auto& view = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(view);
+            InstallEditingCommands(view);
             InstallListCommands(view);
             view.Show();
         };

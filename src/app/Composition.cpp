@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -34,6 +35,7 @@ Composition::Composition(HostPlatform& host)
     lives_.ShowMainView = [this] {
         auto& view = app_.Load<MainViewFrm>(module_, lives_);
         InstallViewerCommands(view);
+        InstallEditingCommands(view);
         InstallListCommands(view);
         view.Show();
     };

@@ -18,6 +18,7 @@
 #include "core/Main.h"
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/help/HelpBook.h"
@@ -57,6 +58,7 @@ class Gallery {
         lives_.ShowMainView = [this] {
             auto& view = app_.Load<MainViewFrm>(module_, lives_);
             InstallViewerCommands(view);
+            InstallEditingCommands(view);
             InstallListCommands(view);
             view.Show();
         };

@@ -40,6 +40,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
     picFrame.AccessibleName = "Image area";
     hsbPict.AccessibleName = "Horizontal scroll bar";
     vsbPict.AccessibleName = "Vertical scroll bar";
+    PictureTemp.AutoSize = true;
     PictureTemp.Visible = false;
     ImageDefault.Visible = false;
     ImageDefault.Picture = DefaultPicture();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "support/ProgramFixture.h"
 #include "viewer/Commands.h"
@@ -14,6 +15,7 @@ class MainViewFixture : public ProgramFixture {
         lives.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(window);
+            InstallEditingCommands(window);
             InstallListCommands(window);
             window.Show();
         };

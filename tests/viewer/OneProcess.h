@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/Main.h"
+#include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/headless/HeadlessToolkit.h"
@@ -20,6 +21,7 @@ class OneProcess {
         lives_.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives_);
             InstallViewerCommands(window);
+            InstallEditingCommands(window);
             InstallListCommands(window);
             window.Show();
         };

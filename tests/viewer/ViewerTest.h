@@ -20,6 +20,7 @@ class ViewerTest : public MainViewFixture {
         lives.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(window);
+            InstallEditingCommands(window);
             InstallListCommands(window);
             if (beforeShow) beforeShow(window);
             window.Show();

@@ -1,0 +1,22 @@
+#include "editing/Commands.h"
+
+#include "editing/FixedTransforms.h"
+#include "editing/Undo.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix {
+
+void InstallEditingCommands(MainViewFrm& view) {
+    view.menu.mnuUndo.Install([&view] { mnuUndo_Click(view); });
+    view.menu.mnuFlipHorizontal.Install([&view] { mnuFlipHorizontal_Click(view); });
+    view.menu.mnuFlipVertically.Install([&view] { mnuFlipVertically_Click(view); });
+    view.menu.mnu90CW.Install([&view] { mnu90CW_Click(view); });
+    view.menu.mnu90CCW.Install([&view] { mnu90CCW_Click(view); });
+    view.menu.mnu180Degrees.Install([&view] { mnu180Degrees_Click(view); });
+    view.menu.mnu25Smaller.Install([&view] { mnu25Smaller_Click(view); });
+    view.menu.mnu25Larger.Install([&view] { mnu25Larger_Click(view); });
+    view.menu.mnu50Smaller.Install([&view] { mnu50Smaller_Click(view); });
+    view.menu.mnu50Larger.Install([&view] { mnu50Larger_Click(view); });
+}
+
+}  // namespace tavrix

@@ -1,0 +1,101 @@
+#include "editing/EditFrame.h"
+
+#include "core/Folders.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/Opening.h"
+
+namespace tavrix {
+
+using forms::MousePointer;
+
+void SaveUndoCopy(MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    try {
+        module.platform.files.Copy(module.CurrentImage, GetTempFolder(module) + UndoFile);
+        view.menu.mnuUndo.Enabled = true;
+    } catch (const RuntimeError&) {
+        // An entry that an earlier edit has enabled stays so.
+        view.menu.mnuUndo.Caption = "Can't Undo";
+    }
+}
+
+void CommitWorkingFile(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    Files& files = module.platform.files;
+    module.CurrentImage = GetTempFolder(module) + WorkingFile;
+    SkipFailure([&] {
+        if (files.FileExists(module.CurrentImage) && files.Info(module.CurrentImage).readOnly)
+            module.CurrentImage = module.AppPath + "Untitled." + Right(module.CurrentImage, 3);
+    });
+    view.ShowTitleOf(module.CurrentImage);
+}
+
+void WriteMainImage(MainViewFrm& view) {
+    const Picture image = view.MainImage.Image();
+    if (image.Empty()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    view.Module().platform.pictures.SaveBitmap(image.pixels->Whole(), view.Module().CurrentImage);
+}
+
+bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {
+    MainModule& module = view.Module();
+    try {
+        WriteMainImage(view);
+        return true;
+    } catch (const RuntimeError& error) {
+        module.Screen().MousePointer = MousePointer::Default;
+        view.App().MessageBox({.text = failure + std::string(NewLine2) + error.Description() + "...",
+                               .icon = forms::BoxIcon::Stop});
+    }
+    module.CurrentImage.clear();
+    mnuClear_Click(view);
+    module.Screen().MousePointer = MousePointer::Default;
+    return false;
+}
+
+void CommitEdit(MainViewFrm& view, const std::string& failure) {
+    CommitWorkingFile(view);
+    if (WriteWorkingFile(view, failure)) view.menu.mnuAnimatedGIF.Enabled = false;
+}
+
+void TakeToPictureTemp(MainViewFrm& view) {
+    SkipFailure([&] { view.PictureTemp.Picture = view.MainImage.Image(); });
+    view.Module().DoEvents();
+    view.MainImage.Picture = Picture();
+    view.Module().DoEvents();
+}
+
+const Surface& PixelsOfPictureTemp(MainViewFrm& view) {
+    const Picture& picture = view.PictureTemp.Picture;
+    if (picture.Empty()) throw RuntimeError(ErrorNumber::InvalidPicture);
+    return picture.pixels->Whole();
+}
+
+void ClearPictureTemp(MainViewFrm& view) {
+    view.PictureTemp.Picture = Picture();
+    view.PictureTemp.Move(view.PictureTemp.Left, view.PictureTemp.Top, 0, 0);
+}
+
+void RunEditCommand(MainViewFrm& view, const std::string& undoCaption, const std::function<void()>& work) {
+    MainModule& module = view.Module();
+    if (module.Busy() || module.CurrentImage.empty()) return;
+    const forms::BusyGuard busy(module.Screen());
+    module.DoEvents();
+    view.menu.mnuUndo.Caption = undoCaption;
+    SaveUndoCopy(view);
+    SkipFailure([&] { view.selection.Erase(); });
+    view.selection.SelectionShown = false;
+    work();
+}
+
+void RunEdit(MainViewFrm& view, const std::string& undoCaption, const std::function<void()>& transform) {
+    RunEditCommand(view, undoCaption, [&] {
+        TakeToPictureTemp(view);
+        transform();
+        ClearPictureTemp(view);
+        CommitEdit(view);
+    });
+}
+
+}  // namespace tavrix
