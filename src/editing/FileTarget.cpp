@@ -49,12 +49,13 @@ FileTarget::FileTarget(forms::Form& form, MainViewFrm& view, const FileTargetWor
 
 forms::Layout FileTarget::Arrangement() {
     using namespace forms;
-    constexpr float listWidth = 4500;
+    constexpr float listWidth = 4200;
     constexpr float listHeight = 3000;
-    return Growing(Column({Row({lblCurMsg, Growing(lblCurrent)}), lblFilename, txtFilename,
-                           Growing(Row({Growing(Column({lblDrives, Drive1, lblFolders,
-                                                        Growing(AtLeast(listWidth, listHeight, Dir1))})),
-                                        Column({CmdFF, CmdNew, Stretch()})}))}));
+    return Growing(Column(
+        {Row({lblCurMsg, Growing(AtLeast(listWidth, 0, lblCurrent))}), lblFilename, txtFilename,
+         Growing(Row(
+             {Growing(Column({lblDrives, Drive1, lblFolders, Growing(AtLeast(listWidth, listHeight, Dir1))})),
+              Column({CmdFF, CmdNew, Stretch()})}))}));
 }
 
 void FileTarget::Start(const std::string& fileName) {
