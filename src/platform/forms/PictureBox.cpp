@@ -38,7 +38,7 @@ void PictureBox::Handle(const Event& event) {
 }
 
 void PictureBox::Resized() {
-    if (bitmap_) bitmap_ = Compose();
+    if (bitmap_) bitmap_ = std::make_shared<ArrivingSurface>(Compose());
     InvalidateAll();
     if (OnResize) OnResize();
 }
@@ -47,7 +47,7 @@ CanvasView PictureBox::View(int bottom) const {
     CanvasView view;
     view.background = BackColor;
     if (bitmap_) {
-        view.pixels = &*bitmap_;
+        view.pixels = &bitmap_->Whole();
     } else if (!Picture.Get().Empty()) {
         const ArrivingSurface& pixels = *Picture.Get().pixels;
         view.pixels = &pixels.Rows(std::clamp(bottom, 0, pixels.Height()));
@@ -64,12 +64,19 @@ tavrix::Picture PictureBox::Image() const {
                        picture.Width() == bounds.width && picture.Height() == bounds.height;
     if (plain && picture.pixels->Ending() == Outcome::Complete) return picture;
     if (bounds.width == 0 || bounds.height == 0) return {};
-    return PictureOf(bitmap_ ? bitmap_->Clone() : Compose());
+    if (!bitmap_) return PictureOf(Compose());
+    tavrix::Picture snapshot;
+    snapshot.pixels = bitmap_;
+    return snapshot;
 }
 
 Surface& PictureBox::Bitmap() {
-    if (!bitmap_) bitmap_ = Compose();
-    return *bitmap_;
+    if (!bitmap_) {
+        bitmap_ = std::make_shared<ArrivingSurface>(Compose());
+    } else if (bitmap_.use_count() > 1) {
+        bitmap_ = std::make_shared<ArrivingSurface>(bitmap_->Whole().Clone());
+    }
+    return bitmap_->Canvas();
 }
 
 Surface PictureBox::Compose() const {
@@ -77,7 +84,7 @@ Surface PictureBox::Compose() const {
     Surface whole(bounds.width, bounds.height);
     whole.Fill(ToPixel(BackColor));
     if (!Picture.Get().Empty()) DrawOver(whole, 0, 0, Picture.Get().pixels->Whole());
-    if (bitmap_) DrawOver(whole, 0, 0, *bitmap_);
+    if (bitmap_) DrawOver(whole, 0, 0, bitmap_->Whole());
     return whole;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -36,9 +36,10 @@ class PictureBox final : public Control, public Container, private CanvasContent
     [[nodiscard]] float ScaleWidth() const { return Width; }
     [[nodiscard]] float ScaleHeight() const { return Height; }
 
-    /// A snapshot of the bitmap: the picture and what was drawn on it, opaque.
+    /// A snapshot of the bitmap: the picture and what was drawn on it, opaque. It costs nothing until something is
+    /// drawn again.
     [[nodiscard]] tavrix::Picture Image() const;
-    /// The bitmap to draw on. Changes show after Refresh or at the next painting.
+    /// The bitmap to draw on, until the next snapshot or new size. Changes show after Refresh or at the next painting.
     [[nodiscard]] Surface& Bitmap();
     /// Wipes what was drawn; the picture stays.
     void Cls();
@@ -70,7 +71,8 @@ class PictureBox final : public Control, public Container, private CanvasContent
     /// A new bitmap of the box's size: background, picture, and the former bitmap where there was one.
     [[nodiscard]] Surface Compose() const;
 
-    std::optional<Surface> bitmap_;
+    /// Shared with the snapshots since it was last drawn on; only ever drawn on while it is not.
+    std::shared_ptr<ArrivingSurface> bitmap_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };
 

@@ -1,0 +1,139 @@
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "EditingTest.h"
+#include "viewer/OneProcess.h"
+
+namespace tavrix::test {
+namespace {
+
+using headless::Service;
+
+constexpr const char* Image = "C:\\p\\x.bmp";
+
+/// Something that the user does with an image, repeated with the first, the second, the third call of a service
+/// failing.
+struct Operation {
+    const char* name;
+    forms::Menu MainMenu::*entry;
+    bool undone = false;  ///< the edit goes well, and its undo is what meets the fault
+};
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+    *out << operation.name;
+}
+
+class EditingFaultSweep : public ::testing::TestWithParam<std::tuple<Operation, Service>> {
+  protected:
+    static void Choose(forms::Menu& entry) {
+        ASSERT_FALSE(OneProcess::Ends([&] { entry.Deliver(forms::ClickEvent{}); }));
+    }
+    /// Each box that came is one of those that an edit or an undo may bring; there is one at most.
+    static void ExpectKnownBoxes(const OneProcess& program, bool undone) {
+        const std::string start =
+            std::string("unexpected box: [Tavrix] ") +
+            (undone ? "Unable to undo changes." : "Unable to write edited image to a temporary file.");
+        for (const std::string& box : program.toolkit.Failures()) {
+            // Without the temporary folder there is no undo file.
+            const bool known = box == start + "\r\n\r\nPermission denied..." ||
+                               (undone && box == start + "\r\n\r\nFile not found...");
+            EXPECT_TRUE(known) << box;
+        }
+        EXPECT_LE(program.toolkit.BoxesShown(), 1);
+    }
+
+    /// Whether a fault came.
+    static bool RunWithFault(const Operation& operation, Service service, int call) {
+        headless::HeadlessServices machine;
+        machine.store.Set("EXEPath", "C:\\Tavrix\\");
+        machine.store.Set("ProgramRun", "1");
+        machine.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
+        const std::string before = BitmapOf(Different(40, 30));
+        machine.disks.PutFile(Image, before);
+        OneProcess program(machine);
+        EXPECT_TRUE(program.Start(Image));
+        MainMenu& menu = program.View().menu;
+        if (operation.undone) Choose(menu.*operation.entry);
+
+        machine.faults.FailNth(service, call, ErrorNumber::PermissionDenied);
+        EXPECT_NO_THROW(Choose(operation.undone ? menu.mnuUndo : menu.*operation.entry));
+        const bool fired = machine.faults.Fired();
+        machine.faults.Clear();
+
+        ExpectKnownBoxes(program, operation.undone);
+        EXPECT_FALSE(program.module.Busy());
+        EXPECT_EQ(program.toolkit.ScreenPointer(), forms::MousePointer::Default);
+        EXPECT_TRUE(program.View().picFrame.Visible);
+        EXPECT_EQ(machine.disks.Content(Image), before);
+        const std::string& current = program.module.CurrentImage;
+        EXPECT_EQ(current.empty(), !menu.mnuEdit.Visible.Get());
+        EXPECT_EQ(program.View().Caption.Get(),
+                  current.empty() ? std::string("Tavrix") : "Tavrix - [" + current + "]");
+        if (!current.empty()) {
+            // What is on show is what was written, unless it is the undo that could not be written.
+            const bool told = program.toolkit.BoxesShown() > 0;
+            const auto written = Decoded(machine.disks.Content(current).value_or(""));
+            EXPECT_TRUE(written);
+            const Picture shown = program.View().MainImage.Image();
+            if (written && !told) {
+                EXPECT_TRUE(SamePixels(*written, shown.pixels->Whole()));
+            }
+            EXPECT_TRUE(!told || menu.mnuUndo.Enabled);
+        }
+
+        // The next edit works, on the picture that was opened where this one is lost.
+        if (current.empty()) program.View().Deliver(forms::DropEvent{{Image}});
+        const Picture shown = program.View().MainImage.Image();
+        Choose(menu.mnuFlipVertically);
+        EXPECT_LE(program.toolkit.BoxesShown(), 1);
+        EXPECT_EQ(current, "C:\\Temp\\Untitled.BMP");
+        const auto flipped = Decoded(machine.disks.Content(current).value_or(""));
+        EXPECT_TRUE(flipped && SamePixels(*flipped, Mirrored(shown.pixels->Whole(), false)));
+        EXPECT_EQ(menu.mnuUndo.Caption.Get(), "&Undo Flip Vertically");
+        EXPECT_TRUE(menu.mnuUndo.Enabled);
+        EXPECT_EQ(machine.disks.Content(Image), before);
+        return fired;
+    }
+};
+
+TEST_P(EditingFaultSweep, TheOpenedFileIsNeverTouchedAndTheNextEditWorks) {
+    const auto& [operation, service] = GetParam();
+    constexpr int TooMany = 1000;
+    int call = 1;
+    while (call < TooMany && RunWithFault(operation, service, call)) {
+        ASSERT_FALSE(HasFailure()) << operation.name << ", call " << call;
+        ++call;
+    }
+    EXPECT_LT(call, TooMany);
+    // Files: the folder, the copy, the test of the target, its creation, its bytes. Pictures: the load of an undo, the
+    // write.
+    if (service == Service::Files) {
+        EXPECT_GT(call, 4);
+    } else {
+        EXPECT_EQ(call - 1, operation.undone ? 2 : 1);
+    }
+    RecordProperty("faults", call - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Operations, EditingFaultSweep,
+    ::testing::Combine(::testing::Values(Operation{"90 CW", &MainMenu::mnu90CW},
+                                         Operation{"90 CCW", &MainMenu::mnu90CCW},
+                                         Operation{"180", &MainMenu::mnu180Degrees},
+                                         Operation{"flip across", &MainMenu::mnuFlipHorizontal},
+                                         Operation{"flip down", &MainMenu::mnuFlipVertically},
+                                         Operation{"25 smaller", &MainMenu::mnu25Smaller},
+                                         Operation{"25 larger", &MainMenu::mnu25Larger},
+                                         Operation{"50 smaller", &MainMenu::mnu50Smaller},
+                                         Operation{"50 larger", &MainMenu::mnu50Larger},
+                                         Operation{"undo of a turn", &MainMenu::mnu90CW, true},
+                                         Operation{"undo of a flip", &MainMenu::mnuFlipVertically, true},
+                                         Operation{"undo of a resize", &MainMenu::mnu25Larger, true}),
+                       ::testing::Values(Service::Files, Service::Pictures)));
+
+}  // namespace
+}  // namespace tavrix::test
