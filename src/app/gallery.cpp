@@ -19,6 +19,11 @@
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
 #include "editing/Commands.h"
+#include "editing/ExportBmpFrm.h"
+#include "editing/ExportJpgFrm.h"
+#include "editing/OpenPaletteFrm.h"
+#include "editing/SaveCopyFrm.h"
+#include "editing/frmImportImage.h"
 #include "lists/Commands.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
@@ -114,6 +119,22 @@ class Gallery {
         quick.Rows.front().lblPath.Caption = "C:\\Pictures\\Holidays & more\\";
         DrawForm(app_.Load<frmBrowseQuick>(module_, quick));
         DrawForm(quick);
+        DrawSavingDialogs(*app_.Loaded<MainViewFrm>());
+    }
+
+    void DrawSavingDialogs(MainViewFrm& view) {
+        // A path that does not fit its label.
+        module_.CurrentImage = "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.gif";
+        DrawForm(app_.Load<SaveCopyFrm>(view));
+        DrawForm(app_.Load<ExportBmpFrm>(view));
+        DrawForm(app_.Load<ExportJpgFrm>(view));
+        module_.CurrentImage.clear();
+        std::string file;
+        auto& import = app_.Load<frmImportImage>(module_, file);
+        import.Chooser.File1.Pattern = "*.tga";
+        import.Caption = "Import TGA Image File";
+        DrawForm(import);
+        DrawForm(app_.Load<OpenPaletteFrm>(module_));
     }
 
     void DrawBoxes() {

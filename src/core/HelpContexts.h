@@ -13,6 +13,9 @@ inline constexpr unsigned ImageInformation = 140;
 inline constexpr unsigned RecentFiles = 150;
 inline constexpr unsigned StartingTavrix = 160;  ///< the start and the command line
 inline constexpr unsigned Settings = 170;
+inline constexpr unsigned SaveCopy = 180;
+inline constexpr unsigned Export = 190;
+inline constexpr unsigned Import = 200;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
 inline constexpr unsigned DisplayColours = 1320;
 

@@ -1,12 +1,14 @@
 #include "editing/Commands.h"
 
 #include "editing/FixedTransforms.h"
+#include "editing/SavingCommands.h"
 #include "editing/Undo.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 
 void InstallEditingCommands(MainViewFrm& view) {
+    InstallSavingCommands(view);
     view.menu.mnuUndo.Install([&view] { mnuUndo_Click(view); });
     view.menu.mnuFlipHorizontal.Install([&view] { mnuFlipHorizontal_Click(view); });
     view.menu.mnuFlipVertically.Install([&view] { mnuFlipVertically_Click(view); });

@@ -1,6 +1,7 @@
 #include "editing/EditFrame.h"
 
 #include "core/Folders.h"
+#include "editing/SurfaceFile.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
@@ -33,9 +34,7 @@ void CommitWorkingFile(MainViewFrm& view) {
 }
 
 void WriteMainImage(MainViewFrm& view) {
-    const Picture image = view.MainImage.Image();
-    if (image.Empty()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    view.Module().platform.pictures.SaveBitmap(image.pixels->Whole(), view.Module().CurrentImage);
+    WriteSurface(view.Module(), view.MainImage, view.Module().CurrentImage);
 }
 
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {

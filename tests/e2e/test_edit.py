@@ -111,8 +111,8 @@ class EditTest(ProgramTest):
         box = program.message_box()
         self.assertIn("About to save the image as:", box.text)
         box.press("Yes")
-        # Without an image that ever had a folder the lists stand in the current one, which is that of the start.
-        kept = os.path.join(self.home.folder, "kept.bmp")
+        # The lists stand in the current folder, which is that of the photo since the start.
+        kept = os.path.join(self.home.pictures, "kept.bmp")
         self.wait_file(kept, edited, "that was kept")
         program.main(kept)
 
@@ -126,7 +126,7 @@ class EditTest(ProgramTest):
         box = program.message_box()
         self.assertIn("kept.JPG", box.text)
         box.press("Yes")
-        exported = os.path.join(self.home.folder, "kept.JPG")
+        exported = os.path.join(self.home.pictures, "kept.JPG")
         program.main(exported)
         with Image.open(exported) as seen:
             self.assertEqual(seen.format, "JPEG")

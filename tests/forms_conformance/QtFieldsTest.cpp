@@ -331,5 +331,43 @@ TEST_F(QtFieldsTest, LayoutsHaveGridsFramesSizesAndShares) {
     EXPECT_EQ(driver->ShownName(dialog.field), "Name:");
 }
 
+class PathForm : public Form {
+  public:
+    explicit PathForm(Application& application) : Form(application, {.name = "PathForm"}) {
+        path.Literal = true;
+        SetLayout(Row({title, Growing(AtLeast(3000, 0, path))}));
+    }
+    Label title{*this, "title"};
+    Label path{*this, "path"};
+};
+
+TEST_F(QtFieldsTest, ALabelWithALeastWidthDoesNotWidenTheWindow) {
+    const std::string end = "\\the end";
+    const auto shownWith = [&](const std::string& path) {
+        auto& dialog = app.Load<PathForm>();
+        dialog.title.Caption = "Path:";
+        dialog.path.Caption = path;
+        dialog.Show();
+        driver->Settle();
+        QWidget& label = WidgetOf(dialog.path);
+        EXPECT_GE(label.width(), 200);
+        EXPECT_GE(label.height(), label.fontMetrics().height());
+        std::pair<int, QImage> shown(label.window()->width(), label.grab().toImage());
+        app.Unload(dialog);
+        return shown;
+    };
+    const auto [shortWidth, shortImage] = shownWith("C:\\a");
+    const auto [longWidth, longImage] = shownWith("C:\\" + std::string(300, 'm') + end);
+    EXPECT_EQ(longWidth, shortWidth);
+    // The text is cut in its middle: what lies there does not show, its end does.
+    const auto [sameWidth, sameImage] = shownWith("C:\\" + std::string(299, 'm') + "i" + end);
+    const auto [otherWidth, otherImage] = shownWith("C:\\" + std::string(300, 'm') + "\\the eni");
+    const auto [middleWidth, middleImage] =
+        shownWith("C:\\" + std::string(150, 'm') + "iii" + std::string(147, 'm') + end);
+    EXPECT_NE(longImage, otherImage);
+    EXPECT_EQ(longImage, middleImage);
+    EXPECT_NE(longImage, sameImage);
+}
+
 }  // namespace
 }  // namespace tavrix::conformance

@@ -37,7 +37,8 @@ TEST(OwnHelpFileTest, EveryContextHasAPage) {
     for (const unsigned context :
          {Context::Contents, Context::MainView, Context::OpenImage, Context::FavoriteFolder,
           Context::QuickFolders, Context::ImageInformation, Context::RecentFiles, Context::StartingTavrix,
-          Context::Settings, Context::MovedProgram, Context::DisplayColours}) {
+          Context::Settings, Context::SaveCopy, Context::Export, Context::Import, Context::MovedProgram,
+          Context::DisplayColours}) {
         ASSERT_NE(book.Find(context), nullptr) << context;
         EXPECT_GT(book.Find(context)->body.size(), 200U) << context;
     }

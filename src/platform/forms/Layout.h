@@ -49,7 +49,8 @@ struct Layout {
     layout.caption = std::move(caption);
     return layout;
 }
-/// At least so large, in twips.
+/// At least so large, in twips. A label whose least width is told asks for no more, however long its text is: what does
+/// not fit is shown with an ellipsis.
 [[nodiscard]] inline Layout AtLeast(float width, float height, Layout item) {
     item.minWidth = width;
     item.minHeight = height;

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <algorithm>
 #include <cmath>
 #include <variant>
@@ -37,6 +38,9 @@ QWidget* WidgetOf(const Layout& item) {
         canvas->setFixedSize(canvas->size());
     } else if (const QSize smallest = SmallestOf(item); !smallest.isNull()) {
         widget->setMinimumSize(smallest);
+        // A path of any length must not decide how wide the window is.
+        if (qobject_cast<QLabel*>(widget) != nullptr && smallest.width() > 0)
+            widget->setSizePolicy(QSizePolicy::Ignored, widget->sizePolicy().verticalPolicy());
     }
     return widget;
 }

@@ -1,5 +1,8 @@
 #include "platform/qt/QtLabel.h"
 
+#include <QPainter>
+#include <QStyle>
+
 namespace tavrix::qt {
 
 namespace {
@@ -22,6 +25,18 @@ LabelWidget::LabelWidget(QWidget& parent, const SinkPort& port) : QLabel(&parent
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setAttribute(Qt::WA_NoMousePropagation);
     setVisible(false);
+}
+
+void LabelWidget::paintEvent(QPaintEvent* event) {
+    const bool fits = wordWrap() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
+    if (fits || buddy() != nullptr || text().contains(QLatin1Char('\n'))) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                          shown, foregroundRole());
 }
 
 void QtLabel::SetBounds(const PixelRect& bounds) {

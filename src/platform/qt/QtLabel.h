@@ -14,6 +14,8 @@ class LabelWidget final : public QLabel {
     void Detach() { port_.Detach(); }
 
   protected:
+    /// A line that does not fit is cut with an ellipsis in its middle.
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override { mouse_.Press(*event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.Press(*event); }
     void mouseMoveEvent(QMouseEvent* event) override { mouse_.Move(*event); }

@@ -141,7 +141,12 @@ void QtWindow::Hide() {
     mapTimer_.stop();
     titleLock_.reset();
     asked_ = false;
-    Get().hide();
+    WindowWidget& window = Get();
+    const bool modal = window.isVisible() && window.windowModality() != Qt::NonModal;
+    QWindow* owner = modal ? window.windowHandle()->transientParent() : nullptr;
+    window.hide();
+    // Where a box over this window has just gone too, the window manager may leave the keyboard with nobody.
+    if (owner != nullptr && owner->isVisible()) owner->requestActivate();
 }
 
 void QtWindow::SetTopmost(bool topmost) {

@@ -1,0 +1,106 @@
+#include "editing/Importing.h"
+
+#include <string>
+
+#include "core/Folders.h"
+#include "core/UnsavedImage.h"
+#include "editing/EditFrame.h"
+#include "editing/Jpeg.h"
+#include "editing/frmImportImage.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/MenuState.h"
+#include "viewer/Opening.h"
+
+namespace tavrix {
+namespace {
+
+/// Asks for the file to import; empty when the user wants none.
+std::string AskForFile(const MainModule& module, const char* pattern, const char* caption) {
+    std::string ImportFile;
+    forms::BusyGuard busy(module.Screen());
+    auto& dialog = module.app.Load<frmImportImage>(module, ImportFile);
+    dialog.Chooser.File1.Pattern = pattern;
+    dialog.Caption = caption;
+    busy.Release();
+    dialog.ShowModal();
+    return ImportFile;
+}
+
+/// Tells a failure, and leaves the view without an image. Called under the hourglass, which is over then.
+void GiveUp(MainViewFrm& view, forms::BusyGuard& busy, const std::string& text) {
+    busy.Release();
+    view.App().MessageBox({.text = text, .icon = forms::BoxIcon::Stop});
+    view.Module().CurrentImage.clear();
+    mnuClear_Click(view);
+}
+
+/// Shows the picture that is in MainImage by now.
+void LayOut(MainViewFrm& view) {
+    view.Form_Resize();
+    view.ScrollHome();
+    view.picFrame.Visible = true;
+}
+
+void Import(MainViewFrm& view, const std::string& path) {
+    const MainModule& module = view.Module();
+    forms::BusyGuard busy(module.Screen());
+    SkipFailure([&] { view.selection.Drop(); });
+    view.picFrame.Visible = false;
+    if (!LoadThroughNViewLib(module, view.MainImage, path, 0)) {
+        GiveUp(view, busy, "Unable to import selected file.");
+        return;
+    }
+    LayOut(view);
+    module.DoEvents();
+    CommitWorkingFile(view);
+    if (WriteWorkingFile(view, "Unable to write imported image to a temporary file."))
+        SetImageLoadedMenus(view);
+}
+
+void AskAndImport(MainViewFrm& view, const char* pattern, const char* caption) {
+    const MainModule& module = view.Module();
+    if (module.Busy()) return;
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+    if (!ConfirmDiscard(module)) return;
+    const std::string path = AskForFile(module, pattern, caption);
+    if (!path.empty()) Import(view, path);
+}
+
+}  // namespace
+
+void mnuImportTGA_Click(MainViewFrm& view) {
+    AskAndImport(view, "*.tga", "Import TGA Image File");
+}
+
+void mnuImportPCX_Click(MainViewFrm& view) {
+    AskAndImport(view, "*.pcx", "Import PCX Image File");
+}
+
+void mnuTempFile_Click(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    if (module.Busy()) return;
+    const std::string path = GetTempFolder(module) + WorkingFile;
+    if (module.CurrentImage == path) {
+        module.app.MessageBox({.text = "The temporary image file that was last created is already open..."});
+        return;
+    }
+    forms::BusyGuard busy(module.Screen());
+    SkipFailure([&] { view.selection.Drop(); });
+    view.picFrame.Visible = false;
+    module.CurrentImage = path;
+    view.ShowTitleOf(path);
+    try {
+        view.MainImage.Picture = module.platform.pictures.Load(path);
+    } catch (const RuntimeError& error) {
+        GiveUp(
+            view, busy,
+            "Unable to open the temporary image file." + std::string(NewLine2) + error.Description() + "...");
+        return;
+    }
+    LayOut(view);
+    SetImageLoadedMenus(view);
+}
+
+}  // namespace tavrix
