@@ -20,6 +20,9 @@
 #include "core/WaitFrm.h"
 #include "editing/Commands.h"
 #include "lists/Commands.h"
+#include "lists/frmBrowseQuick.h"
+#include "lists/frmFavFolder.h"
+#include "lists/frmQuickFolders.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/help/HelpBook.h"
 #include "platform/qt/HelpWindow.h"
@@ -28,6 +31,7 @@
 #include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
+#include "viewer/OpenFrm.h"
 
 namespace {
 
@@ -74,6 +78,7 @@ class Gallery {
         DrawForm(app_.Load<WaitCopyFrm>(module_));
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
+        DrawFolderDialogs();
         DrawBoxes();
         DrawHelp();
     }
@@ -93,6 +98,22 @@ class Gallery {
         Settle();
         Save(form.Name());
         app_.Unload(form);
+    }
+
+    void DrawFolderDialogs() {
+        platform_.files.MakeFolder("C:\\Pictures\\Holidays & more");
+        platform_.files.MakeFolder("C:\\Pictures\\Work");
+        for (int number = 1; number <= 20; ++number)
+            platform_.disks.PutFile("C:\\Pictures\\picture number " + std::to_string(number) + ".bmp", "");
+        platform_.files.ChangeFolder("C:\\Pictures");
+        module_.config.OpenShowPreview = true;
+        DrawForm(app_.Load<OpenFrm>(*app_.Loaded<MainViewFrm>()));
+        DrawForm(app_.Load<frmFavFolder>(module_));
+        auto& quick = app_.Load<frmQuickFolders>(module_);
+        quick.Rows.front().txtName.Text = "Holidays";
+        quick.Rows.front().lblPath.Caption = "C:\\Pictures\\Holidays & more\\";
+        DrawForm(app_.Load<frmBrowseQuick>(module_, quick));
+        DrawForm(quick);
     }
 
     void DrawBoxes() {

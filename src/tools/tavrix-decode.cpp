@@ -1,5 +1,6 @@
-// tavrix-decode FILE [OUT.bmp]: what the picture loader makes of a file, or the import of a .tga or .pcx. Prints "format width height frames outcome"
-// and writes the picture as a 24-bit bitmap; failures go to standard error, with status 1.
+// tavrix-decode FILE [OUT.bmp]: what the picture loader makes of a file, or the import of a .tga or .pcx. Prints
+// "format width height frames outcome" and writes the picture as a 24-bit bitmap; failures go to standard error, with
+// status 1.
 
 #include <cstdio>
 #include <exception>

@@ -190,14 +190,7 @@ void mnuOpen_Click(MainViewFrm& view) {
         static_cast<void>(
             module.platform.files.First(Left(module.platform.files.CurrentFolder(), 1) + ":\\*"));
     });
-    OpenFrm* dialog = nullptr;
-    SkipFailure([&] { dialog = &module.app.Load<OpenFrm>(view); });
-    if (dialog == nullptr) {  // the lists could not even find out where they are
-        module.Screen().MousePointer = forms::MousePointer::Default;
-        module.app.MessageBox({.text = "The selected drive is currently not available..."});
-        return;
-    }
-    dialog->ShowModal();
+    module.app.Load<OpenFrm>(view).ShowModal();
 }
 
 }  // namespace tavrix

@@ -5,16 +5,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
-#include <ctime>
 #include <filesystem>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "KilledChild.h"
 #include "TestFolder.h"
 #include "platform/base/Text.h"
 #include "platform/host/HostRegistry.h"
@@ -158,17 +155,6 @@ TEST_F(HostProfileTest, StartsFromTheSharedFile) {
     EXPECT_EQ(folder.Content("shared/tavrix.ini"), "[Viewer]\nX=1\nY=2\n");
 }
 
-/// Runs `work` in a child process.
-template <class Work>
-pid_t InChild(Work&& work) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        work();
-        ::_exit(0);
-    }
-    return child;
-}
-
 /// Whether the file is one that some write has left: foreign lines whole, and all keys of one generation.
 void ExpectWhole(const std::string& content) {
     ASSERT_TRUE(content.starts_with("; foreign\r\n[Viewer]\r\nMouseSensitivity=7\r\n")) << content;
@@ -183,47 +169,22 @@ void ExpectWhole(const std::string& content) {
 TEST_F(HostProfileTest, AKillLeavesTheOldFileOrTheNewOne) {
     folder.Put("tavrix.ini",
                "; foreign\r\n[Viewer]\r\nMouseSensitivity=7\r\n\r\n[Package]\r\nPackageName=Holiday\r\n");
-    // The moments of the kills are spread over the time that a few writes take on this machine.
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < 3; ++i)
-        Write("Before", std::to_string(i));
-    const std::chrono::nanoseconds few = std::chrono::steady_clock::now() - start;
-    const long spread = std::clamp(static_cast<long>(few.count()), 1'000'000L, 300'000'000L);
-    int kills = 0;
-    std::mt19937 random(1);
     std::string last;
     int changes = 0;
-    for (int round = 0; round < 60; ++round) {
-        std::array<int, 2> ready{};
-        ASSERT_EQ(::pipe(ready.data()), 0);
-        const pid_t child = InChild([&] {
-            for (int generation = round * 100'000;; ++generation) {
-                std::vector<ProfileEntry> entries;
-                for (int key = 0; key < 40; ++key) {
-                    entries.emplace_back("Key" + std::to_string(key), std::to_string(generation));
-                }
-                profile.Write("Viewer", entries, "C:\\tavrix.ini");
-                if (generation == round * 100'000 && ::write(ready[1], "x", 1) != 1) ::_exit(1);
-            }
+    KillWhileWriting(
+        60,
+        [&](int number) {
+            std::vector<ProfileEntry> entries;
+            for (int key = 0; key < 40; ++key)
+                entries.emplace_back("Key" + std::to_string(key), std::to_string(number));
+            profile.Write("Viewer", entries, "C:\\tavrix.ini");
+        },
+        [&] {
+            const std::string content = folder.Content("tavrix.ini");
+            ExpectWhole(content);
+            if (content != last) ++changes;
+            last = content;
         });
-        ASSERT_GT(child, 0);
-        ::close(ready[1]);
-        char told = 0;
-        ASSERT_EQ(::read(ready[0], &told, 1), 1);
-        ::close(ready[0]);
-        const timespec moment{0, static_cast<long>(random()) % spread};
-        ::nanosleep(&moment, nullptr);
-        ::kill(child, SIGKILL);
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        if (WIFSIGNALED(status)) ++kills;
-        const std::string content = folder.Content("tavrix.ini");
-        ExpectWhole(content);
-        if (HasFatalFailure()) return;
-        if (content != last) ++changes;
-        last = content;
-    }
-    EXPECT_EQ(kills, 60);
     EXPECT_GT(changes, 5);  // the children did get to write
     Write("After", "1");    // no lock is left behind
     EXPECT_EQ(profile.Read("Viewer", "C:\\tavrix.ini").Read("After"), "1");

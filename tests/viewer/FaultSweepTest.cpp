@@ -10,6 +10,8 @@ using headless::Service;
 
 constexpr const char* Image = "C:\\p\\x.bmp";
 constexpr const char* Other = "C:\\q\\y.bmp";
+constexpr const char* SettingsFile = "C:\\Tavrix\\tavrix.ini";
+constexpr const char* SettingsBefore = "[Viewer]\r\nStartupDialog=0\r\nRecent1=C:\\p\\before.bmp\r\n";
 
 /// An operation of the user, repeated with the first, the second, the third call of a service failing.
 struct Operation {
@@ -27,8 +29,7 @@ class FaultSweep : public ::testing::TestWithParam<std::tuple<Operation, Service
     static void SetUpMachine(headless::HeadlessServices& machine) {
         machine.store.Set("EXEPath", "C:\\Tavrix\\");
         machine.store.Set("ProgramRun", "1");
-        machine.disks.PutFile("C:\\Tavrix\\tavrix.ini",
-                              "[Viewer]\r\nStartupDialog=0\r\nRecent1=C:\\p\\before.bmp\r\n");
+        machine.disks.PutFile(SettingsFile, SettingsBefore);
         machine.pictures.SetPicture(Image, PlainPicture(640, 480));
         machine.pictures.SetPicture(Other, PlainPicture(30, 20));
         machine.shell.links["C:\\q\\y.lnk"] = Other;
@@ -77,7 +78,12 @@ class FaultSweep : public ::testing::TestWithParam<std::tuple<Operation, Service
         program.View().Deliver(forms::DropEvent{{Other}});
         EXPECT_EQ(program.module.CurrentImage, Other);
         EXPECT_TRUE(program.Close());
-        EXPECT_EQ(machine.profile.Read("Viewer", "C:\\Tavrix\\tavrix.ini").Read("LastOpenedFile"), Other);
+        // The first call of a start reads the settings; those that could not be read are not replaced by defaults.
+        if (operation.isStart && service == Service::Profile && call == 1) {
+            EXPECT_EQ(machine.disks.Content(SettingsFile), SettingsBefore);
+        } else {
+            EXPECT_EQ(machine.profile.Read("Viewer", SettingsFile).Read("LastOpenedFile"), Other);
+        }
         EXPECT_EQ(UsersFiles(machine), before);
         return fired;
     }

@@ -350,13 +350,15 @@ TEST_F(OpenFrmTest, TheCurrentDriveIsTouchedOnceBeforehand) {
     InDialog([&](OpenFrm& dialog) { EXPECT_EQ(dialog.File1.FileName(), "a.bmp"); });
 }
 
-TEST_F(OpenFrmTest, WithoutACurrentFolderThereIsNoDialogAndNoLock) {
+TEST_F(OpenFrmTest, WithoutACurrentFolderTheListsStandAtTheRoot) {
     ASSERT_TRUE(Start());
+    PutPicture("C:\\root.bmp", 10, 10);
     platform.faults.FailAlways(Service::Files, "CurrentFolder", ErrorNumber::DeviceUnavailable);
-    Expect({.text = NoDrive, .whileOpen = [this] { EXPECT_FALSE(module.Busy()); }});
-    InDialogs({});
-    platform.faults.Clear();
-    InDialog([&](OpenFrm& dialog) { EXPECT_EQ(dialog.File1.FileName(), "a.bmp"); });
+    InDialog([&](OpenFrm& dialog) {
+        EXPECT_EQ(toolkit.ScreenPointer(), forms::MousePointer::Default);
+        EXPECT_EQ(dialog.Dir1.Path.Get(), "C:\\");
+        EXPECT_EQ(dialog.File1.FileName(), "root.bmp");
+    });
 }
 
 // Large folders

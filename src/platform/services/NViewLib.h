@@ -24,8 +24,7 @@ class NViewLib {
     [[nodiscard]] std::int16_t GetHeight() const { return Fits(Image()) ? Side(Image().Height()) : Side(0); }
 
     /// Writes the current image as a JPEG over whatever stands there; quality is 0 to 100. Not 0 when it has worked;
-    /// otherwise the former file is left
-    /// as it was, as far as Files::Create promises it.
+    /// otherwise the former file is left as it was, as far as Files::Create promises it.
     virtual std::int16_t SaveAsJPG(std::int32_t quality, const std::string& path) = 0;
 
     /// The current image, opaque: what was transparent or missing is SurfaceBackground. Empty without one. Valid up
