@@ -206,7 +206,9 @@ TEST_P(EachEdit, FillsWithWhiteWhateverTheDesktopLooksLike) {
     white.Row(4)[3] = OpaquePixel(1, 2, 3);
     Choose(TheEntry());
     ExpectEdited(ExpectedOf(white));
-    for (const Pixel pixel : Decoded(ContentOf(Working))->Pixels())
+    const auto written = Decoded(ContentOf(Working));
+    ASSERT_TRUE(written);
+    for (const Pixel pixel : written->Pixels())
         ASSERT_NE(pixel, headless::HeadlessToolkit::ButtonFacePixel);
 }
 
