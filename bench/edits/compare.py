@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """The fixed edits of a bitmap of 24 megapixels, side by side with ImageMagick's from file to file.
 
-    bench/edits/compare.py build/release/bin/bench_edits [ROUNDS]
+    bench/edits/compare.py [BENCH_EDITS [ROUNDS]]
 
 Both take turns, so that other work on the machine meets both alike; the medians of the elapsed times and of the
-processor's are told, in milliseconds. ImageMagick writes to a file that is not there yet, as the first edit of an opened image does.
+processor's are told, in milliseconds. ImageMagick writes to a file that is not there yet, as the first edit of an
+opened image does.
 """
 import json
 import os
@@ -15,6 +16,7 @@ import sys
 import tempfile
 import time
 
+BENCH = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "build", "release", "bin", "bench_edits")
 WIDTH, HEIGHT = 6000, 4000
 COMMANDS = {
     "Clockwise": ["-rotate", "90"],
@@ -61,7 +63,7 @@ def theirs(source, target, options):
 
 
 def main():
-    program = sys.argv[1]
+    program = sys.argv[1] if len(sys.argv) > 1 else BENCH
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 7
     with tempfile.TemporaryDirectory() as folder:
         source = os.path.join(folder, "photo.bmp")

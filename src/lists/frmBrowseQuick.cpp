@@ -24,8 +24,9 @@ frmBrowseQuick::frmBrowseQuick(forms::Application& application, const MainModule
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     CmdHelp.Caption = "&Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::FavoriteFolder); };
-    SetLayout(forms::Column({forms::Row({lblPathMsg, forms::Growing(lblPath)}), Chooser.Arrangement(),
-                             forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
+    SetLayout(
+        forms::Column({forms::Row({lblPathMsg, forms::Growing(forms::AtLeast(3000, 0, lblPath))}),
+                       Chooser.Arrangement(), forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
 }
 
 void frmBrowseQuick::Form_Load() {

@@ -20,8 +20,9 @@ frmFavFolder::frmFavFolder(forms::Application& application, MainModule& module)
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     CmdHelp.Caption = "&Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::FavoriteFolder); };
-    SetLayout(forms::Column({forms::Row({lblPathMsg, forms::Growing(lblPath)}), Chooser.Arrangement(),
-                             forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
+    SetLayout(
+        forms::Column({forms::Row({lblPathMsg, forms::Growing(forms::AtLeast(3000, 0, lblPath))}),
+                       Chooser.Arrangement(), forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
 }
 
 void frmFavFolder::Form_Load() {
