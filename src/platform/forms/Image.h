@@ -1,19 +1,19 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/FittedPixels.h"
 #include "platform/forms/Timer.h"
 #include "platform/graphics/Picture.h"
-#include "platform/graphics/Shrink.h"
 
 namespace tavrix::forms {
 
 /// A picture without a bitmap of its own: at its natural size, or stretched to the control's. A picture that is shown
-/// smaller than it is appears row by row while it arrives, and nothing waits for it.
+/// smaller than it is appears row by row while it arrives, and nothing waits for it. What lies behind the control shows
+/// where the picture is transparent; an image without a picture is invisible, and gets the mouse all the same.
 class Image final : public Control, private CanvasContent {
   public:
     Image(Container& container, std::string name);
@@ -32,6 +32,7 @@ class Image final : public Control, private CanvasContent {
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;
     void Resized() override;
+    [[nodiscard]] bool SeeThrough() const override { return true; }
     [[nodiscard]] CanvasView View(int bottom) const override;
     void AssignPicture(const tavrix::Picture& value);
     void AssignStretch(const bool& value);
@@ -40,7 +41,7 @@ class Image final : public Control, private CanvasContent {
     void LookAtArrival();
 
     Timer arrival_;
-    mutable std::optional<Shrink> shrunk_;
+    mutable FittedPixels fitted_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };
 
