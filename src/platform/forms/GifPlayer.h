@@ -10,8 +10,8 @@
 
 namespace tavrix::forms {
 
-/// Plays an animated GIF, stretched to the control's size. Where the animation is transparent, what lies behind the
-/// control shows through. It plays from the first time that its form is shown on, also while it is invisible, and
+/// Plays an animated GIF, stretched to the control's size. Where the animation is transparent, the form's
+/// background shows. It plays from the first time that its form is shown on, also while it is invisible, and
 /// through modal loops and boxes.
 class GifPlayer final : public Control, private CanvasContent {
   public:
@@ -29,7 +29,6 @@ class GifPlayer final : public Control, private CanvasContent {
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event&) override {}
     void Resized() override;
-    [[nodiscard]] bool SeeThrough() const override { return true; }
     [[nodiscard]] CanvasView View(int bottom) const override;
     void AssignFileName(const std::string& value);
     void TakeNaturalSize();

@@ -12,8 +12,7 @@
 namespace tavrix::forms {
 
 /// A picture without a bitmap of its own: at its natural size, or stretched to the control's. A picture that is shown
-/// smaller than it is appears row by row while it arrives, and nothing waits for it. What lies behind the control shows
-/// where the picture is transparent; an image without a picture is invisible, and gets the mouse all the same.
+/// smaller than it is appears row by row while it arrives, and nothing waits for it.
 class Image final : public Control, private CanvasContent {
   public:
     Image(Container& container, std::string name);
@@ -32,7 +31,6 @@ class Image final : public Control, private CanvasContent {
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;
     void Resized() override;
-    [[nodiscard]] bool SeeThrough() const override { return true; }
     [[nodiscard]] CanvasView View(int bottom) const override;
     void AssignPicture(const tavrix::Picture& value);
     void AssignStretch(const bool& value);

@@ -110,15 +110,13 @@ class ScrollBarPeer : public ControlPeer {
 struct CanvasView {
     const Surface* pixels = nullptr;  ///< may be null; rows below those asked for may not be final
     bool transparent = false;         ///< the background shows through
-    Colour background;  ///< of a canvas that one sees through: that of its window, for what knows no other
-    PixelRect place;    ///< where the picture goes; another size than the picture's stretches it
+    Colour background;
+    PixelRect place;  ///< where the picture goes; another size than the picture's stretches it
 };
 
 /// What a canvas asks for when it has to be painted.
 class CanvasContent {
   public:
-    /// Whether the canvas has no background of its own, so that what lies behind it shows. Asked once.
-    [[nodiscard]] virtual bool SeeThrough() const = 0;
     /// `bottom`: the lowest row of the canvas that will be painted, in device pixels, exclusive.
     [[nodiscard]] virtual CanvasView View(int bottom) const = 0;
 

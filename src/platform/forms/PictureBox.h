@@ -61,7 +61,6 @@ class PictureBox final : public Control, public Container, private CanvasContent
     void RealizeContent(Toolkit& toolkit) override;
     void Handle(const Event& event) override;
     void Resized() override;
-    [[nodiscard]] bool SeeThrough() const override { return false; }
     [[nodiscard]] CanvasView View(int bottom) const override;
 
     void AssignPicture(const tavrix::Picture& value);

@@ -25,12 +25,8 @@ QImage Wrap(const Surface& surface, const QRect& part, bool transparent) {
 
 CanvasWidget::CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content,
                            const ToDrivePath& toDrivePath)
-    : QWidget(&parent),
-      port_(port),
-      content_(&content),
-      toDrivePath_(toDrivePath),
-      seeThrough_(content.SeeThrough()) {
-    setAttribute(Qt::WA_OpaquePaintEvent, !seeThrough_);
+    : QWidget(&parent), port_(port), content_(&content), toDrivePath_(toDrivePath) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_NoMousePropagation);
     setMouseTracking(true);
@@ -97,8 +93,7 @@ void CanvasWidget::paintEvent(QPaintEvent* event) {
     const QRect place(view.place.left, view.place.top, view.place.width, view.place.height);
     const bool drawn = view.pixels != nullptr && !view.pixels->Empty() && !place.isEmpty();
     const QRect shown = drawn ? exposed.intersected(place) : QRect();
-    if (!seeThrough_ && (view.transparent || shown != exposed))
-        painter.fillRect(exposed, ColourOf(view.background));
+    if (view.transparent || shown != exposed) painter.fillRect(exposed, ColourOf(view.background));
     if (shown.isEmpty()) return;
 
     const Surface& pixels = *view.pixels;

@@ -41,7 +41,6 @@ class CanvasWidget final : public QWidget {
     SinkPort port_;
     const forms::CanvasContent* content_;
     const ToDrivePath& toDrivePath_;
-    bool seeThrough_;
     MouseRelay mouse_{port_};
     QSize deviceSize_;
     QRegion invalid_;
