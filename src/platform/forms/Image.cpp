@@ -38,35 +38,27 @@ void Image::Handle(const Event& event) {
 }
 
 void Image::Resized() {
-    shrunk_.reset();
+    fitted_.Reset();
     InvalidateAll();
 }
 
 CanvasView Image::View(int) const {
     CanvasView view;
-    view.background = ButtonFace;
-    if (Picture.Get().Empty()) return view;
-    const ArrivingSurface& pixels = *Picture.Get().pixels;
-    const PixelRect bounds = PixelBounds();
-    view.place = {0, 0, bounds.width, bounds.height};
-    const bool smaller = bounds.width <= pixels.Width() && bounds.height <= pixels.Height() &&
-                         (bounds.width < pixels.Width() || bounds.height < pixels.Height());
-    if (!smaller || bounds.width == 0 || bounds.height == 0) {
-        view.pixels = &pixels.Whole();
-        view.transparent = Picture.Get().transparent || pixels.Damaged();
-        return view;
+    if (!Picture.Get().Empty()) {
+        const ArrivingSurface& pixels = *Picture.Get().pixels;
+        const PixelRect bounds = PixelBounds();
+        const bool shrinks = FittedPixels::Shrinks(pixels.Width(), pixels.Height(), bounds);
+        const int ready = shrinks ? pixels.RowsReady() : pixels.Height();
+        const Surface& rows = pixels.Rows(ready);
+        view = fitted_.View(rows, ready, bounds, Picture.Get().transparent || pixels.Damaged());
     }
-    if (!shrunk_) shrunk_.emplace(pixels.Width(), pixels.Height(), bounds.width, bounds.height);
-    const int ready = pixels.RowsReady();
-    shrunk_->Take(pixels.Rows(ready), ready);
-    view.pixels = &shrunk_->Copy();
-    view.transparent = Picture.Get().transparent || !shrunk_->Whole() || pixels.Damaged();
+    view.background = OwnerForm().BackColor;
     return view;
 }
 
 void Image::AssignPicture(const tavrix::Picture& value) {
     if (!Picture.Store(value)) return;
-    shrunk_.reset();
+    fitted_.Reset();
     arrival_.Enabled = !value.Empty() && !value.pixels->Ended();
     InvalidateAll();
     if (!Stretch) TakePictureSize();

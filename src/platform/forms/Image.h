@@ -1,15 +1,14 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/FittedPixels.h"
 #include "platform/forms/Mouse.h"
 #include "platform/forms/Timer.h"
 #include "platform/graphics/Picture.h"
-#include "platform/graphics/Shrink.h"
 
 namespace tavrix::forms {
 
@@ -41,7 +40,7 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     void LookAtArrival();
 
     Timer arrival_;
-    mutable std::optional<Shrink> shrunk_;
+    mutable FittedPixels fitted_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 
 #include "platform/base/RuntimeError.h"
@@ -25,11 +26,16 @@ class MemoryPictures final : public Pictures {
 
     /// `path` is a full drive path.
     Picture Load(const std::string& path) override;
+    /// A picture of a test is an animation of one frame; others play from the bytes that the file has now.
+    std::unique_ptr<Animation> OpenAnimation(const std::string& path) override;
     /// Writes through the files in memory, whose faults count too.
     void SaveBitmap(const Surface& surface, const std::string& path) override;
     Picture LoadInBackground(const std::string& path) override { return Load(path); }
 
   private:
+    /// Counts the call, and throws what is planned for it or what is wrong with the path.
+    [[nodiscard]] const std::string& ContentFor(const std::string& operation, const std::string& path);
+
     MemoryDisks& disks_;
     Files& files_;
     FaultPlan& faults_;

@@ -1,8 +1,19 @@
 #include "platform/host/HostPictures.h"
 
+#include <utility>
+
+#include "platform/base/RuntimeError.h"
 #include "platform/codecs/BmpWriter.h"
+#include "platform/codecs/GifAnimation.h"
+#include "platform/host/FileSource.h"
 
 namespace tavrix {
+
+std::unique_ptr<Animation> HostPictures::OpenAnimation(const std::string& path) {
+    OpenedAnimation opened = OpenGifAnimation(std::make_unique<FileSource>(files_.HostPathOf(path)));
+    if (opened.error) throw RuntimeError(*opened.error);
+    return std::move(opened.animation);
+}
 
 void HostPictures::SaveBitmap(const Surface& surface, const std::string& path) {
     const std::unique_ptr<FileWriter> file = files_.Create(path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/host/HostFiles.h"
@@ -17,6 +18,7 @@ class HostPictures final : public Pictures {
     [[nodiscard]] Picture LoadInBackground(const std::string& path) override {
         return loader_.LoadInBackground(path);
     }
+    [[nodiscard]] std::unique_ptr<Animation> OpenAnimation(const std::string& path) override;
     void SaveBitmap(const Surface& surface, const std::string& path) override;
 
     /// PictureLoader::Prefetch.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "platform/graphics/Animation.h"
 #include "platform/graphics/Picture.h"
 
 namespace tavrix {
@@ -17,6 +19,11 @@ class Pictures {
     /// The same without a wait for any row: a large picture may turn out later to be one of which nothing can be
     /// decoded (ArrivingSurface::Blank), where Load throws 481.
     [[nodiscard]] virtual Picture LoadInBackground(const std::string& path) = 0;
+
+    /// Opens an animated picture, with its first frame on its canvas; one image in a file is an animation of one frame.
+    /// The file is read as long as the animation lives, one frame at a time.
+    /// Throws what Load throws; 481 for content that is no GIF or has no frame to show.
+    [[nodiscard]] virtual std::unique_ptr<Animation> OpenAnimation(const std::string& path) = 0;
 
     /// Writes a surface as a Windows bitmap of 24 bits over whatever stands there, which stays as it was when this
     /// fails. Throws what the file service throws.
