@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/AppConfig.h"
+#include "core/SlideShow.h"
 #include "platform/forms/Application.h"
 #include "platform/services/Services.h"
 
@@ -20,6 +21,7 @@ struct MainModule {
     const Services& platform;
 
     AppConfig config;
+    SlideShow show;
     std::string AppPath;       ///< the program's folder, with a backslash at the end
     std::string CommandText;   ///< the command line as the start leaves it
     std::string CurrentImage;  ///< the path of the image on show; empty for none
