@@ -47,4 +47,10 @@ int HostSound::MidiDevices() {
     return ports + (fonts > 0 && WaveDevices() > 0 ? 1 : 0);
 }
 
+void HostSound::PlayWave(const std::string&, unsigned) {}
+
+int HostSound::Mci(const std::string&) {
+    return 0;
+}
+
 }  // namespace tavrix

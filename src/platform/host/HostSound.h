@@ -23,6 +23,8 @@ class HostSound final : public Sound {
     int WaveDevices() override;
     /// The kernel's MIDI ports, and one more where a software synthesizer has a sound font and something to play on.
     int MidiDevices() override;
+    void PlayWave(const std::string& path, unsigned flags) override;
+    int Mci(const std::string& command) override;
 
   private:
     Places places_;
