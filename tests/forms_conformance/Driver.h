@@ -61,6 +61,10 @@ class Driver {
     virtual void UserCloses(forms::Form& form) = 0;
     /// Presses a mouse button at a place of the box and releases it at another, in device pixels.
     virtual void UserDrags(forms::PictureBox& box, int button, PixelRect fromTo) = 0;
+    /// Moves the pointer, without a button, to a place of a control or of the form's background, in device pixels.
+    virtual void UserPoints(forms::Control& control, int x, int y) = 0;
+    virtual void UserPoints(forms::Form& form, int x, int y) = 0;
+    virtual void UserClicksOn(forms::Image& image, int button) = 0;
     /// Moves the keyboard to a control, as by Tab.
     virtual void UserFocuses(forms::Control& control) = 0;
     virtual void UserTicks(forms::CheckBox& box) = 0;
@@ -85,6 +89,12 @@ class Driver {
 
     [[nodiscard]] virtual std::string ShownTitle(forms::Form& form) = 0;
     [[nodiscard]] virtual bool IsShown(forms::Form& form) = 0;
+    /// The inside of a window on the screen, in device pixels.
+    [[nodiscard]] virtual PixelRect ShownPlace(forms::Form& form) = 0;
+    /// Whether the pointer is hidden over the window.
+    [[nodiscard]] virtual bool HidesPointer(forms::Form& form) = 0;
+    /// Whether the window takes what the user does there.
+    [[nodiscard]] virtual bool IsUsable(forms::Form& form) = 0;
     [[nodiscard]] virtual std::string ShownText(forms::Control& control) = 0;
     [[nodiscard]] virtual std::string ShownName(forms::Control& control) = 0;
     [[nodiscard]] virtual std::string ShownToolTip(forms::Control& control) = 0;

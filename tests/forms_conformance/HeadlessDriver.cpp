@@ -91,6 +91,19 @@ class HeadlessDriver final : public Driver {
             if (button == MouseButton::Left) peer.sink.Deliver(ClickEvent{});
         });
     }
+    void UserPoints(Control& control, int x, int y) override {
+        toolkit_.Post([&control, x, y] { control.Deliver(MouseEvent{MouseAction::Move, 0, 0, x, y}); });
+    }
+    void UserPoints(Form& form, int x, int y) override {
+        toolkit_.Post([&form, x, y] { form.Deliver(MouseEvent{MouseAction::Move, 0, 0, x, y}); });
+    }
+    void UserClicksOn(Image& image, int button) override {
+        toolkit_.Post([&image, button] {
+            image.Deliver(MouseEvent{MouseAction::Down, button, 0, 1, 1});
+            image.Deliver(MouseEvent{MouseAction::Up, button, 0, 1, 1});
+            if (button == MouseButton::Left) image.Deliver(ClickEvent{});
+        });
+    }
     void UserFocuses(Control& control) override {
         toolkit_.Post([&control] { control.Deliver(FocusEvent{}); });
     }
@@ -184,6 +197,9 @@ class HeadlessDriver final : public Driver {
 
     std::string ShownTitle(Form& form) override { return PeerOf(form).title; }
     bool IsShown(Form& form) override { return PeerOf(form).visible; }
+    PixelRect ShownPlace(Form& form) override { return PeerOf(form).placement; }
+    bool HidesPointer(Form& form) override { return PeerOf(form).pointer == MousePointer::Hidden; }
+    bool IsUsable(Form& form) override { return toolkit_.TakesInput(PeerOf(form)); }
     std::string ShownText(Control& control) override {
         if (dynamic_cast<HeadlessLabelPeer*>(control.Peer()) != nullptr) {
             return PeerOf<HeadlessLabelPeer>(control).text;

@@ -173,6 +173,17 @@ class QtDriver final : public Driver {
         QTest::mousePress(window, pressed, {}, PlaceOf(box, fromTo.left, fromTo.top));
         QTest::mouseRelease(window, pressed, {}, PlaceOf(box, fromTo.width, fromTo.height));
     }
+    void UserPoints(Control& control, int x, int y) override {
+        QWidget& widget = WidgetOf(control);
+        Point(*widget.window(), widget.mapTo(widget.window(), Logical(x, y)));
+    }
+    void UserPoints(Form& form, int x, int y) override { Point(WidgetOf(form), Logical(x, y)); }
+    void UserClicksOn(Image& image, int button) override {
+        QWidget& widget = WidgetOf(image);
+        const Qt::MouseButton pressed = button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
+        QTest::mouseClick(widget.window()->windowHandle(), pressed, {},
+                          widget.mapTo(widget.window(), QPoint(1, 1)));
+    }
     void UserFocuses(Control& control) override { WidgetOf(control).setFocus(Qt::TabFocusReason); }
     void UserTicks(CheckBox& box) override {
         QWidget& widget = WidgetOf(box);
@@ -250,6 +261,21 @@ class QtDriver final : public Driver {
         return WidgetOf(form).windowHandle()->title().toStdString();
     }
     bool IsShown(Form& form) override { return WidgetOf(form).isVisible(); }
+    PixelRect ShownPlace(Form& form) override {
+        const QWindow& window = *WidgetOf(form).windowHandle();
+        const double ratio = qt::DeviceRatio();
+        return {qt::ToDevice(window.x(), ratio), qt::ToDevice(window.y(), ratio),
+                qt::ToDevice(window.width(), ratio), qt::ToDevice(window.height(), ratio)};
+    }
+    bool HidesPointer(Form& form) override {
+        const QCursor* everywhere = QGuiApplication::overrideCursor();
+        return everywhere == nullptr && WidgetOf(form).cursor().shape() == Qt::BlankCursor;
+    }
+    bool IsUsable(Form& form) override {
+        QWindow* modal = QGuiApplication::modalWindow();
+        QWindow* window = WidgetOf(form).windowHandle();
+        return modal == nullptr || modal == window || modal->isAncestorOf(window, QWindow::IncludeTransients);
+    }
     std::string ShownText(Control& control) override {
         if (auto* label = dynamic_cast<QLabel*>(&WidgetOf(control))) return label->text().toStdString();
         if (auto* field = dynamic_cast<QLineEdit*>(&WidgetOf(control))) return field->text().toStdString();
@@ -322,6 +348,12 @@ class QtDriver final : public Driver {
     }
 
   private:
+    static QPoint Logical(int x, int y) {
+        const double ratio = qt::DeviceRatio();
+        return {qt::RoundToLogical(x, ratio), qt::RoundToLogical(y, ratio)};
+    }
+    static void Point(QWidget& window, QPoint place) { QTest::mouseMove(window.windowHandle(), place); }
+
     static QAction& ActionOf(const Menu& entry) {
         QAction* action = dynamic_cast<qt::QtMenuItem&>(*entry.Peer()).Action();
         if (action == nullptr) throw std::logic_error("the menu has not been filled: " + entry.Name());

@@ -55,7 +55,7 @@ inline constexpr int Minus = 189;
 inline constexpr int Tilde = 192;
 }  // namespace KeyCode
 
-enum class MousePointer : std::uint8_t { Default, Arrow, Hourglass, ArrowHourglass };
+enum class MousePointer : std::uint8_t { Default, Arrow, Hourglass, ArrowHourglass, Hand, Hidden };
 enum class WindowState : std::uint8_t { Normal, Minimized, Maximized };
 
 /// A press of a button, a menu entry, a picture.

@@ -12,11 +12,20 @@ Form::HandlerScope::~HandlerScope() {
     if (--form_.handlersRunning_ == 0 && form_.unloaded_) app_.DestroyUnloaded();
 }
 
-Form::Form(Application& app, const WindowTraits& traits) : app_(app), traits_(traits) {}
+Form::Form(Application& app, const WindowTraits& traits) : app_(app), traits_(traits) {
+    if (!traits_.fullScreen) return;
+    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const PixelRect place = app_.GetToolkit().FullScreenPlace();
+    Left.Store(ToTwips(place.left, screen.twipsPerPixelX));
+    Top.Store(ToTwips(place.top, screen.twipsPerPixelY));
+    Width.Store(ToTwips(place.width, screen.twipsPerPixelX));
+    Height.Store(ToTwips(place.height, screen.twipsPerPixelY));
+}
 
 Form::~Form() = default;
 
 Form::PixelSize Form::FramePixels() const {
+    if (traits_.fullScreen) return {};
     const Toolkit& toolkit = app_.GetToolkit();
     int height =
         2 * toolkit.Metric(SystemMetric::SizingBorderHeight) + toolkit.Metric(SystemMetric::CaptionHeight);
@@ -67,6 +76,14 @@ void Form::Show() {
     const HandlerScope scope(*this);
     PutOnScreen(false);
     app_.MakeActive(*this);
+}
+
+void Form::ShowAbove(Form& owner) {
+    const HandlerScope scope(*this);
+    Realize();
+    owner.Realize();
+    peer_->SetOwner(owner.peer_.get());
+    Show();
 }
 
 void Form::ShowModal() {
@@ -122,6 +139,7 @@ void Form::Realize() {
     peer_ = toolkit.CreateWindowPeer(*this, traits_);
     peer_->SetTitle(Caption);
     if (BackColor.Get() != ButtonFace) peer_->SetBackColor(BackColor);
+    if (MousePointer.Get() != MousePointer::Default) peer_->SetPointer(MousePointer);
     for (Menu* menu : menuBar_)
         menu->Realize(toolkit, *peer_, nullptr);
     if (!layout_) peer_->SetPlacement(OuterPixels(), WindowState);
@@ -168,11 +186,9 @@ void Form::Deliver(const Event& event) {
     } else if (std::holds_alternative<CloseEvent>(event)) {
         app_.Unload(*this);
     } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        const ScreenInfo screen = app_.GetToolkit().Screen();
-        if (mouse->action == MouseAction::Up) {
-            Form_MouseUp({mouse->button, mouse->shift, ToTwips(mouse->x, screen.twipsPerPixelX),
-                          ToTwips(mouse->y, screen.twipsPerPixelY)});
-        }
+        const MouseArguments arguments = InTwips(*mouse, app_.GetToolkit().Screen());
+        if (mouse->action == MouseAction::Move) Form_MouseMove(arguments);
+        if (mouse->action == MouseAction::Up) Form_MouseUp(arguments);
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
         Form_OLEDragDrop(drop->files);
     }
@@ -246,6 +262,10 @@ void Form::AssignWindowState(const forms::WindowState& value) {
 
 void Form::AssignBackColor(const Colour& value) {
     if (BackColor.Store(value) && peer_) peer_->SetBackColor(value);
+}
+
+void Form::AssignMousePointer(const forms::MousePointer& value) {
+    if (MousePointer.Store(value) && peer_) peer_->SetPointer(value);
 }
 
 }  // namespace tavrix::forms

@@ -18,7 +18,8 @@ class Application;
 /// a handler of its own is on the stack.
 ///
 /// Left, Top, Width and Height are in twips of the screen and include the frame; ScaleWidth and ScaleHeight are the
-/// inner size, which is the outer size less the system's metrics.
+/// inner size, which is the outer size less the system's metrics. A form that covers a display has no frame, and takes
+/// its place when it is made.
 class Form : public FormObject, public Container, public EventSink {
   public:
     Form(Application& app, const WindowTraits& traits);
@@ -32,6 +33,9 @@ class Form : public FormObject, public Container, public EventSink {
     Property<float> Height{this, &Form::AssignHeight};
     Property<forms::WindowState> WindowState{this, &Form::AssignWindowState};
     Property<Colour> BackColor{this, &Form::AssignBackColor, ButtonFace};
+    /// The pointer over the form and those of its controls that have none of their own. Hidden hides it there whatever
+    /// the screen's pointer is, and over boxes and other windows it is seen as ever.
+    Property<forms::MousePointer> MousePointer{this, &Form::AssignMousePointer};
 
     /// Whether the form sees keys before its controls.
     bool KeyPreview = false;
@@ -49,6 +53,9 @@ class Form : public FormObject, public Container, public EventSink {
     void Move(float left, float top, float width, float height);
     /// The first show raises Form_Resize, then Form_Activate.
     void Show();
+    /// The same, above the owner, and usable whenever the owner is, also while it is modal. The owner may be shown
+    /// later; it is to stay loaded for as long as this form is.
+    void ShowAbove(Form& owner);
     /// Shows the form and runs messages until it is hidden or unloaded. The form may be gone when this returns.
     void ShowModal();
     void Hide();
@@ -69,6 +76,7 @@ class Form : public FormObject, public Container, public EventSink {
     virtual void Form_Unload([[maybe_unused]] bool& cancel) {}
     /// Setting the key code to 0 keeps the key from the control that has the focus.
     virtual void Form_KeyDown([[maybe_unused]] int& keyCode, [[maybe_unused]] int shift) {}
+    virtual void Form_MouseMove([[maybe_unused]] const MouseArguments& mouse) {}
     virtual void Form_MouseUp([[maybe_unused]] const MouseArguments& mouse) {}
     virtual void Form_OLEDragDrop([[maybe_unused]] const std::vector<std::string>& files) {}
 
@@ -118,6 +126,7 @@ class Form : public FormObject, public Container, public EventSink {
     void AssignHeight(const float& value);
     void AssignWindowState(const forms::WindowState& value);
     void AssignBackColor(const Colour& value);
+    void AssignMousePointer(const forms::MousePointer& value);
 
     void AddMenu(Menu& menu) { menuBar_.push_back(&menu); }
     void GiveFocus(Control& control);

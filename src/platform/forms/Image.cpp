@@ -28,7 +28,9 @@ ControlPeer& Image::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
 }
 
 void Image::Handle(const Event& event) {
-    if (std::holds_alternative<ClickEvent>(event)) {
+    if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
+    } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
         if (OnOLEDragDrop) OnOLEDragDrop(drop->files);

@@ -6,6 +6,7 @@
 
 #include "platform/forms/Control.h"
 #include "platform/forms/FittedPixels.h"
+#include "platform/forms/Mouse.h"
 #include "platform/forms/Timer.h"
 #include "platform/graphics/Picture.h"
 
@@ -13,7 +14,7 @@ namespace tavrix::forms {
 
 /// A picture without a bitmap of its own: at its natural size, or stretched to the control's. A picture that is shown
 /// smaller than it is appears row by row while it arrives, and nothing waits for it.
-class Image final : public Control, private CanvasContent {
+class Image final : public Control, public MouseHandlers, private CanvasContent {
   public:
     Image(Container& container, std::string name);
 

@@ -163,6 +163,7 @@ struct WindowTraits {
         0;  ///< outer, twips; the window manager is told, and the form insists where it does not obey
     float minimumHeight = 0;  ///< likewise
     bool waitWindow = false;  ///< need not be mapped when it goes again within 150 ms
+    bool fullScreen = false;  ///< no frame, over the whole of the screen on which it is placed
 };
 
 class WindowPeer : public ControlPeer {
@@ -172,6 +173,9 @@ class WindowPeer : public ControlPeer {
     /// Outer rectangle on the screen and state. SetBounds is not used for windows.
     virtual void SetPlacement(const PixelRect& outer, WindowState state) = 0;
     virtual void SetLayout(const Layout& layout) = 0;
+    /// The window belongs above this one from its next showing on, and takes input whenever that one does, also while
+    /// it is modal. The owner outlives what is owned, or is told to it again.
+    virtual void SetOwner(WindowPeer* owner) = 0;
     /// Shows the window; a modal one above its owner, which then takes no input, nor do other windows that were
     /// there before. A window that is shown while a modal one is up belongs above it and stays usable.
     virtual void Show(bool modal) = 0;

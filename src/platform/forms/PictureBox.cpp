@@ -23,13 +23,7 @@ void PictureBox::RealizeContent(Toolkit& toolkit) {
 
 void PictureBox::Handle(const Event& event) {
     if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
-        const MouseArguments arguments{mouse->button, mouse->shift, ToTwips(mouse->x, screen.twipsPerPixelX),
-                                       ToTwips(mouse->y, screen.twipsPerPixelY)};
-        const auto& handler = mouse->action == MouseAction::Down   ? OnMouseDown
-                              : mouse->action == MouseAction::Move ? OnMouseMove
-                                                                   : OnMouseUp;
-        if (handler) handler(arguments);
+        Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
     } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {

@@ -6,23 +6,16 @@
 #include <vector>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Mouse.h"
 #include "platform/graphics/Picture.h"
 
 namespace tavrix::forms {
-
-/// A mouse event in twips of the control.
-struct MouseArguments {
-    int button = 0;
-    int shift = 0;
-    float x = 0;
-    float y = 0;
-};
 
 /// A box with a picture, a persistent bitmap that is drawn on, and other controls inside.
 ///
 /// The picture is the background of the bitmap. Drawing works on a bitmap of the box's own, of the box's size in
 /// device pixels; as long as nothing is drawn the box shows the picture's pixels themselves.
-class PictureBox final : public Control, public Container, private CanvasContent {
+class PictureBox final : public Control, public Container, public MouseHandlers, private CanvasContent {
   public:
     PictureBox(Container& container, std::string name);
 
@@ -48,9 +41,6 @@ class PictureBox final : public Control, public Container, private CanvasContent
 
     std::function<void()> OnResize;
     std::function<void()> OnClick;
-    std::function<void(const MouseArguments&)> OnMouseDown;
-    std::function<void(const MouseArguments&)> OnMouseMove;
-    std::function<void(const MouseArguments&)> OnMouseUp;
     /// Files were dropped here, as drive paths.
     std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
 

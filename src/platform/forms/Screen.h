@@ -19,6 +19,8 @@ class Screen final : public FormObject {
     [[nodiscard]] float Height() const;
     [[nodiscard]] float TwipsPerPixelX() const { return toolkit_.Screen().twipsPerPixelX; }
     [[nodiscard]] float TwipsPerPixelY() const { return toolkit_.Screen().twipsPerPixelY; }
+    /// Where the pointer is, in device pixels.
+    [[nodiscard]] ScreenPoint PointerPlace() const { return toolkit_.PointerPlace(); }
     [[nodiscard]] int BitsPerPixel() const { return toolkit_.Screen().bitsPerPixel; }
     [[nodiscard]] int Metric(SystemMetric metric) const { return toolkit_.Metric(metric); }
 

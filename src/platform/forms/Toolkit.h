@@ -22,6 +22,12 @@ struct ScreenInfo {
     int bitsPerPixel = 24;
 };
 
+/// A place on the screen in device pixels.
+struct ScreenPoint {
+    int x = 0;
+    int y = 0;
+};
+
 /// Indices of the system's metrics, which are device pixels and the same for the whole life of the process.
 enum class SystemMetric : int {
     CaptionHeight = 4,
@@ -94,6 +100,11 @@ class Toolkit {
     [[nodiscard]] virtual Milliseconds Now() const = 0;
 
     [[nodiscard]] virtual ScreenInfo Screen() const = 0;
+    /// The whole of the display for a window that covers one: where the program's active window is, else a visible one
+    /// of its windows, else the pointer. Device pixels.
+    [[nodiscard]] virtual PixelRect FullScreenPlace() const = 0;
+    /// Where the pointer is; on desktops that keep that to themselves, where the program's windows saw it last.
+    [[nodiscard]] virtual ScreenPoint PointerPlace() const = 0;
     [[nodiscard]] virtual int Metric(SystemMetric metric) const = 0;
     /// The pointer over all windows; Default lets each control show its own.
     virtual void SetScreenPointer(MousePointer pointer) = 0;

@@ -61,6 +61,7 @@ void HeadlessWindowPeer::Show(bool asModal) {
     visible = true;
     modal = asModal;
     ++shows;
+    shownAs = ++toolkit_.windowsShown_;
 }
 
 void HeadlessWindowPeer::Hide() {

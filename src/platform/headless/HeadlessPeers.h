@@ -159,6 +159,7 @@ class HeadlessWindowPeer final : public HeadlessControlPeer<forms::WindowPeer> {
     void SetTitle(const std::string& value) override { title = value; }
     void SetPlacement(const PixelRect& outer, forms::WindowState newState) override;
     void SetLayout(const forms::Layout& value) override { layout = value; }
+    void SetOwner(forms::WindowPeer* value) override { owner = value; }
     void Show(bool asModal) override;
     void Hide() override;
     void SetTopmost(bool value) override { topmost = value; }
@@ -171,7 +172,9 @@ class HeadlessWindowPeer final : public HeadlessControlPeer<forms::WindowPeer> {
     forms::Layout layout;
     bool modal = false;
     bool topmost = false;
+    forms::WindowPeer* owner = nullptr;
     int shows = 0;
+    int shownAs = 0;  ///< the how-maniest showing of any window was this one's latest
     int placementsAsked = 0;
     Colour backColor;
     std::vector<HeadlessMenuItemPeer*> menuBar;

@@ -45,6 +45,20 @@ HeadlessWindowPeer* HeadlessToolkit::VisibleWindow(const std::string& name) cons
     return found == windows_.end() ? nullptr : *found;
 }
 
+bool HeadlessToolkit::TakesInput(const HeadlessWindowPeer& window) const {
+    const HeadlessWindowPeer* modal = nullptr;
+    for (const HeadlessWindowPeer* other : windows_) {
+        if (other->visible && other->modal && (modal == nullptr || other->shownAs > modal->shownAs))
+            modal = other;
+    }
+    if (!window.visible) return false;
+    if (modal == nullptr || window.shownAs >= modal->shownAs) return true;
+    const forms::WindowPeer* owner = window.owner;
+    while (owner != nullptr && owner != modal)
+        owner = static_cast<const HeadlessWindowPeer*>(owner)->owner;
+    return owner == modal;
+}
+
 std::unique_ptr<WindowPeer> HeadlessToolkit::CreateWindowPeer(EventSink& sink, const WindowTraits& traits) {
     return std::make_unique<HeadlessWindowPeer>(*this, sink, traits);
 }

@@ -47,6 +47,9 @@ class HeadlessToolkit final : public forms::Toolkit {
 
     // The machine that the tests make.
     forms::ScreenInfo screen{1280, 1024, 15, 15, 24};
+    /// Where a window that covers a display goes; unset: the whole screen.
+    std::optional<PixelRect> fullScreenPlace;
+    forms::ScreenPoint pointerPlace;
     std::map<forms::SystemMetric, int> metrics{{forms::SystemMetric::CaptionHeight, 19},
                                                {forms::SystemMetric::MenuBarHeight, 20},
                                                {forms::SystemMetric::SizingBorderWidth, 4},
@@ -81,6 +84,8 @@ class HeadlessToolkit final : public forms::Toolkit {
     [[nodiscard]] const std::vector<HeadlessWindowPeer*>& Windows() const { return windows_; }
     /// The visible window of a name, or null.
     [[nodiscard]] HeadlessWindowPeer* VisibleWindow(const std::string& name) const;
+    /// Whether a window takes what the user does: it is visible, and no modal one that was shown later is in its way.
+    [[nodiscard]] bool TakesInput(const HeadlessWindowPeer& window) const;
     struct Popup {
         HeadlessMenuItemPeer* menu = nullptr;
         HeadlessMenuItemPeer* defaultEntry = nullptr;
@@ -123,6 +128,10 @@ class HeadlessToolkit final : public forms::Toolkit {
     void SetWakeUp(std::optional<forms::Milliseconds> after) override;
     [[nodiscard]] forms::Milliseconds Now() const override { return now_; }
     [[nodiscard]] forms::ScreenInfo Screen() const override { return screen; }
+    [[nodiscard]] PixelRect FullScreenPlace() const override {
+        return fullScreenPlace.value_or(PixelRect{0, 0, screen.width, screen.height});
+    }
+    [[nodiscard]] forms::ScreenPoint PointerPlace() const override { return pointerPlace; }
     [[nodiscard]] int Metric(forms::SystemMetric metric) const override { return metrics.at(metric); }
     void SetScreenPointer(forms::MousePointer pointer) override { screenPointer_ = pointer; }
     void Beep() override { ++beeps_; }
@@ -145,6 +154,7 @@ class HeadlessToolkit final : public forms::Toolkit {
     std::vector<std::string> failures_;
     forms::Milliseconds now_{0};
     std::optional<forms::Milliseconds> wakeUp_;
+    int windowsShown_ = 0;
     forms::MousePointer screenPointer_ = forms::MousePointer::Default;
     int boxesShown_ = 0;
     int yields_ = 0;

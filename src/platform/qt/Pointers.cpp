@@ -13,6 +13,10 @@ Qt::CursorShape ShapeOf(MousePointer pointer) {
             return Qt::WaitCursor;
         case MousePointer::ArrowHourglass:
             return Qt::BusyCursor;
+        case MousePointer::Hand:
+            return Qt::PointingHandCursor;
+        case MousePointer::Hidden:
+            return Qt::BlankCursor;
         case MousePointer::Default:
         case MousePointer::Arrow:
             break;
@@ -49,8 +53,14 @@ void ScreenPointer::BoxClosed() {
     Apply();
 }
 
+void ScreenPointer::WindowHides(bool hides) {
+    hidingWindows_ += hides ? 1 : -1;
+    Apply();
+}
+
 void ScreenPointer::Apply() {
-    const MousePointer now = windowsAreUp_ && openBoxes_ == 0 ? wanted_ : MousePointer::Default;
+    const bool free = windowsAreUp_ && openBoxes_ == 0 && hidingWindows_ == 0;
+    const MousePointer now = free ? wanted_ : MousePointer::Default;
     if (now == shown_) return;
     if (shown_ == MousePointer::Default) {
         QGuiApplication::setOverrideCursor(ShapeOf(now));

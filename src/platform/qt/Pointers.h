@@ -22,6 +22,9 @@ class ScreenPointer {
     /// A box is open, which shows a usable pointer whatever is set.
     void BoxOpened();
     void BoxClosed();
+    /// A window on the screen hides the pointer over itself, or does so no longer. The pointer over all windows would
+    /// show there.
+    void WindowHides(bool hides);
 
   private:
     void Apply();
@@ -30,6 +33,7 @@ class ScreenPointer {
     forms::MousePointer shown_ = forms::MousePointer::Default;
     bool windowsAreUp_ = false;
     int openBoxes_ = 0;
+    int hidingWindows_ = 0;
 };
 
 }  // namespace tavrix::qt

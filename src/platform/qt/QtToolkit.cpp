@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/qt/Displays.h"
 #include "platform/qt/Metrics.h"
 #include "platform/qt/Popups.h"
 #include "platform/qt/QtBox.h"
@@ -171,6 +172,17 @@ ScreenInfo QtToolkit::Screen() const {
     info.twipsPerPixelX = info.twipsPerPixelY = static_cast<float>(TwipsPerLogicalPixel / ratio);
     info.bitsPerPixel = screen->depth();
     return info;
+}
+
+PixelRect QtToolkit::FullScreenPlace() const {
+    const QScreen* display = FullScreenDisplay();
+    return display != nullptr ? PlaceOfDisplay(*display) : PixelRect{};
+}
+
+ScreenPoint QtToolkit::PointerPlace() const {
+    const double ratio = DeviceRatio();
+    const QPoint place = QCursor::pos();
+    return {ToDevice(place.x(), ratio), ToDevice(place.y(), ratio)};
 }
 
 int QtToolkit::Metric(SystemMetric metric) const {

@@ -1,6 +1,7 @@
 #include "platform/qt/QtWindow.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "platform/qt/Colours.h"
+#include "platform/qt/Displays.h"
 #include "platform/qt/LayoutBuilder.h"
 #include "platform/qt/Owner.h"
 #include "platform/qt/QtMenuItem.h"
@@ -23,7 +25,8 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
       metrics_(metrics),
       pointer_(pointer),
       waitWindow_(traits.waitWindow),
-      resizable_(traits.resizable) {
+      resizable_(traits.resizable),
+      fullScreen_(traits.fullScreen) {
     Get().onPlaced = [this] { ScheduleReport(true); };
     Get().onPainted = [this] {
         if (!std::exchange(painted_, true)) {
@@ -44,7 +47,9 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
     QObject::connect(&mapTimer_, &QTimer::timeout, &mapTimer_, [this] { Map(); });
 }
 
-QtWindow::~QtWindow() = default;
+QtWindow::~QtWindow() {
+    if (toldHiding_) pointer_.WindowHides(false);
+}
 
 void QtWindow::SetTitle(const std::string& title) {
     // Qt takes one such mark for its own.
@@ -61,8 +66,8 @@ void QtWindow::HoldTitle() {
 QtWindow::Place QtWindow::PlaceOf(const PixelRect& outer) const {
     const double ratio = DeviceRatio();
     return {QPoint(RoundToLogical(outer.left, ratio), RoundToLogical(outer.top, ratio)),
-            QSize(std::max(CeilToLogical(outer.width - metrics_.FrameWidth(), ratio), 1),
-                  std::max(CeilToLogical(outer.height - metrics_.FrameHeight(), ratio), 1))};
+            QSize(std::max(CeilToLogical(outer.width - FrameWidth(), ratio), 1),
+                  std::max(CeilToLogical(outer.height - FrameHeight(), ratio), 1))};
 }
 
 void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
@@ -70,6 +75,7 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
     const WindowState before = std::exchange(state_, state);
     const std::optional<Place> old = outer_ ? std::optional(PlaceOf(*outer_)) : std::nullopt;
     outer_ = outer;
+    if (fullScreen_) return;
     const Place place = PlaceOf(outer);
     if (state == WindowState::Normal || !window.isVisible()) {
         if (before != WindowState::Normal) window.setWindowState(Qt::WindowNoState);
@@ -100,6 +106,10 @@ void QtWindow::SetLayout(const forms::Layout& layout) {
     if (!resizable_) outer->setSizeConstraint(QLayout::SetFixedSize);
 }
 
+void QtWindow::SetOwner(forms::WindowPeer* owner) {
+    owner_ = owner != nullptr ? NativeOf(*owner).Native() : nullptr;
+}
+
 void QtWindow::Show(bool modal) {
     WindowWidget& window = Get();
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
@@ -128,13 +138,38 @@ void QtWindow::Map() {
     }
     window.WatchNative();
     const bool modal = window.windowModality() != Qt::NonModal;
-    SetOwner(window, modal ? OwnerOfModal(window) : QApplication::activeModalWidget());
+    QWidget* owner = owner_;
+    if (owner == nullptr) owner = modal ? OwnerOfModal(window) : QApplication::activeModalWidget();
+    if (owner != nullptr) owner->winId();
+    qt::SetOwner(window, owner);
+    if (fullScreen_) CoverDisplay();
     window.show();
+    TellPointer();
     if (!waitWindow_) {
         window.raise();
         window.activateWindow();
     }
     if (!x11::Running()) HoldTitle();
+}
+
+void QtWindow::CoverDisplay() {
+    WindowWidget& window = Get();
+    if (QScreen* display = DisplayAt(*outer_)) {
+        window.setScreen(display);
+        window.setGeometry(display->geometry());
+    }
+    window.setWindowState(Qt::WindowFullScreen);
+}
+
+void QtWindow::SetPointer(forms::MousePointer pointer) {
+    QtControl::SetPointer(pointer);
+    hidesPointer_ = pointer == forms::MousePointer::Hidden;
+    TellPointer();
+}
+
+void QtWindow::TellPointer() {
+    const bool hiding = hidesPointer_ && Get().isVisible();
+    if (std::exchange(toldHiding_, hiding) != hiding) pointer_.WindowHides(hiding);
 }
 
 void QtWindow::Hide() {
@@ -145,6 +180,7 @@ void QtWindow::Hide() {
     const bool modal = window.isVisible() && window.windowModality() != Qt::NonModal;
     QWindow* owner = modal ? window.windowHandle()->transientParent() : nullptr;
     window.hide();
+    TellPointer();
     // Where a box over this window has just gone too, the window manager may leave the keyboard with nobody.
     if (owner != nullptr && owner->isVisible()) owner->requestActivate();
 }
@@ -190,8 +226,8 @@ void QtWindow::Report() {
     const QPoint corner = window.windowHandle()->framePosition();
     const QSize client = window.size();
     PixelRect now{ToDevice(corner.x(), ratio), ToDevice(corner.y(), ratio),
-                  ToDevice(client.width(), ratio) + metrics_.FrameWidth(),
-                  ToDevice(client.height(), ratio) + metrics_.FrameHeight()};
+                  ToDevice(client.width(), ratio) + FrameWidth(),
+                  ToDevice(client.height(), ratio) + FrameHeight()};
     if (outer_) {
         // What was asked for and granted comes back to the pixel, whatever the scale.
         const Place known = PlaceOf(*outer_);

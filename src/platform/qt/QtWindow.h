@@ -24,11 +24,13 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     void SetTitle(const std::string& title) override;
     void SetPlacement(const PixelRect& outer, forms::WindowState state) override;
     void SetLayout(const forms::Layout& layout) override;
+    void SetOwner(forms::WindowPeer* owner) override;
     void Show(bool modal) override;
     void Hide() override;
     void SetTopmost(bool topmost) override;
     void SetBackColor(Colour colour) override;
     void SetVisible(bool visible) override;
+    void SetPointer(forms::MousePointer pointer) override;
 
     [[nodiscard]] QWidget* ControlParent() const override { return &Get().Content(); }
     [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
@@ -50,7 +52,11 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     };
 
     [[nodiscard]] Place PlaceOf(const PixelRect& outer) const;
+    [[nodiscard]] int FrameWidth() const { return fullScreen_ ? 0 : metrics_.FrameWidth(); }
+    [[nodiscard]] int FrameHeight() const { return fullScreen_ ? 0 : metrics_.FrameHeight(); }
     void Map();
+    void CoverDisplay();
+    void TellPointer();
     void ScheduleReport(bool answered);
     void Report();
     void AfterPaint();
@@ -62,6 +68,10 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     QTimer mapTimer_;
     bool waitWindow_;
     bool resizable_;
+    bool fullScreen_;
+    QPointer<QWidget> owner_;
+    bool hidesPointer_ = false;
+    bool toldHiding_ = false;
     bool topmost_ = false;
     bool painted_ = false;
     forms::WindowState state_ = forms::WindowState::Normal;  ///< as forms know it

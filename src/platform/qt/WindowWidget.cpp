@@ -16,6 +16,7 @@ namespace tavrix::qt {
 namespace {
 
 Qt::WindowFlags FlagsOf(const forms::WindowTraits& traits) {
+    if (traits.fullScreen) return Qt::Window | Qt::FramelessWindowHint;
     if (traits.resizable) return Qt::Window;
     return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
            Qt::WindowCloseButtonHint;
