@@ -50,6 +50,8 @@ struct GifImage {
     std::optional<unsigned> transparent{};
     unsigned codeSize = 8;
     std::optional<Bytes> data{};  ///< in place of the pixels
+    unsigned disposal = 0;
+    unsigned delay = 10;  ///< hundredths of a second
 
     [[nodiscard]] Bytes Data() const {
         if (data) return *data;
@@ -63,6 +65,11 @@ struct GifImage {
         return codes.Put(clear + 1, codeSize + 1).Blocks();
     }
 };
+
+/// The extension that tells how often the images are repeated; 0: for ever.
+[[nodiscard]] inline Bytes GifRepetitions(unsigned count, std::string_view application = "NETSCAPE2.0") {
+    return Bytes().U8({0x21, 0xFF, 11}).Text(application).U8({3, 1}).U16(count).U8({0});
+}
 
 /// A GIF file to be put together by hand.
 struct GifFile {
@@ -84,8 +91,8 @@ struct GifFile {
         for (const GifImage& image : images) {
             if (&image != images.data()) file.Append(between.Get());
             if (image.control) {
-                file.U8(
-                    {0x21, 0xF9, 4, image.transparent ? 1U : 0U, 10, 0, image.transparent.value_or(0), 0});
+                file.U8({0x21, 0xF9, 4, (image.transparent ? 1U : 0U) | image.disposal << 2U});
+                file.U16(image.delay).U8({image.transparent.value_or(0), 0});
             }
             file.U8({0x2C}).U16(static_cast<unsigned>(image.left)).U16(static_cast<unsigned>(image.top));
             file.U16(static_cast<unsigned>(image.width)).U16(static_cast<unsigned>(image.height));
