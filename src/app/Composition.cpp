@@ -29,6 +29,9 @@ Composition::Composition(HostPlatform& host)
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);
     };
+    host.sound.OnFailure = [this](const std::string& text) {
+        app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
+    };
     app_.OnHelpKey = [this](unsigned context) {
         help_.Show(module_.HelpFile, HelpCommand::Context, context);
     };
