@@ -2,6 +2,7 @@
 
 #include "editing/Commands.h"
 #include "lists/Commands.h"
+#include "shows/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
@@ -35,6 +36,7 @@ Composition::Composition(HostPlatform& host)
     app_.OnHelpKey = [this](unsigned context) {
         help_.Show(module_.HelpFile, HelpCommand::Context, context);
     };
+    InstallShowCommands(module_, lives_);
     lives_.ShowMainView = [this] {
         auto& view = app_.Load<MainViewFrm>(module_, lives_);
         InstallViewerCommands(view);
