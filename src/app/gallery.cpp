@@ -34,6 +34,7 @@
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
 #include "shows/Commands.h"
+#include "shows/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
@@ -71,6 +72,7 @@ class Gallery {
             InstallViewerCommands(view);
             InstallEditingCommands(view);
             InstallListCommands(view);
+            InstallStageCommands(view);
             view.Show();
         };
     }
