@@ -17,6 +17,7 @@
 #include "platform/headless/HeadlessToolkit.h"
 #include "platform/host/DriveMap.h"
 #include "platform/host/HostProfile.h"
+#include "shows/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
@@ -30,6 +31,7 @@ struct Machine {
         platform.store.Set("EXEPath", "C:\\Tavrix\\");
         Surface surface(640, 480);
         platform.pictures.SetPicture("C:\\p\\x.jpg", PictureOf(std::move(surface)));
+        InstallShowCommands(module, lives);
         lives.ShowMainView = [this] {
             auto& view = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(view);

@@ -2,6 +2,7 @@
 
 #include "editing/Commands.h"
 #include "lists/Commands.h"
+#include "shows/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
@@ -24,14 +25,18 @@ Composition::Composition(HostPlatform& host)
           [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
       services_{host.files, host.drives,   host.profile, host.registry, host.store,
                 host.shell, host.pictures, clipboard_,   host.sound,    help_,
-                system_,    host.process,  host.viewLib} {
+                system_,    host.process,  host.viewLib, wakefulness_} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);
     };
+    host.sound.OnFailure = [this](const std::string& text) {
+        app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
+    };
     app_.OnHelpKey = [this](unsigned context) {
         help_.Show(module_.HelpFile, HelpCommand::Context, context);
     };
+    InstallShowCommands(module_, lives_);
     lives_.ShowMainView = [this] {
         auto& view = app_.Load<MainViewFrm>(module_, lives_);
         InstallViewerCommands(view);

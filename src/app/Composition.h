@@ -9,6 +9,7 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtSystem.h"
 #include "platform/qt/QtToolkit.h"
+#include "platform/qt/QtWakefulness.h"
 
 namespace tavrix {
 
@@ -29,6 +30,7 @@ class Composition {
     forms::Application app_{toolkit_};
     qt::QtClipboard clipboard_;
     qt::QtSystem system_;
+    qt::QtWakefulness wakefulness_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;

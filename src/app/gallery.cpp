@@ -33,6 +33,7 @@
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
+#include "shows/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
@@ -64,6 +65,7 @@ class Gallery {
         platform_.store.Set("EXEPath", "C:\\Tavrix\\");
         platform_.pictures.SetPicture("C:\\Pictures\\small.bmp", TestCard(640, 480));
         platform_.pictures.SetPicture("C:\\Pictures\\large.bmp", TestCard(4000, 3000));
+        InstallShowCommands(module_, lives_);
         lives_.ShowMainView = [this] {
             auto& view = app_.Load<MainViewFrm>(module_, lives_);
             InstallViewerCommands(view);

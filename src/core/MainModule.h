@@ -6,6 +6,8 @@
 #include <string>
 
 #include "core/AppConfig.h"
+#include "core/Random.h"
+#include "core/SlideShow.h"
 #include "platform/forms/Application.h"
 #include "platform/services/Services.h"
 
@@ -20,13 +22,17 @@ struct MainModule {
     const Services& platform;
 
     AppConfig config;
+    SlideShow show;
+    Random random;
     std::string AppPath;       ///< the program's folder, with a backslash at the end
     std::string CommandText;   ///< the command line as the start leaves it
     std::string CurrentImage;  ///< the path of the image on show; empty for none
     bool ScreenSaverMode = false;
     bool StartedAsShow = false;
     bool SlideShowActive = false;
-    bool CancelCopy = false;  ///< set by the copy window, polled by the copying loops
+    std::string StageImage;           ///< what the stage shows while SlideShowActive is off
+    bool StageImageAnimated = false;  ///< it is an animated GIF that is to be played
+    bool CancelCopy = false;          ///< set by the copy window, polled by the copying loops
 
     // What the checks at start found out.
     bool ShowDisplayDialog = false;

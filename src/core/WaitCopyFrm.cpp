@@ -5,6 +5,7 @@ namespace tavrix {
 WaitCopyFrm::WaitCopyFrm(forms::Application& application, MainModule& module)
     : Form(application, {.name = "WaitCopyFrm"}), module_(module) {
     Caption = "Copying files...";
+    lblMsg.Literal = true;
     lblMsg.Caption = "Copying files, please wait...";
     CmdCancel.Caption = "&Cancel";
     CmdCancel.ToolTip = "Click here to cancel file copy.";

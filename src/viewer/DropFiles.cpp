@@ -20,7 +20,7 @@ void Tell(const MainViewFrm& view, const std::string& text) {
 void PlayDroppedShow(MainViewFrm& view, const std::string& path) {
     MainModule& module = view.Module();
     const Lives& lives = view.TheLives();
-    if (!lives.LoadShowFile) {
+    if (!lives.LoadShowFile || !lives.ShowStage) {
         TellNotYet(module.app, "slide shows");
     } else if (!lives.LoadShowFile(path)) {
         Tell(view, "This slide show file does not contain any images, nothing to show...");

@@ -135,10 +135,13 @@ class GetDiskFreeBytesTest : public ProgramFixture {
         return GetDiskFreeBytes(other, "C:\\");
     }
     SpaceDrives drives;
-    Services services{platform.files,  drives,         platform.profile,  platform.registry,
-                      platform.store,  platform.shell, platform.pictures, platform.clipboard,
-                      platform.sound,  platform.help,  platform.system,   platform.process,
-                      platform.viewLib};
+    Services services{platform.files,    drives,
+                      platform.profile,  platform.registry,
+                      platform.store,    platform.shell,
+                      platform.pictures, platform.clipboard,
+                      platform.sound,    platform.help,
+                      platform.system,   platform.process,
+                      platform.viewLib,  platform.wakefulness};
     MainModule other{app, services};
 };
 

@@ -191,5 +191,34 @@ TEST(HeadlessServices, RecordsWhatIsAskedFor) {
     EXPECT_EQ(services.store.Get("EXEPath", ""), "");
 }
 
+TEST(HeadlessServices, SoundIsNotedAndAnsweredAsTold) {
+    HeadlessServices platform;
+    Sound& sound = platform.services.sound;
+    platform.sound.results["play MIDIFile"] = 0;
+    sound.PlayWave("C:\\a.wav", WaveFlags::Repeated);
+    EXPECT_EQ(sound.Mci("play MIDIFile"), 0);
+    EXPECT_EQ(sound.Mci("stop MIDIFile"), 1);
+    platform.faults.FailNth(Service::Sound, 2, ErrorNumber::DeviceUnavailable);
+    sound.PlayWave("", WaveFlags::Once);
+    EXPECT_THROW((void)sound.Mci("close MIDIFile"), RuntimeError);
+    EXPECT_EQ(platform.sound.calls,
+              (std::vector<std::string>{"PlayWave (C:\\a.wav, 11)", "Mci play MIDIFile", "Mci stop MIDIFile",
+                                        "PlayWave (, 3)", "Mci close MIDIFile"}));
+    EXPECT_EQ(platform.faults.Log().back(), "Sound.Mci close MIDIFile");
+}
+
+TEST(HeadlessServices, WishesForALitScreenAreNoted) {
+    HeadlessServices platform;
+    Wakefulness& wakefulness = platform.services.wakefulness;
+    wakefulness.Inhibit(true);
+    EXPECT_TRUE(platform.wakefulness.inhibited);
+    platform.faults.FailNth(Service::Wakefulness, 1, ErrorNumber::DeviceUnavailable);
+    wakefulness.Inhibit(false);
+    EXPECT_TRUE(platform.wakefulness.inhibited);
+    wakefulness.Inhibit(false);
+    EXPECT_FALSE(platform.wakefulness.inhibited);
+    EXPECT_EQ(platform.wakefulness.calls, (std::vector<bool>{true, false, false}));
+}
+
 }  // namespace
 }  // namespace tavrix::headless

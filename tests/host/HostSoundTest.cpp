@@ -3,16 +3,20 @@
 #include <gtest/gtest.h>
 
 #include "TestFolder.h"
+#include "platform/host/DriveMap.h"
+#include "platform/host/HostFiles.h"
 
 namespace tavrix {
 namespace {
 
 class HostSoundTest : public testing::Test {
   protected:
-    [[nodiscard]] HostSound Sound() const {
-        return HostSound({folder.At("snd"), folder.At("run"), folder.At("sf2")});
+    [[nodiscard]] HostSound Sound(const std::string& driver = {}) {
+        return HostSound(files, {folder.At("snd"), folder.At("run"), folder.At("sf2"), driver});
     }
     TestFolder folder;
+    DriveMap drives{DriveMap::Sources{}};
+    HostFiles files{drives, {}};
 };
 
 TEST_F(HostSoundTest, NothingThereIsNone) {
@@ -35,6 +39,13 @@ TEST_F(HostSoundTest, CountsPlaybackDevicesOnly) {
 TEST_F(HostSoundTest, ASoundServerIsADevice) {
     folder.Put("run/pulse/native", "");
     EXPECT_EQ(Sound().WaveDevices(), 1);
+}
+
+TEST_F(HostSoundTest, ADriverThatTheUserNamesIsADevice) {
+    EXPECT_EQ(Sound("disk").WaveDevices(), 1);
+    folder.Put("snd/pcmC0D0p", "");
+    folder.Put("snd/pcmC0D1p", "");
+    EXPECT_EQ(Sound("disk").WaveDevices(), 2);
 }
 
 TEST_F(HostSoundTest, ASynthesizerNeedsAFontAndADevice) {

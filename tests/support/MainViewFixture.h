@@ -2,6 +2,7 @@
 
 #include "editing/Commands.h"
 #include "lists/Commands.h"
+#include "shows/Commands.h"
 #include "support/ProgramFixture.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -12,6 +13,7 @@ namespace tavrix::test {
 class MainViewFixture : public ProgramFixture {
   protected:
     MainViewFixture() {
+        InstallShowCommands(module, lives);
         lives.ShowMainView = [this] {
             auto& window = app.Load<MainViewFrm>(module, lives);
             InstallViewerCommands(window);

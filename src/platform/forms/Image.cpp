@@ -24,6 +24,7 @@ Image::Image(Container& container, std::string name)
 ControlPeer& Image::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
     canvasPeer_->SetBounds(PixelBounds());
+    canvasPeer_->SetSeeThrough(Picture.Get().Empty());
     return *canvasPeer_;
 }
 
@@ -60,6 +61,7 @@ void Image::AssignPicture(const tavrix::Picture& value) {
     if (!Picture.Store(value)) return;
     fitted_.Reset();
     arrival_.Enabled = !value.Empty() && !value.pixels->Ended();
+    if (canvasPeer_) canvasPeer_->SetSeeThrough(value.Empty());
     InvalidateAll();
     if (!Stretch) TakePictureSize();
 }

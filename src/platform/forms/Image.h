@@ -13,7 +13,8 @@
 namespace tavrix::forms {
 
 /// A picture without a bitmap of its own: at its natural size, or stretched to the control's. A picture that is shown
-/// smaller than it is appears row by row while it arrives, and nothing waits for it.
+/// smaller than it is appears row by row while it arrives, and nothing waits for it. Without a picture it lets
+/// what lies below it show through, and still gets the mouse.
 class Image final : public Control, public MouseHandlers, private CanvasContent {
   public:
     Image(Container& container, std::string name);

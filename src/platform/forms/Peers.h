@@ -131,6 +131,8 @@ class CanvasPeer : public ControlPeer {
     virtual void Invalidate(const PixelRect& part) = 0;
     /// Paints at once what is invalid.
     virtual void PaintNow() = 0;
+    /// Paints nothing, so that what lies below the canvas shows; the mouse still belongs to the canvas.
+    virtual void SetSeeThrough(bool seeThrough) = 0;
 };
 
 /// How a menu entry stands.

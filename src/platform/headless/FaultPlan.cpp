@@ -6,9 +6,9 @@
 namespace tavrix::headless {
 namespace {
 
-constexpr std::array<const char*, 13> ServiceNames{"Files",  "Drives",   "Profile",   "Registry", "UserStore",
-                                                   "Shell",  "Pictures", "Clipboard", "Sound",    "Help",
-                                                   "System", "Process",  "NViewLib"};
+constexpr std::array<const char*, 14> ServiceNames{
+    "Files",     "Drives", "Profile", "Registry", "UserStore", "Shell",    "Pictures",
+    "Clipboard", "Sound",  "Help",    "System",   "Process",   "NViewLib", "Wakefulness"};
 
 }  // namespace
 

@@ -25,6 +25,7 @@ enum class Service {
     System,
     Process,
     NViewLib,
+    Wakefulness,
 };
 
 /// Faults on demand. Each call of a service counts, and so does each call of an open file's reader or writer; the one

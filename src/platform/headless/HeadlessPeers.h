@@ -131,12 +131,14 @@ class HeadlessCanvasPeer final : public HeadlessControlPeer<forms::CanvasPeer> {
         invalid.clear();
         ++paintings;
     }
+    void SetSeeThrough(bool value) override { seeThrough = value; }
     /// The pixel that a screen would show at a place of the canvas.
     [[nodiscard]] Pixel ShownPixel(int x, int y) const;
 
     const forms::CanvasContent& content;
     std::vector<PixelRect> invalid;
     int paintings = 0;
+    bool seeThrough = false;
 };
 
 class HeadlessMenuItemPeer final : public forms::MenuItemPeer {

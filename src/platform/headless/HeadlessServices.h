@@ -15,6 +15,7 @@
 #include "platform/headless/MemoryViewLib.h"
 #include "platform/headless/RecordingHelp.h"
 #include "platform/headless/RecordingShell.h"
+#include "platform/headless/RecordingWakefulness.h"
 #include "platform/services/Services.h"
 
 namespace tavrix::headless {
@@ -41,9 +42,10 @@ struct HeadlessServices {
     FakeSystem system{faults};
     FakeProcess process{faults};
     MemoryViewLib viewLib{disks, faults};
+    RecordingWakefulness wakefulness{faults};
 
-    tavrix::Services services{files,     drives, profile, registry, store,   shell,  pictures,
-                              clipboard, sound,  help,    system,   process, viewLib};
+    tavrix::Services services{files,     drives, profile, registry, store,   shell,   pictures,
+                              clipboard, sound,  help,    system,   process, viewLib, wakefulness};
 };
 
 }  // namespace tavrix::headless

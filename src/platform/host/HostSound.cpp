@@ -1,12 +1,24 @@
 #include "platform/host/HostSound.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
+#include <span>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Text.h"
+#include "platform/host/HostFiles.h"
 #include "platform/host/HostPaths.h"
+#include "platform/host/MidiPlayer.h"
+#include "platform/host/WavePlayer.h"
 
 namespace tavrix {
 namespace {
+
+constexpr const char* NoMidi = "The file holds no MIDI sound";
 
 template <class Wanted>
 int CountNames(const std::string& folder, Wanted&& wanted) {
@@ -24,27 +36,143 @@ bool Exists(const std::string& path) {
     return std::filesystem::exists(path, error);
 }
 
+bool IsSoundFont(const std::string& name) {
+    return name.ends_with(".sf2") || name.ends_with(".sf3");
+}
+
+std::vector<std::string> UpperWords(std::string_view text) {
+    std::vector<std::string> words;
+    const std::string upper = UpperCase(text);
+    for (std::size_t at = 0; at < upper.size();) {
+        const std::size_t end = std::min(upper.find(' ', at), upper.size());
+        if (end > at) words.push_back(upper.substr(at, end - at));
+        at = end + 1;
+    }
+    return words;
+}
+
+/// The file of `open "FILE" ...`; empty when it names none.
+std::string QuotedFile(const std::string& command) {
+    const std::size_t first = command.find('"');
+    const std::size_t last = command.rfind('"');
+    return first == last ? std::string() : command.substr(first + 1, last - first - 1);
+}
+
+/// Whether a file begins as MIDI files do, in a RIFF wrapper or without; throws as opening it does.
+bool IsMidi(HostFiles& files, const std::string& path) {
+    std::array<char, 12> start{};
+    const std::size_t count = files.Open(path)->Read(std::as_writable_bytes(std::span(start)));
+    const std::string_view text(start.data(), count);
+    return text.starts_with("MThd") || (text.starts_with("RIFF") && text.ends_with("RMID"));
+}
+
+/// A text for the box of an `open` that failed.
+std::string CannotOpen(const std::string& what, const std::string& why) {
+    return "Unable to play:" + std::string(NewLine2) + what + std::string(NewLine2) + why + "...";
+}
+
 }  // namespace
 
-HostSound::HostSound() {
+HostSound::HostSound(HostFiles& files) : HostSound(files, Places{}) {
     places_.runtime = EnvironmentValue("XDG_RUNTIME_DIR");
+    places_.driver = EnvironmentValue("SDL_AUDIODRIVER");
 }
+
+HostSound::HostSound(HostFiles& files, Places places) : files_(files), places_(std::move(places)) {}
+
+HostSound::~HostSound() = default;
 
 int HostSound::WaveDevices() {
     const int devices = CountNames(places_.devices, [](const std::string& name) {
         return name.starts_with("pcmC") && name.ends_with('p');
     });
-    if (devices > 0 || places_.runtime.empty()) return devices;
+    if (devices > 0) return devices;
+    if (!places_.driver.empty()) return 1;
+    if (places_.runtime.empty()) return 0;
     return Exists(places_.runtime + "/pulse/native") || Exists(places_.runtime + "/pipewire-0") ? 1 : 0;
 }
 
 int HostSound::MidiDevices() {
     const int ports =
         CountNames(places_.devices, [](const std::string& name) { return name.starts_with("midiC"); });
-    const int fonts = CountNames(places_.soundFonts, [](const std::string& name) {
-        return name.ends_with(".sf2") || name.ends_with(".sf3");
-    });
+    const int fonts = CountNames(places_.soundFonts, IsSoundFont);
     return ports + (fonts > 0 && WaveDevices() > 0 ? 1 : 0);
+}
+
+void HostSound::PlayWave(const std::string& path, unsigned flags) {
+    if (wave_) wave_->Stop();
+    if (path.empty() || WaveDevices() == 0) return;
+    SkipFailure([&] {
+        const std::string hostPath = files_.HostPathOf(path);
+        if (!wave_) wave_ = std::make_unique<WavePlayer>();
+        wave_->Play(hostPath, (flags & WaveFlags::Loop) != 0);
+    });
+}
+
+int HostSound::Mci(const std::string& command) {
+    const std::vector<std::string> words = UpperWords(command);
+    if (words.size() < 2) return 0;
+    if (words[0] == "OPEN") {
+        if (!Open(command)) return 0;
+        midiAlias_ = words.back();
+        return 1;
+    }
+    if (midiAlias_.empty() || words[1] != midiAlias_) return 0;
+    if (words[0] == "PLAY") return midi_->Play() ? 1 : 0;
+    if (words[0] == "STOP") {
+        midi_->Stop();
+        return 1;
+    }
+    if (words[0] == "CLOSE") {
+        midi_->Close();
+        midiAlias_.clear();
+        return 1;
+    }
+    return 0;
+}
+
+bool HostSound::Open(const std::string& command) {
+    const std::string upper = UpperCase(command);
+    const std::string file = QuotedFile(command);
+    if (!file.empty() && upper.find("\" TYPE SEQUENCER ALIAS ") != std::string::npos) return OpenMidi(file);
+    const bool cd = upper.starts_with("OPEN CDAUDIO ");
+    OnFailure(cd ? CannotOpen("CD audio", "This version plays no audio CDs")
+                 : CannotOpen(command, "The command is not known"));
+    return false;
+}
+
+bool HostSound::OpenMidi(const std::string& path) {
+    if (midi_) midi_->Close();
+    midiAlias_.clear();
+    try {
+        const std::string hostPath = files_.HostPathOf(path);
+        if (!IsMidi(files_, path)) {
+            OnFailure(CannotOpen(path, NoMidi));
+            return false;
+        }
+        const std::string soundFont = SoundFont();
+        if (soundFont.empty() || WaveDevices() == 0) return false;
+        if (!midi_) midi_ = std::make_unique<MidiPlayer>();
+        const MidiPlayer::Outcome outcome = midi_->Open(hostPath, soundFont);
+        if (outcome == MidiPlayer::Outcome::BadFile) OnFailure(CannotOpen(path, NoMidi));
+        return outcome == MidiPlayer::Outcome::Done;
+    } catch (const RuntimeError& error) {
+        OnFailure(CannotOpen(path, error.Description()));
+        return false;
+    }
+}
+
+std::string HostSound::SoundFont() const {
+    std::string chosen;
+    CountNames(places_.soundFonts, [&](const std::string& name) {
+        if (!IsSoundFont(name)) return false;
+        const auto rank = [](const std::string& font) {
+            return std::pair(!font.starts_with("default-GM."), font);
+        };
+        if (chosen.empty() || rank(name) < rank(chosen)) chosen = name;
+        return true;
+    });
+    return chosen.empty() ? std::string() : places_.soundFonts + "/" + chosen;
 }
 
 }  // namespace tavrix

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -7,25 +9,50 @@
 
 namespace tavrix {
 
-/// Counts sound devices by looking at the names in the system's folders; no device is opened.
+class HostFiles;
+class MidiPlayer;
+class WavePlayer;
+
+/// Wave files by SDL, MIDI files by its mixer's synthesizer. Neither library is loaded before there is something to
+/// play, since both cost more time than the rest of a start. There is no CD audio.
+///
+/// Devices are counted by looking at the names in the system's folders; no device is opened for that.
 class HostSound final : public Sound {
   public:
     struct Places {
         std::string devices = "/dev/snd";  ///< of the kernel's sound devices
         std::string runtime;               ///< XDG_RUNTIME_DIR, with the sound server's socket
         std::string soundFonts = "/usr/share/sounds/sf2";  ///< what a software synthesizer needs
+        std::string driver;  ///< SDL_AUDIODRIVER: a driver that the user names counts as a device
     };
 
-    HostSound();
-    explicit HostSound(Places places) : places_(std::move(places)) {}
+    explicit HostSound(HostFiles& files);
+    HostSound(HostFiles& files, Places places);
+    HostSound(const HostSound&) = delete;
+    HostSound& operator=(const HostSound&) = delete;
+    ~HostSound() override;
 
     /// The kernel's playback devices, or one where only a sound server is reachable.
     int WaveDevices() override;
     /// The kernel's MIDI ports, and one more where a software synthesizer has a sound font and something to play on.
     int MidiDevices() override;
+    void PlayWave(const std::string& path, unsigned flags) override;
+    int Mci(const std::string& command) override;
+
+    /// Tells the user of an `open` that failed.
+    std::function<void(const std::string& text)> OnFailure = [](const std::string&) {};
 
   private:
+    bool Open(const std::string& command);
+    bool OpenMidi(const std::string& path);
+    /// The host path of the instruments; the system's choice before all others, empty when there are none.
+    [[nodiscard]] std::string SoundFont() const;
+
+    HostFiles& files_;
     Places places_;
+    std::unique_ptr<WavePlayer> wave_;  ///< from the first sound on
+    std::unique_ptr<MidiPlayer> midi_;
+    std::string midiAlias_;  ///< in upper case; empty when no file is open
 };
 
 }  // namespace tavrix

@@ -64,13 +64,20 @@ void CanvasWidget::PaintNow() {
     if (!invalid_.isEmpty() && isVisible()) repaint(invalid_);
 }
 
+void CanvasWidget::SetSeeThrough(bool seeThrough) {
+    if (seeThrough_ == seeThrough) return;
+    seeThrough_ = seeThrough;
+    setAttribute(Qt::WA_OpaquePaintEvent, !seeThrough);
+    update();
+}
+
 QColor CanvasWidget::ColourOf(Colour colour) const {
     return ToQColor(colour, palette());
 }
 
 void CanvasWidget::paintEvent(QPaintEvent* event) {
     invalid_ -= event->region();
-    if (content_ == nullptr) return;
+    if (content_ == nullptr || seeThrough_) return;
     const double ratio = devicePixelRatioF();
     QPainter painter(this);
     // From here on in device pixels of the canvas.

@@ -25,6 +25,7 @@ class CanvasWidget final : public QWidget {
     /// Marks a part, in device pixels of the canvas, as changed.
     void Invalidate(const PixelRect& part);
     void PaintNow();
+    void SetSeeThrough(bool seeThrough);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -44,6 +45,7 @@ class CanvasWidget final : public QWidget {
     MouseRelay mouse_{port_};
     QSize deviceSize_;
     QRegion invalid_;
+    bool seeThrough_ = false;
 };
 
 }  // namespace tavrix::qt

@@ -13,6 +13,7 @@
 #include "platform/services/Sound.h"
 #include "platform/services/System.h"
 #include "platform/services/UserStore.h"
+#include "platform/services/Wakefulness.h"
 
 namespace tavrix {
 
@@ -31,6 +32,7 @@ struct Services {
     System& system;
     Process& process;
     NViewLib& viewLib;
+    Wakefulness& wakefulness;
 };
 
 }  // namespace tavrix

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "core/MainModule.h"
+#include "platform/forms/GifPlayer.h"
+#include "platform/forms/Image.h"
+
+namespace tavrix {
+
+/// Puts image files on a stage: still ones into its image, and those that play into its player, which the image then
+/// covers as an invisible sheet.
+class SlideLoader {
+  public:
+    SlideLoader(MainModule& module, forms::Image& image, forms::GifPlayer& player)
+        : module_(module), image_(image), player_(player) {}
+
+    /// The file of a slide by its stored path or, where that leads to none, by its name in the current folder. Runs
+    /// pending messages. Throws RuntimeError when there is no such file or it cannot be shown.
+    void LoadSlide(const std::string& storedPath);
+
+    void LoadStill(const std::string& path);
+    /// Throws RuntimeError, as the other one does.
+    void LoadAnimated(const std::string& path);
+
+  private:
+    void LoadFile(const std::string& path);
+    /// The path from its drive on.
+    [[nodiscard]] std::string FullPath(const std::string& path) const;
+
+    MainModule& module_;
+    forms::Image& image_;
+    forms::GifPlayer& player_;
+};
+
+}  // namespace tavrix

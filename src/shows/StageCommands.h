@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/Main.h"
+
+namespace tavrix {
+
+class MainViewFrm;
+
+/// Gives the lives of the process the stage. Both must outlive its use.
+void InstallStage(MainModule& module, Lives& lives);
+
+/// Gives the main view's menu what shows its image on the stage.
+void InstallStageCommands(MainViewFrm& view);
+
+/// Shows StageImage on the stage, above the main view, until the user closes it.
+void ViewFullScreen(MainViewFrm& view);
+
+void mnuFullScreen_Click(MainViewFrm& view);
+
+}  // namespace tavrix
