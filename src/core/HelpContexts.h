@@ -18,5 +18,6 @@ inline constexpr unsigned Export = 190;
 inline constexpr unsigned Import = 200;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
 inline constexpr unsigned DisplayColours = 1320;
+inline constexpr unsigned AnimatedGif = 1330;  ///< a GIF that is not animated
 
 }  // namespace tavrix::HelpContext

@@ -1,6 +1,7 @@
 #include "shows/StageCommands.h"
 
 #include "shows/FullViewFrm.h"
+#include "viewer/AnimatedGif.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -14,6 +15,13 @@ void InstallStage(MainModule& module, Lives& lives) {
 
 void InstallStageCommands(MainViewFrm& view) {
     view.menu.mnuFullScreen.Install([&view] { mnuFullScreen_Click(view); });
+    view.menu.mnuAnimatedGIF.Install([&view] {
+        mnuAnimatedGIF_Click(view, [&view](const std::string&) {
+            view.Module().StageImageAnimated = true;
+            ViewFullScreen(view);
+            view.Module().StageImageAnimated = false;
+        });
+    });
 }
 
 void ViewFullScreen(MainViewFrm& view) {

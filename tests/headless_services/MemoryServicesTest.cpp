@@ -103,6 +103,52 @@ TEST(MemoryPictures, LoadsOtherFilesThroughTheDecoders) {
     EXPECT_EQ(load("A:\\a.bmp"), 71);
 }
 
+TEST(MemoryPictures, OpensAnimationsFromTheirBytes) {
+    HeadlessServices platform;
+    // Two frames of one pixel, red and green: header, a table of two colours, each image with its control.
+    std::string gif("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\xFF\0", 19);
+    gif += std::string("\x21\xF9\4\0\x05\0\0\0\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0", 23);
+    gif += std::string("\x21\xF9\4\0\x0A\0\0\0\x2C\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0\x3B", 24);
+    platform.disks.PutFile("C:\\a.gif", gif);
+    const auto animation = platform.pictures.OpenAnimation("C:\\A.GIF");
+    platform.disks.Remove("C:\\a.gif");
+    EXPECT_EQ(animation->Canvas().Row(0)[0], 0xFFFF0000U);
+    EXPECT_EQ(animation->Stay(), std::chrono::milliseconds(50));
+    EXPECT_TRUE(animation->Next());
+    EXPECT_EQ(animation->Canvas().Row(0)[0], 0xFF00FF00U);
+    EXPECT_FALSE(animation->Next());
+}
+
+TEST(MemoryPictures, AnAnimationThatDoesNotOpen) {
+    HeadlessServices platform;
+    const auto open = [&](const std::string& path) {
+        return ErrorOfCall([&] { static_cast<void>(platform.pictures.OpenAnimation(path)); });
+    };
+    platform.disks.PutFile("C:\\text.gif", "no picture");
+    EXPECT_EQ(open("C:\\text.gif"), 481);
+    EXPECT_EQ(open("C:\\none.gif"), 53);
+    EXPECT_EQ(open("C:\\none\\a.gif"), 76);
+    EXPECT_EQ(open("C:\\Temp"), 75);
+    EXPECT_EQ(open("A:\\a.gif"), 71);
+
+    platform.pictures.SetPicture("C:\\a.gif", PictureOf(Surface(3, 2)));
+    EXPECT_EQ(open("C:\\a.gif"), 0);
+    const int calls = platform.faults.Calls(Service::Pictures);
+    platform.faults.FailNth(Service::Pictures, 1, ErrorNumber::DiskNotReady);
+    EXPECT_EQ(open("C:\\a.gif"), 71);
+    EXPECT_EQ(platform.faults.Calls(Service::Pictures), calls + 1);
+    platform.pictures.SetFailure("C:\\a.gif", RuntimeError(ErrorNumber::OutOfMemory));
+    EXPECT_EQ(open("C:\\a.gif"), 7);
+}
+
+TEST(MemoryPictures, APictureOfATestIsAnAnimationOfOneFrame) {
+    HeadlessServices platform;
+    platform.pictures.SetPicture("C:\\a.gif", PictureOf(Surface(3, 2)));
+    const auto animation = platform.pictures.OpenAnimation("C:\\a.gif");
+    EXPECT_EQ(animation->Canvas().Width(), 3);
+    EXPECT_FALSE(animation->Next());
+}
+
 TEST(MemoryRegistry, KeepsValuesOfAnyType) {
     HeadlessServices platform;
     EXPECT_FALSE(platform.registry.Read("Control Panel\\desktop", "Wallpaper"));
