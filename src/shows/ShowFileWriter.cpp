@@ -1,6 +1,5 @@
 #include "shows/ShowFileWriter.h"
 
-#include <algorithm>
 #include <span>
 #include <utility>
 
@@ -10,8 +9,7 @@
 namespace tavrix {
 
 void ShowFileEncoding::Add(std::string_view item) {
-    const bool ascii =
-        std::ranges::all_of(item, [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
+    const bool ascii = CharacterCount(item) == item.size();
     if (!ascii && EncodeTextFile(item) == item) windows1252_ = false;
 }
 

@@ -332,6 +332,15 @@ TEST_F(WriteSlideFileTest, SlidesThatCannotBeWrittenAreToldOf) {
     ExpectCountsAsSaved();
 }
 
+TEST_F(WriteSlideFileTest, AFailureBehindACopyIsNoneOfTheCopy) {
+    module.config.SaveSlides = true;
+    UseSlides({"C:\\p\\b.bmp"});
+    platform.faults.FailAlways(Service::Files, "Close", ErrorNumber::DiskFull);
+    ExpectStop("An error occurred while saving slide show data.\r\n\r\nDisk full...");
+    Save();
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\b.bmp"), "picture b");
+}
+
 TEST_F(WriteSlideFileTest, ACountBeyondTheSlotsFailsAfterAllSlides) {
     UseSlides({});
     for (int i = 0; i <= 30'000; ++i)

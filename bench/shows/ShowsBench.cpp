@@ -1,0 +1,167 @@
+// The longest show there can be, read into the shared record and written from it, against the least that it takes: the
+// bytes of its file read from, or written to, the same disk. Both sides run in turns in one iteration; the counters are
+// the medians in milliseconds and their ratio.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/headless/HeadlessServices.h"
+#include "platform/headless/HeadlessToolkit.h"
+#include "platform/host/DriveMap.h"
+#include "platform/host/HostFiles.h"
+#include "shows/LoadShowFile.h"
+#include "shows/WriteSlideFile.h"
+
+namespace tavrix::bench {
+namespace {
+
+/// A folder with the show; removed at the end.
+class ShowOnDisk {
+  public:
+    explicit ShowOnDisk(const std::string& description)
+        : folder_(std::filesystem::temp_directory_path() / ("bench_shows." + std::to_string(getpid()))) {
+        std::filesystem::create_directories(folder_);
+        std::ofstream out(folder_ / "s.tvs", std::ios::binary);
+        out << "\"Tavrix Slide Show\"\r\n\"Version "
+               "1.5\"\r\n0\r\n\"\"\r\n0\r\n0\r\n5\r\n0\r\n0\r\n0\r\n-1\r\n-1\r\n";
+        for (int i = 0; i < SlideTexts::Slots; ++i)
+            out << "\"C:\\Pictures\\Holidays\\IMG_" << 100'000 + i << ".JPG\"\r\n\"" << description << i
+                << "\"\r\n";
+    }
+    ~ShowOnDisk() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    ShowOnDisk(const ShowOnDisk&) = delete;
+    ShowOnDisk& operator=(const ShowOnDisk&) = delete;
+
+    [[nodiscard]] std::filesystem::path Folder() const { return folder_; }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+/// The logic on a real disk, without windows.
+class Machine {
+  public:
+    explicit Machine(const std::filesystem::path& folder) {
+        DriveMap::Sources sources;
+        sources.drives = "C=" + folder.string();
+        drives_ = std::make_unique<DriveMap>(sources);
+        files_ = std::make_unique<HostFiles>(*drives_, HostPaths());
+        services_ = std::make_unique<Services>(Services{
+            *files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell, rest_.pictures,
+            rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process, rest_.viewLib});
+        module_ = std::make_unique<MainModule>(app_, *services_);
+        module_->AppPath = "C:\\";
+    }
+    [[nodiscard]] MainModule& Module() { return *module_; }
+
+  private:
+    headless::HeadlessServices rest_;
+    headless::HeadlessToolkit toolkit_;
+    forms::Application app_{toolkit_};
+    std::unique_ptr<DriveMap> drives_;
+    std::unique_ptr<HostFiles> files_;
+    std::unique_ptr<Services> services_;
+    std::unique_ptr<MainModule> module_;
+};
+
+double Milliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double Median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void Against(benchmark::State& state, const std::function<void()>& bytes, const std::function<void()>& work) {
+    std::vector<double> plain, ours;
+    for (auto _ : state) {
+        plain.push_back(Milliseconds(bytes));
+        ours.push_back(Milliseconds(work));
+        state.SetIterationTime(ours.back() / 1000);
+    }
+    state.counters["bytes_ms"] = Median(plain);
+    state.counters["ours_ms"] = Median(ours);
+    state.counters["ratio"] = Median(ours) / Median(plain);
+}
+
+std::string BytesOf(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void ReadBytes(const std::filesystem::path& file) {
+    std::string bytes(std::filesystem::file_size(file), '\0');
+    std::ifstream(file, std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    benchmark::DoNotOptimize(bytes);
+}
+
+void Load(benchmark::State& state, const std::string& description) {
+    const ShowOnDisk show(description);
+    Machine machine(show.Folder());
+    Against(
+        state, [&] { ReadBytes(show.Folder() / "s.tvs"); },
+        [&] {
+            LoadShowFile(machine.Module(), "C:\\s.tvs");
+            if (machine.Module().show.SlideFiles.FirstEmpty() != SlideTexts::Slots) {
+                throw std::runtime_error("not loaded");
+            }
+        });
+}
+void LoadPlain(benchmark::State& state) {
+    Load(state, "On the beach, picture ");
+}
+void LoadUtf8(benchmark::State& state) {
+    Load(state,
+         "\xC3\x9C"
+         "ber den D\xC3\xA4"
+         "chern \xE6\x97\xA5 ");
+}
+void LoadWindows1252(benchmark::State& state) {
+    Load(state,
+         "\xDC"
+         "ber den D\xE4"
+         "chern ");
+}
+
+void Save(benchmark::State& state) {
+    const ShowOnDisk show("On the beach, picture ");
+    const std::string bytes = BytesOf(show.Folder() / "s.tvs");
+    Machine machine(show.Folder());
+    MainModule& module = machine.Module();
+    LoadShowFile(module, "C:\\s.tvs");
+    module.show.SaveFromArrays = true;
+    module.show.SlideCount = SlideTexts::Slots;
+    Against(
+        state,
+        [&] {
+            std::ofstream(show.Folder() / "bytes", std::ios::binary)
+                .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        },
+        [&] { WriteSlideFile(module, "C:\\", "saved.tvs", nullptr); });
+}
+
+BENCHMARK(LoadPlain)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(LoadUtf8)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(LoadWindows1252)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(Save)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+
+}  // namespace
+}  // namespace tavrix::bench
