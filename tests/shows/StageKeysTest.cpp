@@ -7,7 +7,7 @@ namespace {
 
 namespace KeyCode = forms::KeyCode;
 using forms::MouseAction;
-using forms::MouseButton;
+namespace MouseButton = forms::MouseButton;
 using test::StageTest;
 
 constexpr int Count = 12;

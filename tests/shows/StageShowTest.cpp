@@ -278,8 +278,8 @@ TEST_F(StageShowTest, KeysAndClicksDuringAChangeAreLost) {
         toolkit.AtYield(yield, [this] {
             Press(KeyCode::Escape);
             Press(KeyCode::Left);
-            Stage().Image1.Deliver(
-                forms::MouseEvent{forms::MouseAction::Up, forms::MouseButton::Left, 0, 1, 1});
+            for (const int button : {1, 2})
+                Stage().Image1.Deliver(forms::MouseEvent{forms::MouseAction::Up, button, 0, 1, 1});
         });
     }
     Press(KeyCode::Right);
@@ -440,6 +440,24 @@ TEST_F(StageShowTest, ASaverLoopsStepsAndHasNoOverlays) {
     EXPECT_TRUE(PointerHidden());
     EXPECT_EQ(Saved("ImageLastDisplayed"), "");
     EXPECT_TRUE(Press(KeyCode::Right));
+}
+
+TEST_F(StageShowTest, AFailedSlideOfASaverIsToldBelowNothing) {
+    PutSlides(2);
+    platform.disks.Remove(PathOf(1));
+    module.ScreenSaverMode = true;
+    headless::ExpectedBox box{
+        .text = "Unable to view image:\r\n\r\n" + PathOf(1) + "\r\n\r\nFile not found...",
+        .icon = forms::BoxIcon::Stop,
+        .systemModal = true};
+    box.whileOpen = [&] {
+        EXPECT_FALSE(Window().topmost);
+        EXPECT_FALSE(PointerHidden());
+    };
+    Expect(box);
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_TRUE(Window().topmost);
+    EXPECT_TRUE(Advance(5000));
 }
 
 TEST_F(StageShowTest, ASaverResumesWhereItWas) {

@@ -66,7 +66,8 @@ class StageTest : public ProgramFixture {
     /// An editor whose rows are the slides of the show.
     FakeEditor& OpenEditor() {
         auto& editor = app.Load<FakeEditor>();
-        for (int i = 0; i < module.show.SlideFiles.FirstEmpty(); ++i)
+        const int count = module.show.SlideFiles.FirstEmpty();
+        for (int i = 0; i < count; ++i)
             editor.rows.push_back(module.show.SlideFiles[i]);
         return editor;
     }
