@@ -3,6 +3,7 @@
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
+#include "shows/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
@@ -42,6 +43,7 @@ Composition::Composition(HostPlatform& host)
         InstallViewerCommands(view);
         InstallEditingCommands(view);
         InstallListCommands(view);
+        InstallStageCommands(view);
         view.Show();
     };
 }

@@ -34,6 +34,9 @@
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
 #include "shows/Commands.h"
+#include "shows/FullViewFrm.h"
+#include "shows/StageCommands.h"
+#include "shows/frmToolbar.h"
 #include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
@@ -71,6 +74,7 @@ class Gallery {
             InstallViewerCommands(view);
             InstallEditingCommands(view);
             InstallListCommands(view);
+            InstallStageCommands(view);
             view.Show();
         };
     }
@@ -86,6 +90,7 @@ class Gallery {
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
+        DrawStage();
         DrawBoxes();
         DrawHelp();
     }
@@ -137,6 +142,25 @@ class Gallery {
         import.Caption = "Import TGA Image File";
         DrawForm(import);
         DrawForm(app_.Load<OpenPaletteFrm>(module_));
+    }
+
+    void DrawStage() {
+        module_.SlideShowActive = true;
+        module_.config.ShowToolbar = module_.config.ShowFilenames = module_.config.ShowDescription = true;
+        module_.show.SlideFiles.Set(0, "C:\\Pictures\\large.bmp");
+        module_.show.SlideDescriptions.Set(
+            0, "The test card in its full size, which is larger than any display here");
+        auto& stage = app_.Load<FullViewFrm>(module_);
+        auto& toolbar = *app_.Loaded<frmToolbar>();
+        toolbar.Hide();
+        stage.Show();
+        Settle();
+        Save(stage.Name());
+        stage.Hide();
+        toolbar.Show();
+        Settle();
+        Save(toolbar.Name());
+        app_.Unload(stage);
     }
 
     void DrawBoxes() {

@@ -1,11 +1,13 @@
 #include "shows/Commands.h"
 
 #include "shows/LoadShowFile.h"
+#include "shows/StageCommands.h"
 
 namespace tavrix {
 
 void InstallShowCommands(MainModule& module, Lives& lives) {
     lives.LoadShowFile = [&module](const std::string& path) { return LoadShowFile(module, path); };
+    InstallStage(module, lives);
 }
 
 }  // namespace tavrix

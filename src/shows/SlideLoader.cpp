@@ -21,7 +21,7 @@ void SlideLoader::LoadFile(const std::string& path) {
         player_.FileName = "";
         player_.Visible = false;
         module_.DoEvents();
-        LoadStill(path);
+        LoadStill(FullPath(path));
     }
 }
 

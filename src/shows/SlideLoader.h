@@ -19,8 +19,8 @@ class SlideLoader {
     /// pending messages. Throws RuntimeError when there is no such file or it cannot be shown.
     void LoadSlide(const std::string& storedPath);
 
+    // These two take a full path. They throw RuntimeError.
     void LoadStill(const std::string& path);
-    /// Throws RuntimeError, as the other one does.
     void LoadAnimated(const std::string& path);
 
   private:

@@ -1,6 +1,7 @@
 // What the keys and the mouse do on the stage.
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/base/Text.h"
 #include "platform/forms/Application.h"

@@ -98,9 +98,9 @@ TEST_F(FullScreenTest, AnEmptyImageIsSeenThroughAndGetsTheMouse) {
     stage.image.Move(0, 0, Twips(100), Twips(80));
     Show();
     EXPECT_EQ(Shown(stage.below), OpaquePixel(10, 200, 30) & 0xFFFFFFU);
-    driver->UserPoints(stage.image, 5, 6);
+    driver->UserPoints(stage.image, 6, 8);
     driver->Settle();
-    EXPECT_EQ(log, (std::vector<std::string>{"move 0 5,6"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"move 0 6,8"}));
 
     Surface cover(100, 80);
     cover.Fill(OpaquePixel(200, 20, 30));

@@ -3,6 +3,7 @@
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
+#include "shows/StageCommands.h"
 #include "support/ProgramFixture.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -19,6 +20,7 @@ class MainViewFixture : public ProgramFixture {
             InstallViewerCommands(window);
             InstallEditingCommands(window);
             InstallListCommands(window);
+            InstallStageCommands(window);
             window.Show();
         };
     }

@@ -149,7 +149,20 @@ void QtWindow::Map() {
         window.raise();
         window.activateWindow();
     }
+    HoldWhatItOwns();
     if (!x11::Running()) HoldTitle();
+}
+
+/// Windows that were shown before their owner.
+void QtWindow::HoldWhatItOwns() {
+    const QWindow* handle = Get().windowHandle();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget* owned : windows) {
+        if (!owned->isVisible() || owned->windowHandle() == nullptr) continue;
+        if (owned->windowHandle()->transientParent() != handle) continue;
+        x11::TellOwner(static_cast<std::uint32_t>(owned->winId()),
+                       static_cast<std::uint32_t>(handle->winId()));
+    }
 }
 
 void QtWindow::CoverDisplay() {

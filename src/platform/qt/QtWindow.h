@@ -56,6 +56,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     [[nodiscard]] int FrameHeight() const { return fullScreen_ ? 0 : metrics_.FrameHeight(); }
     void Map();
     void CoverDisplay();
+    void HoldWhatItOwns();
     void TellPointer();
     void ScheduleReport(bool answered);
     void Report();
