@@ -10,7 +10,7 @@ namespace tavrix {
 /// fails at a picture, leaves an incomplete show in its place. The copy is named "Backup of ..." and stays until Discard.
 ///
 /// It lies in the program's folder: the show's own may be on a disk that is full, or be meant for others, and the
-/// temporary folder does not outlast the session. Never replaces an earlier backup. A backup that cannot be made does
+/// temporary folder is emptied when the user logs out. Never replaces an earlier backup. A backup that cannot be made does
 /// not keep a show from being saved.
 class ShowBackup {
   public:
