@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QFile>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace tavrix {
+
+/// A message bus of a test's own, which starts no services. It is the session bus for whoever joins one from now on.
+class PrivateBus {
+  public:
+    PrivateBus() {
+        QFile settings(folder_.filePath("bus.conf"));
+        if (!settings.open(QIODevice::WriteOnly)) return;
+        settings.write(QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen>"
+                                      "<auth>EXTERNAL</auth><policy context=\"default\">"
+                                      "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
+                                      "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>")
+                           .arg(folder_.path())
+                           .toUtf8());
+        settings.close();
+        daemon_.start("dbus-daemon", {"--nofork", "--print-address", "--config-file=" + settings.fileName()});
+        if (!daemon_.waitForReadyRead(20'000)) return;
+        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address_.toUtf8());
+    }
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+    ~PrivateBus() {
+        daemon_.kill();
+        daemon_.waitForFinished();
+    }
+
+    /// Empty when the bus did not start.
+    [[nodiscard]] const QString& Address() const { return address_; }
+
+  private:
+    QTemporaryDir folder_;
+    QProcess daemon_;
+    QString address_;
+};
+
+}  // namespace tavrix
