@@ -61,9 +61,10 @@ class Machine {
         sources.drives = "C=" + folder.string();
         drives_ = std::make_unique<DriveMap>(sources);
         files_ = std::make_unique<HostFiles>(*drives_, HostPaths());
-        services_ = std::make_unique<Services>(Services{
-            *files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell, rest_.pictures,
-            rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process, rest_.viewLib});
+        services_ = std::make_unique<Services>(
+            Services{*files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell,
+                     rest_.pictures, rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process,
+                     rest_.viewLib, rest_.wakefulness});
         module_ = std::make_unique<MainModule>(app_, *services_);
         module_->AppPath = "C:\\";
     }
