@@ -13,10 +13,7 @@ int PartStart(int length, int parts, int index) {
 }  // namespace
 
 Shrink::Shrink(int fromWidth, int fromHeight, int toWidth, int toHeight)
-    : fromWidth_(fromWidth),
-      fromHeight_(fromHeight),
-      copy_(toWidth, toHeight),
-      sums_(static_cast<std::size_t>(toWidth)) {
+    : fromHeight_(fromHeight), copy_(toWidth, toHeight), sums_(static_cast<std::size_t>(toWidth)) {
     for (int column = 0; column <= toWidth; ++column)
         columns_.push_back(PartStart(fromWidth, toWidth, column));
 }

@@ -35,7 +35,6 @@ class Shrink {
     void AddRow(std::span<const Pixel> row);
     void FinishRow(int row, int rowsInIt);
 
-    int fromWidth_;
     int fromHeight_;
     Surface copy_;
     std::vector<int>
