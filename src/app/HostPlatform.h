@@ -37,7 +37,7 @@ struct HostPlatform {
     HostRegistry registry{paths};
     HostUserStore store{paths};
     HostShell shell{driveMap, paths};
-    HostSound sound{files};
+    HostSound sound{files, driveMap};
     HostPictures pictures{files};
     HostViewLib viewLib{files};
 };

@@ -228,6 +228,32 @@ TEST_F(DriveMapTest, AnEmptyFolderIsNoDiskUnlessMarked) {
     EXPECT_TRUE(DriveMap::HasDisk(*map.Find('D')));
 }
 
+TEST_F(DriveMapTest, ADiscImageIsADiskWithoutFiles) {
+    folder.Put("album.cue", "");
+    folder.PutFolder("cd");
+    DriveMap map = Map("C=" + folder.Path() + ";D=" + folder.At("cd") + ",cdrom;E=" + folder.At("album.cue") +
+                       ",cdrom;F=" + folder.At("none.cue") + ",cdrom");
+    EXPECT_TRUE(DriveMap::HasDisk(*map.Find('E')));
+    EXPECT_EQ(map.Find('E')->type, DriveType::CdRom);
+    EXPECT_EQ(map.CdDevice(), folder.At("album.cue"));  // the folder before it has no audio
+    EXPECT_EQ(DriveMap::FreeBytes(*map.Find('E')), 0);
+    EXPECT_FALSE(map.Locate("E:\\").IsFolder());
+    EXPECT_FALSE(map.Locate("E:\\a.jpg").exists);
+    EXPECT_FALSE(map.LocateForWriting("E:\\a.jpg").parentExists);
+    EXPECT_FALSE(DriveMap::HasDisk(*map.Find('F')));
+
+    DriveMap none = Map("C=" + folder.Path() + ";D=" + folder.At("cd") + ",cdrom");
+    EXPECT_EQ(none.CdDevice(), "");
+}
+
+TEST_F(DriveMapTest, AnOpticalDriveWithoutADiscHasNoFiles) {
+    folder.Put("dev/sr0", "");
+    DriveMap map{System()};
+    EXPECT_EQ(map.CdDevice(), folder.At("dev/sr0"));
+    EXPECT_FALSE(DriveMap::HasDisk(*map.Find('D')));
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(map.Locate("D:\\home")); }), 71);
+}
+
 TEST_F(DriveMapTest, TellsFreeSpace) {
     folder.PutFolder("a");
     folder.Put("a/x", std::string(1000, 'x'));

@@ -12,7 +12,7 @@ namespace {
 class HostSoundTest : public testing::Test {
   protected:
     [[nodiscard]] HostSound Sound(const std::string& driver = {}) {
-        return HostSound(files, {folder.At("snd"), folder.At("run"), folder.At("sf2"), driver});
+        return HostSound(files, drives, {folder.At("snd"), folder.At("run"), folder.At("sf2"), driver});
     }
     TestFolder folder;
     DriveMap drives{DriveMap::Sources{}};

@@ -2,6 +2,8 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/cdrom.h>
+#include <sys/ioctl.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -93,6 +95,18 @@ bool IsEmptyFolder(const std::string& folder) {
         if (name != "." && name != "..") return false;
     }
     return true;
+}
+
+/// Whether an optical device or a disc image has audio tracks. An image is taken at its word.
+bool HasAudio(const HostDrive& drive) {
+    struct stat status {};
+    if (drive.device.empty() || ::stat(drive.device.c_str(), &status) != 0) return false;
+    if (S_ISREG(status.st_mode)) return drive.present;
+    if (!S_ISBLK(status.st_mode)) return false;
+    const FileDescriptor device(::open(drive.device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!device) return false;
+    const int disc = ::ioctl(device.Number(), CDROM_DISC_STATUS);
+    return disc == CDS_AUDIO || disc == CDS_MIXED;
 }
 
 std::int64_t BytesIn(const std::string& folder) {
@@ -198,6 +212,7 @@ void DriveMap::AddConfigured(std::string_view line) {
     configured_.erase(letter);
     if (!rest.starts_with('/')) return;
     drive.root = WithoutSlashes(std::filesystem::path(rest).lexically_normal().string());
+    if (drive.type == DriveType::CdRom) drive.device = drive.root;
     configured_[letter] = drive;
 }
 
@@ -218,7 +233,7 @@ void DriveMap::FindMedia() {
         const std::string device = sources_.devices + "/sr" + std::to_string(i);
         struct stat status {};
         if (::stat(device.c_str(), &status) != 0) break;
-        media[device] = {.root = {}, .type = DriveType::CdRom, .present = false};
+        media[device] = {.root = device, .type = DriveType::CdRom, .present = false, .device = device};
     }
     std::istringstream mounts(ReadWholeFile(sources_.mounts).value_or(std::string()));
     for (std::string line; std::getline(mounts, line);) {
@@ -237,7 +252,8 @@ void DriveMap::FindMedia() {
         });
         if ((!optical && !below) || configured) continue;
         const DriveType type = optical ? DriveType::CdRom : TypeOfMount(device, system);
-        media[optical ? device : folder] = {.root = folder, .type = type};
+        media[optical ? device : folder] = {
+            .root = folder, .type = type, .device = optical ? device : std::string()};
     }
     found_.clear();
     for (auto& [key, drive] : media) {
@@ -273,12 +289,21 @@ std::optional<HostDrive> DriveMap::Find(char letter) {
 }
 
 bool DriveMap::HasDisk(const HostDrive& drive) {
+    if (HasAudio(drive)) return true;
     if (!drive.present) return false;
     struct stat status {};
     const std::string root = drive.root + "/";
     if (::stat(root.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
     if (drive.blank || (!drive.floppy && drive.type != DriveType::CdRom)) return true;
     return !IsEmptyFolder(root) || IsMountPoint(root);
+}
+
+std::string DriveMap::CdDevice() {
+    for (const HostDrive& drive : ListedDrives()) {
+        std::error_code error;
+        if (!drive.device.empty() && !std::filesystem::is_directory(drive.device, error)) return drive.device;
+    }
+    return {};
 }
 
 void DriveMap::KeepDisk(const HostDrive& drive) {

@@ -22,9 +22,10 @@ struct HostDrive {
     DriveType type = DriveType::Fixed;
     bool floppy =
         false;  ///< a folder that stands for a disk of 1,457,664 bytes, unless a medium is mounted there
-    bool blank = false;   ///< the empty folder is a disk, not the lack of one
-    bool listed = true;   ///< shown in lists of drives
-    bool present = true;  ///< false: an optical drive without a disc
+    bool blank = false;    ///< the empty folder is a disk, not the lack of one
+    bool listed = true;    ///< shown in lists of drives
+    bool present = true;   ///< false: an optical drive of whose disc nothing is mounted
+    std::string device{};  ///< of an optical drive: the device or disc image with its audio; else empty
 };
 
 /// Where a drive path leads.
@@ -55,6 +56,9 @@ struct HostLocation {
 /// drive. The environment variable TAVRIX_DRIVES, with ';' between the drives, takes the place of the file and of all
 /// that would be found: then just these drives exist.
 ///
+/// In the place of its folder a CD-ROM may have an optical device or the image of a disc (.cue, .toc, .nrg): its audio can
+/// be played, and no files are on it. A device is known without being named, too.
+///
 /// An empty folder behind a floppy or a CD-ROM is a drive without a disk, unless it is marked with `disk`, holds
 /// at least a hidden file (such as .disk) or has a medium mounted on it.
 ///
@@ -83,6 +87,9 @@ class DriveMap {
     [[nodiscard]] std::vector<HostDrive> ListedDrives();
     [[nodiscard]] std::optional<HostDrive> Find(char letter);
     [[nodiscard]] static bool HasDisk(const HostDrive& drive);
+    /// The host path of the device or disc image of the first optical drive, with or without a disc in it; empty when
+    /// there is no such drive.
+    [[nodiscard]] std::string CdDevice();
     /// For after the last file has left a drive: a floppy's folder that is empty now stays a disk.
     static void KeepDisk(const HostDrive& drive);
     /// Free bytes of a drive with a disk.

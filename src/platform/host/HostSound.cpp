@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <filesystem>
+#include <initializer_list>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <system_error>
@@ -10,6 +13,8 @@
 
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
+#include "platform/host/CdPlayer.h"
+#include "platform/host/DriveMap.h"
 #include "platform/host/HostFiles.h"
 #include "platform/host/HostPaths.h"
 #include "platform/host/MidiPlayer.h"
@@ -58,6 +63,14 @@ std::string QuotedFile(const std::string& command) {
     return first == last ? std::string() : command.substr(first + 1, last - first - 1);
 }
 
+/// A track of a disc: 1 to 99.
+std::optional<int> TrackNumber(const std::string& text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < 1 || number > 99) return {};
+    return number;
+}
+
 /// Whether a file begins as MIDI files do, in a RIFF wrapper or without; throws as opening it does.
 bool IsMidi(HostFiles& files, const std::string& path) {
     std::array<char, 12> start{};
@@ -73,12 +86,13 @@ std::string CannotOpen(const std::string& what, const std::string& why) {
 
 }  // namespace
 
-HostSound::HostSound(HostFiles& files) : HostSound(files, Places{}) {
+HostSound::HostSound(HostFiles& files, DriveMap& drives) : HostSound(files, drives, Places{}) {
     places_.runtime = EnvironmentValue("XDG_RUNTIME_DIR");
     places_.driver = EnvironmentValue("SDL_AUDIODRIVER");
 }
 
-HostSound::HostSound(HostFiles& files, Places places) : files_(files), places_(std::move(places)) {}
+HostSound::HostSound(HostFiles& files, DriveMap& drives, Places places)
+    : files_(files), drives_(drives), places_(std::move(places)) {}
 
 HostSound::~HostSound() = default;
 
@@ -112,32 +126,78 @@ void HostSound::PlayWave(const std::string& path, unsigned flags) {
 int HostSound::Mci(const std::string& command) {
     const std::vector<std::string> words = UpperWords(command);
     if (words.size() < 2) return 0;
-    if (words[0] == "OPEN") {
-        if (!Open(command)) return 0;
-        midiAlias_ = words.back();
-        return 1;
-    }
-    if (midiAlias_.empty() || words[1] != midiAlias_) return 0;
-    if (words[0] == "PLAY") return midi_->Play() ? 1 : 0;
-    if (words[0] == "STOP") {
-        midi_->Stop();
-        return 1;
-    }
-    if (words[0] == "CLOSE") {
-        midi_->Close();
-        midiAlias_.clear();
-        return 1;
-    }
+    if (words[0] == "OPEN") return Open(command, words.back()) ? 1 : 0;
+    if (!midiAlias_.empty() && words[1] == midiAlias_) return RunMidi(words) ? 1 : 0;
+    if (!cdAlias_.empty() && words[1] == cdAlias_) return RunCd(words) ? 1 : 0;
     return 0;
 }
 
-bool HostSound::Open(const std::string& command) {
+bool HostSound::Open(const std::string& command, const std::string& alias) {
     const std::string upper = UpperCase(command);
     const std::string file = QuotedFile(command);
-    if (!file.empty() && upper.find("\" TYPE SEQUENCER ALIAS ") != std::string::npos) return OpenMidi(file);
-    const bool cd = upper.starts_with("OPEN CDAUDIO ");
-    OnFailure(cd ? CannotOpen("CD audio", "This version plays no audio CDs")
-                 : CannotOpen(command, "The command is not known"));
+    if (!file.empty() && upper.find("\" TYPE SEQUENCER ALIAS ") != std::string::npos) {
+        if (!OpenMidi(file)) return false;
+        midiAlias_ = alias;
+    } else if (upper.starts_with("OPEN CDAUDIO ALIAS ")) {
+        if (!OpenCd()) return false;
+        cdAlias_ = alias;
+    } else {
+        OnFailure(CannotOpen(command, "The command is not known"));
+        return false;
+    }
+    return true;
+}
+
+bool HostSound::RunMidi(const std::vector<std::string>& words) {
+    if (words[0] == "PLAY") return midi_->Play();
+    if (words[0] == "STOP") {
+        midi_->Stop();
+        return true;
+    }
+    if (words[0] != "CLOSE") return false;
+    midi_->Close();
+    midiAlias_.clear();
+    return true;
+}
+
+bool HostSound::RunCd(const std::vector<std::string>& words) {
+    const auto rest = [&] { return std::span(words).subspan(2); };
+    const auto is = [&](std::initializer_list<std::string_view> wanted) {
+        return std::ranges::equal(rest(), wanted);
+    };
+    if (words[0] == "PLAY") return cd_->Play();
+    if (words[0] == "STOP") {
+        cd_->Stop();
+        return true;
+    }
+    if (words[0] == "CLOSE") {
+        cd_.reset();
+        cdAlias_.clear();
+        return true;
+    }
+    if (words[0] == "SEEK" && is({"TO", "START"})) return cd_->Seek(0);
+    if (words[0] == "SEEK" && words.size() == 4 && words[2] == "TO") {
+        const std::optional<int> track = TrackNumber(words[3]);
+        return track && cd_->Seek(*track);
+    }
+    if (words[0] != "SET") return false;
+    if (is({"DOOR", "OPEN"})) return cd_->MoveDoor(true);
+    if (is({"DOOR", "CLOSED"})) return cd_->MoveDoor(false);
+    return is({"TIME", "FORMAT", "TMSF"});
+}
+
+bool HostSound::OpenCd() {
+    cd_.reset();
+    cdAlias_.clear();
+    const std::string device = drives_.CdDevice();
+    if (device.empty()) {
+        OnFailure(CannotOpen("CD audio", RuntimeError(ErrorNumber::DeviceUnavailable).Description()));
+        return false;
+    }
+    cd_ = std::make_unique<CdPlayer>(device);
+    if (cd_->Usable()) return true;
+    OnFailure(CannotOpen("CD audio", "The library libcdio is not installed"));
+    cd_.reset();
     return false;
 }
 

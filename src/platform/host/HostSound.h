@@ -4,17 +4,20 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/services/Sound.h"
 
 namespace tavrix {
 
+class CdPlayer;
+class DriveMap;
 class HostFiles;
 class MidiPlayer;
 class WavePlayer;
 
-/// Wave files by SDL, MIDI files by its mixer's synthesizer. Neither library is loaded before there is something to
-/// play, since both cost more time than the rest of a start. There is no CD audio.
+/// Wave files by SDL, MIDI files by its mixer's synthesizer, CD audio by libcdio from the first optical drive. None of
+/// these libraries is loaded before there is something to play, since they cost more time than the rest of a start.
 ///
 /// Devices are counted by looking at the names in the system's folders; no device is opened for that.
 class HostSound final : public Sound {
@@ -26,8 +29,8 @@ class HostSound final : public Sound {
         std::string driver;  ///< SDL_AUDIODRIVER: a driver that the user names counts as a device
     };
 
-    explicit HostSound(HostFiles& files);
-    HostSound(HostFiles& files, Places places);
+    HostSound(HostFiles& files, DriveMap& drives);
+    HostSound(HostFiles& files, DriveMap& drives, Places places);
     HostSound(const HostSound&) = delete;
     HostSound& operator=(const HostSound&) = delete;
     ~HostSound() override;
@@ -43,16 +46,23 @@ class HostSound final : public Sound {
     std::function<void(const std::string& text)> OnFailure = [](const std::string&) {};
 
   private:
-    bool Open(const std::string& command);
+    bool Open(const std::string& command, const std::string& alias);
     bool OpenMidi(const std::string& path);
+    bool OpenCd();
+    /// A command for what is open: `words` are its words in upper case.
+    bool RunMidi(const std::vector<std::string>& words);
+    bool RunCd(const std::vector<std::string>& words);
     /// The host path of the instruments; the system's choice before all others, empty when there are none.
     [[nodiscard]] std::string SoundFont() const;
 
     HostFiles& files_;
+    DriveMap& drives_;
     Places places_;
     std::unique_ptr<WavePlayer> wave_;  ///< from the first sound on
     std::unique_ptr<MidiPlayer> midi_;
     std::string midiAlias_;  ///< in upper case; empty when no file is open
+    std::unique_ptr<CdPlayer> cd_;
+    std::string cdAlias_;  ///< in upper case; empty when no drive is open
 };
 
 }  // namespace tavrix
