@@ -75,7 +75,8 @@ void FullViewFrm::Form_Load() {
     BackColor = BackgroundOf(module_.config.BackgroundColor);
     if (module_.config.ResumeLastDisplayed && module_.ScreenSaverMode) {
         CurrentSlide = module_.config.ImageLastDisplayed;
-        if (CurrentSlide < 0 || module_.show.SlideFiles[CurrentSlide].empty()) CurrentSlide = 0;
+        const bool slot = CurrentSlide >= 0 && CurrentSlide <= SlideTexts::LastIndex;
+        if (!slot || module_.show.SlideFiles[CurrentSlide].empty()) CurrentSlide = 0;
     }
     if (module_.SlideShowActive) {
         LoadFirstSlide();

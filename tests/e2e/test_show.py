@@ -1,6 +1,8 @@
 """Slide shows and the full screen view on the real display."""
 
 import os
+import struct
+import wave
 
 from PIL import Image, ImageChops
 
@@ -10,10 +12,12 @@ from support import ProgramTest
 _BACKGROUND = (64, 0, 0)
 
 
-class ShowTest(ProgramTest):
-    def show_file(self, *pictures, interval=0, loop=False, name="show.tvs"):
-        lines = ['"Tavrix Slide Show"', '"Version 1.5"', "0", '""', "0", "0", str(interval), "0", "0", "0",
-                 str(-int(loop)), "0"]
+class StageTest(ProgramTest):
+    def show_file(self, *pictures, interval=0, loop=False, name="show.tvs", sound=(0, "", 0, False)):
+        """`sound` is its mode, its file, its track and whether it loops."""
+        mode, file, track, repeated = sound
+        lines = ['"Tavrix Slide Show"', '"Version 1.5"', str(mode), f'"{file}"', str(track), str(-int(repeated)),
+                 str(interval), "0", "0", "0", str(-int(loop)), "0"]
         for picture in pictures:
             lines += [f'"{picture}"', '""']
         path = os.path.join(self.home.pictures, name)
@@ -42,13 +46,15 @@ class ShowTest(ProgramTest):
                    lambda: f"{what} alone on the screen; it differs in "
                            f"{ImageChops.difference(self.screen.grab(), wanted).getbbox()}")
 
-    def start_show(self, path, settings=""):
+    def start_show(self, path, settings="", **options):
         self.home.write_settings("[Viewer]\nBackgroundColor=4\n" + settings)
-        program = self.start(path)
+        program = self.start(path, **options)
         stage = program.window("Tavrix Full Screen View")
         wait_until(lambda: self.screen.active() == stage.id, "the keyboard on the stage")
         return program
 
+
+class ShowTest(StageTest):
     def test_three_pictures_are_stepped_through_to_the_end(self):
         small, wide, beside = self.pictures()
         path = self.show_file("small.bmp", drive_path(os.path.join(self.home.pictures, "wide.bmp")),
@@ -109,3 +115,121 @@ class ShowTest(ProgramTest):
         wait_until(lambda: self.screen.active() == window.id, "the keyboard on the main view")
         self.end_by_escape(program)
 
+
+class SoundTest(StageTest):
+    """What is played goes to a file in the place of a sound device."""
+
+    def setUp(self):
+        super().setUp()
+        self.played = os.path.join(self.home.folder, "played")
+        self.sound = {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": self.played, "SDL_DISKAUDIODELAY": "2"}
+
+    def heard(self):
+        """What was played, from the first sound on."""
+        if not os.path.exists(self.played):
+            return b""
+        with open(self.played, "rb") as file:
+            return file.read().lstrip(b"\0")
+
+    @staticmethod
+    def samples(count, first=1):
+        """16-bit samples in stereo that all differ."""
+        return b"".join(struct.pack("<hh", first + i, -first - i) for i in range(count))
+
+    def wave(self, samples):
+        with wave.open(os.path.join(self.home.pictures, "tune.wav"), "wb") as file:
+            file.setnchannels(2)
+            file.setsampwidth(2)
+            file.setframerate(44100)
+            file.writeframes(samples)
+
+    def play(self, sound, **environment):
+        """Plays a show of two pictures with a sound."""
+        small, _, beside = self.pictures()
+        path = self.show_file("small.bmp", "beside.bmp", sound=sound)
+        program = self.start_show(path, environment={**self.sound, **environment})
+        self.shows(small, "the first picture")
+        return program, beside
+
+    def ends(self, program):
+        self.screen.press("Escape")
+        self.assertEqual(program.wait_end(), 0)
+
+    def test_a_wave_is_repeated_through_the_slides_until_the_show_ends(self):
+        samples = self.samples(9_000)
+        self.wave(samples)
+        program, beside = self.play((1, "tune.wav", 0, True))
+        wait_until(lambda: len(self.heard()) > 3 * len(samples), "the sound three times")
+        self.screen.press("Right")
+        self.shows(beside, "the second picture")
+        before = len(self.heard())
+        wait_until(lambda: len(self.heard()) > before + len(samples), "the sound going on")
+        self.ends(program)
+        heard = self.heard()
+        self.assertEqual(heard, (samples * (len(heard) // len(samples) + 1))[:len(heard)])
+
+    def test_a_wave_that_is_not_repeated_is_played_once(self):
+        samples = self.samples(9_000)
+        self.wave(samples)
+        program, _ = self.play((1, "tune.wav", 0, False))
+        wait_until(lambda: len(self.heard()) > 3 * len(samples), "the sound and the silence after it")
+        self.ends(program)
+        self.assertEqual(self.heard().rstrip(b"\0"), samples.rstrip(b"\0"))
+
+    def test_a_show_with_a_sound_that_is_missing_is_silent(self):
+        program, beside = self.play((1, "none.wav", 0, True))
+        self.screen.press("Right")
+        self.shows(beside, "the second picture")
+        self.ends(program)
+        self.assertEqual(self.heard(), b"")
+
+    def test_a_track_of_an_audio_disc_is_played(self):
+        sector, first, second = 2352, self.samples(20 * 588), self.samples(30 * 588, 12_000)
+        disc = os.path.join(self.home.folder, "disc")
+        os.makedirs(disc)
+        with open(os.path.join(disc, "album.bin"), "wb") as file:
+            file.write(first + second)
+        self.assertEqual(len(first), 20 * sector)
+        with open(os.path.join(disc, "album.cue"), "w", encoding="ascii") as file:
+            file.write('FILE "album.bin" BINARY\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n'
+                       "  TRACK 02 AUDIO\n    INDEX 01 00:00:20\n")
+        drives = f"C=/;D={disc}/album.cue,cdrom"
+        program, _ = self.play((2, "", 2, False), TAVRIX_DRIVES=drives)
+        wait_until(lambda: len(self.heard()) > 2 * len(second), "the track and the silence after it")
+        self.ends(program)
+        self.assertEqual(self.heard().rstrip(b"\0"), second.rstrip(b"\0"))
+
+
+class DiskTest(StageTest):
+    """A show and its pictures on a disk that came from elsewhere."""
+
+    def test_a_show_on_a_floppy_finds_its_pictures_beside_it(self):
+        small, _, beside = self.pictures()
+        floppy = os.path.join(self.home.folder, "floppy")
+        os.makedirs(floppy)
+        stored = [drive_path(os.path.join(self.home.pictures, name)) for name in ("small.bmp", "beside.bmp")]
+        path = self.show_file(*stored)
+        for name in ("small.bmp", "beside.bmp", "show.tvs"):
+            os.rename(os.path.join(self.home.pictures, name), os.path.join(floppy, name))
+        program = self.start_show("A:\\show.tvs", environment={"TAVRIX_DRIVES": f"A={floppy};C=/"})
+        self.assertFalse(os.path.exists(path))
+        self.shows(small, "the first picture")
+        self.screen.press("Right")
+        self.shows(beside, "the second picture")
+        self.screen.press("Escape")
+        self.assertEqual(program.wait_end(), 0)
+        self.assertEqual(sorted(os.listdir(floppy)), ["beside.bmp", "show.tvs", "small.bmp"])
+
+    def test_a_show_in_another_folder_than_its_pictures(self):
+        small, _, beside = self.pictures()
+        stored = [drive_path(os.path.join(self.home.pictures, name)) for name in ("small.bmp", "beside.bmp")]
+        path = self.show_file(*stored)
+        elsewhere = os.path.join(self.home.folder, "shows", "show.tvs")
+        os.makedirs(os.path.dirname(elsewhere))
+        os.rename(path, elsewhere)
+        program = self.start_show(elsewhere)
+        self.shows(small, "the first picture")
+        self.screen.press("Left")
+        self.shows(beside, "the last picture")
+        self.screen.press("Escape")
+        self.assertEqual(program.wait_end(), 0)

@@ -491,5 +491,14 @@ TEST_F(StageShowTest, ASaverDoesNotResumeBeforeTheFirstSlide) {
     EXPECT_EQ(Shown(), 0);
 }
 
+TEST_F(StageShowTest, ASaverDoesNotResumeBehindTheLastSlot) {
+    PutSlides(3);
+    module.ScreenSaverMode = true;
+    module.config.ResumeLastDisplayed = true;
+    module.config.ImageLastDisplayed = 32767;
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(Shown(), 0);
+}
+
 }  // namespace
 }  // namespace tavrix
