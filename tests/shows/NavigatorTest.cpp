@@ -34,6 +34,23 @@ class NavigatorTest : public StageTest {
     }
 };
 
+TEST_F(NavigatorTest, AWindowSystemThatRefusesItIsTold) {
+    PutSlides(2);
+    module.config.ShowDescription = false;
+    toolkit.windowManager = [](const PixelRect& asked, forms::WindowState) -> PixelRect {
+        if (asked.height < 200) throw RuntimeError(ErrorNumber::OutOfMemory);
+        return asked;
+    };
+    Expect({.text = "Unexpected error initializing navigation toolbar, will attempt to continue anyway...",
+            .icon = forms::BoxIcon::Exclamation});
+    Play();
+    EXPECT_EQ(Shown(), 0);
+    Press(KeyCode::Right);
+    EXPECT_EQ(Shown(), 1);
+    Press(KeyCode::Escape);
+    EXPECT_FALSE(Playing());
+}
+
 TEST_F(NavigatorTest, ItStandsAboveTheStageWhereItWas) {
     PutSlides(3);
     module.config.ToolbarX = 1500;
