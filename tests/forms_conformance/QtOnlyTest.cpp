@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextDocument>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -45,6 +46,19 @@ TEST_F(QtOnlyTest, KeysHaveTheirClassicCodes) {
     EXPECT_EQ(CodeOf(Qt::Key_AsciiTilde), 192);
     EXPECT_EQ(CodeOf(Qt::Key_Pause), 19);
     EXPECT_EQ(CodeOf(Qt::Key_Adiaeresis), 0);
+}
+
+TEST_F(QtOnlyTest, AToolTipIsShownLetterByLetter) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    for (const char* text :
+         {"Click here", "a <b>bold</b> cat & a dog", "<img src=\"file:///a.png\">", "a < b"}) {
+        form.button.ToolTip = text;
+        QTextDocument shown;
+        const QString given = QString::fromStdString(driver->ShownToolTip(form.button));
+        Qt::mightBeRichText(given) ? shown.setHtml(given) : shown.setPlainText(given);
+        EXPECT_EQ(shown.toPlainText().toStdString(), text);
+    }
 }
 
 TEST_F(QtOnlyTest, AKeyThatTheFormHandledGoesNoFurther) {

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "platform/forms/Peers.h"
+#include "platform/qt/PlainToolTip.h"
 #include "platform/qt/Pointers.h"
 #include "platform/qt/Scale.h"
 
@@ -49,7 +50,9 @@ class QtControl : public Interface, public NativePeer {
     }
     void SetVisible(bool visible) override { widget_->setVisible(visible); }
     void SetEnabled(bool enabled) override { widget_->setEnabled(enabled); }
-    void SetToolTip(const std::string& text) override { widget_->setToolTip(QString::fromStdString(text)); }
+    void SetToolTip(const std::string& text) override {
+        widget_->setToolTip(PlainToolTip(QString::fromStdString(text)));
+    }
     void SetPointer(forms::MousePointer pointer) override { SetWidgetPointer(*widget_, pointer); }
     void SetAccessibleName(const std::string& name) override {
         widget_->setAccessibleName(QString::fromStdString(name));

@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
+#include "platform/qt/PlainToolTip.h"
 #include "platform/qt/RowModel.h"
 
 namespace tavrix::qt {
@@ -35,7 +36,8 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
     const bool cut = index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() >
                                             Indented(option, index).rect.width();
-    QToolTip::showText(event->globalPos(), cut ? index.data().toString() : view->toolTip(), view);
+    QToolTip::showText(event->globalPos(), cut ? PlainToolTip(index.data().toString()) : view->toolTip(),
+                       view);
     return true;
 }
 
