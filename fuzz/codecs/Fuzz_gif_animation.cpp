@@ -9,7 +9,7 @@ namespace tavrix::fuzz {
 namespace {
 
 /// Larger canvases cost too much time for an input.
-constexpr unsigned MostPixels = 1U << 18U;
+constexpr int MostPixels = 1 << 18;
 constexpr int MostFrames = 60;
 
 class KeptBytes final : public ByteSource {
@@ -28,8 +28,8 @@ class KeptBytes final : public ByteSource {
 
 bool SmallScreen(const std::uint8_t* data, std::size_t size) {
     if (size < 10) return true;
-    const unsigned width = data[6] | data[7] << 8U;
-    const unsigned height = data[8] | data[9] << 8U;
+    const int width = data[6] | data[7] << 8U;
+    const int height = data[8] | data[9] << 8U;
     return width != 0 && height != 0 && width <= MostPixels / height;
 }
 
