@@ -116,13 +116,22 @@ TEST_F(QtClipboardTest, OthersGetItAsPngAndAsBitmap) {
     clipboard.Set(PictureOf(pixels.Clone()));
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     ASSERT_NE(data, nullptr);
-    EXPECT_EQ(data->formats(), (QStringList{"image/png", "image/bmp", "image/x-bmp", "image/x-MS-bmp"}));
+    EXPECT_EQ(data->formats(), (QStringList{"image/png", "image/bmp"}));
     for (const QString& type : data->formats()) {
         const QImage image = QImage::fromData(data->data(type));
         ASSERT_FALSE(image.isNull()) << type.toStdString();
         EXPECT_EQ(image.convertToFormat(QImage::Format_ARGB32), ImageOf(pixels)) << type.toStdString();
     }
     EXPECT_TRUE(data->data("text/plain").isEmpty());
+}
+
+TEST_F(QtClipboardTest, ALargePictureIsNotPacked) {
+    Surface large(2100, 2000);
+    large.Fill(OpaquePixel(1, 2, 3));
+    clipboard.Set(PictureOf(std::move(large)));
+    const QByteArray bytes = QGuiApplication::clipboard()->mimeData()->data("image/png");
+    EXPECT_GT(bytes.size(), 2100 * 2000 * 3);
+    EXPECT_EQ(QImage::fromData(bytes).pixel(2099, 1999), OpaquePixel(1, 2, 3));
 }
 
 TEST_F(QtClipboardTest, WhatIsSetIsOpaqueForAll) {
