@@ -78,6 +78,12 @@ const Surface& PixelsOfPictureTemp(MainViewFrm& view) {
     return picture.pixels->Whole();
 }
 
+Picture ImageOfPictureTemp(MainViewFrm& view) {
+    Picture image = view.PictureTemp.Image();
+    if (image.Empty()) throw RuntimeError(ErrorNumber::InvalidPicture);
+    return image;
+}
+
 void ClearPictureTemp(MainViewFrm& view) {
     view.PictureTemp.Picture = Picture();
     view.PictureTemp.Move(view.PictureTemp.Left, view.PictureTemp.Top, 0, 0);

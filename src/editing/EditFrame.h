@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/graphics/Picture.h"
 #include "platform/graphics/Surface.h"
 
 namespace tavrix {
@@ -44,6 +45,8 @@ void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);
 void TakeToPictureTemp(MainViewFrm& view);
 /// The pixels of PictureTemp. Throws RuntimeError 481 when it has no picture.
 [[nodiscard]] const Surface& PixelsOfPictureTemp(MainViewFrm& view);
+/// What PictureTemp shows, with what was drawn on it. Throws RuntimeError 481 while it has no size.
+[[nodiscard]] Picture ImageOfPictureTemp(MainViewFrm& view);
 /// Takes the picture of PictureTemp away, and its size.
 void ClearPictureTemp(MainViewFrm& view);
 
