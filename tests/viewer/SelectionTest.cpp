@@ -225,11 +225,6 @@ TEST_F(SelectionTest, ScrollingAnotherPictureDrawsNoOutlineOnIt) {
     View().vsbPict.Deliver(forms::ScrollEvent{600, false});
     EXPECT_TRUE(View().selection.SelectionShown);
     ExpectNoOutline();
-    Select(20, 20, 50, 50);
-    View().selection.Drop();
-    Select(20, 20, 50, 50);
-    View().vsbPict.Deliver(forms::ScrollEvent{0, false});
-    EXPECT_FALSE(View().selection.SelectionShown);
 }
 
 TEST_F(SelectionTest, ReloadingDropsIt) {
