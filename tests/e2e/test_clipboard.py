@@ -106,7 +106,11 @@ class ClipboardTest(ProgramTest):
         self.select(view, 40, 30, 200, 150)
         program.menu_entry("Edit", "Copy").act()
         part = stretched(image.crop((41, 31, 198, 148)), (158, 118))
-        wait_until(lambda: Image.open(io.BytesIO(reader.fetch("image/png"))).size == part.size, "the new copy")
+
+        def copied():
+            data = reader.fetch("image/png")  # none between the clearing and the setting
+            return data and Image.open(io.BytesIO(data)).size == part.size
+        wait_until(copied, "the new copy")
         self.assert_clipboard(reader, part)
         self.wait_outline(view, image, 40, 30, 200, 150)
 
