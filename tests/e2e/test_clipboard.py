@@ -197,8 +197,8 @@ class ClipboardTest(ProgramTest):
         box.press("OK")
         program.main()
 
-    def test_the_keeper_has_it_after_the_end(self):
-        keeper = Keeper(self.screen)
+    def test_a_slow_keeper_has_it_after_the_end(self):
+        keeper = Keeper(self.screen, pause=1.5)
         self.addCleanup(keeper.close)
         program, image, view = self.program_with_picture(1200, 800)
         reader = self.reader()

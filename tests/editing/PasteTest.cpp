@@ -190,6 +190,11 @@ TEST_F(Paste, CanceledItLeavesThePictureAndOffersTheUndo) {
     ExpectNothingLeft();
     Click();
     ExpectShown(Image());
+
+    const std::string before = ContentOf(Opened);
+    Choose(Menus().mnuUndo);
+    ExpectUntouched();
+    EXPECT_EQ(ContentOf(Opened), before);
 }
 
 TEST_F(Paste, IntoASelectionOfNoSizeHarmsNothing) {

@@ -155,9 +155,11 @@ class Offer(_Client):
 
 
 class Keeper(Offer):
-    """The desktop's clipboard manager: it takes over what a program that ends asks it to save."""
+    """The desktop's clipboard manager: it takes over what a program that ends asks it to save. With a pause it takes its
+    time before each question."""
 
-    def __init__(self, screen):
+    def __init__(self, screen, pause=0.0):
+        self._pause = pause  # seconds
         self.saved = []  # the targets of each time that it was asked
         super().__init__(screen, {})
 
@@ -173,8 +175,11 @@ class Keeper(Offer):
 
     def _save(self, request):
         names = [self._x.get_atom_name(atom) for atom in self.fetch("TARGETS") or []]
-        kinds = {name: self.fetch(name) for name in names if name not in _NO_DATA}
-        self._kinds = {name: data for name, data in kinds.items() if isinstance(data, bytes)}
+        self._kinds = {}
+        for name in names:
+            if name not in _NO_DATA:
+                time.sleep(self._pause)
+                self._kinds[name] = self.fetch(name)
         super()._begin()
         self.saved.append(sorted(self._kinds))
         _answer(request, request.property)
