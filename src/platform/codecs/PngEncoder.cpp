@@ -19,11 +19,6 @@ using Write = std::function<bool(std::span<const std::byte>)>;
 
 void Silence(png_structp, png_const_charp) {}
 
-void WriteOutput(png_structp png, png_bytep bytes, std::size_t count) {
-    const auto& write = *static_cast<const Write*>(png_get_io_ptr(png));
-    if (!write(std::as_bytes(std::span(bytes, count)))) png_error(png, "write refused");
-}
-
 void Flush(png_structp) {}
 
 class PngWriter {
@@ -54,13 +49,17 @@ class PngWriter {
         return true;
     }
 
+    static void WriteOutput(png_structp png, png_bytep bytes, std::size_t count) {
+        const auto& writer = *static_cast<const PngWriter*>(png_get_io_ptr(png));
+        if (!writer.write_(std::as_bytes(std::span(bytes, count)))) png_error(png, "write refused");
+    }
+
     void Describe(const Surface& surface, PngPacking packing) {
         png_ = png_create_write_struct(PNG_LIBPNG_VER_STRING, &escape_, Fail, Silence);
         if (png_ == nullptr) std::longjmp(escape_, 1);
         info_ = png_create_info_struct(png_);
         if (info_ == nullptr) std::longjmp(escape_, 1);
-        // The library calls back through its own structure and changes nothing of this.
-        png_set_write_fn(png_, const_cast<Write*>(&write_), WriteOutput, Flush);
+        png_set_write_fn(png_, this, WriteOutput, Flush);
         png_set_user_limits(png_, MaxPictureSide, MaxPictureSide);
         png_set_compression_buffer_size(png_, PieceBytes);
         png_set_compression_level(png_, packing == PngPacking::Packed ? 1 : 0);
