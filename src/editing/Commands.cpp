@@ -1,6 +1,9 @@
 #include "editing/Commands.h"
 
+#include "editing/Copy.h"
+#include "editing/Crop.h"
 #include "editing/FixedTransforms.h"
+#include "editing/Paste.h"
 #include "editing/SavingCommands.h"
 #include "editing/Undo.h"
 #include "viewer/MainViewFrm.h"
@@ -10,6 +13,9 @@ namespace tavrix {
 void InstallEditingCommands(MainViewFrm& view) {
     InstallSavingCommands(view);
     view.menu.mnuUndo.Install([&view] { mnuUndo_Click(view); });
+    view.menu.mnuCopy.Install([&view] { mnuCopy_Click(view); });
+    view.menu.mnuPaste.Install([&view] { mnuPaste_Click(view); });
+    view.menu.mnuCrop.Install([&view] { mnuCrop_Click(view); });
     view.menu.mnuFlipHorizontal.Install([&view] { mnuFlipHorizontal_Click(view); });
     view.menu.mnuFlipVertically.Install([&view] { mnuFlipVertically_Click(view); });
     view.menu.mnu90CW.Install([&view] { mnu90CW_Click(view); });

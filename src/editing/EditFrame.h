@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "platform/base/RuntimeError.h"
+#include "platform/graphics/Picture.h"
 #include "platform/graphics/Surface.h"
 
 namespace tavrix {
@@ -28,9 +30,13 @@ void CommitWorkingFile(MainViewFrm& view);
 /// 380 without any pixels.
 void WriteMainImage(MainViewFrm& view);
 
-/// WriteMainImage for commands. On a failure the user is told: this text, the error's own, three points. The view is
-/// then left without an image, with the default pointer. Whether the file was written.
+/// WriteMainImage for commands; a failure ends by EndWithoutImage. Whether the file was written.
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure = EditNotWritten);
+
+/// Tells a failure that leaves the view without an image, and leaves it so, with the default pointer.
+void EndWithoutImage(MainViewFrm& view, const std::string& text);
+/// The same; the text is this one, the error's own, three points.
+void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error);
 
 /// The end of an edit: CommitWorkingFile, WriteWorkingFile, and mnuAnimatedGIF disabled.
 void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);
@@ -39,6 +45,8 @@ void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);
 void TakeToPictureTemp(MainViewFrm& view);
 /// The pixels of PictureTemp. Throws RuntimeError 481 when it has no picture.
 [[nodiscard]] const Surface& PixelsOfPictureTemp(MainViewFrm& view);
+/// What PictureTemp shows, with what was drawn on it. Throws RuntimeError 481 while it has no size.
+[[nodiscard]] Picture ImageOfPictureTemp(MainViewFrm& view);
 /// Takes the picture of PictureTemp away, and its size.
 void ClearPictureTemp(MainViewFrm& view);
 

@@ -91,12 +91,12 @@ void MainViewFrm::ScrollHome() {
 }
 
 void MainViewFrm::hsbPict_Change() {
-    selection.Drop();
+    selection.DropWhereSeen();
     MainImage.Left = -static_cast<float>(hsbPict.Value.Get());
 }
 
 void MainViewFrm::vsbPict_Change() {
-    selection.Drop();
+    selection.DropWhereSeen();
     MainImage.Top = -static_cast<float>(vsbPict.Value.Get());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/forms/PictureBox.h"
 
 namespace tavrix {
@@ -24,12 +26,16 @@ class Selection {
     void Erase();
     /// Wipes the selection and forgets it.
     void Drop();
+    /// The same for a picture that is scrolled. A selection that went with the picture it was drawn on, as that of a
+    /// crop does, is no more to be seen and stays as it is.
+    void DropWhereSeen();
 
     void Press(const forms::MouseArguments& mouse, bool imageOpen);
     void Drag(const forms::MouseArguments& mouse);
 
   private:
     forms::PictureBox& image_;
+    std::weak_ptr<const ArrivingSurface> drawnOn_;  ///< the picture below the outline
 };
 
 }  // namespace tavrix

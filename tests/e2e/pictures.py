@@ -15,6 +15,14 @@ def coded(width, height):
     return Image.merge("RGB", [Image.frombytes("L", (width, height), band) for band in (red, green, blue)])
 
 
+def stretched(image, size):
+    """Nearest neighbour: pixel i of n is pixel floor(i * m / n) of m."""
+    across, down = image.width / size[0], image.height / size[1]
+    small = 1e-6
+    return image.transform(size, Image.Transform.AFFINE,
+                           (across, 0, small - across / 2, 0, down, small - down / 2), Image.Resampling.NEAREST)
+
+
 def _place(pixel):
     """Where a pixel of a coded image is from; None for a colour that is in none."""
     red, green, blue = pixel

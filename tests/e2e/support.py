@@ -4,6 +4,7 @@ import os
 import tempfile
 import unittest
 
+from PIL import Image
 from driver import Home, Program, Session, wait_until
 from pictures import coded, find_view
 
@@ -65,6 +66,16 @@ class ProgramTest(unittest.TestCase):
             return found if found and all(getattr(found, k) == v for k, v in expected.items()) else None
 
         return wait_until(look, lambda: f"a view with {expected or 'the picture'}; it is {seen[0]}")
+
+    def wait_file(self, path, image, what):
+        """Waits until a file holds exactly this picture."""
+        def look():
+            try:
+                with Image.open(path) as seen:
+                    return seen.size == image.size and seen.convert("RGB").tobytes() == image.tobytes()
+            except (OSError, SyntaxError):
+                return False
+        wait_until(look, f"{path} holding the picture {what}")
 
     def end_by_escape(self, program):
         self.screen.press("Escape")

@@ -6,7 +6,7 @@ import unittest
 
 from PIL import Image, ImageChops
 from driver import wait_until
-from pictures import coded
+from pictures import coded, stretched
 from support import ProgramTest
 
 BACKGROUND = (255, 255, 255)
@@ -25,14 +25,6 @@ def turned(image, transposition, size):
     if size[1] == longer:
         result.paste(BACKGROUND, (0, 0, size[0], 1))
     return result
-
-
-def stretched(image, size):
-    """Nearest neighbour: pixel i of n is pixel floor(i * m / n) of m."""
-    across, down = image.width / size[0], image.height / size[1]
-    small = 1e-6
-    return image.transform(size, Image.Transform.AFFINE,
-                           (across, 0, small - across / 2, 0, down, small - down / 2), Image.Resampling.NEAREST)
 
 
 def largest_difference(a, b):
@@ -56,16 +48,6 @@ class EditTest(ProgramTest):
     def assert_unchanged(self, path, content):
         with open(path, "rb") as file:
             self.assertEqual(file.read(), content)
-
-    def wait_file(self, path, image, what):
-        """A file that holds exactly this picture."""
-        def look():
-            try:
-                with Image.open(path) as seen:
-                    return seen.size == image.size and seen.convert("RGB").tobytes() == image.tobytes()
-            except (OSError, SyntaxError):
-                return False
-        wait_until(look, f"{path} holding the picture {what}")
 
     def dialog(self, program, title):
         window = program.window(title)

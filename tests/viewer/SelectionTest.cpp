@@ -184,6 +184,26 @@ TEST_F(SelectionTest, MovesWithoutTheButtonDrawNothing) {
     ExpectOutline(10, 10, 40, 40);
 }
 
+TEST_F(SelectionTest, MovesWithASecondButtonDrawNothing) {
+    StartWithImage();
+    Press(10, 10);
+    MoveTo(40, 40);
+    MoveTo(60, 60, MouseButton::Left | MouseButton::Right);
+    ExpectOutline(10, 10, 40, 40);
+}
+
+TEST_F(SelectionTest, AnotherButtonEndsTheDragAndTheRectangleStays) {
+    StartWithImage();
+    Press(10, 10);
+    MoveTo(40, 40);
+    Press(40, 40, ShiftMask::Shift, MouseButton::Right);
+    EXPECT_FALSE(View().selection.SelectionDragging);
+    MoveTo(60, 60);
+    Release(60, 60);
+    EXPECT_FALSE(View().selection.SelectionShown);
+    ExpectOutline(10, 10, 40, 40);
+}
+
 TEST_F(SelectionTest, ScrollingDropsTheSelection) {
     StartWithImage(1000, 900);
     for (forms::ScrollBar* bar : {&View().hsbPict, &View().vsbPict}) {
@@ -195,6 +215,16 @@ TEST_F(SelectionTest, ScrollingDropsTheSelection) {
             ExpectNoOutline();
         }
     }
+}
+
+TEST_F(SelectionTest, ScrollingAnotherPictureDrawsNoOutlineOnIt) {
+    StartWithImage(1000, 900);
+    PutPicture("C:\\p\\y.jpg", 1000, 900);
+    Select(10, 10, 40, 40);
+    View().Deliver(forms::DropEvent{{"C:\\p\\y.jpg"}});
+    View().vsbPict.Deliver(forms::ScrollEvent{600, false});
+    EXPECT_TRUE(View().selection.SelectionShown);
+    ExpectNoOutline();
 }
 
 TEST_F(SelectionTest, ReloadingDropsIt) {

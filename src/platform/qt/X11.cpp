@@ -4,6 +4,7 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tavrix::qt::x11 {
@@ -95,6 +97,12 @@ std::vector<xcb_window_t> TitledWindows(xcb_connection_t* connection, xcb_window
     return windows;
 }
 
+xcb_window_t SelectionOwner(xcb_connection_t* connection, xcb_atom_t selection) {
+    const Reply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
 void TellRoot(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
               const std::array<std::uint32_t, 5>& data) {
     xcb_client_message_event_t message{};
@@ -116,10 +124,15 @@ class SelectionAnswer final : public QAbstractNativeEventFilter {
     }
 
     bool come = false;
+    /// Somebody has asked for a part of a selection of ours, since this was last cleared.
+    bool asked = false;
 
     bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
         const auto* event = static_cast<const xcb_generic_event_t*>(message);
-        if ((event->response_type & 0x7FU) != XCB_SELECTION_NOTIFY) return false;
+        const auto type = event->response_type & 0x7FU;
+        // A large selection is fetched in pieces, each asked for by a change of a property.
+        asked = asked || type == XCB_SELECTION_REQUEST || type == XCB_PROPERTY_NOTIFY;
+        if (type != XCB_SELECTION_NOTIFY) return false;
         const auto* notify = reinterpret_cast<const xcb_selection_notify_event_t*>(event);
         if (notify->requestor != requestor_) return false;
         come = true;
@@ -204,25 +217,35 @@ bool TitleExists(const std::string& title) {
     return false;
 }
 
+bool OwnsClipboard() {
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return false;
+    const xcb_window_t owner = SelectionOwner(connection, AtomOf(connection, "CLIPBOARD"));
+    const xcb_setup_t* setup = xcb_get_setup(connection);
+    return owner != XCB_WINDOW_NONE && (owner & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
 void SaveClipboard() {
     using namespace std::chrono_literals;
     xcb_connection_t* connection = QtConnection();
     if (connection == nullptr) return;
     const xcb_atom_t manager = AtomOf(connection, "CLIPBOARD_MANAGER");
-    const Reply<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, manager), nullptr));
-    if (!owner || owner->owner == XCB_WINDOW_NONE) return;
+    if (SelectionOwner(connection, manager) == XCB_WINDOW_NONE) return;
 
     const xcb_window_t requestor = xcb_generate_id(connection);
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, requestor, RootOf(connection), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    const SelectionAnswer answer(requestor);
+    SelectionAnswer answer(requestor);
     xcb_convert_selection(connection, requestor, manager, AtomOf(connection, "SAVE_TARGETS"), XCB_ATOM_NONE,
                           XCB_CURRENT_TIME);
     xcb_flush(connection);
-    const auto deadline = std::chrono::steady_clock::now() + 1s;
-    while (!answer.come && std::chrono::steady_clock::now() < deadline) {
+    using std::chrono::steady_clock;
+    const auto end = steady_clock::now() + 30s;
+    auto deadline = steady_clock::now() + 1s;
+    while (!answer.come && steady_clock::now() < std::min(deadline, end)) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+        // A manager at work may take seconds for a piece of a large picture.
+        if (std::exchange(answer.asked, false)) deadline = steady_clock::now() + 5s;
     }
     xcb_destroy_window(connection, requestor);
     xcb_flush(connection);

@@ -234,13 +234,19 @@ class Screen:
             self._input(X.ButtonPress, button)
             self._input(X.ButtonRelease, button)
 
-    def drag(self, start, end, button=1, steps=8):
+    def drag(self, start, end, button=1, steps=8, held=()):
+        """A drag of the mouse, with modifiers held meanwhile."""
+        codes = [self._key(XK.string_to_keysym(_MODIFIERS[m]))[0] for m in held]
         self.move_pointer(*start)
+        for code in codes:
+            self._input(X.KeyPress, code)
         self._input(X.ButtonPress, button)
         for step in range(1, steps + 1):
             self.move_pointer(start[0] + (end[0] - start[0]) * step // steps,
                               start[1] + (end[1] - start[1]) * step // steps)
         self._input(X.ButtonRelease, button)
+        for code in codes[::-1]:
+            self._input(X.KeyRelease, code)
 
     def new_window(self):
         """An unmapped window of the driver's own, and the connection that it lives on."""
