@@ -7,6 +7,7 @@
 #include "platform/help/HelpDesk.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtSystem.h"
 #include "platform/qt/QtToolkit.h"
 #include "platform/qt/QtWakefulness.h"
@@ -31,6 +32,7 @@ class Composition {
     qt::QtClipboard clipboard_;
     qt::QtSystem system_;
     qt::QtWakefulness wakefulness_;
+    qt::QtDesktop desktop_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;
