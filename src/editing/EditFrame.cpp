@@ -38,19 +38,26 @@ void WriteMainImage(MainViewFrm& view) {
 }
 
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {
-    MainModule& module = view.Module();
     try {
         WriteMainImage(view);
         return true;
     } catch (const RuntimeError& error) {
-        module.Screen().MousePointer = MousePointer::Default;
-        view.App().MessageBox({.text = failure + std::string(NewLine2) + error.Description() + "...",
-                               .icon = forms::BoxIcon::Stop});
+        EndWithoutImage(view, failure, error);
+        return false;
     }
+}
+
+void EndWithoutImage(MainViewFrm& view, const std::string& text) {
+    MainModule& module = view.Module();
+    module.Screen().MousePointer = MousePointer::Default;
+    view.App().MessageBox({.text = text, .icon = forms::BoxIcon::Stop});
     module.CurrentImage.clear();
     mnuClear_Click(view);
     module.Screen().MousePointer = MousePointer::Default;
-    return false;
+}
+
+void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error) {
+    EndWithoutImage(view, failure + std::string(NewLine2) + error.Description() + "...");
 }
 
 void CommitEdit(MainViewFrm& view, const std::string& failure) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/base/RuntimeError.h"
 #include "platform/graphics/Surface.h"
 
 namespace tavrix {
@@ -28,9 +29,13 @@ void CommitWorkingFile(MainViewFrm& view);
 /// 380 without any pixels.
 void WriteMainImage(MainViewFrm& view);
 
-/// WriteMainImage for commands. On a failure the user is told: this text, the error's own, three points. The view is
-/// then left without an image, with the default pointer. Whether the file was written.
+/// WriteMainImage for commands; a failure ends by EndWithoutImage. Whether the file was written.
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure = EditNotWritten);
+
+/// Tells a failure that leaves the view without an image, and leaves it so, with the default pointer.
+void EndWithoutImage(MainViewFrm& view, const std::string& text);
+/// The same; the text is this one, the error's own, three points.
+void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error);
 
 /// The end of an edit: CommitWorkingFile, WriteWorkingFile, and mnuAnimatedGIF disabled.
 void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);

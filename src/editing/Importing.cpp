@@ -8,7 +8,6 @@
 #include "editing/Jpeg.h"
 #include "editing/frmImportImage.h"
 #include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 #include "viewer/Opening.h"
@@ -28,14 +27,6 @@ std::string AskForFile(const MainModule& module, const char* pattern, const char
     return ImportFile;
 }
 
-/// Tells a failure, and leaves the view without an image. Called under the hourglass, which is over then.
-void GiveUp(MainViewFrm& view, forms::BusyGuard& busy, const std::string& text) {
-    busy.Release();
-    view.App().MessageBox({.text = text, .icon = forms::BoxIcon::Stop});
-    view.Module().CurrentImage.clear();
-    mnuClear_Click(view);
-}
-
 /// Shows the picture that is in MainImage by now.
 void LayOut(MainViewFrm& view) {
     view.Form_Resize();
@@ -45,11 +36,11 @@ void LayOut(MainViewFrm& view) {
 
 void Import(MainViewFrm& view, const std::string& path) {
     const MainModule& module = view.Module();
-    forms::BusyGuard busy(module.Screen());
+    const forms::BusyGuard busy(module.Screen());
     SkipFailure([&] { view.selection.Drop(); });
     view.picFrame.Visible = false;
     if (!LoadThroughNViewLib(module, view.MainImage, path, 0)) {
-        GiveUp(view, busy, "Unable to import selected file.");
+        EndWithoutImage(view, "Unable to import selected file.");
         return;
     }
     LayOut(view);
@@ -86,7 +77,7 @@ void mnuTempFile_Click(MainViewFrm& view) {
         module.app.MessageBox({.text = "The temporary image file that was last created is already open..."});
         return;
     }
-    forms::BusyGuard busy(module.Screen());
+    const forms::BusyGuard busy(module.Screen());
     SkipFailure([&] { view.selection.Drop(); });
     view.picFrame.Visible = false;
     module.CurrentImage = path;
@@ -94,9 +85,7 @@ void mnuTempFile_Click(MainViewFrm& view) {
     try {
         view.MainImage.Picture = module.platform.pictures.Load(path);
     } catch (const RuntimeError& error) {
-        GiveUp(
-            view, busy,
-            "Unable to open the temporary image file." + std::string(NewLine2) + error.Description() + "...");
+        EndWithoutImage(view, "Unable to open the temporary image file.", error);
         return;
     }
     LayOut(view);
