@@ -167,6 +167,22 @@ TEST_F(FieldsTest, SelectionsBeyondTheTextAreCut) {
     EXPECT_THROW(form.Text1.SelLength = -1, RuntimeError);
 }
 
+TEST_F(FieldsTest, KeysMoveAScrollBar) {
+    form.Bar1.Min = 10;
+    form.Bar1.SmallChange = 5;
+    form.Bar1.LargeChange = 100;
+    form.Bar1.OnChange = [this] { log.push_back(std::to_string(form.Bar1.Value)); };
+    Open();
+    driver->UserFocuses(form.Bar1);
+    for (const int key : {KeyCode::Down, KeyCode::Right, KeyCode::Left, KeyCode::PageDown, KeyCode::Up,
+                          KeyCode::PageUp, KeyCode::PageUp, KeyCode::End, KeyCode::Down, KeyCode::Home})
+        driver->UserKey(form, key, ShiftMask::None);
+    driver->UserKey(form, KeyCode::Down, ShiftMask::Shift);
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"15", "20", "15", "115", "110", "10", "1000", "10"}));
+    EXPECT_EQ(driver->ShownValue(form.Bar1), 10);
+}
+
 TEST_F(FieldsTest, ASelectionSetBeforeTheFocusSurvivesIt) {
     form.Text1.Text = "C:\\Pictures";
     Open();
