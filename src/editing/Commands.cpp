@@ -1,5 +1,6 @@
 #include "editing/Commands.h"
 
+#include "editing/DesktopCommands.h"
 #include "editing/FixedTransforms.h"
 #include "editing/SavingCommands.h"
 #include "editing/Undo.h"
@@ -9,6 +10,7 @@ namespace tavrix {
 
 void InstallEditingCommands(MainViewFrm& view) {
     InstallSavingCommands(view);
+    InstallDesktopCommands(view);
     view.menu.mnuUndo.Install([&view] { mnuUndo_Click(view); });
     view.menu.mnuFlipHorizontal.Install([&view] { mnuFlipHorizontal_Click(view); });
     view.menu.mnuFlipVertically.Install([&view] { mnuFlipVertically_Click(view); });
