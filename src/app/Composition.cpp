@@ -26,9 +26,9 @@ Composition::Composition(HostPlatform& host)
       help_(
           host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },
           [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
-      services_{host.files, host.drives,   host.profile, host.registry, host.store,
-                host.shell, host.pictures, clipboard_,   host.sound,    help_,
-                system_,    host.process,  host.viewLib, wakefulness_,  desktop_} {
+      services_{host.files, host.drives,   host.profile, registry_,    host.store,
+                host.shell, host.pictures, clipboard_,   host.sound,   help_,
+                system_,    host.process,  host.viewLib, wakefulness_, desktop_} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);

@@ -5,6 +5,7 @@
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
 #include "platform/help/HelpDesk.h"
+#include "platform/qt/DesktopRegistry.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtDesktop.h"
@@ -33,6 +34,7 @@ class Composition {
     qt::QtSystem system_;
     qt::QtWakefulness wakefulness_;
     qt::QtDesktop desktop_;
+    qt::DesktopRegistry registry_{host_.registry, desktop_};
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;

@@ -16,6 +16,10 @@ namespace tavrix::qt {
 /// to whichever of the known desktops runs, else to the portal or the X server's root window.
 class QtDesktop final : public Desktop {
   public:
+    /// The registry's key and value that name the wallpaper.
+    static constexpr const char* Key = "Control Panel\\desktop";
+    static constexpr const char* WallpaperName = "Wallpaper";
+
     /// How drive paths and host paths become each other. Both throw as the file service does.
     struct Paths {
         std::function<std::string(const std::string&)> toHost;

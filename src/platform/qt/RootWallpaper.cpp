@@ -5,11 +5,11 @@
 #include <QImage>
 #include <QScreen>
 #include <algorithm>
-#include <cstring>
 
 #include "platform/base/RuntimeError.h"
 #include "platform/graphics/StretchCopy.h"
 #include "platform/qt/Displays.h"
+#include "platform/qt/SurfaceOfImage.h"
 #include "platform/qt/X11Screen.h"
 
 namespace tavrix::qt {
@@ -20,15 +20,6 @@ using namespace x11;
 
 /// The names under which other programs look for the root's picture.
 constexpr const char* Names[] = {"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"};
-
-Surface PixelsOf(const QImage& image) {
-    Surface pixels(image.width(), image.height());
-    for (int y = 0; y < image.height(); ++y) {
-        const std::span<Pixel> row = pixels.Row(y);
-        std::memcpy(row.data(), image.constScanLine(y), row.size_bytes());
-    }
-    return pixels;
-}
 
 void Put(Surface& screen, const Surface& picture, int left, int top) {
     StretchCopy(screen, {left, top, picture.Width(), picture.Height()}, picture,
@@ -122,7 +113,7 @@ bool RootWallpaper::Show(const std::string& file, bool tiled) {
     // The pixmap belongs to a connection that leaves it behind.
     const OwnConnection connection = Connect();
     if (!connection || !LayoutOfScreen(connection.get()).Known()) return false;
-    const QImage image = QImage(QFile::decodeName(file.c_str())).convertToFormat(QImage::Format_RGB32);
+    const QImage image(QFile::decodeName(file.c_str()));
     if (image.isNull()) return false;
 
     const xcb_screen_t& screen = ScreenOf(connection.get());
@@ -131,7 +122,7 @@ bool RootWallpaper::Show(const std::string& file, bool tiled) {
     if (!size) return false;
     const xcb_pixmap_t pixmap = xcb_generate_id(connection.get());
     xcb_create_pixmap(connection.get(), screen.root_depth, pixmap, screen.root, size->width, size->height);
-    Send(connection.get(), pixmap, Compose(PixelsOf(image), tiled, size->width, size->height));
+    Send(connection.get(), pixmap, Compose(SurfaceOfImage(image), tiled, size->width, size->height));
     xcb_set_close_down_mode(connection.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     return Hang(connection.get(), pixmap);
 }

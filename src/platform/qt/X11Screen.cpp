@@ -1,9 +1,7 @@
 #include "platform/qt/X11Screen.h"
 
-#include <QEventLoop>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -11,6 +9,7 @@
 #include <utility>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/qt/Settling.h"
 
 namespace tavrix::qt::x11 {
 
@@ -27,12 +26,6 @@ constexpr milliseconds UnmapStep = 2ms;
 constexpr milliseconds SettleStep = 50ms;
 constexpr int StepsOfQuiet = 3;
 constexpr milliseconds SettleLimit = 1000ms;
-
-void LetMessagesRun(milliseconds time) {
-    QEventLoop loop;
-    QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
 
 /// Whether a window and the frame around it are off the screen.
 bool IsGone(xcb_connection_t* connection, xcb_window_t window) {
@@ -113,9 +106,14 @@ ServerImageLayout LayoutOfScreen(xcb_connection_t* connection) {
     return layout;
 }
 
-std::optional<Surface> CaptureScreen() {
+bool ShowsDesktop() {
     xcb_connection_t* connection = QtConnection();
-    if (connection == nullptr || IsGuestOfWayland(connection)) return std::nullopt;
+    return connection != nullptr && !IsGuestOfWayland(connection);
+}
+
+std::optional<Surface> CaptureScreen() {
+    if (!ShowsDesktop()) return std::nullopt;
+    xcb_connection_t* connection = QtConnection();
     const ServerImageLayout layout = LayoutOfScreen(connection);
     if (!layout.Known()) return std::nullopt;
 
