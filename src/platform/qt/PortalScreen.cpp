@@ -29,7 +29,7 @@ constexpr auto AnswerLimit = 120s;
 bool IsTemporary(const QString& file) {
     const QString path = QDir::cleanPath(file);
     const std::array<QString, 3> folders{
-        QDir::tempPath(), QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+        QDir::tempPath(), qEnvironmentVariable("XDG_RUNTIME_DIR"),
         QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)};
     return std::ranges::any_of(folders, [&](const QString& folder) {
         return !folder.isEmpty() && path.startsWith(QDir::cleanPath(folder) + QLatin1Char('/'));
