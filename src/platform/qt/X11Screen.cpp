@@ -24,8 +24,8 @@ constexpr milliseconds UnmapStep = 2ms;
 // A compositor fades windows out, and programs below draw what was covered in their own time. The screen counts as
 // settled when it stayed the same for a while; something that moves all the time must not hold the capture up.
 constexpr milliseconds SettleStep = 50ms;
-constexpr int StepsOfQuiet = 3;
-constexpr milliseconds SettleLimit = 1000ms;
+constexpr int StepsOfQuiet = 5;
+constexpr milliseconds SettleLimit = 1500ms;
 
 /// Whether a window and the frame around it are off the screen.
 bool IsGone(xcb_connection_t* connection, xcb_window_t window) {

@@ -1,6 +1,6 @@
 """python3 -m driver.backdrop X Y WIDTH HEIGHT
 
-A window of coloured fields, which a window manager leaves where it is. What was covered is drawn again only after a
+A window of coloured fields below all others, which a window manager leaves alone. What was covered is drawn again only after a
 while, as a busy program does it. The property TAVRIX_DRAWN of the root window tells of each drawing: the process, and
 how many it were.
 """
@@ -23,6 +23,7 @@ def main(x, y, width, height):
                                        override_redirect=True, background_pixel=screen.white_pixel)
     pens = [window.create_gc(foreground=screen.default_colormap.alloc_named_color(colour).pixel)
             for colour in _COLOURS]
+    window.configure(stack_mode=X.Below)
     window.map()
     drawn = 0
     while True:
