@@ -40,11 +40,11 @@ frmSetWallpaper::frmSetWallpaper(forms::Application& application, MainViewFrm& v
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     CmdHelp.Caption = "Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::Wallpaper); };
-    SetLayout(forms::Column(
-        {forms::Row({lblCurrent, forms::Growing(forms::AtLeast(4500, 0, lblLastFilename))}),
-         forms::Row({forms::Group("", {OptionTile, OptionCenter}),
-                     forms::Group("", {CheckStretch, CheckAspect}), forms::Growing(forms::Stretch())}),
-         forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
+    SetLayout(
+        forms::Column({forms::Row({lblCurrent, forms::Growing(forms::AtLeast(4500, 0, lblLastFilename))}),
+                       forms::Row({forms::Growing(forms::Group("", {OptionTile, OptionCenter})),
+                                   forms::Growing(forms::Group("", {CheckStretch, CheckAspect}))}),
+                       forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
 }
 
 void frmSetWallpaper::Form_Load() {
