@@ -103,9 +103,10 @@ class Machine {
     HostFiles files_{drives_, paths_};
     HostPictures pictures_{files_};
     headless::HeadlessServices memory_;
-    Services services_{files_,         memory_.drives,  memory_.profile,   memory_.registry,   memory_.store,
-                       memory_.shell,  pictures_,       memory_.clipboard, memory_.sound,      memory_.help,
-                       memory_.system, memory_.process, memory_.viewLib,   memory_.wakefulness};
+    Services services_{files_,          memory_.drives,      memory_.profile, memory_.registry,
+                       memory_.store,   memory_.shell,       pictures_,       memory_.clipboard,
+                       memory_.sound,   memory_.help,        memory_.system,  memory_.process,
+                       memory_.viewLib, memory_.wakefulness, memory_.desktop};
     headless::HeadlessToolkit toolkit_;
     forms::Application app_{toolkit_};
     MainModule module_{app_, services_};

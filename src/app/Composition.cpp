@@ -20,13 +20,15 @@ std::string HelpFileBesideProgram(HostPlatform& host) {
 Composition::Composition(HostPlatform& host)
     : host_(host),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
+      desktop_(host.registry, {[&host](const std::string& path) { return host.files.HostPathOf(path); },
+                               [&host](const std::string& file) { return host.driveMap.ToDrivePath(file); }}),
       helpWindow_([this] { return module_.config.TopMostWindow; }),
       help_(
           host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },
           [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
-      services_{host.files, host.drives,   host.profile, host.registry, host.store,
-                host.shell, host.pictures, clipboard_,   host.sound,    help_,
-                system_,    host.process,  host.viewLib, wakefulness_} {
+      services_{host.files, host.drives,   host.profile, registry_,    host.store,
+                host.shell, host.pictures, clipboard_,   host.sound,   help_,
+                system_,    host.process,  host.viewLib, wakefulness_, desktop_} {
     app_.OnHelp = [this](const forms::BoxRequest& request) {
         const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
         help_.Show(file, HelpCommand::Context, request.helpContext);

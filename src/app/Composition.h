@@ -5,8 +5,10 @@
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
 #include "platform/help/HelpDesk.h"
+#include "platform/qt/DesktopRegistry.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtClipboard.h"
+#include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtSystem.h"
 #include "platform/qt/QtToolkit.h"
 #include "platform/qt/QtWakefulness.h"
@@ -31,6 +33,8 @@ class Composition {
     qt::QtClipboard clipboard_;
     qt::QtSystem system_;
     qt::QtWakefulness wakefulness_;
+    qt::QtDesktop desktop_;
+    qt::DesktopRegistry registry_{host_.registry, desktop_};
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;

@@ -24,6 +24,7 @@
 #include "editing/OpenPaletteFrm.h"
 #include "editing/SaveCopyFrm.h"
 #include "editing/frmImportImage.h"
+#include "editing/frmSetWallpaper.h"
 #include "lists/Commands.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
@@ -105,10 +106,10 @@ class Gallery {
         app_.FormAt(app_.FormCount() - 1).Hide();
     }
 
-    void DrawForm(forms::Form& form) {
+    void DrawForm(forms::Form& form, const std::string& variant = "") {
         form.Show();
         Settle();
-        Save(form.Name());
+        Save(form.Name() + variant);
         app_.Unload(form);
     }
 
@@ -142,6 +143,10 @@ class Gallery {
         import.Caption = "Import TGA Image File";
         DrawForm(import);
         DrawForm(app_.Load<OpenPaletteFrm>(module_));
+        DrawForm(app_.Load<frmSetWallpaper>(view));
+        platform_.desktop.SetWallpaper(
+            "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.jpg");
+        DrawForm(app_.Load<frmSetWallpaper>(view), "-long-path");
     }
 
     void DrawStage() {

@@ -16,6 +16,7 @@ inline constexpr unsigned Settings = 170;
 inline constexpr unsigned SaveCopy = 180;
 inline constexpr unsigned Export = 190;
 inline constexpr unsigned Import = 200;
+inline constexpr unsigned Wallpaper = 210;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
 inline constexpr unsigned CropImage = 1310;
 inline constexpr unsigned DisplayColours = 1320;

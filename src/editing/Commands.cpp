@@ -2,6 +2,7 @@
 
 #include "editing/Copy.h"
 #include "editing/Crop.h"
+#include "editing/DesktopCommands.h"
 #include "editing/FixedTransforms.h"
 #include "editing/Paste.h"
 #include "editing/SavingCommands.h"
@@ -12,6 +13,7 @@ namespace tavrix {
 
 void InstallEditingCommands(MainViewFrm& view) {
     InstallSavingCommands(view);
+    InstallDesktopCommands(view);
     view.menu.mnuUndo.Install([&view] { mnuUndo_Click(view); });
     view.menu.mnuCopy.Install([&view] { mnuCopy_Click(view); });
     view.menu.mnuPaste.Install([&view] { mnuPaste_Click(view); });

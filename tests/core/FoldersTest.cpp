@@ -141,7 +141,8 @@ class GetDiskFreeBytesTest : public ProgramFixture {
                       platform.pictures, platform.clipboard,
                       platform.sound,    platform.help,
                       platform.system,   platform.process,
-                      platform.viewLib,  platform.wakefulness};
+                      platform.viewLib,  platform.wakefulness,
+                      platform.desktop};
     MainModule other{app, services};
 };
 

@@ -12,6 +12,7 @@
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Menu.h"
+#include "platform/forms/OptionButton.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/RowControl.h"
 #include "platform/forms/ScrollBar.h"
@@ -68,8 +69,11 @@ class Driver {
     /// Moves the keyboard to a control, as by Tab.
     virtual void UserFocuses(forms::Control& control) = 0;
     virtual void UserTicks(forms::CheckBox& box) = 0;
+    virtual void UserPicks(forms::OptionButton& option) = 0;
     /// Enters characters in the place of what is selected. The field has the focus.
     virtual void UserTypes(forms::TextBox& field, const std::string& text) = 0;
+    /// Puts a text from elsewhere in the place of what is selected. The field has the focus.
+    virtual void UserPastes(forms::TextBox& field, const std::string& text) = 0;
     /// Selects by keys. The field has the focus.
     virtual void UserSelects(forms::TextBox& field, Selection selection) = 0;
     virtual void UserChoosesRow(forms::RowControl& list, int row, int button = forms::MouseButton::Left) = 0;
@@ -102,6 +106,9 @@ class Driver {
     [[nodiscard]] virtual bool ShownVisible(forms::Control& control) = 0;
     [[nodiscard]] virtual int ShownValue(forms::ScrollBar& bar) = 0;
     [[nodiscard]] virtual bool ShownChecked(forms::CheckBox& box) = 0;
+    [[nodiscard]] virtual bool ShownChosen(forms::OptionButton& option) = 0;
+    /// Whether Tab stops at it.
+    [[nodiscard]] virtual bool ShownTabStop(forms::OptionButton& option) = 0;
     [[nodiscard]] virtual Selection ShownSelection(forms::TextBox& field) = 0;
     [[nodiscard]] virtual std::vector<std::string> ShownRows(forms::RowControl& list) = 0;
     /// The current row; -1 for none.

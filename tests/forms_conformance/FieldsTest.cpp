@@ -167,6 +167,64 @@ TEST_F(FieldsTest, SelectionsBeyondTheTextAreCut) {
     EXPECT_THROW(form.Text1.SelLength = -1, RuntimeError);
 }
 
+TEST_F(FieldsTest, AHandlerDiscardsTypedCharacters) {
+    form.Text1.OnKeyPress = [this](std::string& character) {
+        log.push_back("press " + character);
+        if (character != "1" && character != "\U0001F600") character.clear();
+    };
+    Open();
+    form.Text1.SetFocus();
+    driver->UserTypes(form.Text1, "a1b");
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"press a", "press 1", "text 1", "press b"}));
+    EXPECT_EQ(driver->ShownText(form.Text1), "1");
+    driver->UserTypes(form.Text1, "\u00E4\U0001F600");
+    driver->Settle();
+    EXPECT_EQ(form.Text1.Text, "1\U0001F600");
+    EXPECT_EQ(driver->ShownText(form.Text1), "1\U0001F600");
+}
+
+TEST_F(FieldsTest, WhatIsPastedIsNoTypedCharacter) {
+    form.Text1.OnKeyPress = [this](std::string& character) {
+        log.push_back("press " + character);
+        character.clear();
+    };
+    Open();
+    form.Text1.SetFocus();
+    driver->UserPastes(form.Text1, "many");
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"text many"}));
+    EXPECT_EQ(driver->ShownText(form.Text1), "many");
+}
+
+TEST_F(FieldsTest, TheMouseOverACheckBoxIsToldBehindTheClick) {
+    form.Check1.OnMouseUp = [this](const MouseEvent& mouse) {
+        log.push_back("up " + std::to_string(mouse.button));
+    };
+    Open();
+    driver->UserTicks(form.Check1);
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"ticked", "up 1"}));
+    form.Check1.Value = false;
+    EXPECT_EQ(Count(log, "up 1"), 1);
+}
+
+TEST_F(FieldsTest, KeysMoveAScrollBar) {
+    form.Bar1.Min = 10;
+    form.Bar1.SmallChange = 5;
+    form.Bar1.LargeChange = 100;
+    form.Bar1.OnChange = [this] { log.push_back(std::to_string(form.Bar1.Value)); };
+    Open();
+    driver->UserFocuses(form.Bar1);
+    for (const int key : {KeyCode::Down, KeyCode::Right, KeyCode::Left, KeyCode::PageDown, KeyCode::Up,
+                          KeyCode::PageUp, KeyCode::PageUp, KeyCode::End, KeyCode::Down, KeyCode::Home})
+        driver->UserKey(form, key, ShiftMask::None);
+    driver->UserKey(form, KeyCode::Down, ShiftMask::Shift);
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"15", "20", "15", "115", "110", "10", "1000", "10"}));
+    EXPECT_EQ(driver->ShownValue(form.Bar1), 10);
+}
+
 TEST_F(FieldsTest, ASelectionSetBeforeTheFocusSurvivesIt) {
     form.Text1.Text = "C:\\Pictures";
     Open();

@@ -1,7 +1,6 @@
 #include <utility>
 
 #include "forms_conformance/Driver.h"
-#include "platform/base/Text.h"
 #include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::conformance {
@@ -16,6 +15,7 @@ using headless::HeadlessControlPeer;
 using headless::HeadlessLabelPeer;
 using headless::HeadlessListPeer;
 using headless::HeadlessMenuItemPeer;
+using headless::HeadlessOptionPeer;
 using headless::HeadlessScrollBarPeer;
 using headless::HeadlessTextPeer;
 using headless::HeadlessWindowPeer;
@@ -36,6 +36,7 @@ auto WithPeer(const Control& control, Function function) {
     if (auto* button = dynamic_cast<HeadlessButtonPeer*>(peer)) return function(*button);
     if (auto* bar = dynamic_cast<HeadlessScrollBarPeer*>(peer)) return function(*bar);
     if (auto* check = dynamic_cast<HeadlessCheckPeer*>(peer)) return function(*check);
+    if (auto* option = dynamic_cast<HeadlessOptionPeer*>(peer)) return function(*option);
     if (auto* field = dynamic_cast<HeadlessTextPeer*>(peer)) return function(*field);
     if (auto* list = dynamic_cast<HeadlessListPeer*>(peer)) return function(*list);
     return function(dynamic_cast<HeadlessCanvasPeer&>(*peer));
@@ -114,26 +115,26 @@ class HeadlessDriver final : public Driver {
             peer.sink.Deliver(FocusEvent{});
             peer.checked = !peer.checked;
             peer.sink.Deliver(CheckEvent{peer.checked});
+            peer.sink.Deliver(MouseEvent{MouseAction::Up, MouseButton::Left, 0, 1, 1});
+        });
+    }
+    void UserPicks(OptionButton& option) override {
+        auto& peer = PeerOf<HeadlessOptionPeer>(option);
+        if (!peer.enabled || !peer.visible) return;
+        toolkit_.Post([&peer] {
+            peer.sink.Deliver(FocusEvent{});
+            peer.checked = true;
+            peer.sink.Deliver(CheckEvent{true});
         });
     }
     void UserTypes(TextBox& field, const std::string& text) override {
         auto& peer = PeerOf<HeadlessTextPeer>(field);
         if (!peer.enabled) return;
-        toolkit_.Post([&peer, text] {
-            const std::string before = Left(peer.text, static_cast<std::size_t>(peer.selectionStart));
-            const std::string behind =
-                From(peer.text, static_cast<std::size_t>(peer.selectionStart + peer.selectionLength));
-            std::string entered = text;
-            if (peer.maxLength != 0) {
-                const std::size_t room = static_cast<std::size_t>(peer.maxLength) - CharacterCount(before) -
-                                         CharacterCount(behind);
-                entered = Left(entered, room);
-            }
-            peer.text = before + entered + behind;
-            peer.selectionStart += static_cast<int>(CharacterCount(entered));
-            peer.selectionLength = 0;
-            peer.sink.Deliver(TextEvent{peer.text, peer.selectionStart, 0});
-        });
+        toolkit_.Post([&peer, text] { peer.UserTypes(text); });
+    }
+    void UserPastes(TextBox& field, const std::string& text) override {
+        auto& peer = PeerOf<HeadlessTextPeer>(field);
+        toolkit_.Post([&peer, text] { peer.UserPastes(text); });
     }
     void UserSelects(TextBox& field, Selection selection) override {
         auto& peer = PeerOf<HeadlessTextPeer>(field);
@@ -205,6 +206,7 @@ class HeadlessDriver final : public Driver {
             return PeerOf<HeadlessLabelPeer>(control).text;
         }
         if (auto* check = dynamic_cast<HeadlessCheckPeer*>(control.Peer())) return check->text;
+        if (auto* option = dynamic_cast<HeadlessOptionPeer*>(control.Peer())) return option->text;
         if (auto* field = dynamic_cast<HeadlessTextPeer*>(control.Peer())) return field->text;
         return PeerOf<HeadlessButtonPeer>(control).text;
     }
@@ -222,6 +224,8 @@ class HeadlessDriver final : public Driver {
     }
     int ShownValue(ScrollBar& bar) override { return PeerOf<HeadlessScrollBarPeer>(bar).value; }
     bool ShownChecked(CheckBox& box) override { return PeerOf<HeadlessCheckPeer>(box).checked; }
+    bool ShownChosen(OptionButton& option) override { return PeerOf<HeadlessOptionPeer>(option).checked; }
+    bool ShownTabStop(OptionButton& option) override { return PeerOf<HeadlessOptionPeer>(option).tabStop; }
     Selection ShownSelection(TextBox& field) override {
         const auto& peer = PeerOf<HeadlessTextPeer>(field);
         return {peer.selectionStart, peer.selectionLength};

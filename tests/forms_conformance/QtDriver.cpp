@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
 #include <QElapsedTimer>
@@ -16,6 +17,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -73,8 +75,12 @@ Qt::Key KeyOf(int keyCode) {
             return Qt::Key_Home;
         case KeyCode::End:
             return Qt::Key_End;
+        case KeyCode::PageUp:
+            return Qt::Key_PageUp;
         case KeyCode::PageDown:
             return Qt::Key_PageDown;
+        case KeyCode::Back:
+            return Qt::Key_Backspace;
         case KeyCode::Delete:
             return Qt::Key_Delete;
         default:
@@ -185,11 +191,8 @@ class QtDriver final : public Driver {
                           widget.mapTo(widget.window(), QPoint(1, 1)));
     }
     void UserFocuses(Control& control) override { WidgetOf(control).setFocus(Qt::TabFocusReason); }
-    void UserTicks(CheckBox& box) override {
-        QWidget& widget = WidgetOf(box);
-        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
-                          widget.mapTo(widget.window(), QPoint(8, widget.height() / 2)));
-    }
+    void UserTicks(CheckBox& box) override { PressMark(WidgetOf(box)); }
+    void UserPicks(OptionButton& option) override { PressMark(WidgetOf(option)); }
     void UserTypes(TextBox& field, const std::string& text) override {
         QWidget& widget = WidgetOf(field);
         if (!widget.isEnabled()) return;
@@ -201,6 +204,10 @@ class QtDriver final : public Driver {
         QInputMethodEvent event;
         event.setCommitString(QString::fromStdString(text));
         QCoreApplication::sendEvent(&widget, &event);
+    }
+    void UserPastes(TextBox& field, const std::string& text) override {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+        QTest::keyClick(WidgetOf(field).window()->windowHandle(), Qt::Key_V, Qt::ControlModifier);
     }
     void UserSelects(TextBox& field, Selection selection) override {
         QWindow* window = WidgetOf(field).window()->windowHandle();
@@ -289,6 +296,12 @@ class QtDriver final : public Driver {
     bool ShownVisible(Control& control) override { return WidgetOf(control).isVisible(); }
     int ShownValue(ScrollBar& bar) override { return dynamic_cast<QScrollBar&>(WidgetOf(bar)).value(); }
     bool ShownChecked(CheckBox& box) override { return dynamic_cast<QCheckBox&>(WidgetOf(box)).isChecked(); }
+    bool ShownChosen(OptionButton& option) override {
+        return dynamic_cast<QRadioButton&>(WidgetOf(option)).isChecked();
+    }
+    bool ShownTabStop(OptionButton& option) override {
+        return (WidgetOf(option).focusPolicy() & Qt::TabFocus) != 0;
+    }
     Selection ShownSelection(TextBox& field) override {
         const auto& widget = dynamic_cast<QLineEdit&>(WidgetOf(field));
         const QString text = widget.text();
@@ -351,6 +364,11 @@ class QtDriver final : public Driver {
     static QPoint Logical(int x, int y) {
         const double ratio = qt::DeviceRatio();
         return {qt::RoundToLogical(x, ratio), qt::RoundToLogical(y, ratio)};
+    }
+    /// Presses the box or the circle at the start of a widget.
+    static void PressMark(QWidget& widget) {
+        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
+                          widget.mapTo(widget.window(), QPoint(8, widget.height() / 2)));
     }
     static void Point(QWidget& window, QPoint place) { QTest::mouseMove(window.windowHandle(), place); }
 

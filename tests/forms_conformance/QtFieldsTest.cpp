@@ -183,6 +183,32 @@ TEST_F(QtFieldsTest, TheMnemonicOfACheckBoxTicksAndGivesTheFocus) {
     EXPECT_EQ(form.ActiveControl(), &form.Check1);
 }
 
+TEST_F(QtFieldsTest, BackspaceIsATypedCharacterAndShortcutsAreNot) {
+    form.Text1.Text = "abc";
+    form.Text1.OnKeyPress = [this](std::string& character) {
+        log.push_back("press " + character);
+        character.clear();
+    };
+    Open();
+    form.Text1.SetFocus();
+    Key(KeyCode::End);
+    Key(KeyCode::Back);
+    EXPECT_EQ(log, (std::vector<std::string>{"press \b"}));
+    EXPECT_EQ(form.Text1.Text, "abc");
+    form.Text1.OnKeyPress = [](std::string&) {};
+    Key(KeyCode::Back);
+    EXPECT_EQ(form.Text1.Text, "ab");
+    form.Text1.OnKeyPress = [this](std::string& character) { log.push_back("press " + character); };
+    log.clear();
+    for (const int key : {int{'A'}, int{'C'}, int{'X'}, int{'V'}})
+        Key(key, ShiftMask::Ctrl);
+    Key(KeyCode::Delete);
+    Key(KeyCode::Return);
+    Key(KeyCode::Tab);
+    EXPECT_EQ(log, (std::vector<std::string>{"ok"}));
+    EXPECT_EQ(form.Text1.Text, "ab");
+}
+
 TEST_F(QtFieldsTest, TheFirstControlOfAWindowHasTheFocus) {
     form.Text1.OnKeyUp = [this](int code, int) { log.push_back("up " + std::to_string(code)); };
     Open();

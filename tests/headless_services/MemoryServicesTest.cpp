@@ -220,5 +220,27 @@ TEST(HeadlessServices, WishesForALitScreenAreNoted) {
     EXPECT_EQ(platform.wakefulness.calls, (std::vector<bool>{true, false, false}));
 }
 
+TEST(HeadlessServices, TheDesktopShowsWhatItIsGivenAndNotesWallpapers) {
+    HeadlessServices platform;
+    Desktop& desktop = platform.services.desktop;
+    EXPECT_FALSE(desktop.Capture());
+    platform.desktop.screen = Surface(3, 2);
+    platform.desktop.screen->Fill(OpaquePixel(1, 2, 3));
+    for (int again = 0; again < 2; ++again) {
+        const std::optional<Surface> seen = desktop.Capture();
+        ASSERT_TRUE(seen);
+        EXPECT_EQ(seen->Width(), 3);
+        EXPECT_EQ(seen->Row(1)[2], OpaquePixel(1, 2, 3));
+    }
+
+    desktop.SetWallpaper("C:\\a.bmp");
+    EXPECT_EQ(platform.registry.Read("Control Panel\\desktop", "Wallpaper")->text, "C:\\a.bmp");
+    platform.faults.FailNth(Service::Desktop, 1, ErrorNumber::DeviceUnavailable);
+    EXPECT_THROW(desktop.SetWallpaper(""), RuntimeError);
+    EXPECT_EQ(platform.registry.Read("Control Panel\\desktop", "Wallpaper")->text, "C:\\a.bmp");
+    EXPECT_EQ(platform.desktop.wallpapers, (std::vector<std::string>{"C:\\a.bmp", ""}));
+    EXPECT_EQ(platform.faults.Log().back(), "Registry.Read Control Panel\\desktop Wallpaper");
+}
+
 }  // namespace
 }  // namespace tavrix::headless

@@ -357,7 +357,13 @@ TEST_F(HostFilesTest, KnowsTheFolders) {
     EXPECT_EQ(files.Folder(KnownFolder::Temporary), "C:\\temp");
     EXPECT_EQ(StatusOf("c/temp").st_mode & 0777U, 0700U);
     EXPECT_EQ(files.Folder(KnownFolder::Program), "P:\\");
-    EXPECT_EQ(files.Folder(KnownFolder::Windows), "");
+    HostPaths paths = Paths();
+    paths.data.clear();
+    DriveMap map(Sources());
+    EXPECT_EQ(HostFiles(map, paths).Folder(KnownFolder::Windows), "");
+    paths.data = folder.At("c/me/data");
+    EXPECT_EQ(HostFiles(map, paths).Folder(KnownFolder::Windows), "C:\\me\\data\\tavrix\\windows");
+    EXPECT_TRUE(folder.Has("c/me/data/tavrix/windows"));
     Write("C:\\temp\\~undo.tmp", "x");
     EXPECT_EQ(folder.Content("c/temp/~undo.tmp"), "x");
 }

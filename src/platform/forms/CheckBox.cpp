@@ -10,9 +10,12 @@ ControlPeer& CheckBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
 }
 
 void CheckBox::Handle(const Event& event) {
-    const auto* check = std::get_if<CheckEvent>(&event);
-    if (check == nullptr || !Enabled) return;
-    if (Value.Store(check->checked) && OnClick) OnClick();
+    if (!Enabled) return;
+    if (const auto* check = std::get_if<CheckEvent>(&event)) {
+        if (Value.Store(check->checked) && OnClick) OnClick();
+    } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        if (mouse->action == MouseAction::Up && OnMouseUp) OnMouseUp(*mouse);
+    }
 }
 
 void CheckBox::AssignCaption(const std::string& value) {

@@ -14,6 +14,8 @@ class CheckBox final : public Control {
     Property<bool> Value{this, &CheckBox::AssignValue};
 
     std::function<void()> OnClick;
+    /// A mouse button was released that had been pressed over it; Click comes before.
+    std::function<void(const MouseEvent&)> OnMouseUp;
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;

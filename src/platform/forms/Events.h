@@ -106,6 +106,13 @@ struct CheckEvent {
     bool checked = true;
 };
 
+/// The user is about to enter a character into a text by the keyboard, or to take one away (Backspace). What is pasted
+/// comes without. A handler that sets `discarded` keeps it from the text.
+struct CharacterEvent {
+    std::string character;
+    bool* discarded = nullptr;
+};
+
 struct FocusEvent {
     bool gained = true;
 };
@@ -130,9 +137,9 @@ struct DropEvent {
     int y = 0;
 };
 
-using Event =
-    std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent, TextEvent,
-                 CheckEvent, FocusEvent, PlacementEvent, ActivateEvent, CloseEvent, DropEvent>;
+using Event = std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent,
+                           TextEvent, CheckEvent, CharacterEvent, FocusEvent, PlacementEvent, ActivateEvent,
+                           CloseEvent, DropEvent>;
 
 /// The one door through which the user's doings arrive.
 class EventSink {

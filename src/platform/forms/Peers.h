@@ -43,6 +43,13 @@ class CheckPeer : public ControlPeer {
     virtual void SetChecked(bool checked) = 0;
 };
 
+/// One of several choices. What the others of its group show is not its business.
+class OptionPeer : public CheckPeer {
+  public:
+    /// Whether Tab stops at it.
+    virtual void SetTabStop(bool stops) = 0;
+};
+
 /// One line of text that the user edits. Positions and lengths count characters.
 class TextPeer : public ControlPeer {
   public:

@@ -1,6 +1,7 @@
 #include "platform/forms/ScrollBar.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "platform/base/RuntimeError.h"
 
@@ -23,6 +24,39 @@ void ScrollBar::Handle(const Event& event) {
         settled_ = Value;
         if (OnChange) OnChange();
     }
+}
+
+void ScrollBar::KeyPressed(int& keyCode, int shift) {
+    if (shift != ShiftMask::None) return;
+    std::int64_t value = Value.Get();
+    switch (keyCode) {
+        case KeyCode::Left:
+        case KeyCode::Up:
+            value -= SmallChange.Get();
+            break;
+        case KeyCode::Right:
+        case KeyCode::Down:
+            value += SmallChange.Get();
+            break;
+        case KeyCode::PageUp:
+            value -= LargeChange.Get();
+            break;
+        case KeyCode::PageDown:
+            value += LargeChange.Get();
+            break;
+        case KeyCode::Home:
+            value = Min;
+            break;
+        case KeyCode::End:
+            value = Max;
+            break;
+        default:
+            return;
+    }
+    keyCode = 0;
+    const std::int64_t low = std::min<int>(Min, Max);
+    const std::int64_t high = std::max<int>(Min, Max);
+    Value = static_cast<int>(std::clamp(value, low, high));
 }
 
 void ScrollBar::AssignValue(const int& value) {

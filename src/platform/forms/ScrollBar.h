@@ -4,7 +4,8 @@
 
 namespace tavrix::forms {
 
-/// A scroll bar. Values are twips here, as everywhere on a form, in 32 bits.
+/// A scroll bar. Values are twips here, as everywhere on a form, in 32 bits. The arrow keys, Page Up, Page Down, Home
+/// and End move it.
 class ScrollBar final : public Control {
   public:
     ScrollBar(Container& container, std::string name, bool vertical)
@@ -25,6 +26,7 @@ class ScrollBar final : public Control {
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;
+    void KeyPressed(int& keyCode, int shift) override;
     void AssignValue(const int& value);
     void AssignMin(const int& value);
     void AssignMax(const int& value);

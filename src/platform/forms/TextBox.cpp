@@ -16,8 +16,15 @@ ControlPeer& TextBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
 }
 
 void TextBox::Handle(const Event& event) {
+    if (!Enabled) return;
+    if (const auto* typed = std::get_if<CharacterEvent>(&event)) {
+        std::string character = typed->character;
+        if (OnKeyPress) OnKeyPress(character);
+        if (character.empty() && typed->discarded != nullptr) *typed->discarded = true;
+        return;
+    }
     const auto* edit = std::get_if<TextEvent>(&event);
-    if (edit == nullptr || !Enabled) return;
+    if (edit == nullptr) return;
     const bool news = Text.Store(edit->text);
     SelStart.Store(edit->selectionStart);
     SelLength.Store(edit->selectionLength);

@@ -23,6 +23,10 @@ class TextBox final : public Control {
     void SelectAll();
 
     std::function<void()> OnChange;
+    /// A character is typed, before it reaches the text; the Backspace key is one too. A handler that empties it
+    /// discards it. What is pasted does not come here.
+    std::function<void(std::string& character)> OnKeyPress;
+    static constexpr const char* BackspaceCharacter = "\b";
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;

@@ -64,6 +64,7 @@ class Toolkit {
     virtual std::unique_ptr<LabelPeer> CreateLabel(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<ButtonPeer> CreateButton(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<CheckPeer> CreateCheckBox(EventSink& sink, ControlPeer& container) = 0;
+    virtual std::unique_ptr<OptionPeer> CreateOptionButton(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<TextPeer> CreateTextBox(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<ListPeer> CreateList(EventSink& sink, ControlPeer& container,
                                                  const ListContent& content) = 0;

@@ -6,9 +6,9 @@
 namespace tavrix::headless {
 namespace {
 
-constexpr std::array<const char*, 14> ServiceNames{
-    "Files",     "Drives", "Profile", "Registry", "UserStore", "Shell",    "Pictures",
-    "Clipboard", "Sound",  "Help",    "System",   "Process",   "NViewLib", "Wakefulness"};
+constexpr std::array<const char*, 15> ServiceNames{
+    "Files", "Drives", "Profile", "Registry", "UserStore", "Shell",       "Pictures", "Clipboard",
+    "Sound", "Help",   "System",  "Process",  "NViewLib",  "Wakefulness", "Desktop"};
 
 }  // namespace
 

@@ -26,6 +26,7 @@ enum class Service {
     Process,
     NViewLib,
     Wakefulness,
+    Desktop,
 };
 
 /// Faults on demand. Each call of a service counts, and so does each call of an open file's reader or writer; the one

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/base/Text.h"
 #include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::headless {
@@ -29,6 +30,30 @@ std::vector<std::string> HeadlessListPeer::Texts() const {
     for (int row = 0; row < content.RowCount(); ++row)
         texts.push_back(content.Row(row).text);
     return texts;
+}
+
+void HeadlessTextPeer::UserTypes(const std::string& characters) {
+    for (std::string rest = characters; !rest.empty(); rest = From(rest, 1)) {
+        const std::string typed = Left(rest, 1);
+        bool discarded = false;
+        sink.Deliver(forms::CharacterEvent{typed, &discarded});
+        if (!discarded) UserPastes(typed);
+    }
+}
+
+void HeadlessTextPeer::UserPastes(const std::string& entered) {
+    const std::string before = Left(text, static_cast<std::size_t>(selectionStart));
+    const std::string behind = From(text, static_cast<std::size_t>(selectionStart + selectionLength));
+    std::string kept = entered;
+    if (maxLength != 0) {
+        const std::size_t room =
+            static_cast<std::size_t>(maxLength) - CharacterCount(before) - CharacterCount(behind);
+        kept = Left(entered, room);
+    }
+    text = before + kept + behind;
+    selectionStart += static_cast<int>(CharacterCount(kept));
+    selectionLength = 0;
+    sink.Deliver(forms::TextEvent{text, selectionStart, 0});
 }
 
 HeadlessWindowPeer::HeadlessWindowPeer(HeadlessToolkit& toolkit, forms::EventSink& events,

@@ -45,14 +45,26 @@ class HeadlessLabelPeer final : public HeadlessControlPeer<forms::LabelPeer> {
     forms::ControlPeer* buddy = nullptr;
 };
 
-class HeadlessCheckPeer final : public HeadlessControlPeer<forms::CheckPeer> {
+/// What check boxes and option buttons share.
+template <class Interface>
+class HeadlessTickPeer : public HeadlessControlPeer<Interface> {
   public:
-    using HeadlessControlPeer::HeadlessControlPeer;
+    using HeadlessControlPeer<Interface>::HeadlessControlPeer;
     void SetText(const std::string& value) override { text = value; }
     void SetChecked(bool value) override { checked = value; }
 
     std::string text;
     bool checked = false;
+};
+
+using HeadlessCheckPeer = HeadlessTickPeer<forms::CheckPeer>;
+
+class HeadlessOptionPeer final : public HeadlessTickPeer<forms::OptionPeer> {
+  public:
+    using HeadlessTickPeer::HeadlessTickPeer;
+    void SetTabStop(bool stops) override { tabStop = stops; }
+
+    bool tabStop = false;
 };
 
 class HeadlessTextPeer final : public HeadlessControlPeer<forms::TextPeer> {
@@ -64,6 +76,11 @@ class HeadlessTextPeer final : public HeadlessControlPeer<forms::TextPeer> {
         selectionLength = length;
     }
     void SetMaxLength(int characters) override { maxLength = characters; }
+
+    /// The user enters characters in the place of what is selected, one by one.
+    void UserTypes(const std::string& characters);
+    /// The user puts a text from elsewhere in the place of what is selected.
+    void UserPastes(const std::string& entered);
 
     std::string text;
     int selectionStart = 0;

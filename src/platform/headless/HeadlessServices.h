@@ -13,6 +13,7 @@
 #include "platform/headless/MemoryRegistry.h"
 #include "platform/headless/MemoryUserStore.h"
 #include "platform/headless/MemoryViewLib.h"
+#include "platform/headless/RecordingDesktop.h"
 #include "platform/headless/RecordingHelp.h"
 #include "platform/headless/RecordingShell.h"
 #include "platform/headless/RecordingWakefulness.h"
@@ -43,9 +44,10 @@ struct HeadlessServices {
     FakeProcess process{faults};
     MemoryViewLib viewLib{disks, faults};
     RecordingWakefulness wakefulness{faults};
+    RecordingDesktop desktop{registry, faults};
 
-    tavrix::Services services{files,     drives, profile, registry, store,   shell,   pictures,
-                              clipboard, sound,  help,    system,   process, viewLib, wakefulness};
+    tavrix::Services services{files, drives, profile, registry, store,   shell,       pictures, clipboard,
+                              sound, help,   system,  process,  viewLib, wakefulness, desktop};
 };
 
 }  // namespace tavrix::headless

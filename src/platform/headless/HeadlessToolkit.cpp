@@ -75,6 +75,10 @@ std::unique_ptr<CheckPeer> HeadlessToolkit::CreateCheckBox(EventSink& sink, Cont
     return std::make_unique<HeadlessCheckPeer>(sink);
 }
 
+std::unique_ptr<OptionPeer> HeadlessToolkit::CreateOptionButton(EventSink& sink, ControlPeer&) {
+    return std::make_unique<HeadlessOptionPeer>(sink);
+}
+
 std::unique_ptr<TextPeer> HeadlessToolkit::CreateTextBox(EventSink& sink, ControlPeer&) {
     return std::make_unique<HeadlessTextPeer>(sink);
 }

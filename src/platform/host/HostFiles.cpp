@@ -288,6 +288,8 @@ std::string HostFiles::Folder(KnownFolder folder) {
             if (!temporary_) temporary_.emplace(paths_.temporary);
             return ifThere(temporary_->Path());
         case KnownFolder::Windows:
+            // There is none on this system, so it is made when it is asked for.
+            if (!paths_.data.empty()) MakeFolders(paths_.data + "/tavrix/windows");
             return ifThere(paths_.data + "/tavrix/windows");
         case KnownFolder::System:
             return ifThere(paths_.data + "/tavrix/windows/system");

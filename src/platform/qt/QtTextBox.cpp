@@ -1,7 +1,10 @@
 #include "platform/qt/QtTextBox.h"
 
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <limits>
 
+#include "platform/forms/TextBox.h"
 #include "platform/qt/CodePoints.h"
 
 namespace tavrix::qt {
@@ -40,6 +43,41 @@ void TextWidget::TellNews() {
     if (now == known_) return;
     known_ = std::move(now);
     Port().Deliver(forms::TextEvent{known_.text.toStdString(), known_.start, known_.length});
+}
+
+QString TextWidget::Kept(const QString& typed) {
+    QString kept;
+    for (const char32_t code : typed.toUcs4()) {
+        const QString character = QString::fromUcs4(&code, 1);
+        bool discarded = false;
+        Port().Deliver(forms::CharacterEvent{character.toStdString(), &discarded});
+        if (!discarded) kept += character;
+    }
+    return kept;
+}
+
+void TextWidget::keyPressEvent(QKeyEvent* event) {
+    const QString text = event->text();
+    const auto shift = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool enters =
+        !text.isEmpty() && text.at(0).category() != QChar::Other_Control && shift != Qt::ControlModifier;
+    const QString typed = event->key() == Qt::Key_Backspace
+                              ? QString::fromUtf8(forms::TextBox::BackspaceCharacter)
+                          : enters ? text
+                                   : QString();
+    if (Kept(typed) == typed) SinkWidget::keyPressEvent(event);
+}
+
+void TextWidget::inputMethodEvent(QInputMethodEvent* event) {
+    const QString typed = event->commitString();
+    const QString kept = Kept(typed);
+    if (kept == typed) {
+        SinkWidget::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    rest.setCommitString(kept, event->replacementStart(), event->replacementLength());
+    SinkWidget::inputMethodEvent(&rest);
 }
 
 void TextWidget::PushText(const QString& newText) {

@@ -25,6 +25,10 @@ class TextWidget final : public SinkWidget<QLineEdit> {
     void PushSelection(int start, int length);
     void PushMaxLength(int characters) { length_.most = characters; }
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+
   private:
     struct Content {
         QString text;
@@ -35,6 +39,8 @@ class TextWidget final : public SinkWidget<QLineEdit> {
 
     [[nodiscard]] Content Now() const;
     void TellNews();
+    /// What of typed characters the handlers leave.
+    [[nodiscard]] QString Kept(const QString& typed);
 
     LengthValidator length_;
     Content known_;  ///< as forms have it

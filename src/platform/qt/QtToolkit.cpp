@@ -20,6 +20,7 @@
 #include "platform/qt/QtLabel.h"
 #include "platform/qt/QtList.h"
 #include "platform/qt/QtMenuItem.h"
+#include "platform/qt/QtOptionButton.h"
 #include "platform/qt/QtScrollBar.h"
 #include "platform/qt/QtTextBox.h"
 #include "platform/qt/QtWindow.h"
@@ -85,6 +86,10 @@ std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer
 
 std::unique_ptr<CheckPeer> QtToolkit::CreateCheckBox(EventSink& sink, ControlPeer& container) {
     return std::make_unique<QtCheckBox>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<OptionPeer> QtToolkit::CreateOptionButton(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtOptionButton>(SinkPort(sink, state_->calls), NativeOf(container));
 }
 
 std::unique_ptr<TextPeer> QtToolkit::CreateTextBox(EventSink& sink, ControlPeer& container) {

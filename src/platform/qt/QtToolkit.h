@@ -26,6 +26,8 @@ class QtToolkit final : public forms::Toolkit {
                                                     forms::ControlPeer& container) override;
     std::unique_ptr<forms::CheckPeer> CreateCheckBox(forms::EventSink& sink,
                                                      forms::ControlPeer& container) override;
+    std::unique_ptr<forms::OptionPeer> CreateOptionButton(forms::EventSink& sink,
+                                                          forms::ControlPeer& container) override;
     std::unique_ptr<forms::TextPeer> CreateTextBox(forms::EventSink& sink,
                                                    forms::ControlPeer& container) override;
     std::unique_ptr<forms::ListPeer> CreateList(forms::EventSink& sink, forms::ControlPeer& container,

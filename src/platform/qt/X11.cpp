@@ -1,44 +1,22 @@
 #include "platform/qt/X11.h"
 
-#include <xcb/xcb.h>
-
 #include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include "platform/qt/X11Connection.h"
+
 namespace tavrix::qt::x11 {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-template <class T>
-using Reply = std::unique_ptr<T, Free>;
-
-xcb_connection_t* QtConnection() {
-    auto* x11 = qGuiApp != nullptr ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
-xcb_window_t RootOf(xcb_connection_t* connection) {
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
-
-xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
 
 /// Several atoms for the time of one question.
 template <std::size_t Count>
@@ -54,22 +32,6 @@ std::array<xcb_atom_t, Count> AtomsOf(xcb_connection_t* connection, const std::s
         if (reply) atoms[i] = reply->atom;
     }
     return atoms;
-}
-
-Reply<xcb_get_property_reply_t> PropertyOf(xcb_connection_t* connection, xcb_window_t window,
-                                           xcb_atom_t property) {
-    constexpr std::uint32_t MostWords = 16384;
-    const auto cookie = xcb_get_property(connection, 0, window, property, XCB_ATOM_ANY, 0, MostWords);
-    return Reply<xcb_get_property_reply_t>(xcb_get_property_reply(connection, cookie, nullptr));
-}
-
-std::vector<std::uint32_t> Words(const xcb_get_property_reply_t* reply) {
-    if (reply == nullptr || reply->format != 32) return {};
-    std::vector<std::uint32_t> words(static_cast<std::size_t>(xcb_get_property_value_length(reply)) / 4);
-    if (!words.empty()) {
-        std::memcpy(words.data(), xcb_get_property_value(reply), words.size() * sizeof(std::uint32_t));
-    }
-    return words;
 }
 
 bool HasTitle(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t netName,
@@ -203,11 +165,8 @@ void SetAbove(std::uint32_t window, bool above) {
 }
 
 bool TitleExists(const std::string& title) {
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
     // A connection of its own: the question may come before the window system has been started.
-    const std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(nullptr, nullptr));
+    const OwnConnection connection(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(connection.get()) != 0) return false;
     const xcb_window_t root = RootOf(connection.get());
     const xcb_atom_t netName = AtomOf(connection.get(), "_NET_WM_NAME");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/services/Clipboard.h"
+#include "platform/services/Desktop.h"
 #include "platform/services/Drives.h"
 #include "platform/services/Files.h"
 #include "platform/services/Help.h"
@@ -33,6 +34,7 @@ struct Services {
     Process& process;
     NViewLib& viewLib;
     Wakefulness& wakefulness;
+    Desktop& desktop;
 };
 
 }  // namespace tavrix

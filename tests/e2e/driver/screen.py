@@ -55,11 +55,12 @@ class Window(NamedTuple):
 class Screen:
     """Starts the X server and, unless told otherwise, a window manager. Its `environment` leads programs to it."""
 
-    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager=True, rules=""):
+    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager=True, rules="",
+                 depth=24):
         self.folder = folder
         self._children = children
         self._log = os.path.join(folder, "screen.log")
-        name = self._start_server(size, environment or {})
+        name = self._start_server(size, depth, environment or {})
         self.environment = {**(environment or {}), "DISPLAY": name}
         self._x = display.Display(name)
         self._x.set_error_handler(lambda *_: None)  # windows come and go while they are being looked at
@@ -75,10 +76,10 @@ class Screen:
     def start(self, command):
         return self._children.start(command, self.environment, self._log)
 
-    def _start_server(self, size, environment):
+    def _start_server(self, size, depth, environment):
         reader, writer = os.pipe()
         self._server = self._children.start(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size[0]}x{size[1]}x24", "-dpi", "96", "-s", "0",
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size[0]}x{size[1]}x{depth}", "-dpi", "96", "-s", "0",
              "-nolisten", "tcp", "-noreset"],
             environment, self._log, pass_fds=(writer,))
         os.close(writer)
@@ -188,8 +189,19 @@ class Screen:
         right = min(self.width, x + width) if width is not None else self.width
         bottom = min(self.height, y + height) if height is not None else self.height
         x, y = max(0, x), max(0, y)
-        data = self._root.get_image(x, y, right - x, bottom - y, X.ZPixmap, 0xFFFFFFFF).data
-        return Image.frombytes("RGB", (right - x, bottom - y), data, "raw", "BGRX")
+        return self._pixels(self._root, x, y, right - x, bottom - y)
+
+    def pixmap(self, number):
+        """What a pixmap of the server holds."""
+        drawable = self._x.create_resource_object("pixmap", number)
+        size = drawable.get_geometry()
+        return self._pixels(drawable, 0, 0, size.width, size.height)
+
+    @staticmethod
+    def _pixels(drawable, x, y, width, height):
+        answer = drawable.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF)
+        layout = ("BGR;16", (width * 2 + 3) // 4 * 4) if answer.depth == 16 else ("BGRX", 0)
+        return Image.frombytes("RGB", (width, height), answer.data, "raw", *layout)
 
     # Keyboard and pointer
 
