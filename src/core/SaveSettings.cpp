@@ -70,14 +70,9 @@ void RemoveTemporaryFiles(MainModule& module, const std::string& tempFolder) {
     RemoveRecentFile(module, module.AppPath + "Untitled.BMP");
 }
 
-bool ClipboardHoldsImage(Clipboard& clipboard) {
-    return clipboard.Has(ClipboardFormat::Bitmap) || clipboard.Has(ClipboardFormat::Metafile) ||
-           clipboard.Has(ClipboardFormat::DeviceIndependentBitmap);
-}
-
 void AskAboutClipboard(const MainModule& module) {
     Clipboard& clipboard = module.platform.clipboard;
-    if (!ClipboardHoldsImage(clipboard)) return;
+    if (!HoldsPicture(clipboard)) return;
     if (!module.config.ClearClipboard || module.ScreenSaverMode || module.StartedAsShow) {
         clipboard.Persist();
         return;

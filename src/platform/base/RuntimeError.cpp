@@ -38,6 +38,8 @@ std::string DescriptionOf(ErrorNumber number) {
             return "A form can't be moved or sized while minimized or maximized";
         case ErrorNumber::InvalidPicture:
             return "Invalid picture";
+        case ErrorNumber::CantOpenClipboard:
+            return "Can't open Clipboard";
     }
     return "Application-defined or object-defined error";
 }

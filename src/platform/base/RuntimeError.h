@@ -24,6 +24,7 @@ enum class ErrorNumber : int {
     InvalidPropertyValue = 380,
     FormCannotBeMoved = 384,
     InvalidPicture = 481,
+    CantOpenClipboard = 521,
 };
 
 /// The text that the system gives for a run-time error, e.g. "File not found".

@@ -3,31 +3,51 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <array>
+#include <memory>
 
+#include "platform/base/RuntimeError.h"
+#include "platform/graphics/Flatten.h"
+#include "platform/qt/MimePicture.h"
+#include "platform/qt/PictureMimeData.h"
 #include "platform/qt/X11.h"
 
 namespace tavrix::qt {
+namespace {
+
+const QMimeData* Data() {
+    return QGuiApplication::clipboard()->mimeData();
+}
+
+/// What this process has put there; null when the clipboard is another program's.
+const PictureMimeData* Own(const QMimeData* data) {
+    return dynamic_cast<const PictureMimeData*>(data);
+}
+
+}  // namespace
 
 bool QtClipboard::Has(ClipboardFormat format) {
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    const QMimeData* data = Data();
     if (data == nullptr) return false;
-    switch (format) {
-        case ClipboardFormat::Bitmap:
-        case ClipboardFormat::DeviceIndependentBitmap:
-            return data->hasImage();
-        case ClipboardFormat::Metafile:
-            for (const char* type : {"image/wmf", "image/x-wmf", "image/emf", "image/x-emf",
-                                     "application/x-wmf", "application/x-emf"}) {
-                if (data->hasFormat(QLatin1String(type))) return true;
-            }
-            return false;
-    }
-    return false;
+    if (format == ClipboardFormat::Metafile) return HoldsMetafile(*data);
+    return Own(data) != nullptr || NamesPicture(*data);
+}
+
+Picture QtClipboard::Get() {
+    const QMimeData* data = Data();
+    if (data == nullptr) throw RuntimeError(ErrorNumber::InvalidPicture);
+    const PictureMimeData* own = Own(data);
+    return own != nullptr ? own->ThePicture() : PictureIn(*data);
 }
 
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::Set(const Picture& picture) {
+    if (picture.Empty()) throw RuntimeError(ErrorNumber::InvalidPicture);
+    auto data = std::make_unique<PictureMimeData>(Flattened(picture));
+    QGuiApplication::clipboard()->setMimeData(data.release());
+    if (x11::Running() && !x11::OwnsClipboard()) throw RuntimeError(ErrorNumber::CantOpenClipboard);
 }
 
 void QtClipboard::Persist() {

@@ -8,7 +8,10 @@ namespace tavrix::qt {
 class QtClipboard final : public Clipboard {
   public:
     [[nodiscard]] bool Has(ClipboardFormat format) override;
+    /// What this process itself has copied comes back as it was, without being encoded.
+    [[nodiscard]] Picture Get() override;
     void Clear() override;
+    void Set(const Picture& picture) override;
     void Persist() override;
 };
 

@@ -95,6 +95,12 @@ std::vector<xcb_window_t> TitledWindows(xcb_connection_t* connection, xcb_window
     return windows;
 }
 
+xcb_window_t SelectionOwner(xcb_connection_t* connection, xcb_atom_t selection) {
+    const Reply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
 void TellRoot(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type,
               const std::array<std::uint32_t, 5>& data) {
     xcb_client_message_event_t message{};
@@ -204,14 +210,20 @@ bool TitleExists(const std::string& title) {
     return false;
 }
 
+bool OwnsClipboard() {
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return false;
+    const xcb_window_t owner = SelectionOwner(connection, AtomOf(connection, "CLIPBOARD"));
+    const xcb_setup_t* setup = xcb_get_setup(connection);
+    return owner != XCB_WINDOW_NONE && (owner & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
 void SaveClipboard() {
     using namespace std::chrono_literals;
     xcb_connection_t* connection = QtConnection();
     if (connection == nullptr) return;
     const xcb_atom_t manager = AtomOf(connection, "CLIPBOARD_MANAGER");
-    const Reply<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, manager), nullptr));
-    if (!owner || owner->owner == XCB_WINDOW_NONE) return;
+    if (SelectionOwner(connection, manager) == XCB_WINDOW_NONE) return;
 
     const xcb_window_t requestor = xcb_generate_id(connection);
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, requestor, RootOf(connection), 0, 0, 1, 1, 0,

@@ -43,6 +43,10 @@ void SetAbove(std::uint32_t window, bool above);
 /// Whether a window of any process has exactly this title.
 [[nodiscard]] bool TitleExists(const std::string& title);
 
+/// Whether the clipboard belongs to this process by now. The server refuses it to one whose last event is older than
+/// the clipboard's present owner.
+[[nodiscard]] bool OwnsClipboard();
+
 /// Asks the desktop's clipboard manager to keep what this process has on the clipboard, and answers its questions
 /// until it has it, for a second at most. Nothing happens on a desktop without such a manager.
 void SaveClipboard();
