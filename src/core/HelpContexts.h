@@ -16,7 +16,11 @@ inline constexpr unsigned Settings = 170;
 inline constexpr unsigned SaveCopy = 180;
 inline constexpr unsigned Export = 190;
 inline constexpr unsigned Import = 200;
+inline constexpr unsigned NewImage = 240;
+inline constexpr unsigned BackgroundColor = 250;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
+inline constexpr unsigned RotateImage = 1190;
+inline constexpr unsigned ResizeImage = 1240;
 inline constexpr unsigned DisplayColours = 1320;
 inline constexpr unsigned AnimatedGif = 1330;  ///< a GIF that is not animated
 

@@ -1,8 +1,11 @@
 #include "editing/Commands.h"
 
 #include "editing/FixedTransforms.h"
+#include "editing/NewImageFrm.h"
 #include "editing/SavingCommands.h"
 #include "editing/Undo.h"
+#include "editing/frmImageSize.h"
+#include "editing/frmRotateImg.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -15,10 +18,13 @@ void InstallEditingCommands(MainViewFrm& view) {
     view.menu.mnu90CW.Install([&view] { mnu90CW_Click(view); });
     view.menu.mnu90CCW.Install([&view] { mnu90CCW_Click(view); });
     view.menu.mnu180Degrees.Install([&view] { mnu180Degrees_Click(view); });
+    view.menu.mnuArbitrary.Install([&view] { mnuArbitrary_Click(view); });
     view.menu.mnu25Smaller.Install([&view] { mnu25Smaller_Click(view); });
     view.menu.mnu25Larger.Install([&view] { mnu25Larger_Click(view); });
     view.menu.mnu50Smaller.Install([&view] { mnu50Smaller_Click(view); });
     view.menu.mnu50Larger.Install([&view] { mnu50Larger_Click(view); });
+    view.menu.mnuEditImageSize.Install([&view] { mnuEditImageSize_Click(view); });
+    view.menu.mnuNewImage.Install([&view] { mnuNewImage_Click(view); });
 }
 
 }  // namespace tavrix
