@@ -38,6 +38,7 @@ TEST(OwnHelpFileTest, EveryContextHasAPage) {
          {Context::Contents, Context::MainView, Context::OpenImage, Context::FavoriteFolder,
           Context::QuickFolders, Context::ImageInformation, Context::RecentFiles, Context::StartingTavrix,
           Context::Settings, Context::SaveCopy, Context::Export, Context::Import, Context::MovedProgram,
+          Context::NewImage, Context::BackgroundColor, Context::RotateImage, Context::ResizeImage,
           Context::DisplayColours, Context::AnimatedGif}) {
         ASSERT_NE(book.Find(context), nullptr) << context;
         EXPECT_GT(book.Find(context)->body.size(), 200U) << context;
