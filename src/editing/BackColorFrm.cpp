@@ -50,9 +50,9 @@ BackColorFrm::BackColorFrm(forms::Application& application, MainModule& module,
     CmdCancel.OnClick = [this] { CmdCancel_Click(); };
 
     const auto bar = [](forms::ScrollBar& scroll) {
-        return forms::Growing(forms::AtLeast(3000, 270, scroll));
+        return forms::Growing(forms::AtLeast(3000, 270, scroll), 6);
     };
-    const auto value = [](forms::Label& label) { return forms::AtLeast(540, 0, label); };
+    const auto value = [](forms::Label& label) { return forms::Growing(forms::AtLeast(480, 0, label)); };
     SetLayout(forms::Column(
         {forms::Row(
              {forms::Growing(forms::Grid(3, {lblRed, bar(HScrollR), value(lblValueR), lblGreen, bar(HScrollG),

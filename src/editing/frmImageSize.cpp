@@ -70,10 +70,11 @@ frmImageSize::frmImageSize(forms::Application& application, MainViewFrm& view)
     CmdHelp.OnClick = [this] { CmdHelp_Click(); };
     SetLayout(forms::Row(
         {forms::Column(
-             {forms::Group("Current Size:",
-                           {forms::Grid(3, {lblWidthMsg, lblCurrentWidth, forms::Growing(forms::Stretch()),
-                                            lblHeightMsg, lblCurrentHeight, forms::Stretch(), lblFileSizeMsg,
-                                            lblFileSize, lblBytes})}),
+             {forms::Group("Current Size:", {forms::Grid(2, {lblWidthMsg, lblCurrentWidth, lblHeightMsg,
+                                                             lblCurrentHeight, lblFileSizeMsg,
+                                                             forms::Growing(forms::Row(
+                                                                 {lblFileSize, lblBytes,
+                                                                  forms::Growing(forms::Stretch())}))})}),
               forms::Group("New Image Size:",
                            {forms::Grid(3, {lblWidth, forms::AtLeast(900, 0, txtWidth), lblWidthUnit,
                                             lblHeight, forms::AtLeast(900, 0, txtHeight), lblHeightUnit}),
