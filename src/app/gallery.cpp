@@ -18,12 +18,16 @@
 #include "core/Main.h"
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
+#include "editing/BackColorFrm.h"
 #include "editing/Commands.h"
 #include "editing/ExportBmpFrm.h"
 #include "editing/ExportJpgFrm.h"
+#include "editing/NewImageFrm.h"
 #include "editing/OpenPaletteFrm.h"
 #include "editing/SaveCopyFrm.h"
+#include "editing/frmImageSize.h"
 #include "editing/frmImportImage.h"
+#include "editing/frmRotateImg.h"
 #include "editing/frmSetWallpaper.h"
 #include "lists/Commands.h"
 #include "lists/frmBrowseQuick.h"
@@ -91,6 +95,7 @@ class Gallery {
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
+        DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -147,6 +152,20 @@ class Gallery {
         platform_.desktop.SetWallpaper(
             "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.jpg");
         DrawForm(app_.Load<frmSetWallpaper>(view), "-long-path");
+    }
+
+    void DrawEditingDialogs(MainViewFrm& view) {
+        module_.CurrentImage = "C:\\Pictures\\small.bmp";
+        module_.config.BackColorR = 40;
+        module_.config.BackColorG = 90;
+        module_.config.BackColorB = 200;
+        view.MainImage.Picture = TestCard(640, 480);
+        auto& rotate = app_.Load<frmRotateImg>(view);
+        DrawForm(app_.Load<BackColorFrm>(module_, rotate.Picture1));
+        DrawForm(rotate);
+        DrawForm(app_.Load<frmImageSize>(view));
+        DrawForm(app_.Load<NewImageFrm>(view));
+        module_.CurrentImage.clear();
     }
 
     void DrawStage() {

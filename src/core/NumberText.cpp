@@ -1,5 +1,8 @@
 #include "core/NumberText.h"
 
+#include <charconv>
+#include <iterator>
+
 namespace tavrix {
 
 std::string GroupedNumber(std::int64_t number, const NumberFormat& format) {
@@ -11,6 +14,14 @@ std::string GroupedNumber(std::int64_t number, const NumberFormat& format) {
         grouped += digits[i];
     }
     return grouped;
+}
+
+std::string SingleText(float number) {
+    constexpr int Digits = 7;
+    char text[32];
+    const auto end =
+        std::to_chars(std::begin(text), std::end(text), number, std::chars_format::general, Digits);
+    return {std::begin(text), end.ptr};
 }
 
 std::string GroupedNumberOrEmpty(std::int64_t number, const NumberFormat& format) {

@@ -13,4 +13,7 @@ namespace tavrix {
 /// The same, but empty for 0.
 [[nodiscard]] std::string GroupedNumberOrEmpty(std::int64_t number, const NumberFormat& format);
 
+/// The decimal text of a single-precision number, in 7 digits at most.
+[[nodiscard]] std::string SingleText(float number);
+
 }  // namespace tavrix

@@ -1,9 +1,9 @@
 #include "core/SettingsText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
+#include "core/NumberText.h"
 #include "core/Settings.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
@@ -65,9 +65,7 @@ std::int16_t SettingsReader::Digit(const std::string& key, std::int16_t highest,
 }
 
 void SettingsWriter::Single(const std::string& key, float value) {
-    char text[32];
-    const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::general, 7);
-    entries_.emplace_back(key, std::string(std::begin(text), end.ptr));
+    entries_.emplace_back(key, SingleText(value));
 }
 
 void SettingsWriter::Text(const std::string& key, const std::string& value) {

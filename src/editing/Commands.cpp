@@ -4,9 +4,12 @@
 #include "editing/Crop.h"
 #include "editing/DesktopCommands.h"
 #include "editing/FixedTransforms.h"
+#include "editing/NewImageFrm.h"
 #include "editing/Paste.h"
 #include "editing/SavingCommands.h"
 #include "editing/Undo.h"
+#include "editing/frmImageSize.h"
+#include "editing/frmRotateImg.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -23,10 +26,13 @@ void InstallEditingCommands(MainViewFrm& view) {
     view.menu.mnu90CW.Install([&view] { mnu90CW_Click(view); });
     view.menu.mnu90CCW.Install([&view] { mnu90CCW_Click(view); });
     view.menu.mnu180Degrees.Install([&view] { mnu180Degrees_Click(view); });
+    view.menu.mnuArbitrary.Install([&view] { mnuArbitrary_Click(view); });
     view.menu.mnu25Smaller.Install([&view] { mnu25Smaller_Click(view); });
     view.menu.mnu25Larger.Install([&view] { mnu25Larger_Click(view); });
     view.menu.mnu50Smaller.Install([&view] { mnu50Smaller_Click(view); });
     view.menu.mnu50Larger.Install([&view] { mnu50Larger_Click(view); });
+    view.menu.mnuEditImageSize.Install([&view] { mnuEditImageSize_Click(view); });
+    view.menu.mnuNewImage.Install([&view] { mnuNewImage_Click(view); });
 }
 
 }  // namespace tavrix

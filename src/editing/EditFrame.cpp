@@ -65,9 +65,17 @@ void CommitEdit(MainViewFrm& view, const std::string& failure) {
     if (WriteWorkingFile(view, failure)) view.menu.mnuAnimatedGIF.Enabled = false;
 }
 
-void TakeToPictureTemp(MainViewFrm& view) {
+void SizeMainImage(MainViewFrm& view, float width, float height) {
+    view.MainImage.Move(view.MainImage.Left, view.MainImage.Top, width, height);
+}
+
+void CopyToPictureTemp(MainViewFrm& view) {
     SkipFailure([&] { view.PictureTemp.Picture = view.MainImage.Image(); });
     view.Module().DoEvents();
+}
+
+void TakeToPictureTemp(MainViewFrm& view) {
+    CopyToPictureTemp(view);
     view.MainImage.Picture = Picture();
     view.Module().DoEvents();
 }

@@ -41,7 +41,12 @@ void EndWithoutImage(MainViewFrm& view, const std::string& failure, const Runtim
 /// The end of an edit: CommitWorkingFile, WriteWorkingFile, and mnuAnimatedGIF disabled.
 void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);
 
-/// Moves the picture of MainImage to PictureTemp, which takes its size; MainImage keeps its own.
+/// Gives MainImage a size in twips. Both sides at once, so that the window is laid out for no size between.
+void SizeMainImage(MainViewFrm& view, float width, float height);
+
+/// Lets the picture of PictureTemp be what MainImage shows; it takes its size.
+void CopyToPictureTemp(MainViewFrm& view);
+/// CopyToPictureTemp, and the picture of MainImage cleared; MainImage keeps its size.
 void TakeToPictureTemp(MainViewFrm& view);
 /// The pixels of PictureTemp. Throws RuntimeError 481 when it has no picture.
 [[nodiscard]] const Surface& PixelsOfPictureTemp(MainViewFrm& view);

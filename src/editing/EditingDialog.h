@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "core/MainModule.h"
+#include "platform/base/RuntimeError.h"
 #include "platform/forms/Application.h"
+#include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 
@@ -15,6 +17,20 @@ void ShowDialog(const MainModule& module, Arguments&&... arguments) {
     auto& dialog = module.app.Load<Dialog>(std::forward<Arguments>(arguments)...);
     busy.Release();
     dialog.ShowModal();
+}
+
+/// A command of the Edit menu that opens a dialog: nothing while another operation runs or without an image; else the
+/// selection is wiped and the dialog shown above the view. Its Form_Load ends the hourglass.
+template <class Dialog>
+void RunEditDialog(MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    if (module.Busy() || module.CurrentImage.empty()) return;
+    const forms::BusyGuard busy(module.Screen());
+    module.DoEvents();
+    SkipFailure([&] { view.selection.Erase(); });
+    view.selection.SelectionShown = false;
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+    module.app.Load<Dialog>(view).ShowModal();
 }
 
 }  // namespace tavrix

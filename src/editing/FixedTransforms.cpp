@@ -18,11 +18,6 @@ forms::ScreenInfo ScreenOf(const MainViewFrm& view) {
     return view.App().GetToolkit().Screen();
 }
 
-/// Gives MainImage a size in twips. Both sides at once, so that the window is laid out for no size between.
-void SizeMainImage(MainViewFrm& view, float width, float height) {
-    view.MainImage.Move(view.MainImage.Left, view.MainImage.Top, width, height);
-}
-
 enum class Sides { Kept, Swapped };
 
 void RotateFixed(MainViewFrm& view, const std::string& undoCaption, float angle, Sides sides) {

@@ -1,11 +1,15 @@
 #include "editing/RotateGeometry.h"
 
+#include <cmath>
+
+#include "editing/Sizes.h"
 #include "platform/base/Rounding.h"
 
 namespace tavrix {
 namespace {
 
 int CentreOf(float twips, float twipsPerPixel) {
+    if (std::trunc(twipsPerPixel) != twipsPerPixel) return WholePixels(twips, twipsPerPixel) / 2;
     return RoundToLong(twips) / 2 / RoundToLong(twipsPerPixel);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/base/Rounding.h"
+#include "platform/forms/Twips.h"
 
 namespace tavrix {
 namespace {
@@ -11,6 +12,11 @@ namespace {
 constexpr double RadiansPerDegree = 3.14159265359 / 180;
 
 }  // namespace
+
+int WholePixels(float twips, float twipsPerPixel) {
+    if (std::trunc(twipsPerPixel) != twipsPerPixel) return forms::ToPixels(twips, twipsPerPixel);
+    return RoundToLong(twips) / RoundToLong(twipsPerPixel);
+}
 
 std::int32_t LargerBy(float twips, double part) {
     return RoundToLong(double{twips} + part * double{twips});

@@ -6,6 +6,10 @@
 
 namespace tavrix {
 
+/// A length in twips as whole pixels: rounded to whole twips, then what is left of a pixel cut away. Where a pixel is no
+/// whole number of twips, as on a display at 200 %, the nearest pixel.
+[[nodiscard]] int WholePixels(float twips, float twipsPerPixel);
+
 /// A length in twips made larger by a part of itself (-0.25: a quarter smaller), rounded to whole twips, halves to
 /// even. Throws RuntimeError 6 (Overflow) beyond 32 bits.
 [[nodiscard]] std::int32_t LargerBy(float twips, double part);

@@ -160,5 +160,27 @@ TEST(Text, ParsesDecimalsToTheEvenNeighbour) {
     EXPECT_EQ(ParseLong("2147483647.5"), std::nullopt);
 }
 
+TEST(Text, ParsesIntegersOf16Bits) {
+    EXPECT_EQ(ParseInteger(" 32767 "), 32767);
+    EXPECT_EQ(ParseInteger("-32768"), -32768);
+    EXPECT_EQ(ParseInteger("12.5"), 12);
+    EXPECT_EQ(ParseInteger("32767.4"), 32767);
+    for (const char* text : {"", "32768", "-32769", "40000", "99999999999", "32767.5", "12a", "-"})
+        EXPECT_EQ(ParseInteger(text), std::nullopt) << text;
+}
+
+TEST(Text, ParsesNumbersWithTheirDecimals) {
+    EXPECT_EQ(ParseNumber("12.75"), 12.75);
+    EXPECT_EQ(ParseNumber(" -0.5 "), -0.5);
+    EXPECT_EQ(ParseNumber("+.5"), 0.5);
+    EXPECT_EQ(ParseNumber("5."), 5.0);
+    EXPECT_EQ(ParseNumber("3000000000"), 3e9);
+    EXPECT_EQ(ParseNumber(std::string(400, '9')), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ParseNumber("-1" + std::string(400, '0')), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(ParseNumber("." + std::string(400, '0') + "1"), 0.0);
+    for (const char* text : {"", " ", ".", "-", "x", "1e3", "1,000", "0x10", "1 2", "inf", "nan", "--1"})
+        EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
+}
+
 }  // namespace
 }  // namespace tavrix

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <set>
 #include <span>
 #include <string>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "codecs/PcxFile.h"
 #include "codecs/TgaFile.h"
 #include "core/HelpContexts.h"
+#include "editing/Accelerators.h"
 #include "editing/FileTarget.h"
 #include "platform/forms/Application.h"
 #include "viewer/ViewerTest.h"
@@ -46,22 +46,6 @@ inline std::string PlainPcx(Pixel colour) {
     file.lines.U8({0, 0, 0, 0});
     file.palette = {colour};
     return TextOf(file.Make());
-}
-
-/// The letters that Alt goes with in a window, one for each control that has one.
-inline std::vector<char> AcceleratorsOf(const forms::Form& form) {
-    std::vector<char> letters;
-    const auto add = [&letters](const std::string& caption) {
-        const std::size_t at = caption.find('&');
-        if (at != std::string::npos && at + 1 < caption.size())
-            letters.push_back(UpperCase(caption.substr(at + 1, 1))[0]);
-    };
-    for (const forms::Control* control : form.Controls()) {
-        if (const auto* button = dynamic_cast<const forms::CommandButton*>(control)) add(button->Caption);
-        if (const auto* label = dynamic_cast<const forms::Label*>(control); label && !label->Literal)
-            add(label->Caption);
-    }
-    return letters;
 }
 
 /// A main view with a user who saves, exports and imports. There are A: without a disk, C: and D:; C:\p, the current
@@ -147,12 +131,6 @@ class SavingTest : public ViewerTest {
     static void ExpectPlace(const FileTarget& target, const std::string& folder) {
         EXPECT_EQ(target.Dir1.Path.Get(), folder);
         EXPECT_EQ(target.Drive1.Drive.Get(), folder.substr(0, 2));
-    }
-    /// No two controls share a letter.
-    static void ExpectOwnLetters(const forms::Form& form, std::size_t count) {
-        const std::vector<char> letters = AcceleratorsOf(form);
-        EXPECT_EQ(std::set(letters.begin(), letters.end()).size(), letters.size());
-        EXPECT_EQ(letters.size(), count);
     }
     /// About one colour everywhere: JPEG is not exact.
     static void ExpectColour(const Picture& picture, Pixel wanted) {

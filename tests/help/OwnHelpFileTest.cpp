@@ -35,10 +35,12 @@ TEST(OwnHelpFileTest, EveryContextHasAPage) {
     namespace Context = HelpContext;
     const HelpBook book = OwnBook();
     for (const unsigned context :
-         {Context::Contents, Context::MainView, Context::OpenImage, Context::FavoriteFolder,
+         {Context::Contents,     Context::MainView,         Context::OpenImage,   Context::FavoriteFolder,
           Context::QuickFolders, Context::ImageInformation, Context::RecentFiles, Context::StartingTavrix,
-          Context::Settings, Context::SaveCopy, Context::Export, Context::Import, Context::MovedProgram,
-          Context::CropImage, Context::DisplayColours, Context::AnimatedGif}) {
+          Context::Settings,     Context::SaveCopy,         Context::Export,      Context::Import,
+          Context::MovedProgram, Context::CropImage,        Context::NewImage,    Context::BackgroundColor,
+          Context::RotateImage,  Context::ResizeImage,      Context::Wallpaper,   Context::DisplayColours,
+          Context::AnimatedGif}) {
         ASSERT_NE(book.Find(context), nullptr) << context;
         EXPECT_GT(book.Find(context)->body.size(), 200U) << context;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
 #include <limits>
 
@@ -116,6 +117,29 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
+/// The parts of a decimal number, as pieces of its text.
+struct NumberParts {
+    bool negative = false;
+    std::string_view whole;
+    std::string_view decimals;
+};
+
+/// Empty when the text is no number.
+std::optional<NumberParts> SplitNumber(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+    std::string_view digits = text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    const bool negative = digits.starts_with('-');
+    if (negative || digits.starts_with('+')) digits.remove_prefix(1);
+
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::string_view whole = digits.substr(0, point);
+    const std::string_view decimals = point < digits.size() ? digits.substr(point + 1) : std::string_view();
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (whole.empty() && decimals.empty()) return std::nullopt;
+    if (!std::ranges::all_of(whole, isDigit) || !std::ranges::all_of(decimals, isDigit)) return std::nullopt;
+    return NumberParts{negative, whole, decimals};
+}
+
 }  // namespace
 
 std::size_t CharacterCount(std::string_view text) {
@@ -218,18 +242,29 @@ std::string EncodeTextFile(std::string_view text) {
     return DecodeTextFile(bytes) == text ? bytes : std::string(text);
 }
 
-std::optional<int> ParseLong(std::string_view text) {
-    const std::string trimmed = Trim(text);
-    std::string_view digits = trimmed;
-    const bool negative = digits.starts_with('-');
-    if (negative || digits.starts_with('+')) digits.remove_prefix(1);
+std::optional<double> ParseNumber(std::string_view text) {
+    const auto parts = SplitNumber(text);
+    if (!parts) return std::nullopt;
+    const std::string digits = std::string(parts->whole) + '.' + std::string(parts->decimals);
+    double number = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    const bool overflow = read.ec == std::errc::result_out_of_range &&
+                          parts->whole.find_first_not_of('0') != std::string_view::npos;
+    if (overflow) number = std::numeric_limits<double>::infinity();
+    return parts->negative ? -number : number;
+}
 
-    const std::size_t point = std::min(digits.find('.'), digits.size());
-    const std::string_view whole = digits.substr(0, point);
-    const std::string_view decimals = point < digits.size() ? digits.substr(point + 1) : std::string_view();
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    if (whole.empty() && decimals.empty()) return std::nullopt;
-    if (!std::ranges::all_of(whole, isDigit) || !std::ranges::all_of(decimals, isDigit)) return std::nullopt;
+std::optional<std::int16_t> ParseInteger(std::string_view text) {
+    const std::optional<int> value = ParseLong(text);
+    using Limits = std::numeric_limits<std::int16_t>;
+    if (!value || *value < Limits::min() || *value > Limits::max()) return std::nullopt;
+    return static_cast<std::int16_t>(*value);
+}
+
+std::optional<int> ParseLong(std::string_view text) {
+    const auto number = SplitNumber(text);
+    if (!number) return std::nullopt;
+    const auto& [negative, whole, decimals] = *number;
 
     constexpr std::int64_t TooLarge = std::int64_t{1} << 40U;
     std::int64_t value = 0;

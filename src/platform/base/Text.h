@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -48,5 +49,9 @@ inline constexpr std::string_view NewLine2 = "\r\n\r\n";
 /// A decimal integer with an optional sign and blanks around it, decimals rounded to the even neighbour.
 /// Empty when the text is no number; a number outside 32 bits is empty too.
 [[nodiscard]] std::optional<int> ParseLong(std::string_view text);
+/// The same in 16 bits.
+[[nodiscard]] std::optional<std::int16_t> ParseInteger(std::string_view text);
+/// The number itself, with its decimals. Empty when the text is no number.
+[[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
 
 }  // namespace tavrix

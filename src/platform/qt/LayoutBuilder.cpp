@@ -74,9 +74,15 @@ Part BuildPart(const Layout& layout) {
     return new QSpacerItem(smallest.width(), smallest.height());
 }
 
+/// A line of text beside a control stands as high as the control's own.
+void CentreLabel(QWidget* widget) {
+    if (auto* label = qobject_cast<QLabel*>(widget)) label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
 void Add(QBoxLayout& box, const Layout& item) {
     const Part part = BuildPart(item);
     if (auto* const* widget = std::get_if<QWidget*>(&part)) {
+        if (box.direction() == QBoxLayout::LeftToRight) CentreLabel(*widget);
         box.addWidget(*widget, item.share);
     } else if (auto* const* inner = std::get_if<QLayout*>(&part)) {
         box.addLayout(*inner, item.share);
@@ -94,6 +100,7 @@ void Add(QBoxLayout& box, const Layout& item) {
 void Add(QGridLayout& grid, const Layout& item, int row, int column) {
     const Part part = BuildPart(item);
     if (auto* const* widget = std::get_if<QWidget*>(&part)) {
+        CentreLabel(*widget);
         grid.addWidget(*widget, row, column);
     } else if (auto* const* inner = std::get_if<QLayout*>(&part)) {
         grid.addLayout(*inner, row, column);
