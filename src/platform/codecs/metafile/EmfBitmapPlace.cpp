@@ -26,7 +26,7 @@ BitmapPlace ReadEmfBitmapPlace(RecordBytes& bytes, std::uint64_t at, std::uint64
     place.paletteIndexes = bytes.U32(usage) == UsesPaletteIndexes;
     place.header = bytes.Offset() + header;
     place.headerLength = headerLength;
-    place.bits = bytes.Offset() + bits;
+    place.bits = bits == 0 ? 0 : bytes.Offset() + bits;
     place.bitsLength = bitsLength;
     return place;
 }

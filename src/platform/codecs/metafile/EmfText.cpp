@@ -11,6 +11,7 @@ enum Type : std::uint32_t {
     SmallTextOut = 108,
 };
 
+constexpr std::uint32_t CompatibleMode = 1;
 constexpr std::uint32_t NoRectangle = 0x100U;
 constexpr std::uint32_t SmallCharacters = 0x200U;
 constexpr std::uint64_t TextHeader = 36;
@@ -31,6 +32,7 @@ void ReadCharacters(RecordBytes& bytes, std::uint64_t at, std::uint64_t count, b
 Text ReadText(RecordBytes& bytes, std::uint64_t at, bool wide) {
     Text text;
     text.at = bytes.P32(at);
+    text.compatible = bytes.U32(24) == CompatibleMode;
     const std::uint64_t count = bytes.U32(at + 8);
     text.options = bytes.U32(at + 16);
     text.box = bytes.Box32(at + 20);
@@ -69,6 +71,7 @@ Record Small(RecordBytes& bytes) {
     text.at = bytes.P32(8);
     const std::uint64_t count = bytes.U32(16);
     const std::uint32_t options = bytes.U32(20);
+    text.compatible = bytes.U32(24) == CompatibleMode;
     std::uint64_t at = 36;
     if ((options & NoRectangle) == 0) {
         text.box = bytes.Box32(at);

@@ -247,6 +247,7 @@ struct Text {
     std::string bytes;                   ///< in the code page of the selected font
     std::u16string wide;                 ///< in place of bytes
     std::vector<std::int32_t> advances;  ///< one a code unit, or with Advance2d two; or none
+    bool compatible = false;             ///< upright and undistorted whatever the map
 };
 struct Texts {
     std::vector<Text> texts;
