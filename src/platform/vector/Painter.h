@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <exception>
 
 #include "platform/graphics/Surface.h"
 #include "platform/vector/Blit.h"
@@ -15,6 +15,10 @@
 
 namespace tavrix::vector {
 
+struct FlatPath;
+struct PenShape;
+struct GradientPlane;
+
 /// Draws onto a surface, in device pixels, inside a clip. The surface is taken for opaque: pixels that are drawn are
 /// opaque afterwards, whatever they were.
 ///
@@ -23,9 +27,9 @@ namespace tavrix::vector {
 /// since half an inversion is no colour at all. Lines of a path that are parallel to an axis are moved to the next
 /// border between pixels (for pens: so that their line covers whole pixels), so that boxes and rulings are crisp.
 ///
-/// Any number may come as a coordinate. The work is paid from the budget, of which enough is left for at least one
-/// more operation, or nothing is drawn. No operation throws; where memory is refused, it draws nothing or a part,
-/// and Failed tells it.
+/// Any number may come as a coordinate. The work is paid from the budget: while there is some left, an operation
+/// begins, and it stops where the budget is used up. No operation throws; where memory is refused, it draws nothing
+/// or a part, and Failed tells it.
 class Painter {
   public:
     /// Both are kept by reference. The clip is the whole surface at first.
@@ -96,6 +100,24 @@ class Painter {
                   BinaryOperation operation = BinaryOperation::CopyPen) noexcept;
 
   private:
+    /// Does the work of an operation, if it may begin.
+    template <class Work>
+    void Guarded(Work work) noexcept {
+        if (budget_.Exhausted()) return;
+        try {
+            work();
+        } catch (const std::exception&) {
+            failed_ = true;
+        }
+    }
+    [[nodiscard]] Box ClipBox() const;
+    void FillFlat(const FlatPath& shape, FillRule rule, const Brush& brush, BinaryOperation operation);
+    void FillSnapped(const Path& path, FillRule rule, const Brush& brush, BinaryOperation operation,
+                     double line);
+    void StrokeShape(const Path& path, const PenShape& shape, const Brush& brush, BinaryOperation operation);
+    void FillGradient(const Path& path, const GradientPlane& colours);
+    void Flood(int x, int y, Pixel colour, bool over, const Brush& brush);
+
     Surface& target_;
     WorkBudget& budget_;
     Region clip_;

@@ -24,7 +24,7 @@ class Path {
     };
 
     /// Points beyond this number are left away.
-    static constexpr std::size_t MaxPoints = std::size_t{1} << 22U;
+    static constexpr std::size_t MaxPoints = std::size_t{1} << 21U;
 
     /// Starts a figure.
     void MoveTo(Point point);

@@ -32,9 +32,9 @@ struct Pen {
     [[nodiscard]] static Pen None() { return {.brush = Brush::None()}; }
 };
 
-/// The dashes of a style: in pixels for a cosmetic pen (width 0), otherwise multiples of the width, as the
-/// format has them.
-[[nodiscard]] std::vector<double> DashesOf(DashStyle style, double width);
+/// The dashes of a style: in pixels for a cosmetic pen (width 0), otherwise multiples of the width. Where the cap makes
+/// dashes longer, they are shorter by as much, so that the gaps stay open.
+[[nodiscard]] std::vector<double> DashesOf(DashStyle style, double width, LineCap cap = LineCap::Flat);
 
 /// The box that a pen of this width draws so that its line stays inside `box`. The pen's own half pixel
 /// (Painter::Stroke) is not part of it. Not smaller than a point.

@@ -41,7 +41,8 @@ class Region {
     /// This region combined with another: And, Or, Xor as they say; Difference takes the other's pixels away; Copy is
     /// the other. Paid from the budget; where that is used up, the region stays as it is.
     [[nodiscard]] Region Combined(RegionMode mode, const Region& other, WorkBudget& budget) const;
-    [[nodiscard]] Region Shifted(int dx, int dy) const;
+    /// Paid from the budget; where that is used up, the lower rows are missing.
+    [[nodiscard]] Region Shifted(int dx, int dy, WorkBudget& budget) const;
 
     [[nodiscard]] bool Empty() const { return !data_; }
     [[nodiscard]] bool Contains(int x, int y) const;
