@@ -28,10 +28,9 @@ vector::Region FrameOf(DeviceContext& context, const vector::Region& region, Poi
     const vector::Point size = context.ToPicture().ApplyToVector({double(frame.x), double(frame.y)});
     const int width = std::max(ToPixelPlace(std::abs(size.x)), 1);
     const int height = std::max(ToPixelPlace(std::abs(size.y)), 1);
-    const vector::Region columns =
-        region.Shifted(width, 0).Combined(RegionMode::And, region.Shifted(-width, 0), budget);
-    const vector::Region rows =
-        region.Shifted(0, height).Combined(RegionMode::And, region.Shifted(0, -height), budget);
+    const auto shifted = [&](int x, int y) { return region.Shifted(x, y, budget); };
+    const vector::Region columns = shifted(width, 0).Combined(RegionMode::And, shifted(-width, 0), budget);
+    const vector::Region rows = shifted(0, height).Combined(RegionMode::And, shifted(0, -height), budget);
     return region.Combined(RegionMode::Difference, columns.Combined(RegionMode::And, rows, budget), budget);
 }
 
@@ -46,8 +45,7 @@ void Replay(DeviceContext& context, const OffsetClip& record) {
     std::optional<vector::Region>& clip = context.State().clip;
     if (!clip) return;
     const vector::Point by = context.ToPicture().ApplyToVector({double(record.by.x), double(record.by.y)});
-    if (!context.Painter().Budget().Spend(static_cast<std::int64_t>(clip->Size()))) return;
-    clip = clip->Shifted(ToPixelPlace(by.x), ToPixelPlace(by.y));
+    clip = clip->Shifted(ToPixelPlace(by.x), ToPixelPlace(by.y), context.Painter().Budget());
     context.ApplyClip();
 }
 
