@@ -8,16 +8,15 @@
 
 namespace tavrix::test {
 
-/// An enhanced metafile to be put together by hand; everything can lie. Its device has 1000 by 1000 pixels and 96 dots
-/// an inch, so that without another map a unit is a pixel of the picture.
+/// An enhanced metafile to be put together by hand; everything can lie. Its device has 96 dots an inch, so that without
+/// another map a unit is a pixel of the picture.
 class EmfFile {
   public:
     struct Header {
-        int left = 0;  ///< of the frame, in pixels of the device
-        int top = 0;
-        int width = 16;
+        int width = 16;  ///< pixels of the device
         int height = 16;
-        unsigned handles = 16;
+        bool framed =
+            false;  ///< the size is told as a frame and not as bounds; no whole number of its units is a pixel
     };
 
     EmfFile() : EmfFile(Header{}) {}
@@ -80,14 +79,12 @@ class EmfFile {
     }
     /// Without the end record.
     [[nodiscard]] std::vector<std::byte> MakeOpen() const {
-        // 1000 pixels are 1000 / 96 inches; in hundredths of a millimetre a pixel is 2540 / 96.
-        const auto frame = [](int pixels) { return pixels * 2540 / 96; };
+        const auto frame = [&](int pixels) { return header_.framed ? pixels * 2540 / 96 : 0; };
         Bytes file;
         file.U32(1).U32(88).I32(0).I32(0).I32(header_.width - 1).I32(header_.height - 1);
-        file.I32(frame(header_.left)).I32(frame(header_.top));
-        file.I32(frame(header_.left + header_.width)).I32(frame(header_.top + header_.height));
+        file.I32(0).I32(0).I32(frame(header_.width)).I32(frame(header_.height));
         file.U32(0x464D4520U).U32(0x10000U).U32(static_cast<std::uint32_t>(88 + records_.Size() + 20));
-        file.U32(3).U16(header_.handles).U16(0).U32(0).U32(0).U32(0).I32(9600).I32(9600).I32(2540).I32(2540);
+        file.U32(3).U16(16).U16(0).U32(0).U32(0).U32(0).I32(9600).I32(9600).I32(2540).I32(2540);
         return file.Append(records_.Get()).Get();
     }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/base/Text.h"
 #include "platform/codecs/metafile/CodePages.h"
 
 namespace tavrix::metafile {
@@ -43,6 +44,15 @@ void AppendUtf8(std::string& text, char32_t character) {
         put(0x80 | ((character >> 6U) & 0x3F));
         put(0x80 | (character & 0x3F));
     }
+}
+
+/// Fonts of pictures, which some writers name without the character set of symbols.
+bool IsSymbolic(const Font& font, std::string_view family) {
+    constexpr std::uint8_t AnyCharset = 1;
+    if (font.charset == SymbolCharset) return true;
+    if (font.charset != AnyCharset) return false;
+    return EndsInIgnoringCase(family, "Symbol") || EqualIgnoringCase(family, "Wingdings") ||
+           EqualIgnoringCase(family, "Webdings") || EqualIgnoringCase(family, "MT Extra");
 }
 
 std::string FamilyOf(DeviceContext& context, const Font& font) {
@@ -97,7 +107,7 @@ vector::FontRequest RequestOf(DeviceContext& context, const Font& font, const Te
     request.strikeOut = font.strikeOut;
     request.fixedPitch = (font.pitchAndFamily & 3U) == 1;
     request.kind = KindOf(font.pitchAndFamily);
-    request.symbol = font.charset == SymbolCharset;
+    request.symbol = IsSymbolic(font, request.family);
     request.escapement = font.escapement / TenthsOfDegree;
     // A compatible device turns each character as it turns the line.
     const bool compatible = !context.Place().enhanced || text.compatible;
@@ -113,13 +123,13 @@ char32_t CharacterOfGlyph(char32_t glyph) {
     return glyph >= First && glyph <= Last ? glyph + Distance : U' ';
 }
 
-DecodedText CharactersOf(DeviceContext& context, const Font& font, const Text& text) {
-    if (text.wide.empty()) return context.Pages().Decode(text.bytes, font.charset);
+DecodedText CharactersOf(DeviceContext& context, std::uint8_t charset, const Text& text) {
+    if (text.wide.empty()) return context.Pages().Decode(text.bytes, charset);
     DecodedText decoded = DecodeUtf16(text.wide);
     for (char32_t& character : decoded.characters) {
         if ((text.options & Text::GlyphIndexes) != 0) {
             character = CharacterOfGlyph(character);
-        } else if (font.charset == SymbolCharset && character < 0x100) {
+        } else if (charset == SymbolCharset && character < 0x100) {
             character += SymbolArea;
         }
     }
@@ -174,10 +184,10 @@ PlacedText PlaceText(DeviceContext& context, const Text& text, vector::Point ref
     placed.toPicture.dy = origin.y;
     if (text.bytes.empty() && text.wide.empty()) return placed;
 
-    const DecodedText decoded = CharactersOf(context, font, text);
+    const vector::FontRequest request = RequestOf(context, font, text, scale.stepScale);
+    const DecodedText decoded = CharactersOf(context, request.symbol ? SymbolCharset : font.charset, text);
     const std::vector<vector::Point> steps = StepsOf(decoded, text, scale.stepScale);
-    std::shared_ptr<vector::Font> found =
-        context.Fonts().Find(RequestOf(context, font, text, scale.stepScale));
+    std::shared_ptr<vector::Font> found = context.Fonts().Find(request);
     if ((text.options & Text::Advance2d) != 0) {
         placed.run = vector::LayOutText(std::move(found), decoded.characters, steps);
     } else {
