@@ -30,11 +30,12 @@ PlacedBox BorderOf(DeviceContext& context, const Box& box) {
     return {placed, {}};
 }
 
-/// The box that the pen runs along: further inside for a pen that stays in its frame.
+/// The box that the pen runs along: further inside for a pen that stays in its frame. A border names the pixels that it
+/// runs through, so that a pen of one pixel is inside already.
 vector::Box Framed(const PlacedBox& placed, const DrawingPen& pen) {
     if (!pen.insideFrame) return placed.box;
     const double scale = placed.toPicture.MeanScale();
-    const double pixels = pen.pen.width * pen.toPicture.MeanScale();
+    const double pixels = std::max(pen.pen.width * pen.toPicture.MeanScale() - 1, 0.0);
     return vector::InsideFrame(placed.box, scale > 0 ? pixels / scale : 0);
 }
 
