@@ -81,6 +81,8 @@ Palette ReadPalette(RecordBytes& bytes) {
 Brush ReadDibBrush(RecordBytes& bytes) {
     Brush brush;
     brush.style = brush::DibPattern;
+    // What was a pattern of the screen's two colours takes those of the text again.
+    brush.mono = bytes.U16(At) == brush::Pattern;
     brush.bitmap = ReadWmfDib(bytes, At + 4, bytes.U16(At + 2) == UsesPaletteIndexes);
     return brush;
 }
