@@ -8,7 +8,7 @@
 namespace tavrix::vector {
 namespace {
 
-constexpr int MaxLinesOfCurve = 1000;
+constexpr int MaxLinesOfCurve = 500;
 /// From here on each curve is one line.
 constexpr std::size_t MaxFlatPoints = Path::MaxPoints;
 constexpr std::int64_t PointCost = 8;

@@ -25,7 +25,7 @@ struct FlatPath {
 };
 
 /// How far a line may be from the curve that it stands for, in pixels.
-inline constexpr double FlatteningError = 0.1;
+inline constexpr double FlatteningError = 0.03;
 
 /// Makes lines of the curves. A curve that lies wholly on one side of `bounds` becomes one line. The number of
 /// points is bounded, whatever the curves are like, and paid from the budget.

@@ -67,7 +67,7 @@ void Placement::PlaceUpright(const Box& to, const PixelRect& clip) {
 }
 
 std::vector<Placement::Range> Placement::RangesOf(double toStart, double toEnd, double fromStart,
-                                                  double fromEnd, int areaStart, int areaSize, int limit) {
+                                                  double fromEnd, int areaStart, int areaSize, int limit) const {
     const double scale = (fromEnd - fromStart) / (toEnd - toStart);
     const auto sourceAt = [&](double at) { return fromStart + (at - toStart) * scale; };
     std::vector<Range> ranges(static_cast<std::size_t>(areaSize));
@@ -78,7 +78,7 @@ std::vector<Placement::Range> Placement::RangesOf(double toStart, double toEnd, 
         if (centre < 0 || centre >= limit) continue;
         double first = centre;
         double last = centre + 1;
-        if (high - low > 1) {
+        if (average_ && high - low > 1) {
             // Neighbours share no pixel.
             first = std::floor(low + 0.5);
             last = std::max(std::floor(high + 0.5), first + 1);

@@ -38,8 +38,8 @@ class Placement {
 
     void PlaceUpright(const Box& to, const PixelRect& clip);
     void PlaceTurned(const PixelRect& clip);
-    [[nodiscard]] static std::vector<Range> RangesOf(double toStart, double toEnd, double fromStart,
-                                                     double fromEnd, int areaStart, int areaSize, int limit);
+    [[nodiscard]] std::vector<Range> RangesOf(double toStart, double toEnd, double fromStart,
+                                                     double fromEnd, int areaStart, int areaSize, int limit) const;
 
     const Surface& bitmap_;
     Box part_;

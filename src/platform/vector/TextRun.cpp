@@ -25,9 +25,21 @@ TextRun LayOut(std::shared_ptr<Font> font, std::u32string_view text, Steps stepA
     return run;
 }
 
-/// From the text's units, without its turns, to the device.
+double Baseline(const TextRun& run) {
+    return run.cells.top + run.font->Ascent();
+}
+
+/// From the text's units, without its turns, to the device. A baseline along an axis of the device comes to lie on a
+/// border between pixels, so that the feet of the characters are crisp.
 Affine LineToDevice(const TextRun& run, const Affine& textToDevice) {
-    return Affine::Turn(run.font->Request().escapement).Then(textToDevice);
+    Affine map = Affine::Turn(run.font->Request().escapement).Then(textToDevice);
+    if (!map.KeepsBoxes()) return map;
+    const Point at = map.Apply({0, Baseline(run)});
+    if (std::abs(map.m11) > std::abs(map.m12))
+        map.dy += std::floor(at.y + 0.5) - at.y;
+    else
+        map.dx += std::floor(at.x + 0.5) - at.x;
+    return map;
 }
 
 /// A line along the text, at least a pixel thick; where it lies along an axis of the device, on whole pixels.
@@ -99,15 +111,15 @@ Path OutlineOf(const TextRun& run, const Affine& textToDevice) {
     const FontRequest& request = run.font->Request();
     const Affine lineToDevice = LineToDevice(run, textToDevice);
     // The line's turn is in the places already.
-    const Affine upright = Affine::Turn(request.orientation).Then(textToDevice);
+    const Affine turned = Affine::Turn(request.orientation).Then(textToDevice);
     for (const TextRun::Glyph& glyph : run.glyphs) {
-        Affine map = upright;
+        Affine map = turned;
         const Point at = lineToDevice.Apply(glyph.origin);
         map.dx = at.x;
         map.dy = at.y;
         run.font->AddOutline(path, glyph.character, map);
     }
-    const double baseline = run.cells.top + run.font->Ascent();
+    const double baseline = Baseline(run);
     if (request.underline) AddLine(path, run, baseline + run.font->UnderlinePosition(), lineToDevice);
     if (request.strikeOut) AddLine(path, run, baseline + run.font->StrikeOutPosition(), lineToDevice);
     return path;

@@ -12,7 +12,7 @@ namespace tavrix::vector {
 [[nodiscard]] Path Widen(const Path& path, const Pen& pen, const Affine& penToDevice, const Box& bounds,
                          WorkBudget& budget);
 
-/// The same figures made of lines alone, none of which is farther than a tenth of a pixel from the path (in curves
+/// The same figures made of lines alone, none of which is farther than 0.03 pixels from the path (in curves
 /// up to some 10,000 pixels long). Throws nothing but std::bad_alloc.
 [[nodiscard]] Path Flattened(const Path& path);
 
