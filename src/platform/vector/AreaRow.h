@@ -12,7 +12,7 @@
 
 namespace tavrix::vector {
 
-/// The areas that the borders of a shape cover in one row of pixels, as differences from each pixel to the next. Only
+/// The areas that a shape covers in one row of pixels, as differences from each pixel to the next. Only
 /// the columns that a border runs through are touched, so that the row of a wide shape costs little.
 class AreaRow {
   public:
@@ -39,8 +39,14 @@ class AreaRow {
         AddIn(last, (x2 - last) / 2, (x2 - last) * rate);
     }
 
+    /// A border that counts as a whole: from the column on, the winding is another one.
+    void AddWhole(int column, int winding) {
+        steps_[static_cast<std::size_t>(column)] += winding;
+        Touch(static_cast<std::size_t>(column));
+    }
+
     /// What has been done since the last call, in units of work.
-    [[nodiscard]] std::int64_t TakeCost() { return std::exchange(cost_, 0) * 3; }
+    [[nodiscard]] std::int64_t TakeCost() { return std::exchange(cost_, 0) * 5; }
 
     /// Tells the covered runs (x, count, coverage) and begins anew.
     template <class Teller>

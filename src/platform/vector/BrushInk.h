@@ -24,19 +24,19 @@ namespace tavrix::vector {
 class BrushInk {
   public:
     BrushInk(const Brush& brush, BinaryOperation operation)
-        : brush_(brush), solid_(brush.SolidColour()), operation_(ToTernary(operation)) {}
+        : brush_(brush), solid_(brush.SolidColour()), combine_(ToTernary(operation)) {}
 
     [[nodiscard]] Pixel operator()(int x, int y, Pixel below, unsigned coverage) const {
         const auto colour = solid_ ? solid_ : brush_.At(x, y);
         if (!colour) return below;
-        const Pixel combined = Combine(operation_, *colour, 0, below);
+        const Pixel combined = combine_(*colour, 0, below);
         return coverage == 255 ? combined : Mixed(combined, below, coverage);
     }
 
   private:
     const Brush& brush_;
     std::optional<Pixel> solid_;
-    TernaryOperation operation_;
+    Combiner combine_;
 };
 
 }  // namespace tavrix::vector

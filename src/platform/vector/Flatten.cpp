@@ -11,7 +11,7 @@ namespace {
 constexpr int MaxLinesOfCurve = 500;
 /// From here on each curve is one line.
 constexpr std::size_t MaxFlatPoints = Path::MaxPoints;
-constexpr std::int64_t PointCost = 8;
+constexpr std::int64_t PointCost = 24;
 
 struct Cubic {
     Point a, b, c, d;

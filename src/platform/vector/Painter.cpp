@@ -16,6 +16,9 @@ namespace {
 /// Lines are outlined and painted in pieces of so many points, so that the memory for it stays small.
 constexpr std::size_t PointsAtOnce = std::size_t{1} << 16U;
 
+/// Laying out and outlining a character, beyond its points.
+constexpr std::int64_t GlyphCost = 256;
+
 Box BoundsOf(const FlatPath& path) {
     if (path.points.empty()) return {};
     const auto [left, right] = std::ranges::minmax(path.points, {}, &Point::x);
@@ -78,8 +81,8 @@ void Painter::FillFlat(const FlatPath& shape, FillRule rule, const Brush& brush,
     if (bounds.width == 0 || bounds.height == 0) return;
     Rasteriser rasteriser(bounds, budget_);
     rasteriser.Add(shape);
-    const auto scan = [&](auto ink, bool areas) {
-        PaintSink sink(target_, clip_, budget_, ink);
+    const auto scan = [&](auto ink, int cost, bool areas) {
+        PaintSink sink(target_, clip_, budget_, cost, ink);
         if (areas)
             rasteriser.ScanAreas(rule, sink);
         else
@@ -91,9 +94,9 @@ void Painter::FillFlat(const FlatPath& shape, FillRule rule, const Brush& brush,
             [colour](int, int, Pixel below, unsigned coverage) {
                 return coverage == 255 ? colour : Mixed(colour, below, coverage);
             },
-            antialias_);
+            1, antialias_);
     } else {
-        scan(BrushInk(brush, operation), antialias_ && IsOpaque(operation));
+        scan(BrushInk(brush, operation), brush.SolidColour() ? 4 : 10, antialias_ && IsOpaque(operation));
     }
 }
 
@@ -149,7 +152,7 @@ void Painter::FillRegion(const Region& region, const Brush& brush, BinaryOperati
         ClipRows rows(region);
         VisitClipped(clip_, region.Bounds(), [&](int y, int left, int right) {
             rows.Visit(y, left, right, [&](int from, int to) {
-                if (!budget_.Spend(2 * (to - from) + 4)) return;
+                if (!budget_.Spend(10 * (to - from) + 16)) return;
                 const auto row = target_.Row(y);
                 for (int x = from; x < to; ++x) {
                     Pixel& pixel = row[static_cast<std::size_t>(x)];
@@ -161,7 +164,7 @@ void Painter::FillRegion(const Region& region, const Brush& brush, BinaryOperati
 }
 
 void Painter::SetPixel(int x, int y, Pixel pixel, BinaryOperation operation) noexcept {
-    if (!budget_.Spend(16) || !clip_.Contains(x, y)) return;
+    if (!budget_.Spend(64) || !clip_.Contains(x, y)) return;
     Pixel& there = target_.Row(y)[static_cast<std::size_t>(x)];
     there = Combine(ToTernary(operation), pixel, 0, there);
 }
@@ -169,6 +172,7 @@ void Painter::SetPixel(int x, int y, Pixel pixel, BinaryOperation operation) noe
 void Painter::DrawText(const TextRun& run, const Affine& textToDevice, const Brush& brush,
                        BinaryOperation operation) noexcept {
     Guarded([&] {
+        budget_.Spend(GlyphCost * static_cast<std::int64_t>(run.glyphs.size()));
         const Path outline = OutlineOf(run, textToDevice);
         FillFlat(Flatten(outline, ClipBox(), budget_), FillRule::NonZero, brush, operation);
     });

@@ -100,10 +100,12 @@ class Painter {
                   BinaryOperation operation = BinaryOperation::CopyPen) noexcept;
 
   private:
+    static constexpr std::int64_t OperationCost = 512;
+
     /// Does the work of an operation, if it may begin.
     template <class Work>
     void Guarded(Work work) noexcept {
-        if (budget_.Exhausted()) return;
+        if (!budget_.Spend(OperationCost)) return;
         try {
             work();
         } catch (const std::exception&) {

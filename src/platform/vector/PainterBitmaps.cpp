@@ -21,11 +21,9 @@ void VisitPlaced(Surface& target, const Region& clip, WorkBudget& budget, const 
     if (area.width == 0 || area.height == 0 || !budget.Spend(placement.Cost())) return;
     VisitClipped(clip, area, [&](int y, int from, int to) {
         const auto row = target.Row(y);
-        for (int x = from; x < to; ++x) {
-            const auto place = placement.At(x, y);
-            if (!place) continue;
-            visit(x, y, row[static_cast<std::size_t>(x)], placement.PixelAt(x, y, *place), *place);
-        }
+        placement.VisitRow(y, from, to, [&](int x, Pixel pixel, Placement::Place place) {
+            visit(x, y, row[static_cast<std::size_t>(x)], pixel, place);
+        });
     });
 }
 
@@ -61,15 +59,20 @@ Pixel PremultipliedOver(Pixel pixel, Pixel below) {
 void Painter::PatternBlit(const Box& box, const Brush& brush, TernaryOperation operation) noexcept {
     if (operation == DestinationKept || (UsesBrush(operation) && brush.Null())) return;
     Guarded([&] {
+        const Combiner combine(operation);
+        const auto one = UsesBrush(operation) ? brush.SolidColour() : Pixel{0};
         VisitClipped(clip_, NearestRect(box), [&](int y, int from, int to) {
-            if (!budget_.Spend(2 * (to - from) + 4)) return;
-            const auto row = target_.Row(y);
-            for (int x = from; x < to; ++x) {
-                const auto ink = brush.At(x, y);
-                if (!ink && UsesBrush(operation)) continue;
-                Pixel& pixel = row[static_cast<std::size_t>(x)];
-                pixel = Combine(operation, ink.value_or(0), 0, pixel);
+            if (!budget_.Spend((one ? 1 : 10) * (to - from) + 16)) return;
+            const auto row =
+                target_.Row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
+            if (one) {
+                for (Pixel& pixel : row)
+                    pixel = combine(*one, 0, pixel);
+                return;
             }
+            int x = from;
+            for (Pixel& pixel : row)
+                if (const auto ink = brush.At(x++, y)) pixel = combine(*ink, 0, pixel);
         });
     });
 }
@@ -89,10 +92,10 @@ void Painter::PatternBlit(const Box& box, const Affine& map, const Brush& brush,
     Guarded([&] {
         Rasteriser rasteriser(Intersection(TouchedRect(outline.Bounds()), clip_.Bounds()), budget_);
         rasteriser.Add(Flatten(outline, ClipBox(), budget_));
-        PaintSink sink(target_, clip_, budget_, [&](int x, int y, Pixel below, unsigned) {
-            const auto ink = brush.At(x, y);
-            if (!ink && UsesBrush(operation)) return below;
-            return Combine(operation, ink.value_or(0), 0, below);
+        const Combiner combine(operation);
+        PaintSink sink(target_, clip_, budget_, 10, [&](int x, int y, Pixel below, unsigned) {
+            const auto ink = UsesBrush(operation) ? brush.At(x, y) : Pixel{0};
+            return ink ? combine(*ink, 0, below) : below;
         });
         rasteriser.ScanCentres(FillRule::NonZero, sink);
     });
@@ -109,13 +112,15 @@ void Painter::Blit(const PlacedBitmap& source, TernaryOperation operation, const
                 [](int, int, Pixel& there, Pixel pixel, Placement::Place) { there = pixel | ~Colours; });
             return;
         }
+        const Combiner combine(operation);
+        const Combiner combineOtherwise(mask.otherwise);
         VisitPlaced(target_, clip_, budget_, source,
                     [&](int x, int y, Pixel& there, Pixel pixel, Placement::Place place) {
-                        const TernaryOperation chosen =
-                            masked && !Lets(mask, place) ? mask.otherwise : operation;
+                        const bool lets = !masked || Lets(mask, place);
+                        const TernaryOperation chosen = lets ? operation : mask.otherwise;
                         if (chosen == DestinationKept) return;
                         const auto ink = UsesBrush(chosen) ? brush.At(x, y) : Pixel{0};
-                        if (ink) there = Combine(chosen, *ink, pixel, there);
+                        if (ink) there = (lets ? combine : combineOtherwise)(*ink, pixel, there);
                     });
     });
 }

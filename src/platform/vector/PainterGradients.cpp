@@ -40,7 +40,8 @@ void Painter::FillGradient(const Path& path, const GradientPlane& colours) {
     const Path snapped = Snapped(path, {});
     Rasteriser rasteriser(Intersection(TouchedRect(snapped.Bounds()), clip_.Bounds()), budget_);
     rasteriser.Add(Flatten(snapped, ClipBox(), budget_));
-    PaintSink sink(target_, clip_, budget_, [&](int x, int y, Pixel, unsigned) { return colours.At(x, y); });
+    PaintSink sink(target_, clip_, budget_, 8,
+                   [&](int x, int y, Pixel, unsigned) { return colours.At(x, y); });
     rasteriser.ScanCentres(FillRule::NonZero, sink);
 }
 

@@ -67,7 +67,8 @@ void Placement::PlaceUpright(const Box& to, const PixelRect& clip) {
 }
 
 std::vector<Placement::Range> Placement::RangesOf(double toStart, double toEnd, double fromStart,
-                                                  double fromEnd, int areaStart, int areaSize, int limit) const {
+                                                  double fromEnd, int areaStart, int areaSize,
+                                                  int limit) const {
     const double scale = (fromEnd - fromStart) / (toEnd - toStart);
     const auto sourceAt = [&](double at) { return fromStart + (at - toStart) * scale; };
     std::vector<Range> ranges(static_cast<std::size_t>(areaSize));
@@ -99,7 +100,7 @@ void Placement::PlaceTurned(const PixelRect& clip) {
 }
 
 std::int64_t Placement::Cost() const {
-    std::int64_t cost = std::int64_t{area_.width} * area_.height * 4;
+    std::int64_t cost = std::int64_t{area_.width} * area_.height * 8;
     if (average_ && !columns_.empty()) {
         const auto count = [](const std::vector<Range>& ranges) {
             std::int64_t sum = 0;
@@ -107,19 +108,12 @@ std::int64_t Placement::Cost() const {
                 sum += range.last - range.first;
             return sum;
         };
-        cost += count(columns_) * count(rows_);
+        cost += 3 * count(columns_) * count(rows_);
     }
     return cost;
 }
 
-std::optional<Placement::Place> Placement::At(int x, int y) const {
-    if (!columns_.empty()) {
-        const Range& columns = columns_[static_cast<std::size_t>(x - area_.left)];
-        const Range& rows = rows_[static_cast<std::size_t>(y - area_.top)];
-        if (columns.first == columns.last || rows.first == rows.last) return std::nullopt;
-        return Place{columns.first + (columns.last - columns.first) / 2,
-                     rows.first + (rows.last - rows.first) / 2};
-    }
+std::optional<Placement::Place> Placement::PlaceUnder(int x, int y) const {
     const Point at = toBitmap_.Apply({x + 0.5, y + 0.5});
     const Box part = InOrder(part_);
     if (!(at.x >= std::max(part.left, 0.0) && at.x < std::min(part.right, double(bitmap_.Width()))))
@@ -129,10 +123,7 @@ std::optional<Placement::Place> Placement::At(int x, int y) const {
     return Place{static_cast<int>(at.x), static_cast<int>(at.y)};
 }
 
-Pixel Placement::PixelAt(int x, int y, Place place) const {
-    if (!average_ || columns_.empty()) return bitmap_.Row(place.row)[static_cast<std::size_t>(place.column)];
-    const Range& columns = columns_[static_cast<std::size_t>(x - area_.left)];
-    const Range& rows = rows_[static_cast<std::size_t>(y - area_.top)];
+Pixel Placement::MeanOf(const Range& columns, const Range& rows) const {
     std::uint64_t sums[4] = {};
     for (int row = rows.first; row < rows.last; ++row) {
         const auto pixels = bitmap_.Row(row);

@@ -24,10 +24,27 @@ class Placement {
     [[nodiscard]] const PixelRect& Area() const { return area_; }
     /// About how many pixels have to be looked at.
     [[nodiscard]] std::int64_t Cost() const;
-    /// The bitmap's pixel under the centre of one in the area; nothing outside the part that is drawn.
-    [[nodiscard]] std::optional<Place> At(int x, int y) const;
-    /// What is drawn there, after At has found the place.
-    [[nodiscard]] Pixel PixelAt(int x, int y, Place place) const;
+    /// Calls visit(x, pixel, place) for the columns from (inclusive) to (exclusive) of a row of the area, where the part
+    /// that is drawn lies.
+    template <class Visitor>
+    void VisitRow(int y, int from, int to, Visitor visit) const {
+        if (columns_.empty()) {
+            for (int x = from; x < to; ++x)
+                if (const auto place = PlaceUnder(x, y)) visit(x, PixelAt(*place), *place);
+            return;
+        }
+        const Range& rows = rows_[static_cast<std::size_t>(y - area_.top)];
+        if (rows.first == rows.last) return;
+        const int row = (rows.first + rows.last) / 2;
+        const auto pixels = bitmap_.Row(row);
+        for (int x = from; x < to; ++x) {
+            const Range& columns = columns_[static_cast<std::size_t>(x - area_.left)];
+            if (columns.first == columns.last) continue;
+            const int column = (columns.first + columns.last) / 2;
+            visit(x, average_ ? MeanOf(columns, rows) : pixels[static_cast<std::size_t>(column)],
+                  Place{column, row});
+        }
+    }
 
   private:
     /// Pixels of the bitmap, from first (inclusive) to last (exclusive), that fall on one row or column of the area.
@@ -36,10 +53,16 @@ class Placement {
         int last = 0;
     };
 
+    /// The bitmap's pixel under the centre of one of the device; nothing outside the part that is drawn.
+    [[nodiscard]] std::optional<Place> PlaceUnder(int x, int y) const;
+    [[nodiscard]] Pixel PixelAt(Place place) const {
+        return bitmap_.Row(place.row)[static_cast<std::size_t>(place.column)];
+    }
+    [[nodiscard]] Pixel MeanOf(const Range& columns, const Range& rows) const;
     void PlaceUpright(const Box& to, const PixelRect& clip);
     void PlaceTurned(const PixelRect& clip);
-    [[nodiscard]] std::vector<Range> RangesOf(double toStart, double toEnd, double fromStart,
-                                                     double fromEnd, int areaStart, int areaSize, int limit) const;
+    [[nodiscard]] std::vector<Range> RangesOf(double toStart, double toEnd, double fromStart, double fromEnd,
+                                              int areaStart, int areaSize, int limit) const;
 
     const Surface& bitmap_;
     Box part_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "platform/graphics/Colour.h"
@@ -63,7 +64,37 @@ inline constexpr TernaryOperation Whiteness = 0xFF;
     return (((operation >> 1U) ^ operation) & 0x55U) != 0;
 }
 
+/// A ternary operation made ready for many pixels.
+class Combiner {
+  public:
+    explicit constexpr Combiner(TernaryOperation operation) {
+        // The operation as an exclusive or of products: term t is the product of those of brush (4), source (2) and
+        // destination (1) whose bits t has.
+        unsigned terms = operation;
+        for (const unsigned step : {1U, 2U, 4U})
+            for (unsigned t = 0; t < 8; ++t)
+                if ((t & step) != 0) terms ^= (terms >> (t - step) & 1U) << t;
+        for (unsigned t = 0; t < 8; ++t)
+            masks_[t] = (terms >> t & 1U) != 0 ? 0x00FFFFFFU : 0;
+    }
+
+    /// Combines the colours; the result is opaque.
+    [[nodiscard]] constexpr Pixel operator()(Pixel brush, Pixel source, Pixel destination) const {
+        const Pixel without =
+            masks_[0] ^ (masks_[1] & destination) ^ ((masks_[2] ^ (masks_[3] & destination)) & source);
+        const Pixel with =
+            masks_[4] ^ (masks_[5] & destination) ^ ((masks_[6] ^ (masks_[7] & destination)) & source);
+        return 0xFF000000U | (without ^ (with & brush));
+    }
+
+  private:
+    std::array<Pixel, 8> masks_{};
+};
+
 /// Combines the colours of three pixels; the result is opaque.
-[[nodiscard]] Pixel Combine(TernaryOperation operation, Pixel brush, Pixel source, Pixel destination);
+[[nodiscard]] constexpr Pixel Combine(TernaryOperation operation, Pixel brush, Pixel source,
+                                      Pixel destination) {
+    return Combiner(operation)(brush, source, destination);
+}
 
 }  // namespace tavrix::vector

@@ -6,18 +6,6 @@
 #include "platform/vector/AreaRow.h"
 
 namespace tavrix::vector {
-namespace {
-
-bool Inside(FillRule rule, int winding) {
-    return rule == FillRule::NonZero ? winding != 0 : (winding & 1) != 0;
-}
-
-struct Crossing {
-    int column = 0;
-    int winding = 0;
-};
-
-}  // namespace
 
 Rasteriser::Rasteriser(const PixelRect& bounds, WorkBudget& budget) : bounds_(bounds), budget_(budget) {}
 
@@ -25,7 +13,7 @@ void Rasteriser::Add(const FlatPath& path) {
     if (bounds_.width <= 0 || bounds_.height <= 0) return;
     for (const FlatPath::Figure& figure : path.figures) {
         const auto points = path.PointsOf(figure);
-        if (!budget_.Spend(static_cast<std::int64_t>(points.size()) * 8)) return;
+        if (!budget_.Spend(static_cast<std::int64_t>(points.size()) * 24)) return;
         for (std::size_t i = 1; i < points.size(); ++i)
             AddEdge(points[i - 1], points[i]);
         AddEdge(points.back(), points.front());
@@ -88,7 +76,7 @@ void Rasteriser::ScanRows(RowScanner scanRow) {
         if (active.empty()) y = std::max(y, static_cast<int>(edges_[next].top));
         while (next < edges_.size() && edges_[next].top < y + 1)
             active.push_back(edges_[next++]);
-        if (!budget_.Spend(16 + 8 * static_cast<std::int64_t>(active.size()))) return;
+        if (!budget_.Spend(32 + 12 * static_cast<std::int64_t>(active.size()))) return;
         scanRow(y, std::span<const Edge>(active));
         ++y;
         std::erase_if(active, [&](const Edge& edge) { return edge.bottom <= y; });
@@ -117,29 +105,18 @@ void Rasteriser::ScanAreas(FillRule rule, CoverageSink& sink) {
 }
 
 void Rasteriser::ScanCentres(FillRule rule, CoverageSink& sink) {
-    std::vector<Crossing> crossings;
+    if (edges_.empty()) return;
+    AreaRow row(bounds_.width);
     ScanRows([&](int y, std::span<const Edge> active) {
-        crossings.clear();
         const double centre = y + 0.5;
         for (const Edge& edge : active) {
             if (centre < edge.top || centre >= edge.bottom) continue;
             const double column = std::ceil(edge.At(centre) - 0.5);
-            crossings.push_back(
-                {static_cast<int>(std::clamp(column, 0.0, double(bounds_.width))), edge.winding});
+            row.AddWhole(static_cast<int>(std::clamp(column, 0.0, double(bounds_.width))), edge.winding);
         }
-        std::ranges::sort(crossings, {}, &Crossing::column);
-        int winding = 0;
-        int from = 0;
-        const auto tell = [&](int to) {
-            if (Inside(rule, winding) && to > from)
-                sink.Run(bounds_.top + y, bounds_.left + from, to - from, 255);
-            from = to;
-        };
-        for (const Crossing& crossing : crossings) {
-            tell(crossing.column);
-            winding += crossing.winding;
-        }
-        tell(bounds_.width);
+        row.Tell(rule, [&](int x, int count, std::uint8_t coverage) {
+            sink.Run(bounds_.top + y, bounds_.left + x, count, coverage);
+        });
     });
 }
 

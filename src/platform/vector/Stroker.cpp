@@ -13,7 +13,7 @@ namespace tavrix::vector {
 namespace {
 
 constexpr double Pi = std::numbers::pi;
-constexpr std::int64_t PointCost = 16;
+constexpr std::int64_t PointCost = 40;
 /// Miters longer than this many widths are cut off even where the pen's limit allows them.
 constexpr double LongestMiter = 1000;
 /// What goes beyond this is not drawn.
