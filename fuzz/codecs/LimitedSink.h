@@ -9,14 +9,15 @@
 
 namespace tavrix::fuzz {
 
-/// Takes pictures up to four megapixels, so that an input costs milliseconds. Ends the process when a decoder
-/// breaks its promises.
+/// Takes small pictures alone, so that an input costs milliseconds. Ends the process when a decoder breaks its promises.
 class LimitedSink final : public PictureSink {
   public:
+    explicit LimitedSink(std::int64_t mostPixels) : mostPixels_(mostPixels) {}
+
     Surface* Begin(const PictureInfo& info) override {
         if (begun_ || info.width <= 0 || info.height <= 0) std::abort();
         begun_ = true;
-        if (std::int64_t{info.width} * info.height > MostPixels) return nullptr;
+        if (std::int64_t{info.width} * info.height > mostPixels_) return nullptr;
         surface_ = Surface(info.width, info.height);
         return &surface_;
     }
@@ -32,17 +33,16 @@ class LimitedSink final : public PictureSink {
     }
 
   private:
-    static constexpr std::int64_t MostPixels = 4LL << 20U;
-
+    std::int64_t mostPixels_;
     Surface surface_;
     bool begun_ = false;
     int rows_ = 0;
 };
 
-inline int Decode(DecodeStatus (*decode)(ByteSource&, PictureSink&), const std::uint8_t* data,
-                  std::size_t size) {
+inline int Decode(DecodeStatus (*decode)(ByteSource&, PictureSink&), const std::uint8_t* data, std::size_t size,
+                  std::int64_t mostPixels = 4LL << 20U) {
     MemorySource source(std::as_bytes(std::span(data, size)));
-    LimitedSink sink;
+    LimitedSink sink(mostPixels);
     sink.Check(decode(source, sink), size);
     return 0;
 }

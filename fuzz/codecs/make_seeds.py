@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes seeds/: one small file of each kind that the decoders know.
+"""Makes seeds/: one small file of each kind that the decoders know; make_metafile_seeds.py makes the metafiles.
 
 usage: fuzz/codecs/make_seeds.py    (needs Pillow)
 """

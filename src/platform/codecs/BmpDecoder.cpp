@@ -2,7 +2,6 @@
 
 #include <new>
 
-#include "platform/codecs/BmpHeader.h"
 #include "platform/codecs/BmpRle.h"
 #include "platform/codecs/BmpRows.h"
 #include "platform/codecs/JpegDecoder.h"
@@ -25,9 +24,14 @@ DecodeStatus DecodeRuns(ByteSource& source, const BmpHeader& header, PictureSink
     return DecodeBmpRle(source, header, *surface, sink);
 }
 
-DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
-    const BmpHeader header = ReadBmpHeader(source);
-    if (!header.trouble.empty()) return {Outcome::Corrupt, 0, header.trouble, false};
+}  // namespace
+
+bool RecognisesBmp(std::span<const std::byte> start) {
+    return start.size() >= 2 && start[0] == std::byte{'B'} &&
+           (start[1] == std::byte{'M'} || start[1] == std::byte{'A'});
+}
+
+DecodeStatus DecodeBmpPixels(ByteSource& source, const BmpHeader& header, PictureSink& sink) {
     switch (header.storage) {
         case BmpStorage::Rle4:
         case BmpStorage::Rle8:
@@ -42,16 +46,11 @@ DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
     }
 }
 
-}  // namespace
-
-bool RecognisesBmp(std::span<const std::byte> start) {
-    return start.size() >= 2 && start[0] == std::byte{'B'} &&
-           (start[1] == std::byte{'M'} || start[1] == std::byte{'A'});
-}
-
 DecodeStatus DecodeBmp(ByteSource& source, PictureSink& sink) {
     try {
-        return Decode(source, sink);
+        const BmpHeader header = ReadBmpHeader(source);
+        if (!header.trouble.empty()) return {Outcome::Corrupt, 0, header.trouble, false};
+        return DecodeBmpPixels(source, header, sink);
     } catch (const std::bad_alloc&) {
         return {Outcome::Corrupt, 0, "memory refused", false};
     }

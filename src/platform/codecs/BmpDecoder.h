@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/codecs/BmpHeader.h"
 #include "platform/codecs/Decoder.h"
 
 namespace tavrix {
@@ -10,5 +11,7 @@ namespace tavrix {
 /// compression of OS/2.
 [[nodiscard]] bool RecognisesBmp(std::span<const std::byte> start);
 [[nodiscard]] DecodeStatus DecodeBmp(ByteSource& source, PictureSink& sink);
+/// The pixels that go with a header of no trouble, of whichever kind. May throw std::bad_alloc.
+[[nodiscard]] DecodeStatus DecodeBmpPixels(ByteSource& source, const BmpHeader& header, PictureSink& sink);
 
 }  // namespace tavrix

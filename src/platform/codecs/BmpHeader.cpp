@@ -98,28 +98,28 @@ std::size_t ReadMasks(ByteSource& source, std::uint64_t headerEnd, const RawHead
     return behind;
 }
 
-/// Fills the palette from what there is of it between `start` and the pixels, and gives the number of bytes that
-/// the palette claims.
-std::uint64_t ReadPalette(ByteSource& source, std::uint64_t start, std::uint64_t pixelOffset,
-                          const RawHeader& raw, BmpHeader& header) {
+/// Fills the palette from what there is of it between its offset and the pixels, and gives the number of bytes that
+/// it claims.
+std::uint64_t ReadPalette(ByteSource& source, const RawHeader& raw, BmpHeader& header) {
     header.palette.fill(OpaquePixel(0, 0, 0));
     const std::size_t entrySize = raw.Core() ? 3 : 4;
     const std::uint64_t possible = header.bits <= 8 ? std::uint64_t{1} << header.bits : 0U;
     const std::uint64_t told = raw.Field(32);
-    const std::uint64_t claimed = raw.Core() || told == 0 ? possible : told;
+    header.paletteCount = raw.Core() || told == 0 ? possible : told;
 
-    std::uint64_t count = std::min(claimed, possible);
-    if (pixelOffset > start) count = std::min(count, (pixelOffset - start) / entrySize);
+    std::uint64_t count = std::min(header.paletteCount, possible);
+    if (header.pixelOffset > header.paletteOffset)
+        count = std::min(count, (header.pixelOffset - header.paletteOffset) / entrySize);
     std::array<std::byte, 256 * 4> bytes{};
-    const std::size_t got =
-        source.ReadAt(start, std::span(bytes).first(static_cast<std::size_t>(count) * entrySize));
+    const std::size_t got = source.ReadAt(
+        header.paletteOffset, std::span(bytes).first(static_cast<std::size_t>(count) * entrySize));
     for (std::size_t i = 0; i < got / entrySize; ++i) {
         const auto part = [&](std::size_t at) {
             return std::to_integer<unsigned>(bytes[i * entrySize + at]);
         };
         header.palette[i] = OpaquePixel(part(2), part(1), part(0));
     }
-    return claimed * entrySize;
+    return header.paletteCount * entrySize;
 }
 
 }  // namespace
@@ -165,15 +165,16 @@ BmpHeader ReadBmpInfo(ByteSource& source, std::uint64_t start, std::uint64_t pix
     header.bits = raw.Bits();
 
     const std::uint64_t headerEnd = start + headerSize;
-    std::uint64_t paletteStart = headerEnd;
-    if (header.storage == BmpStorage::Packed) paletteStart += ReadMasks(source, headerEnd, raw, header);
+    header.paletteOffset = headerEnd;
+    if (header.storage == BmpStorage::Packed)
+        header.paletteOffset += ReadMasks(source, headerEnd, raw, header);
     header.pixelOffset = pixelOffset;
-    const std::uint64_t paletteSize = ReadPalette(source, paletteStart, header.pixelOffset, raw, header);
+    const std::uint64_t paletteSize = ReadPalette(source, raw, header);
     if (header.bits <= 8 && raw.Field(32) != 0 && paletteSize > source.Size())
         return Refused("absurd palette");
     // Some writers leave the offset empty or let it point into the headers or behind the file.
-    if (header.pixelOffset < paletteStart || header.pixelOffset >= source.Size()) {
-        header.pixelOffset = paletteStart + paletteSize;
+    if (header.pixelOffset < header.paletteOffset || header.pixelOffset >= source.Size()) {
+        header.pixelOffset = header.paletteOffset + paletteSize;
     }
     return header;
 }

@@ -31,6 +31,8 @@ struct BmpHeader {
     unsigned bits = 0;                     ///< per pixel
     std::array<std::uint32_t, 4> masks{};  ///< Packed: red, green, blue, alpha; 0: no such part
     std::array<Pixel, 256> palette{};      ///< opaque; black where the file gives none
+    std::uint64_t paletteOffset = 0;       ///< from the start of the file
+    std::uint64_t paletteCount = 0;        ///< entries that the palette claims
     std::uint64_t pixelOffset = 0;         ///< from the start of the file
     std::string_view trouble;              ///< why the file is refused; empty when it is not
 

@@ -9,6 +9,7 @@
 #include "platform/codecs/JpegDecoder.h"
 #include "platform/codecs/PcxDecoder.h"
 #include "platform/codecs/TgaDecoder.h"
+#include "platform/codecs/metafile/MetafileDecoder.h"
 
 namespace tavrix {
 namespace {
@@ -35,12 +36,14 @@ class FirstBytes {
 }  // namespace
 
 std::span<const DecoderEntry> Decoders() {
-    static constexpr std::array<DecoderEntry, 5> Table{{
+    static constexpr std::array<DecoderEntry, 7> Table{{
         {"jpg", RecognisesJpeg, DecodeJpeg},
         {"bmp", RecognisesBmp, DecodeBmp},
         {"gif", RecognisesGif, DecodeGif},
         {"ico", RecognisesIcon, DecodeIcon},
         {"cur", RecognisesCursor, DecodeIcon},
+        {"emf", RecognisesEmf, DecodeEmf},
+        {"wmf", RecognisesWmf, DecodeWmf},
     }};
     return Table;
 }

@@ -12,6 +12,7 @@
 #include "platform/codecs/LittleEndian.h"
 #include "platform/codecs/PngDecoder.h"
 #include "platform/codecs/SourcePart.h"
+#include "platform/codecs/SurfaceSink.h"
 
 namespace tavrix {
 namespace {
@@ -19,27 +20,6 @@ namespace {
 /// Work that broken images may cause before the rest is left alone.
 constexpr std::size_t MostAttempts = 64;
 constexpr std::int64_t MostPixelsTried = 2 * MostIconPixels;
-
-/// Keeps one image of the file, so that a broken one need not be shown.
-class ImageSink final : public PictureSink {
-  public:
-    explicit ImageSink(const PictureSink& outer) : outer_(outer) {}
-
-    Surface* Begin(const PictureInfo& told) override {
-        if (std::int64_t{told.width} * told.height > MostIconPixels) return nullptr;
-        info = told;
-        surface = Surface(told.width, told.height);
-        return &surface;
-    }
-    void RowsReady(int) override {}
-    [[nodiscard]] bool Cancelled() const override { return outer_.Cancelled(); }
-
-    PictureInfo info;
-    Surface surface;
-
-  private:
-    const PictureSink& outer_;
-};
 
 /// Makes the pixels transparent whose bit in the mask is set. The mask lies behind the colours, in the same order.
 /// Rows that it lacks stay as they are.
@@ -58,7 +38,7 @@ void ApplyMask(ByteSource& source, const BmpHeader& header, Surface& surface) {
     }
 }
 
-DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, ImageSink& sink) {
+DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, SurfaceSink& sink) {
     SourcePart inside(source, image.offset);
     if (image.png) return DecodePng(inside, sink);
     const BmpHeader header = ReadIconBitmap(inside);
@@ -68,7 +48,7 @@ DecodeStatus DecodeImage(ByteSource& source, const IconImage& image, ImageSink& 
     return status;
 }
 
-DecodeStatus Deliver(const ImageSink& image, DecodeStatus status, PictureSink& sink) {
+DecodeStatus Deliver(const SurfaceSink& image, DecodeStatus status, PictureSink& sink) {
     PictureInfo info = image.info;
     info.transparent =
         std::ranges::any_of(image.surface.Pixels(), [](Pixel pixel) { return pixel >> 24U != 0xFFU; });
@@ -80,7 +60,7 @@ DecodeStatus Deliver(const ImageSink& image, DecodeStatus status, PictureSink& s
 }
 
 DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
-    std::optional<ImageSink> partial;
+    std::optional<SurfaceSink> partial;
     DecodeStatus partialStatus;
     DecodeStatus firstFailure{Outcome::Corrupt, 0, "no image", false};
     std::vector<std::uint64_t> tried;
@@ -89,7 +69,7 @@ DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
         if (std::ranges::find(tried, image.offset) != tried.end()) continue;
         pixelsTried += image.Area();
         if (tried.size() == MostAttempts || pixelsTried > MostPixelsTried) break;
-        ImageSink own(sink);
+        SurfaceSink own(sink, MostIconPixels);
         DecodeStatus status = DecodeImage(source, image, own);
         if (sink.Cancelled()) return {Outcome::Truncated, image.offset, "cancelled", false};
         if (status.outcome == Outcome::Complete) return Deliver(own, status, sink);

@@ -1,0 +1,130 @@
+#include "platform/codecs/metafile/BitmapLoader.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/codecs/BmpDecoder.h"
+#include "platform/codecs/LittleEndian.h"
+#include "platform/codecs/PixelRows.h"
+#include "platform/codecs/SourcePart.h"
+#include "platform/codecs/SurfaceSink.h"
+#include "platform/codecs/metafile/Colours.h"
+
+namespace tavrix::metafile {
+namespace {
+
+constexpr std::int64_t MostPixels = 64LL << 20U;
+/// Nanoseconds a pixel, roughly, for the budget.
+constexpr std::int64_t DecodingCost = 4;
+
+bool Affordable(std::int64_t width, std::int64_t height, vector::WorkBudget& budget) {
+    return width <= MostPixels / height && budget.Spend(width * height * DecodingCost);
+}
+
+void UsePaletteIndexes(ByteSource& file, const Palette& palette, BmpHeader& header) {
+    std::array<std::byte, 512> indexes{};
+    const std::uint64_t count = std::min<std::uint64_t>(header.paletteCount, 256);
+    const std::size_t got = file.ReadAt(header.paletteOffset, std::span(indexes).first(2 * count));
+    for (std::size_t i = 0; i < got / 2; ++i)
+        header.palette[i] = ToPixel(0x01000000U | U16(indexes, 2 * i), palette);
+}
+
+bool IsBlackAndWhite(const BmpHeader& header) {
+    return header.palette[0] == OpaquePixel(0, 0, 0) && header.palette[1] == OpaquePixel(255, 255, 255);
+}
+
+void UseMonoColours(const BitmapColours& colours, BmpHeader& header) {
+    const bool replaced = colours.mono == BitmapColours::Mono::Always ||
+                          (colours.mono == BitmapColours::Mono::BlackAndWhite && IsBlackAndWhite(header));
+    if (header.bits != 1 || !replaced) return;
+    header.palette[0] = colours.zero;
+    header.palette[1] = colours.one;
+}
+
+/// A bitmap whose alpha counts, and is 0 throughout, is seen through; decoding takes it for opaque.
+void ClearAlpha(Surface& pixels) {
+    for (Pixel& pixel : pixels.Pixels())
+        pixel &= 0xFFFFFFU;
+}
+
+LoadedBitmap LoadDib(ByteSource& file, const BitmapPlace& place, const BitmapColours& colours,
+                     const PictureSink& sink, vector::WorkBudget& budget, std::optional<std::uint32_t> rows) {
+    const std::uint64_t end = std::max(place.header + place.headerLength, place.bits + place.bitsLength);
+    SourcePart part(file, 0, end);
+    BmpHeader header = ReadBmpInfo(part, place.header, place.bits);
+    if (!header.trouble.empty()) return {};
+    if (place.paletteIndexes && header.bits <= 8) {
+        UsePaletteIndexes(part, *colours.palette, header);
+        if (place.bits == 0) header.pixelOffset = header.paletteOffset + 2 * header.paletteCount;
+    }
+    if (place.bits != 0) header.pixelOffset = place.bits;
+    UseMonoColours(colours, header);
+    const bool forceAlpha = colours.alpha && header.storage == BmpStorage::Packed && header.bits == 32;
+    if (forceAlpha) header.masks[3] = 0xFF000000U;
+    if (rows) header.height = static_cast<int>(std::min<std::int64_t>(*rows, header.height));
+    if (header.height == 0 || !Affordable(header.width, header.height, budget)) return {};
+
+    SurfaceSink kept(sink, MostPixels);
+    const DecodeStatus status = DecodeBmpPixels(part, header, kept);
+    if (!status.someRows) return {};
+    if (forceAlpha && !kept.info.transparent) ClearAlpha(kept.surface);
+    return {std::move(kept.surface), header.topDown};
+}
+
+/// Rows of a device are whole 16-bit words, from the top. Of the kinds that depended on the device of their time only
+/// those are known that look the same on all.
+LoadedBitmap LoadDeviceBitmap(ByteSource& file, const BitmapPlace& place, const BitmapColours& colours,
+                              vector::WorkBudget& budget) {
+    std::array<std::byte, 10> header{};
+    if (file.ReadAt(place.header, header) < header.size()) return {};
+    const int width = U16(header, 2);
+    const int height = U16(header, 4);
+    const std::size_t stride = U16(header, 6);
+    const auto planes = std::to_integer<unsigned>(header[8]);
+    const auto bits = std::to_integer<unsigned>(header[9]);
+    const std::size_t needed = (static_cast<std::size_t>(width) * bits + 7) / 8;
+    const bool known = planes == 1 && (bits == 1 || bits == 24 || bits == 32);
+    if (!known || width == 0 || height == 0 || stride < needed) return {};
+    if (stride * static_cast<std::uint64_t>(height) > place.bitsLength + stride - needed) return {};
+    if (!Affordable(width, height, budget)) return {};
+
+    std::array<Pixel, 256> palette{colours.zero, colours.one};
+    const MaskedPixels masked(32, {0xFF0000U, 0xFF00U, 0xFFU, 0U});
+    Surface pixels(width, height);
+    std::vector<std::byte> row(needed);
+    for (int y = 0; y < height; ++y) {
+        if (file.ReadAt(place.bits + static_cast<std::uint64_t>(y) * stride, row) < needed) return {};
+        if (bits == 1) {
+            PixelsFromIndexes(1, row, palette, pixels.Row(y));
+        } else if (bits == 24) {
+            PixelsFromBgr24(row, pixels.Row(y));
+        } else {
+            masked.Convert(row, pixels.Row(y));
+        }
+    }
+    return {std::move(pixels), true};
+}
+
+}  // namespace
+
+LoadedBitmap LoadBitmap(ByteSource& file, const BitmapPlace& place, const BitmapColours& colours,
+                        const PictureSink& sink, vector::WorkBudget& budget,
+                        std::optional<std::uint32_t> rows) {
+    try {
+        switch (place.kind) {
+            case BitmapPlace::Kind::Dib:
+                return LoadDib(file, place, colours, sink, budget, rows);
+            case BitmapPlace::Kind::DeviceBitmap:
+                return LoadDeviceBitmap(file, place, colours, budget);
+            case BitmapPlace::Kind::None:
+                break;
+        }
+    } catch (const RuntimeError&) {
+        // Memory refused to one bitmap: the rest of the drawing may still be shown.
+    }
+    return {};
+}
+
+}  // namespace tavrix::metafile

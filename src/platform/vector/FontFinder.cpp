@@ -1,0 +1,102 @@
+#include "platform/vector/FontFinder.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <cctype>
+#include <mutex>
+
+#include "platform/vector/FontFamilies.h"
+
+namespace tavrix::vector {
+namespace {
+
+struct ReleasePattern {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, ReleasePattern>;
+
+struct ReleaseCharacters {
+    void operator()(FcCharSet* characters) const { FcCharSetDestroy(characters); }
+};
+
+const FcChar8* ToText(const std::string& text) {
+    return reinterpret_cast<const FcChar8*>(text.c_str());
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+    return std::ranges::equal(
+        a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+Pattern PatternOf(const FontRequest& request, char32_t character) {
+    Pattern pattern(FcPatternCreate());
+    if (!pattern) return pattern;
+    if (!request.family.empty()) FcPatternAddString(pattern.get(), FC_FAMILY, ToText(request.family));
+    for (const std::string_view name : StandInsFor(request))
+        FcPatternAddString(pattern.get(), FC_FAMILY, ToText(std::string(name)));
+    const int weight = std::clamp(request.weight == 0 ? 400 : request.weight, 1, 1000);
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT, FcWeightFromOpenType(weight));
+    FcPatternAddInteger(pattern.get(), FC_SLANT, request.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    if (character != 0) {
+        const std::unique_ptr<FcCharSet, ReleaseCharacters> characters(FcCharSetCreate());
+        if (characters && FcCharSetAddChar(characters.get(), character))
+            FcPatternAddCharSet(pattern.get(), FC_CHARSET, characters.get());
+    }
+    return pattern;
+}
+
+FoundFont FontIn(FcPattern* match, const FontRequest& request) {
+    FoundFont found;
+    FcChar8* text = nullptr;
+    FcBool outline = FcTrue;
+    FcPatternGetBool(match, FC_OUTLINE, 0, &outline);
+    if (!outline || FcPatternGetString(match, FC_FILE, 0, &text) != FcResultMatch) return found;
+    found.path = reinterpret_cast<const char*>(text);
+    FcPatternGetInteger(match, FC_INDEX, 0, &found.index);
+    for (int i = 0; FcPatternGetString(match, FC_FAMILY, i, &text) == FcResultMatch; ++i)
+        found.sameFamily = found.sameFamily || SameName(reinterpret_cast<const char*>(text), request.family);
+    int value = 0;
+    if (FcPatternGetInteger(match, FC_WEIGHT, 0, &value) == FcResultMatch)
+        found.bold = value >= FC_WEIGHT_DEMIBOLD;
+    if (FcPatternGetInteger(match, FC_SLANT, 0, &value) == FcResultMatch)
+        found.slanted = value != FC_SLANT_ROMAN;
+    return found;
+}
+
+}  // namespace
+
+class FontFinder::Catalogue {
+  public:
+    Catalogue() {
+        // The whole process shares the catalogue, and two threads may come for it at once.
+        static std::mutex loading;
+        const std::scoped_lock lock(loading);
+        config_.reset(FcConfigReference(nullptr));
+    }
+    [[nodiscard]] FcConfig* Get() const { return config_.get(); }
+
+  private:
+    struct Release {
+        void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+    };
+    std::unique_ptr<FcConfig, Release> config_;
+};
+
+FontFinder::FontFinder() = default;
+FontFinder::~FontFinder() = default;
+
+FoundFont FontFinder::Find(const FontRequest& request, char32_t character) {
+    if (!catalogue_) catalogue_ = std::make_unique<Catalogue>();
+    if (catalogue_->Get() == nullptr) return {};
+    const Pattern pattern = PatternOf(request, character);
+    if (!pattern || !FcConfigSubstitute(catalogue_->Get(), pattern.get(), FcMatchPattern)) return {};
+    FcDefaultSubstitute(pattern.get());
+    FcResult result = FcResultNoMatch;
+    const Pattern match(FcFontMatch(catalogue_->Get(), pattern.get(), &result));
+    return match ? FontIn(match.get(), request) : FoundFont{};
+}
+
+}  // namespace tavrix::vector

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/vector/Flatten.h"
+#include "platform/vector/PenShape.h"
+#include "platform/vector/Work.h"
+
+namespace tavrix::vector {
+
+/// The outlines of a line drawn along figures, both in device pixels; to be filled nonzero. What lies outside the
+/// bounds may be left away. Paid from the budget.
+[[nodiscard]] FlatPath OutlinesOf(const FlatPath& path, const PenShape& pen, const Box& bounds,
+                                  WorkBudget& budget);
+
+}  // namespace tavrix::vector

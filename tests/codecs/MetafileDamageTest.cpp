@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "codecs/EmfFile.h"
+#include "codecs/MetafilePicture.h"
+#include "codecs/WmfFile.h"
+
+namespace tavrix::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+Bytes Dib() {
+    return Bytes().U32(40).I32(2).I32(2).U16(1).U16(24).Zeros(24).U32(0xFF).U32(0xFF00).U32(0xFF0000).U32(0);
+}
+
+/// One record of each family.
+WmfFile PlainOfAllKinds() {
+    WmfFile file = WmfFile({{.right = 12, .bottom = 9}}).Window(0, 0, 12, 9).Pen(0, 1, RedValue).Select(0);
+    file.Brush(2, BlueValue, 3).Select(1).Rectangle(1, 1, 9, 7).Polygon({1, 1, 8, 2, 4, 7});
+    file.Record(0x0538, {2, 3, 3, 0, 0, 4, 0, 4, 4, 5, 5, 9, 5, 9, 9});
+    file.Record(0x0817, {0, 6, 6, 0, 8, 8, 1, 1}).Record(0x061C, {2, 2, 8, 8, 1, 1});
+    file.Record(0x001E, {}).Record(0x0416, {6, 6, 1, 1}).Record(0x0127, {-1});
+    file.Record(0x02FB, Bytes().U16(6).Zeros(16).Text("Arial").Zeros(3)).Select(2);
+    file.Record(0x0521, Bytes().U16(2).Text("ab").U16(1).U16(1));
+    file.Record(0x0A32,
+                Bytes().U16(1).U16(1).U16(2).U16(6).U16(0).U16(0).U16(9).U16(9).Text("ab").U16(4).U16(4));
+    file.Record(0x0142, Bytes().U16(5).U16(0).Append(Dib().Get())).Select(3);
+    file.Record(
+        0x06FF,
+        Bytes().U16(0).U16(6).U32(0).U16(0).U16(1).U16(2).Zeros(8).U16(2).U16(0).U16(4).U16(0).U16(4).U16(2));
+    file.Record(0x012B, {4}).Record(0x012C, {4});
+    file.Record(0x00F7, Bytes().U16(0x300).U16(1).U32(RedValue)).Record(0x0234, {5});
+    Bytes stretch = Bytes().U32(0x00CC0020U).U16(0);
+    for (const unsigned word : {2U, 2U, 0U, 0U, 4U, 4U, 2U, 2U})
+        stretch.U16(word);
+    file.Record(0x0F43, stretch.Append(Dib().Get()));
+    return file.Record(0x061D, {0x21, 0xF0, 2, 2, 7, 9}).Delete(0);
+}
+
+EmfFile EnhancedOfAllKinds() {
+    EmfFile file = EmfFile({.width = 12, .height = 9});
+    file.Record(17, {8})
+        .Record(9, {12, 9})
+        .Record(11, {12, 9})
+        .Pen(1, 0, 1, RedValue)
+        .Brush(2, 2, BlueValue, 3);
+    file.Rectangle(1, 1, 9, 7).Polygon({1, 1, 8, 2, 4, 7}).Poly(2, {0, 0, 3, 3, 6, 0, 9, 3});
+    Bytes rings = EmfFile::Bounds().U32(2).U32(6).U32(3).U32(3);
+    for (const int value : {0, 0, 4, 0, 4, 4, 5, 5, 9, 5, 9, 9})
+        rings.I32(value);
+    file.Record(8, rings).Record(47, {0, 0, 8, 8, 8, 4, 4, 0});
+    file.Record(56, EmfFile::Bounds().U32(2).I32(1).I32(1).I32(5).I32(5).U8({6, 2}));
+    file.Record(33).Record(59).Record(27, {1, 1}).Record(54, {9, 9}).Record(60).Record(64, EmfFile::Bounds());
+    const Bytes region = Bytes().U32(32).U32(1).U32(1).U32(16).Zeros(16).I32(0).I32(0).I32(9).I32(9);
+    file.Record(75, Bytes().U32(48).U32(5).Append(region.Get()));
+    file.Record(71, EmfFile::Bounds().U32(48).U32(2).Append(region.Get())).Record(34, {-1});
+    file.Record(82, Bytes().I32(3).I32(-6).Zeros(20).U16('A').Zeros(62)).Select(3);
+    Bytes text = EmfFile::Bounds().U32(1).U32(0).U32(0).I32(1).I32(1).U32(2).U32(76).U32(0).Zeros(16).U32(80);
+    file.Record(84, text.U16('a').U16('b').I32(4).I32(4));
+    Bytes stretch =
+        EmfFile::Bounds().I32(2).I32(2).I32(0).I32(0).I32(2).I32(2).U32(80).U32(40).U32(120).U32(16);
+    file.Record(81, stretch.U32(0).U32(0x00CC0020U).I32(4).I32(4).Append(Dib().Get()));
+    Bytes gradient =
+        EmfFile::Bounds().U32(2).U32(1).U32(0).I32(0).I32(0).U32(0xFF00).U32(0).I32(4).I32(4).U32(0).U32(
+            0xFF00);
+    file.Record(118, gradient.U32(0).U32(1));
+    file.Record(49, Bytes().U32(4).U16(0x300).U16(1).U32(RedValue)).Record(48, {4});
+    Bytes pen =
+        Bytes().U32(5).Zeros(16).U32(0x10007U).U32(2).U32(0).U32(RedValue).U32(0).U32(2).U32(3).U32(1);
+    return file.Record(95, pen).Select(5).Record(27, {1, 1}).Record(54, {9, 9}).Record(40, {5});
+}
+
+void ExpectSane(const MetafilePicture& picture) {
+    EXPECT_NE(picture.Decoded().error.has_value(), !picture.Decoded().picture.Empty());
+}
+
+TEST(MetafileDamage, WholeFilesOfAllKindsAreComplete) {
+    EXPECT_EQ(MetafilePicture(PlainOfAllKinds().Make()).Status().outcome, Outcome::Complete);
+    EXPECT_EQ(MetafilePicture(EnhancedOfAllKinds().Make()).Status().outcome, Outcome::Complete);
+}
+
+TEST(MetafileDamage, CutAtEveryByte) {
+    for (const std::vector<std::byte>& file : {PlainOfAllKinds().Make(), EnhancedOfAllKinds().Make()}) {
+        bool drawn = false;
+        for (std::size_t length = 0; length < file.size(); ++length) {
+            SCOPED_TRACE(length);
+            const MetafilePicture picture({file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length)});
+            ExpectSane(picture);
+            EXPECT_LE(picture.Status().offset, length);
+            EXPECT_FALSE(drawn && picture.Decoded().error) << "what was drawn once is shown";
+            drawn = drawn || !picture.Decoded().error;
+            // Only the end record's own fields may be missing without harm.
+            EXPECT_TRUE(length + 20 >= file.size() || picture.Status().outcome != Outcome::Complete);
+        }
+        EXPECT_TRUE(drawn);
+    }
+}
+
+/// Every 16 and 32 bits of the files, set to the extremes in turns.
+TEST(MetafileDamage, EveryFieldAtItsExtremes) {
+    for (const std::vector<std::byte>& file : {PlainOfAllKinds().Make(), EnhancedOfAllKinds().Make()}) {
+        for (std::size_t at = 0; at + 4 <= file.size(); at += 2) {
+            for (const std::uint32_t value :
+                 {0U, 0xFFFFU, 0x7FFFU, 0x8000U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+                std::vector<std::byte> changed = file;
+                const std::size_t size = value > 0xFFFFU ? 4 : 2;
+                // The size of the picture has tests of its own, and large ones take long.
+                if (at < 40 || (at >= 72 && at < 88)) continue;
+                for (std::size_t i = 0; i < size; ++i)
+                    changed[at + i] = static_cast<std::byte>(value >> (8 * i));
+                SCOPED_TRACE(at);
+                SCOPED_TRACE(value);
+                ExpectSane(MetafilePicture(changed));
+            }
+        }
+    }
+}
+
+TEST(MetafileDamage, WithoutADrawingRecordThereIsNothingToShow) {
+    const MetafilePicture wmf(WmfFile().Pen(0, 1, 0).Select(0).MakeOpen());
+    EXPECT_EQ(wmf.Decoded().error, ErrorNumber::InvalidPicture);
+    const MetafilePicture emf(EmfFile().Pen(1, 0, 1, 0).MakeOpen());
+    EXPECT_EQ(emf.Decoded().error, ErrorNumber::InvalidPicture);
+}
+
+TEST(MetafileDamage, WhatWasDrawnBeforeABrokenRecordIsShown) {
+    const MetafilePicture emf(EmfFile()
+                                  .Fill(1, 1, 3, 3, RedValue)
+                                  .Record(3, EmfFile::Bounds().U32(99))
+                                  .Fill(0, 0, 16, 16, 0)
+                                  .Make());
+    EXPECT_EQ(emf.Status().outcome, Outcome::Corrupt);
+    EXPECT_EQ(emf.Count('R'), 4);
+    EXPECT_EQ(emf.Count('#'), 0);
+    const MetafilePicture wmf(
+        WmfFile().Fill(1, 1, 3, 3, RedValue).Record(0x0324, {99}).Fill(0, 0, 16, 16, 0).Make());
+    EXPECT_EQ(wmf.Status().outcome, Outcome::Corrupt);
+    EXPECT_EQ(wmf.Count('R'), 4);
+    EXPECT_EQ(wmf.Count('#'), 0);
+}
+
+TEST(MetafileDamage, SizesBeyondTheLimitsAreRefused) {
+    EXPECT_EQ(
+        MetafilePicture(
+            WmfFile({{.left = -32768, .top = -32768, .right = 32767, .bottom = 32767, .unitsPerInch = 1}})
+                .Make())
+            .Decoded()
+            .error,
+        ErrorNumber::OutOfMemory);
+    std::vector<std::byte> file = EmfFile().Make();
+    for (const std::size_t side : {32U, 36U}) {
+        for (std::size_t i = 0; i < 4; ++i)
+            file[side + i] = static_cast<std::byte>(i == 3 ? 0x7F : 0xFF);
+    }
+    EXPECT_EQ(MetafilePicture(file).Decoded().error, ErrorNumber::OutOfMemory);
+}
+
+/// A mebibyte of whatever costs most.
+TEST(MetafileDamage, NothingTakesLong) {
+    constexpr std::size_t Much = 1U << 20U;
+    const EmfFile large = EmfFile({.width = 4000, .height = 4000});
+    std::vector<EmfFile> files;
+    const auto fillUp = [&](EmfFile file, const auto& add) {
+        while (file.Size() < Much)
+            add(file);
+        files.push_back(std::move(file));
+    };
+    fillUp(EmfFile(large).Brush(1, 2, RedValue, 5), [](EmfFile& file) { file.Rectangle(0, 0, 4000, 4000); });
+    fillUp(EmfFile(large).Brush(1, 0, RedValue), [](EmfFile& file) { file.Record(42, {0, 0, 4000, 4000}); });
+    fillUp(EmfFile(large).Record(20, {6}), [](EmfFile& file) { file.Record(42, {0, 0, 4000, 4000}); });
+    fillUp(EmfFile(large).Record(30, {0, 0, 10, 10}), [](EmfFile& file) { file.Record(33); });
+    fillUp(large, [](EmfFile& file) { file.Record(29, {100, 100, 3000, 3000}).Record(26, {3, 3}); });
+    fillUp(EmfFile(large).Brush(1, 0, RedValue), [](EmfFile& file) {
+        file.Record(53, Bytes().I32(5).I32(5).U32(WhiteValue).U32(1)).Record(20, {6});
+    });
+    fillUp(EmfFile(large).Record(49, Bytes().U32(1).U16(0x300).U16(60'000).Zeros(240'000)).Record(48, {1}),
+           [](EmfFile& file) {
+               file.Record(50, {1, 0, 0});
+           });
+    fillUp(EmfFile(large).Pen(1, 2, 0, 0), [](EmfFile& file) {
+        file.Record(27, {0, 0}).Record(54, {2'000'000'000, 1'999'999'999});
+    });
+    fillUp(EmfFile(large).Record(59), [](EmfFile& file) { file.Record(42, {0, 0, 4000, 3000}); });
+    files.back().Record(60).Record(63, EmfFile::Bounds());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        SCOPED_TRACE(i);
+        const std::vector<std::byte> bytes = files[i].Make();
+        const auto start = Clock::now();
+        ExpectSane(MetafilePicture(bytes));
+        const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        EXPECT_LT(took.count(), 5000);
+        RecordProperty("milliseconds" + std::to_string(i), static_cast<int>(took.count()));
+    }
+}
+
+}  // namespace
+}  // namespace tavrix::test
