@@ -102,6 +102,21 @@ class CaptureTest(CaptureBase):
         self.assertEqual(self.read(self.working).tobytes(), shown.tobytes())
 
 
+    def test_the_window_comes_back_as_it_was(self):
+        for settings, states in (("TopMostWindow=True", {"_NET_WM_STATE_ABOVE"}),
+                                 ("WindowMaximized=True",
+                                  {"_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ"})):
+            with self.subTest(settings):
+                self.home = self.new_home()
+                program, window, _ = self.open(300, 200, settings="AutosizeWindow=False\n" + settings)
+                wait_until(lambda: states <= self.screen.state(window), f"a window with {states}")
+                program.menu_entry("File", "Import", "Capture Entire Desktop").act()
+                window = program.main(os.path.join(self.home.temporary, "Untitled.BMP"))
+                wait_until(lambda: states <= self.screen.state(window), f"the window with {states} again")
+                self.assertEqual(len([w for w in program.windows() if not w.popup]), 1)
+                program.close()
+
+
 class CaptureOf16BitsTest(CaptureBase):
     session_options = {"depth": 16}
     exact = False

@@ -1,7 +1,7 @@
 #include "platform/qt/PortalAnswer.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QTimer>
 #include <QUuid>
 
 namespace tavrix::qt {
@@ -28,11 +28,10 @@ PortalAnswer::~PortalAnswer() {
 }
 
 std::optional<QVariantMap> PortalAnswer::Wait(std::chrono::milliseconds limit) {
-    constexpr int StepInMilliseconds = 20;
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (!come_ && std::chrono::steady_clock::now() < deadline)
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents,
-                                        StepInMilliseconds);
+    if (!come_) {
+        QTimer::singleShot(limit, &loop_, &QEventLoop::quit);
+        loop_.exec(QEventLoop::ExcludeUserInputEvents);
+    }
     return results_;
 }
 
@@ -40,6 +39,7 @@ void PortalAnswer::Respond(uint response, const QVariantMap& results) {
     constexpr uint Success = 0;
     come_ = true;
     if (response == Success) results_ = results;
+    loop_.quit();
 }
 
 }  // namespace tavrix::qt

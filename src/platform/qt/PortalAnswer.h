@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
@@ -29,6 +30,7 @@ class PortalAnswer final : public QObject {
   private:
     QString token_;
     QString path_;
+    QEventLoop loop_;
     bool come_ = false;
     std::optional<QVariantMap> results_;
 };
