@@ -369,6 +369,29 @@ TEST_F(QtFieldsTest, TabGoesThroughALayoutInTheOrderOfTheControls) {
     EXPECT_EQ(dialog.ActiveControl(), &dialog.field);
 }
 
+class FrameFirstForm : public Form {
+  public:
+    explicit FrameFirstForm(Application& application) : Form(application, {.name = "FrameFirstForm"}) {
+        SetLayout(Row({Column({Group("One", {label, field}), Group("Two", {hint, check})}), button}));
+    }
+    Label label{*this, "label"};
+    TextBox field{*this, "field"};
+    Label hint{*this, "hint"};
+    CheckBox check{*this, "check"};
+    CommandButton button{*this, "button"};
+};
+
+TEST_F(QtFieldsTest, TabBeginsInTheFirstFrame) {
+    auto& dialog = app.Load<FrameFirstForm>();
+    dialog.Show();
+    driver->Settle();
+    for (Control* control : std::initializer_list<Control*>{&dialog.field, &dialog.check, &dialog.button}) {
+        EXPECT_EQ(dialog.ActiveControl(), control) << control->Name();
+        driver->UserKey(dialog, KeyCode::Tab, ShiftMask::None);
+        driver->Settle();
+    }
+}
+
 class PathForm : public Form {
   public:
     explicit PathForm(Application& application) : Form(application, {.name = "PathForm"}) {

@@ -21,11 +21,13 @@ using forms::WindowState;
 
 namespace {
 
-/// The controls of a window as Tab goes through them, whether it stops there or not.
+/// The controls of a window that can have the focus, as Tab goes through them.
 QList<QWidget*> FocusChain(const QWidget& window) {
     QList<QWidget*> chain;
-    for (QWidget* widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain())
-        chain.push_back(widget);
+    for (QWidget* widget = window.nextInFocusChain(); widget != &window;
+         widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
+    }
     return chain;
 }
 
@@ -115,6 +117,11 @@ void QtWindow::SetLayout(const forms::Layout& layout) {
     // What lies in a frame now has come behind all else.
     for (qsizetype i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
+    // The order is a ring; where the window begins in it is told by the focus that it opens with.
+    const auto first = std::ranges::find_if(order, [](const QWidget* widget) {
+        return widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+    });
+    if (first != order.end()) (*first)->setFocus(Qt::ActiveWindowFocusReason);
     auto* outer = new QVBoxLayout(&window);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setMenuBar(window.MenuBar());
