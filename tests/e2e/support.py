@@ -5,6 +5,7 @@ import tempfile
 import unittest
 
 from driver import Home, Program, Session, wait_until
+from PIL import Image
 from pictures import coded, find_view
 
 
@@ -65,6 +66,25 @@ class ProgramTest(unittest.TestCase):
             return found if found and all(getattr(found, k) == v for k, v in expected.items()) else None
 
         return wait_until(look, lambda: f"a view with {expected or 'the picture'}; it is {seen[0]}")
+
+    def wait_file(self, path, image, what):
+        """A file that holds exactly this picture."""
+        def look():
+            try:
+                with Image.open(path) as seen:
+                    return seen.size == image.size and seen.convert("RGB").tobytes() == image.tobytes()
+            except (OSError, SyntaxError):
+                return False
+        wait_until(look, f"{path} holding the picture {what}")
+
+    def dialog(self, program, title):
+        window = program.window(title)
+        wait_until(lambda: self.screen.active() == window.id or None, f"{title!r} becoming active")
+        return program.wait(
+            lambda: next((top for top in program.root().children() if top.name == title), None), title)
+
+    def undo_entry(self, program):
+        return next(entry for entry in program.menu_tree() if entry.name == "Edit").entries[0]
 
     def end_by_escape(self, program):
         self.screen.press("Escape")
