@@ -77,6 +77,15 @@ class ProgramTest(unittest.TestCase):
                 return False
         wait_until(look, f"{path} holding the picture {what}")
 
+    def dialog(self, program, title):
+        window = program.window(title)
+        wait_until(lambda: self.screen.active() == window.id or None, f"{title!r} becoming active")
+        return program.wait(
+            lambda: next((top for top in program.root().children() if top.name == title), None), title)
+
+    def undo_entry(self, program):
+        return next(entry for entry in program.menu_tree() if entry.name == "Edit").entries[0]
+
     def end_by_escape(self, program):
         self.screen.press("Escape")
         self.assertEqual(program.wait_end(), 0)

@@ -49,15 +49,6 @@ class EditTest(ProgramTest):
         with open(path, "rb") as file:
             self.assertEqual(file.read(), content)
 
-    def dialog(self, program, title):
-        window = program.window(title)
-        wait_until(lambda: self.screen.active() == window.id or None, f"{title!r} becoming active")
-        return program.wait(
-            lambda: next((top for top in program.root().children() if top.name == title), None), title)
-
-    def undo_entry(self, program):
-        return next(entry for entry in program.menu_tree() if entry.name == "Edit").entries[0]
-
     def enter_name(self, name):
         """The field of the name has the focus and all of it is selected."""
         self.screen.type(name)

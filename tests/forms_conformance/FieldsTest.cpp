@@ -295,6 +295,20 @@ TEST_F(FieldsTest, KeysOfAnotherControlAreNotTold) {
     EXPECT_EQ(log, (std::vector<std::string>{"check down", "check up"}));
 }
 
+TEST_F(FieldsTest, AReleaseIsNotToldWhereTheFocusCameMeanwhile) {
+    form.Text1.OnKeyDown = [this](int&, int) { form.Check1.SetFocus(); };
+    form.Check1.OnKeyUp = [this](int code, int) { log.push_back("up " + std::to_string(code)); };
+    Open();
+    driver->UserFocuses(form.Text1);
+    driver->UserKey(form, KeyCode::Delete, ShiftMask::None);
+    driver->Settle();
+    EXPECT_EQ(form.ActiveControl(), &form.Check1);
+    EXPECT_EQ(log, std::vector<std::string>{});
+    driver->UserKey(form, KeyCode::Delete, ShiftMask::None);
+    driver->Settle();
+    EXPECT_EQ(log, (std::vector<std::string>{"up 46"}));
+}
+
 TEST_F(FieldsTest, APopupOfAWindowWithoutAMenuBarRunsTheChosenEntry) {
     form.mnuHere.Install([this] { log.emplace_back("here"); });
     Open();

@@ -20,7 +20,6 @@ namespace tavrix::conformance {
 namespace {
 
 using namespace forms;
-using std::chrono_literals::operator""ms;
 
 class QtFieldsTest : public FieldsFormTest {
   protected:
@@ -178,7 +177,6 @@ TEST_F(QtFieldsTest, TheMnemonicOfACheckBoxTicksAndGivesTheFocus) {
     Open();
     form.CmdOk.SetFocus();
     Key('S', ShiftMask::Alt);
-    driver->Pass(150ms);  // a mnemonic holds its box down for a moment
     EXPECT_EQ(log, (std::vector<std::string>{"tick"}));
     EXPECT_EQ(form.ActiveControl(), &form.Check1);
 }
@@ -355,6 +353,43 @@ TEST_F(QtFieldsTest, LayoutsHaveGridsFramesSizesAndShares) {
     EXPECT_EQ(WidgetOf(dialog.inside).geometry(), QRect(20, 10, 40, 20));
     EXPECT_NEAR(place(dialog.left).width(), 2 * place(dialog.right).width(), 3);
     EXPECT_EQ(driver->ShownName(dialog.field), "Name:");
+}
+
+TEST_F(QtFieldsTest, TabGoesThroughALayoutInTheOrderOfTheControls) {
+    auto& dialog = app.Load<LayoutForm>();
+    dialog.Show();
+    driver->Settle();
+    const std::initializer_list<Control*> order{&dialog.field, &dialog.field2, &dialog.check,
+                                                &dialog.list,  &dialog.left,   &dialog.right};
+    for (Control* control : order) {
+        EXPECT_EQ(dialog.ActiveControl(), control) << control->Name();
+        driver->UserKey(dialog, KeyCode::Tab, ShiftMask::None);
+        driver->Settle();
+    }
+    EXPECT_EQ(dialog.ActiveControl(), &dialog.field);
+}
+
+class FrameFirstForm : public Form {
+  public:
+    explicit FrameFirstForm(Application& application) : Form(application, {.name = "FrameFirstForm"}) {
+        SetLayout(Row({Column({Group("One", {label, field}), Group("Two", {hint, check})}), button}));
+    }
+    Label label{*this, "label"};
+    TextBox field{*this, "field"};
+    Label hint{*this, "hint"};
+    CheckBox check{*this, "check"};
+    CommandButton button{*this, "button"};
+};
+
+TEST_F(QtFieldsTest, TabBeginsInTheFirstFrame) {
+    auto& dialog = app.Load<FrameFirstForm>();
+    dialog.Show();
+    driver->Settle();
+    for (Control* control : std::initializer_list<Control*>{&dialog.field, &dialog.check, &dialog.button}) {
+        EXPECT_EQ(dialog.ActiveControl(), control) << control->Name();
+        driver->UserKey(dialog, KeyCode::Tab, ShiftMask::None);
+        driver->Settle();
+    }
 }
 
 class PathForm : public Form {

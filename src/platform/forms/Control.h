@@ -63,7 +63,8 @@ class Control : public FormObject, public EventSink {
 
     std::function<void()> OnGotFocus;
     /// A key goes down, or up, while this control has the focus. A handler that sets the key code of KeyDown to 0
-    /// keeps the key from the control.
+    /// keeps the key from the control. A release is not told where the focus came between: Tab goes up in the next
+    /// control.
     std::function<void(int& keyCode, int shift)> OnKeyDown;
     std::function<void(int keyCode, int shift)> OnKeyUp;
 

@@ -224,9 +224,13 @@ void Form::HandlePlacement(const PlacementEvent& placement) {
 void Form::HandleKey(const KeyEvent& key) {
     Control* const focused = activeControl_;
     if (!key.down) {
-        if (focused != nullptr && focused->OnKeyUp) focused->OnKeyUp(key.keyCode, key.shift);
+        const auto press = pressedKeys_.extract(key.keyCode);
+        const bool pressedElsewhere = !press.empty() && press.mapped() != focused;
+        if (focused != nullptr && focused->OnKeyUp && !pressedElsewhere)
+            focused->OnKeyUp(key.keyCode, key.shift);
         return;
     }
+    pressedKeys_[key.keyCode] = focused;
     int keyCode = key.keyCode;
     if (KeyPreview) Form_KeyDown(keyCode, key.shift);
     if (keyCode != 0 && focused != nullptr && !unloaded_) focused->TakeKeyDown(keyCode, key.shift);

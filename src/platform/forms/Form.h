@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -148,6 +149,7 @@ class Form : public FormObject, public Container, public EventSink {
     std::optional<Layout> layout_;
     std::unique_ptr<WindowPeer> peer_;
     Control* activeControl_ = nullptr;
+    std::map<int, const Control*> pressedKeys_;  ///< by their codes, with the control that had the focus then
     bool visible_ = false;
     bool shownBefore_ = false;
     bool topmost_ = false;

@@ -19,6 +19,20 @@ namespace tavrix::qt {
 
 using forms::WindowState;
 
+namespace {
+
+/// The controls of a window that can have the focus, as Tab goes through them.
+QList<QWidget*> FocusChain(const QWidget& window) {
+    QList<QWidget*> chain;
+    for (QWidget* widget = window.nextInFocusChain(); widget != &window;
+         widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
+    }
+    return chain;
+}
+
+}  // namespace
+
 QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
                    const ToDrivePath& toDrivePath, ScreenPointer& pointer)
     : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical(), toDrivePath)),
@@ -98,7 +112,16 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
 
 void QtWindow::SetLayout(const forms::Layout& layout) {
     WindowWidget& window = Get();
+    const QList<QWidget*> order = FocusChain(window);
     window.Content().setLayout(BuildLayout(layout).release());  // which owns it
+    // What lies in a frame now has come behind all else.
+    for (qsizetype i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    // The order is a ring; where the window begins in it is told by the focus that it opens with.
+    const auto first = std::ranges::find_if(order, [](const QWidget* widget) {
+        return widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+    });
+    if (first != order.end()) (*first)->setFocus(Qt::ActiveWindowFocusReason);
     auto* outer = new QVBoxLayout(&window);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setMenuBar(window.MenuBar());

@@ -22,9 +22,12 @@ class TickWidget : public SinkWidget<Button> {
 
   protected:
     bool event(QEvent* event) override {
-        // The mnemonic gives the focus too; Qt would not tell that the user did it.
+        // The mnemonic gives the focus too, and Qt would not tell that the user did it; nor would it tick before a tenth
+        // of a second has gone, in which the next key may press the window's default button.
         if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
             this->setFocus(Qt::ShortcutFocusReason);
+            this->click();
+            return true;
         }
         return SinkWidget<Button>::event(event);
     }
