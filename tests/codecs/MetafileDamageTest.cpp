@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 
 #include "codecs/EmfFile.h"
 #include "codecs/MetafilePicture.h"
@@ -8,8 +8,6 @@
 
 namespace tavrix::test {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 Bytes Dib() {
     return Bytes().U32(40).I32(2).I32(2).U16(1).U16(24).Zeros(24).U32(0xFF).U32(0xFF00).U32(0xFF0000).U32(0);
@@ -187,11 +185,12 @@ TEST(MetafileDamage, NothingTakesLong) {
     for (std::size_t i = 0; i < files.size(); ++i) {
         SCOPED_TRACE(i);
         const std::vector<std::byte> bytes = files[i].Make();
-        const auto start = Clock::now();
+        // Of the processor, so that a busy machine does no harm.
+        const std::clock_t start = std::clock();
         ExpectSane(MetafilePicture(bytes));
-        const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-        EXPECT_LT(took.count(), 5000);
-        RecordProperty("milliseconds" + std::to_string(i), static_cast<int>(took.count()));
+        const auto took = static_cast<int>((std::clock() - start) / (CLOCKS_PER_SEC / 1000));
+        EXPECT_LT(took, 5000);
+        RecordProperty("milliseconds" + std::to_string(i), took);
     }
 }
 
