@@ -37,7 +37,7 @@ TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles,
-                         testing::Values("bmp", "jpg", "gif", "ico", "cur", "tga", "pcx"));
+                         testing::Values("bmp", "jpg", "gif", "ico", "cur", "tga", "pcx", "wmf", "emf"));
 
 /// One small file of each kind, which the fuzzers start from too: whole, and cut at every byte.
 TEST(Seeds, DecodeWholeAndEndWhereverTheyAreCut) {
