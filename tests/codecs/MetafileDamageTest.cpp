@@ -182,6 +182,21 @@ TEST(MetafileDamage, NothingTakesLong) {
     });
     fillUp(EmfFile(large).Record(59), [](EmfFile& file) { file.Record(42, {0, 0, 4000, 3000}); });
     files.back().Record(60).Record(63, EmfFile::Bounds());
+    int fonts = 0;
+    fillUp(large, [&](EmfFile& file) {
+        Bytes font = Bytes().I32(1).I32(-12 - fonts % 500).Zeros(24);
+        for (unsigned letter = 0; letter < 32; ++letter)
+            font.U16(letter < 4 ? 'A' + ((static_cast<unsigned>(fonts) >> (4 * letter)) & 15U) : 0U);
+        Bytes text = EmfFile::Bounds().U32(1).U32(0).U32(0).I32(9).I32(9).U32(2).U32(76).U32(0).Zeros(20);
+        file.Record(82, font).Select(1).Record(84, text.U16('a').U16('b'));
+        ++fonts;
+    });
+    fillUp(EmfFile(large).Record(82, Bytes().I32(1).I32(-3000).Zeros(84)).Select(1), [](EmfFile& file) {
+        Bytes text = EmfFile::Bounds().U32(1).U32(0).U32(0).I32(9).I32(9).U32(20).U32(76).U32(0).Zeros(20);
+        for (unsigned letter = 0; letter < 20; ++letter)
+            text.U16('A' + letter);
+        file.Record(84, text);
+    });
     for (std::size_t i = 0; i < files.size(); ++i) {
         SCOPED_TRACE(i);
         const std::vector<std::byte> bytes = files[i].Make();

@@ -187,7 +187,7 @@ PlacedText PlaceText(DeviceContext& context, const Text& text, vector::Point ref
     const vector::FontRequest request = RequestOf(context, font, text, scale.stepScale);
     const DecodedText decoded = CharactersOf(context, request.symbol ? SymbolCharset : font.charset, text);
     const std::vector<vector::Point> steps = StepsOf(decoded, text, scale.stepScale);
-    std::shared_ptr<vector::Font> found = context.Fonts().Find(request);
+    std::shared_ptr<vector::Font> found = context.Fonts().Find(request, context.Painter().Budget());
     if ((text.options & Text::Advance2d) != 0) {
         placed.run = vector::LayOutText(std::move(found), decoded.characters, steps);
     } else {
