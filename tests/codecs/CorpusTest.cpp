@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "codecs/Decoding.h"
 
@@ -37,7 +39,35 @@ TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, BrokenFiles,
-                         testing::Values("bmp", "jpg", "gif", "ico", "cur", "tga", "pcx"));
+                         testing::Values("bmp", "jpg", "gif", "ico", "cur", "tga", "pcx", "wmf", "emf"));
+
+/// Pictures by others with a table of their sizes, where there are some: open/manifest.tsv below TAVRIX_CORPORA.
+TEST(OpenMetafiles, HaveTheSizeThatTheirHeadersTell) {
+    const fs::path folder = Corpora() / "open";
+    std::ifstream manifest(folder / "manifest.tsv");
+    if (!manifest) GTEST_SKIP() << "no " << folder;
+    int files = 0;
+    for (std::string line; std::getline(manifest, line);) {
+        std::istringstream fields(line);
+        std::array<std::string, 7> columns;
+        for (std::string& column : columns)
+            std::getline(fields, column, '\t');
+        const auto& [path, format, width, height, outcome, decoders, tolerance] = columns;
+        if ((format != "wmf" && format != "emf") || outcome != "decode" ||
+            !tolerance.starts_with("size \u00B11px"))
+            continue;
+        SCOPED_TRACE(path);
+        ++files;
+        std::ifstream file(folder / path, std::ios::binary);
+        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+        const DecodedPicture decoded = Decode(std::as_bytes(std::span(bytes)));
+        EXPECT_EQ(decoded.status.outcome, Outcome::Complete);
+        EXPECT_EQ(decoded.picture.format, format);
+        EXPECT_NEAR(decoded.picture.Width(), std::stoi(width), 1);
+        EXPECT_NEAR(decoded.picture.Height(), std::stoi(height), 1);
+    }
+    EXPECT_GT(files, 10);
+}
 
 /// One small file of each kind, which the fuzzers start from too: whole, and cut at every byte.
 TEST(Seeds, DecodeWholeAndEndWhereverTheyAreCut) {

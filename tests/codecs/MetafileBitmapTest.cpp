@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "codecs/EmfFile.h"
+#include "codecs/JpegFile.h"
 #include "codecs/MetafilePicture.h"
 #include "codecs/WmfFile.h"
 
@@ -325,6 +326,28 @@ TEST(MetafileBitmaps, PaletteIndexesGoThroughTheSelectedPalette) {
     EXPECT_EQ(
         Rows(Wmf().Record(0x00F7, palette).Record(0x0234, {0}).Record(0x0F43, body.Append(packed.Get())))[0],
         "GR....");
+}
+
+TEST(MetafileBitmaps, APhotoInsideIsAsLargeAsItsHeaderTellsAtMost) {
+    const std::vector<std::byte> photo = BlockPicture(2, 2, [](int, int) {
+                                             return std::array{0, 0, 255};
+                                         }).Make();
+    const auto drawn = [&](int width) {
+        Bytes header;
+        header.U32(40)
+            .I32(width)
+            .I32(width)
+            .U16(1)
+            .U16(0)
+            .U32(4)
+            .U32(static_cast<std::uint32_t>(photo.size()))
+            .Zeros(16);
+        const Bytes bits = Bytes().Append(photo);
+        return MetafilePicture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits).Make())
+            .Count('.');
+    };
+    EXPECT_EQ(drawn(16), 0);
+    EXPECT_EQ(drawn(8), 24);
 }
 
 TEST(MetafileBitmaps, ThatCannotBeDecodedAreLeftAway) {

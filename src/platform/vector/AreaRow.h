@@ -46,7 +46,7 @@ class AreaRow {
     }
 
     /// What has been done since the last call, in units of work.
-    [[nodiscard]] std::int64_t TakeCost() { return std::exchange(cost_, 0) * 5; }
+    [[nodiscard]] std::int64_t TakeCost() { return std::exchange(cost_, 0) * 8; }
 
     /// Tells the covered runs (x, count, coverage) and begins anew.
     template <class Teller>

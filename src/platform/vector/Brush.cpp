@@ -47,20 +47,31 @@ std::optional<Pixel> Brush::SolidColour() const {
     return std::nullopt;
 }
 
-std::optional<Pixel> Brush::At(int x, int y) const {
-    const std::int64_t left = std::int64_t{x} - originX;
-    const std::int64_t top = std::int64_t{y} - originY;
-    if (const auto* solid = std::get_if<SolidBrush>(&kind)) return solid->colour | OpaqueAlpha;
-    if (const auto* hatch = std::get_if<HatchBrush>(&kind)) {
-        if (OnHatch(hatch->style, Wrapped(left, 8), Wrapped(top, 8))) return hatch->colour | OpaqueAlpha;
-        if (hatch->background) return *hatch->background | OpaqueAlpha;
-        return std::nullopt;
+BrushPixels::BrushPixels(const Brush& brush) {
+    if (brush.Null()) return;
+    if (const auto solid = brush.SolidColour()) {
+        kind_ = Kind::Solid;
+        colour_ = *solid;
+        return;
     }
-    const auto* pattern = std::get_if<PatternBrush>(&kind);
-    if (pattern == nullptr || Null()) return std::nullopt;
-    const Surface& tile = *pattern->tile;
-    const auto row = tile.Row(Wrapped(top, tile.Height()));
-    return row[static_cast<std::size_t>(Wrapped(left, tile.Width()))] | OpaqueAlpha;
+    if (const auto* hatch = std::get_if<HatchBrush>(&brush.kind)) {
+        kind_ = Kind::Hatch;
+        colour_ = hatch->colour | OpaqueAlpha;
+        if (hatch->background) background_ = *hatch->background | OpaqueAlpha;
+        for (int y = 0; y < 8; ++y)
+            for (int x = 0; x < 8; ++x)
+                if (OnHatch(hatch->style, x, y))
+                    lines_[static_cast<std::size_t>(y)] |=
+                        static_cast<std::uint8_t>(1U << static_cast<unsigned>(x));
+    } else {
+        const Surface& tile = *std::get<PatternBrush>(brush.kind).tile;
+        kind_ = Kind::Tile;
+        tile_ = tile.Pixels();
+        width_ = static_cast<unsigned>(tile.Width());
+        height_ = static_cast<unsigned>(tile.Height());
+    }
+    shiftX_ = static_cast<unsigned>(Wrapped(-std::int64_t{brush.originX}, static_cast<int>(width_)));
+    shiftY_ = static_cast<unsigned>(Wrapped(-std::int64_t{brush.originY}, static_cast<int>(height_)));
 }
 
 }  // namespace tavrix::vector

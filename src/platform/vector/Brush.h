@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <variant>
 
 #include "platform/graphics/Surface.h"
@@ -50,8 +53,38 @@ struct Brush {
     [[nodiscard]] bool Null() const;
     /// The colour, if it is one everywhere.
     [[nodiscard]] std::optional<Pixel> SolidColour() const;
-    /// The brush's pixel at a place of the device; nothing where it lets through what is there.
-    [[nodiscard]] std::optional<Pixel> At(int x, int y) const;
+};
+
+/// A brush made ready for many pixels of a surface. For as long as the brush lives.
+class BrushPixels {
+  public:
+    explicit BrushPixels(const Brush& brush);
+
+    /// The brush's pixel at a place of the device, no coordinate of which is below 0; nothing where it lets through what is
+    /// there.
+    [[nodiscard]] std::optional<Pixel> At(int x, int y) const {
+        if (kind_ == Kind::Solid) return colour_;
+        if (kind_ == Kind::None) return std::nullopt;
+        const auto column = (static_cast<unsigned>(x) + shiftX_) % width_;
+        const auto row = (static_cast<unsigned>(y) + shiftY_) % height_;
+        if (kind_ == Kind::Tile) return tile_[std::size_t{row} * width_ + column] | 0xFF000000U;
+        if ((lines_[row] >> column & 1U) != 0) return colour_;
+        return background_;
+    }
+    [[nodiscard]] bool Solid() const { return kind_ == Kind::Solid; }
+
+  private:
+    enum class Kind : std::uint8_t { None, Solid, Hatch, Tile };
+
+    Kind kind_ = Kind::None;
+    Pixel colour_ = 0;
+    std::optional<Pixel> background_;
+    std::array<std::uint8_t, 8> lines_{};  ///< of a hatch: a bit for each pixel of its rows
+    std::span<const Pixel> tile_;
+    unsigned width_ = 8;
+    unsigned height_ = 8;
+    unsigned shiftX_ = 0;
+    unsigned shiftY_ = 0;
 };
 
 }  // namespace tavrix::vector

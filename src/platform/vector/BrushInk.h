@@ -23,19 +23,19 @@ namespace tavrix::vector {
 /// What a brush makes of a pixel.
 class BrushInk {
   public:
-    BrushInk(const Brush& brush, BinaryOperation operation)
-        : brush_(brush), solid_(brush.SolidColour()), combine_(ToTernary(operation)) {}
+    BrushInk(const Brush& brush, BinaryOperation operation) : brush_(brush), combine_(ToTernary(operation)) {}
 
     [[nodiscard]] Pixel operator()(int x, int y, Pixel below, unsigned coverage) const {
-        const auto colour = solid_ ? solid_ : brush_.At(x, y);
+        const auto colour = brush_.At(x, y);
         if (!colour) return below;
         const Pixel combined = combine_(*colour, 0, below);
         return coverage == 255 ? combined : Mixed(combined, below, coverage);
     }
+    /// Of a pixel, in units of work.
+    [[nodiscard]] int Cost() const { return brush_.Solid() ? 4 : 12; }
 
   private:
-    const Brush& brush_;
-    std::optional<Pixel> solid_;
+    BrushPixels brush_;
     Combiner combine_;
 };
 

@@ -6,7 +6,7 @@
 namespace tavrix::vector {
 namespace {
 
-constexpr std::int64_t DashCost = 80;
+constexpr std::int64_t DashCost = 200;
 /// What goes beyond this is not drawn.
 constexpr std::size_t MaxDashPoints = std::size_t{1} << 20U;
 

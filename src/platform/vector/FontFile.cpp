@@ -54,25 +54,25 @@ struct OutlineTaker {
         }
     }
     static int MoveTo(const FT_Vector* to, void* user) {
-        return Guarded(user, [&](Path& path) {
-            path.Close();
-            path.MoveTo(ToPoint(to));
+        return Guarded(user, [&](Path& outline) {
+            outline.Close();
+            outline.MoveTo(ToPoint(to));
         });
     }
     static int LineTo(const FT_Vector* to, void* user) {
-        return Guarded(user, [&](Path& path) { path.LineTo(ToPoint(to)); });
+        return Guarded(user, [&](Path& outline) { outline.LineTo(ToPoint(to)); });
     }
     static int ConicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
-        return Guarded(user, [&](Path& path) {
+        return Guarded(user, [&](Path& outline) {
             const Point c = ToPoint(control) * (2.0 / 3);
             const Point end = ToPoint(to);
-            path.CubicTo(path.Current() * (1.0 / 3) + c, end * (1.0 / 3) + c, end);
+            outline.CubicTo(outline.Current() * (1.0 / 3) + c, end * (1.0 / 3) + c, end);
         });
     }
     static int CubicTo(const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to,
                        void* user) {
-        return Guarded(user,
-                       [&](Path& path) { path.CubicTo(ToPoint(control1), ToPoint(control2), ToPoint(to)); });
+        return Guarded(
+            user, [&](Path& outline) { outline.CubicTo(ToPoint(control1), ToPoint(control2), ToPoint(to)); });
     }
 };
 

@@ -95,8 +95,14 @@ void Painter::FillFlat(const FlatPath& shape, FillRule rule, const Brush& brush,
                 return coverage == 255 ? colour : Mixed(colour, below, coverage);
             },
             1, antialias_);
+    } else if (const auto colour = brush.SolidColour()) {
+        const Combiner combine(ToTernary(operation));
+        scan([combine, colour = *colour](int, int, Pixel below,
+                                         unsigned) { return combine(colour, 0, below); },
+             2, false);
     } else {
-        scan(BrushInk(brush, operation), brush.SolidColour() ? 4 : 10, antialias_ && IsOpaque(operation));
+        const BrushInk ink(brush, operation);
+        scan(ink, ink.Cost(), antialias_ && IsOpaque(operation));
     }
 }
 
@@ -148,11 +154,11 @@ void Painter::FillAndStroke(const Path& path, FillRule rule, const Brush& brush,
 void Painter::FillRegion(const Region& region, const Brush& brush, BinaryOperation operation) noexcept {
     if (brush.Null() || operation == BinaryOperation::Nop) return;
     Guarded([&] {
-        BrushInk ink(brush, operation);
+        const BrushInk ink(brush, operation);
         ClipRows rows(region);
         VisitClipped(clip_, region.Bounds(), [&](int y, int left, int right) {
             rows.Visit(y, left, right, [&](int from, int to) {
-                if (!budget_.Spend(10 * (to - from) + 16)) return;
+                if (!budget_.Spend(ink.Cost() * (to - from) + 16)) return;
                 const auto row = target_.Row(y);
                 for (int x = from; x < to; ++x) {
                     Pixel& pixel = row[static_cast<std::size_t>(x)];

@@ -100,7 +100,7 @@ class Painter {
                   BinaryOperation operation = BinaryOperation::CopyPen) noexcept;
 
   private:
-    static constexpr std::int64_t OperationCost = 512;
+    static constexpr std::int64_t OperationCost = 1000;
 
     /// Does the work of an operation, if it may begin.
     template <class Work>

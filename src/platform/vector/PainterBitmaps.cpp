@@ -60,9 +60,10 @@ void Painter::PatternBlit(const Box& box, const Brush& brush, TernaryOperation o
     if (operation == DestinationKept || (UsesBrush(operation) && brush.Null())) return;
     Guarded([&] {
         const Combiner combine(operation);
+        const BrushPixels pixels(brush);
         const auto one = UsesBrush(operation) ? brush.SolidColour() : Pixel{0};
         VisitClipped(clip_, NearestRect(box), [&](int y, int from, int to) {
-            if (!budget_.Spend((one ? 1 : 10) * (to - from) + 16)) return;
+            if (!budget_.Spend((one ? 1 : 12) * (to - from) + 16)) return;
             const auto row =
                 target_.Row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
             if (one) {
@@ -72,7 +73,7 @@ void Painter::PatternBlit(const Box& box, const Brush& brush, TernaryOperation o
             }
             int x = from;
             for (Pixel& pixel : row)
-                if (const auto ink = brush.At(x++, y)) pixel = combine(*ink, 0, pixel);
+                if (const auto ink = pixels.At(x++, y)) pixel = combine(*ink, 0, pixel);
         });
     });
 }
@@ -92,9 +93,10 @@ void Painter::PatternBlit(const Box& box, const Affine& map, const Brush& brush,
     Guarded([&] {
         Rasteriser rasteriser(Intersection(TouchedRect(outline.Bounds()), clip_.Bounds()), budget_);
         rasteriser.Add(Flatten(outline, ClipBox(), budget_));
+        const BrushPixels pixels(brush);
         const Combiner combine(operation);
-        PaintSink sink(target_, clip_, budget_, 10, [&](int x, int y, Pixel below, unsigned) {
-            const auto ink = UsesBrush(operation) ? brush.At(x, y) : Pixel{0};
+        PaintSink sink(target_, clip_, budget_, 12, [&](int x, int y, Pixel below, unsigned) {
+            const auto ink = UsesBrush(operation) ? pixels.At(x, y) : Pixel{0};
             return ink ? combine(*ink, 0, below) : below;
         });
         rasteriser.ScanCentres(FillRule::NonZero, sink);
@@ -112,6 +114,7 @@ void Painter::Blit(const PlacedBitmap& source, TernaryOperation operation, const
                 [](int, int, Pixel& there, Pixel pixel, Placement::Place) { there = pixel | ~Colours; });
             return;
         }
+        const BrushPixels pixels(brush);
         const Combiner combine(operation);
         const Combiner combineOtherwise(mask.otherwise);
         VisitPlaced(target_, clip_, budget_, source,
@@ -119,7 +122,7 @@ void Painter::Blit(const PlacedBitmap& source, TernaryOperation operation, const
                         const bool lets = !masked || Lets(mask, place);
                         const TernaryOperation chosen = lets ? operation : mask.otherwise;
                         if (chosen == DestinationKept) return;
-                        const auto ink = UsesBrush(chosen) ? brush.At(x, y) : Pixel{0};
+                        const auto ink = UsesBrush(chosen) ? pixels.At(x, y) : Pixel{0};
                         if (ink) there = (lets ? combine : combineOtherwise)(*ink, pixel, there);
                     });
     });

@@ -100,7 +100,7 @@ void Placement::PlaceTurned(const PixelRect& clip) {
 }
 
 std::int64_t Placement::Cost() const {
-    std::int64_t cost = std::int64_t{area_.width} * area_.height * 8;
+    std::int64_t cost = std::int64_t{area_.width} * area_.height * (columns_.empty() ? 24 : 16);
     if (average_ && !columns_.empty()) {
         const auto count = [](const std::vector<Range>& ranges) {
             std::int64_t sum = 0;
@@ -108,7 +108,7 @@ std::int64_t Placement::Cost() const {
                 sum += range.last - range.first;
             return sum;
         };
-        cost += 3 * count(columns_) * count(rows_);
+        cost += 4 * count(columns_) * count(rows_);
     }
     return cost;
 }

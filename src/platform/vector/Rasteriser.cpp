@@ -13,7 +13,7 @@ void Rasteriser::Add(const FlatPath& path) {
     if (bounds_.width <= 0 || bounds_.height <= 0) return;
     for (const FlatPath::Figure& figure : path.figures) {
         const auto points = path.PointsOf(figure);
-        if (!budget_.Spend(static_cast<std::int64_t>(points.size()) * 24)) return;
+        if (!budget_.Spend(static_cast<std::int64_t>(points.size()) * 50)) return;
         for (std::size_t i = 1; i < points.size(); ++i)
             AddEdge(points[i - 1], points[i]);
         AddEdge(points.back(), points.front());
@@ -76,7 +76,7 @@ void Rasteriser::ScanRows(RowScanner scanRow) {
         if (active.empty()) y = std::max(y, static_cast<int>(edges_[next].top));
         while (next < edges_.size() && edges_[next].top < y + 1)
             active.push_back(edges_[next++]);
-        if (!budget_.Spend(32 + 12 * static_cast<std::int64_t>(active.size()))) return;
+        if (!budget_.Spend(32 + 16 * static_cast<std::int64_t>(active.size()))) return;
         scanRow(y, std::span<const Edge>(active));
         ++y;
         std::erase_if(active, [&](const Edge& edge) { return edge.bottom <= y; });

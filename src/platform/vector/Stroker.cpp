@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <ranges>
 #include <span>
 
 #include "platform/vector/Dashes.h"
@@ -13,7 +12,7 @@ namespace tavrix::vector {
 namespace {
 
 constexpr double Pi = std::numbers::pi;
-constexpr std::int64_t PointCost = 40;
+constexpr std::int64_t PointCost = 100;
 /// Miters longer than this many widths are cut off even where the pen's limit allows them.
 constexpr double LongestMiter = 1000;
 /// What goes beyond this is not drawn.
@@ -229,8 +228,7 @@ void ReachToBorders(FlatPath& path) {
             points.back().x += 0.5;
             continue;
         }
-        const auto backwards = std::ranges::reverse_view(points);
-        const auto inner = std::ranges::find_if(backwards, differs(points.back()));
+        const auto inner = std::find_if(points.rbegin(), points.rend(), differs(points.back()));
         const Point secondPoint = *second;
         const Point innerPoint = *inner;
         reach(points.front(), secondPoint);

@@ -16,11 +16,13 @@ namespace tavrix::metafile {
 namespace {
 
 constexpr std::int64_t MostPixels = 64LL << 20U;
-/// Nanoseconds a pixel, roughly, for the budget.
-constexpr std::int64_t DecodingCost = 4;
+/// Nanoseconds, roughly, for the budget: of a bitmap, of a pixel, and of one of a photo, which may come in many passes.
+constexpr std::int64_t BitmapCost = 5'000;
+constexpr std::int64_t PixelCost = 4;
+constexpr std::int64_t PhotoPixelCost = 60;
 
-bool Affordable(std::int64_t width, std::int64_t height, vector::WorkBudget& budget) {
-    return width <= MostPixels / height && budget.Spend(width * height * DecodingCost);
+bool Affordable(std::int64_t width, std::int64_t height, std::int64_t pixelCost, vector::WorkBudget& budget) {
+    return width <= MostPixels / height && budget.Spend(BitmapCost + width * height * pixelCost);
 }
 
 void UsePaletteIndexes(ByteSource& file, const Palette& palette, BmpHeader& header) {
@@ -64,9 +66,11 @@ LoadedBitmap LoadDib(ByteSource& file, const BitmapPlace& place, const BitmapCol
     const bool forceAlpha = colours.alpha && header.storage == BmpStorage::Packed && header.bits == 32;
     if (forceAlpha) header.masks[3] = 0xFF000000U;
     if (rows) header.height = static_cast<int>(std::min<std::int64_t>(*rows, header.height));
-    if (header.height == 0 || !Affordable(header.width, header.height, budget)) return {};
+    const std::int64_t cost = header.storage == BmpStorage::Jpeg ? PhotoPixelCost : PixelCost;
+    if (header.height == 0 || !Affordable(header.width, header.height, cost, budget)) return {};
 
-    SurfaceSink kept(sink, MostPixels);
+    // A photo has a size of its own, which must not be larger than what was paid for.
+    SurfaceSink kept(sink, std::int64_t{header.width} * header.height);
     const DecodeStatus status = DecodeBmpPixels(part, header, kept);
     if (!status.someRows) return {};
     if (forceAlpha && !kept.info.transparent) ClearAlpha(kept.surface);
@@ -88,7 +92,7 @@ LoadedBitmap LoadDeviceBitmap(ByteSource& file, const BitmapPlace& place, const 
     const bool known = planes == 1 && (bits == 1 || bits == 24 || bits == 32);
     if (!known || width == 0 || height == 0 || stride < needed) return {};
     if (stride * static_cast<std::uint64_t>(height) > place.bitsLength + stride - needed) return {};
-    if (!Affordable(width, height, budget)) return {};
+    if (!Affordable(width, height, PixelCost, budget)) return {};
 
     std::array<Pixel, 256> palette{colours.zero, colours.one};
     const MaskedPixels masked(32, {0xFF0000U, 0xFF00U, 0xFFU, 0U});

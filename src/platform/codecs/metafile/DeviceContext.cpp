@@ -19,11 +19,7 @@ std::shared_ptr<const Palette> PaletteOf(const std::shared_ptr<const Object>& ob
 
 DeviceContext::DeviceContext(vector::Painter& painter, const Placement& placement, ByteSource& file,
                              const PictureSink& sink)
-    : painter_(painter),
-      placement_(placement),
-      file_(file),
-      sink_(sink),
-      state_(placement) {
+    : painter_(painter), placement_(placement), file_(file), sink_(sink), state_(placement) {
     state_.pen = StockObjectOf(StockBlackPen);
     state_.brush = StockObjectOf(StockWhiteBrush);
     state_.font = StockObjectOf(StockSystemFont);

@@ -8,10 +8,10 @@
 #include "platform/codecs/metafile/CodePages.h"
 #include "platform/codecs/metafile/Colours.h"
 #include "platform/codecs/metafile/DeviceState.h"
+#include "platform/codecs/metafile/FoundFonts.h"
 #include "platform/codecs/metafile/PathBracket.h"
 #include "platform/codecs/metafile/Recording.h"
 #include "platform/codecs/metafile/TileCache.h"
-#include "platform/vector/FontBook.h"
 #include "platform/vector/Painter.h"
 
 namespace tavrix::metafile {
@@ -31,7 +31,7 @@ class DeviceContext {
     [[nodiscard]] ByteSource& File() { return file_; }
     [[nodiscard]] const PictureSink& Sink() const { return sink_; }
     [[nodiscard]] PathBracket& Bracket() { return bracket_; }
-    [[nodiscard]] vector::FontBook& Fonts() { return fonts_; }
+    [[nodiscard]] FoundFonts& Fonts() { return fonts_; }
     [[nodiscard]] TileCache& Tiles() { return tiles_; }
     [[nodiscard]] CodePages& Pages() { return pages_; }
 
@@ -74,7 +74,7 @@ class DeviceContext {
     const Placement& placement_;
     ByteSource& file_;
     const PictureSink& sink_;
-    vector::FontBook fonts_;
+    FoundFonts fonts_;
     TileCache tiles_;
     CodePages pages_;
     DeviceState state_;

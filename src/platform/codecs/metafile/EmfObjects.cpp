@@ -108,7 +108,7 @@ std::vector<ColourValue> Entries(RecordBytes& bytes, std::uint64_t at, std::uint
     return entries;
 }
 
-/// A file's palettes may have fewer entries than are told; the document allows up to 1024 with a wink.
+/// A palette has no more entries than 16 bits can count.
 Record Resize(RecordBytes& bytes) {
     const std::uint32_t count = bytes.U32(12);
     if (count > MostHandles) bytes.Break();

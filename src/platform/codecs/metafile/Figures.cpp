@@ -6,11 +6,11 @@
 namespace tavrix::metafile {
 namespace {
 
-/// The end of a line without its last pixel; the end itself where the line is not longer than that.
+/// The end of a line without its last pixel; its start where there is no more than one.
 vector::Point BeforeLast(vector::Point from, vector::Point to) {
     const vector::Point way = to - from;
     const double pixels = std::max(std::abs(way.x), std::abs(way.y));
-    return pixels > 1 ? to - way * (1 / pixels) : to;
+    return pixels > 1 ? to - way * (1 / pixels) : from;
 }
 
 }  // namespace

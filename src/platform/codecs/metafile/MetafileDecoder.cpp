@@ -18,7 +18,7 @@ using metafile::Record;
 using metafile::Recording;
 
 /// Nanoseconds, roughly, that a drawing may cost.
-constexpr std::int64_t MostWork = 3'000'000'000;
+constexpr std::int64_t MostWork = 2'000'000'000;
 /// What a record costs besides what it draws.
 constexpr std::int64_t RecordWork = 200;
 

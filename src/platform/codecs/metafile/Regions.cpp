@@ -27,7 +27,9 @@ vector::Path PathOf(std::span<const Box> boxes) {
 }  // namespace
 
 vector::Region RegionOf(DeviceContext& context, std::span<const Box> boxes, const vector::Affine& map) {
+    constexpr std::int64_t BoxCost = 20;
     vector::WorkBudget& budget = context.Painter().Budget();
+    if (!budget.Spend(BoxCost * std::ssize(boxes))) return {};
     if (!map.KeepsBoxes()) {
         return vector::Region::Of(PathOf(boxes).Transformed(map), vector::FillRule::NonZero,
                                   context.Painter().Bounds(), budget);

@@ -63,6 +63,8 @@ std::string FamilyOf(DeviceContext& context, const Font& font) {
     std::string family;
     for (const char32_t character : face.characters)
         AppendUtf8(family, character);
+    // Of the fonts that share the encoding of the classic one, that one is known everywhere.
+    if (EndsInIgnoringCase(family, " Symbol")) return "Symbol";
     // An upright font that is laid on its side is named with this before it; its upright form is the same.
     if (family.starts_with('@')) family.erase(0, 1);
     return family;
@@ -95,6 +97,12 @@ TextScale ScaleOf(DeviceContext& context, const Text& text) {
     return {scale, along / upright};
 }
 
+bool IsEastern(std::uint8_t charset) {
+    constexpr std::uint8_t First = 128;  // Japanese
+    constexpr std::uint8_t Last = 136;   // Chinese
+    return charset >= First && charset <= Last;
+}
+
 vector::FontRequest RequestOf(DeviceContext& context, const Font& font, const Text& text, double stepScale) {
     constexpr double TenthsOfDegree = 10;
     vector::FontRequest request;
@@ -107,6 +115,9 @@ vector::FontRequest RequestOf(DeviceContext& context, const Font& font, const Te
     request.strikeOut = font.strikeOut;
     request.fixedPitch = (font.pitchAndFamily & 3U) == 1;
     request.kind = KindOf(font.pitchAndFamily);
+    // Fonts of eastern Asia call themselves modern without being of one pitch.
+    if (request.kind == vector::FontKind::Modern && !request.fixedPitch && IsEastern(font.charset))
+        request.kind = vector::FontKind::Unknown;
     request.symbol = IsSymbolic(font, request.family);
     request.escapement = font.escapement / TenthsOfDegree;
     // A compatible device turns each character as it turns the line.
@@ -187,7 +198,7 @@ PlacedText PlaceText(DeviceContext& context, const Text& text, vector::Point ref
     const vector::FontRequest request = RequestOf(context, font, text, scale.stepScale);
     const DecodedText decoded = CharactersOf(context, request.symbol ? SymbolCharset : font.charset, text);
     const std::vector<vector::Point> steps = StepsOf(decoded, text, scale.stepScale);
-    std::shared_ptr<vector::Font> found = context.Fonts().Find(request);
+    std::shared_ptr<vector::Font> found = context.Fonts().Find(request, context.Painter().Budget());
     if ((text.options & Text::Advance2d) != 0) {
         placed.run = vector::LayOutText(std::move(found), decoded.characters, steps);
     } else {
