@@ -7,15 +7,14 @@
 #include "core/UnsavedImage.h"
 #include "editing/BackColor.h"
 #include "editing/BackColorFrm.h"
+#include "editing/CentreCopy.h"
 #include "editing/EditFrame.h"
 #include "editing/EntryField.h"
 #include "editing/NewImagePicture.h"
-#include "platform/base/Rounding.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/base/Text.h"
 #include "platform/forms/Twips.h"
 #include "platform/graphics/Draw.h"
-#include "platform/graphics/StretchCopy.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 #include "viewer/Opening.h"
@@ -250,16 +249,7 @@ void NewImageFrm::MakeImage(const ImageSize& size) {
 void NewImageFrm::PasteCentred() {
     const Picture held = ImageHold.Image();
     if (held.Empty()) return;
-    const forms::Screen& screen = module_.Screen();
-    const auto offset = [](float outer, float inner, float twipsPerPixel) {
-        return RoundToLong((outer - inner) / 2 / twipsPerPixel);
-    };
-    const int left = offset(view_.MainImage.Width, ImageHold.Width, screen.TwipsPerPixelX());
-    const int top = offset(view_.MainImage.Height, ImageHold.Height, screen.TwipsPerPixelY());
-    const Surface& picture = held.pixels->Whole();
-    StretchCopy(view_.MainImage.Bitmap(), {left, top, picture.Width(), picture.Height()}, picture,
-                {0, 0, picture.Width(), picture.Height()});
-    view_.MainImage.Refresh();
+    CopyToCentre(view_.MainImage, held.pixels->Whole(), App().GetToolkit().Screen());
 }
 
 void mnuNewImage_Click(MainViewFrm& view) {
