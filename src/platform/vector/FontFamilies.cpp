@@ -168,7 +168,7 @@ char32_t SymbolCharacter(SymbolSet set, unsigned code) {
         case SymbolSet::Symbol:
             return code >= 0xA0 ? at(SymbolHigh, code - 0xA0) : at(SymbolLow, std::size_t{code} - 0x20);
         case SymbolSet::Dingbats: {
-            const auto found = std::ranges::find(Dingbats, code, &Picture::code);
+            const auto* const found = std::ranges::find(Dingbats, code, &Picture::code);
             return found != Dingbats.end() ? found->character : char32_t{0};
         }
         case SymbolSet::None:
