@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-
 #include "platform/graphics/Surface.h"
 #include "platform/vector/Brush.h"
 #include "platform/vector/Geometry.h"

@@ -186,7 +186,7 @@ class SizedFont : public Font {
     }
 
     [[nodiscard]] Place SearchText(char32_t character) {
-        const Place own{file_, file_->GlyphOf(character), found_.bold, found_.slanted};
+        Place own{file_, file_->GlyphOf(character), found_.bold, found_.slanted};
         if (own.glyph != 0) return own;
         const FoundFont other = files_->FindWith(request_, character);
         auto file = files_->Open(other);

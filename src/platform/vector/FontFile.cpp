@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 
 namespace tavrix::vector {

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <list>
 #include <memory>
-#include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "platform/vector/Path.h"
 

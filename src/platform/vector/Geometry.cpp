@@ -1,6 +1,7 @@
 #include "platform/vector/Geometry.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -32,7 +33,7 @@ Affine Affine::Turn(double degrees) {
     const double quarters = degrees / 90;
     // Whole quarters without the rounding of sine and cosine, so that boxes stay boxes.
     if (quarters == std::floor(quarters)) {
-        const double c[] = {1, 0, -1, 0};
+        constexpr std::array<double, 4> c{1, 0, -1, 0};
         const auto quarter = static_cast<std::size_t>(static_cast<int>(std::fmod(quarters, 4)) + 4) % 4;
         const double s = c[(quarter + 3) % 4];
         return {c[quarter], -s, s, c[quarter], 0, 0};

@@ -1,6 +1,7 @@
 #include "platform/vector/Painter.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -49,7 +50,7 @@ void VisitPieces(const FlatPath& path, Visitor visit) {
             add(points.first(PointsAtOnce), false);
         if (points.size() >= 2) add(points, false);
         if (figure.closed) {
-            const Point last[] = {points.back(), path.PointsOf(figure).front()};
+            const std::array last{points.back(), path.PointsOf(figure).front()};
             add(last, false);
         }
     }

@@ -37,7 +37,7 @@ class FloodFinder {
                 ++to;
             for (int at = from; at < to; ++at)
                 seen_[IndexOf(at, y)] = true;
-            if (!budget.Spend(32 * (to - from + 2))) return;
+            if (!budget.Spend(std::int64_t{32} * (to - from + 2))) return;
             visit(y, from, to);
             Wait(from, to, y - 1);
             Wait(from, to, y + 1);

@@ -1,6 +1,7 @@
 #include "platform/vector/Placement.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "platform/vector/Path.h"
@@ -124,7 +125,7 @@ std::optional<Placement::Place> Placement::PlaceUnder(int x, int y) const {
 }
 
 Pixel Placement::MeanOf(const Range& columns, const Range& rows) const {
-    std::uint64_t sums[4] = {};
+    std::array<std::uint64_t, 4> sums{};
     for (int row = rows.first; row < rows.last; ++row) {
         const auto pixels = bitmap_.Row(row);
         for (int column = columns.first; column < columns.last; ++column) {
