@@ -275,6 +275,14 @@ TEST_F(Text, ClassicFamiliesHaveStandInsOfTheirKind) {
     const auto font = FontOf(unknown);
     EXPECT_EQ(font->Advance(U'i'), font->Advance(U'M'));
     EXPECT_EQ(StandInsFor(Asked("HELV", 1)).front(), "Liberation Sans");
+    for (const char* family :
+         {"Times New Roman", "Times New Roman Cyr", "times new roman (W1)", "TimesNewRoman", "Times-Roman"}) {
+        FontRequest request = Asked(family, 1);
+        request.kind = FontKind::Swiss;
+        EXPECT_EQ(StandInsFor(request).front(), "Liberation Serif") << family;
+    }
+    EXPECT_EQ(StandInsFor(Asked("Arial Narrow CE", 1)).front(), "Liberation Sans Narrow");
+    EXPECT_EQ(StandInsFor(Asked("Romantic", 1)).front(), "Liberation Sans");
     FontRequest roman = Asked("", 1);
     roman.kind = FontKind::Roman;
     EXPECT_EQ(StandInsFor(roman).front(), "Liberation Serif");

@@ -28,7 +28,7 @@ struct Family {
     Names standIns;
 };
 
-constexpr std::array<Family, 35> Families{{
+constexpr std::array<Family, 36> Families{{
     {"arial", Sans},
     {"arial black", Sans},
     {"arial narrow", NarrowSans},
@@ -47,6 +47,7 @@ constexpr std::array<Family, 35> Families{{
     {"georgia", Serif},
     {"helv", Sans},
     {"helvetica", Sans},
+    {"helvetica narrow", NarrowSans},
     {"lucida console", Mono},
     {"microsoft sans serif", Sans},
     {"modern", Sans},
@@ -70,6 +71,21 @@ bool EqualIgnoringCase(std::string_view a, std::string_view lower) {
     return std::ranges::equal(a, lower, [](char x, char y) {
         return std::tolower(static_cast<unsigned char>(x)) == static_cast<unsigned char>(y);
     });
+}
+
+/// Whether a family is the one with this name, or one of it for another script ("Arial CE", "Times New Roman (W1)").
+/// Blanks and hyphens in between do not matter.
+bool IsOfFamily(std::string_view family, std::string_view lower) {
+    const auto gap = [](char c) { return c == ' ' || c == '-'; };
+    std::size_t at = 0;
+    for (const char c : lower) {
+        if (gap(c)) continue;
+        while (at < family.size() && gap(family[at]))
+            ++at;
+        if (at == family.size() || !EqualIgnoringCase(family.substr(at, 1), {&c, 1})) return false;
+        ++at;
+    }
+    return at == family.size() || std::isalnum(static_cast<unsigned char>(family[at])) == 0;
 }
 
 Names StandInsForKind(FontKind kind) {
@@ -127,8 +143,12 @@ constexpr std::array<Picture, 51> Dingbats{{
 }  // namespace
 
 std::span<const std::string_view> StandInsFor(const FontRequest& request) {
+    const Family* found = nullptr;
     for (const Family& family : Families)
-        if (EqualIgnoringCase(request.family, family.name)) return family.standIns;
+        if (IsOfFamily(request.family, family.name) &&
+            (found == nullptr || family.name.size() > found->name.size()))
+            found = &family;
+    if (found != nullptr) return found->standIns;
     if (request.fixedPitch) return Mono;
     return StandInsForKind(request.kind);
 }
