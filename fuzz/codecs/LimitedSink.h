@@ -39,8 +39,8 @@ class LimitedSink final : public PictureSink {
     int rows_ = 0;
 };
 
-inline int Decode(DecodeStatus (*decode)(ByteSource&, PictureSink&), const std::uint8_t* data, std::size_t size,
-                  std::int64_t mostPixels = 4LL << 20U) {
+inline int Decode(DecodeStatus (*decode)(ByteSource&, PictureSink&), const std::uint8_t* data,
+                  std::size_t size, std::int64_t mostPixels = 4LL << 20U) {
     MemorySource source(std::as_bytes(std::span(data, size)));
     LimitedSink sink(mostPixels);
     sink.Check(decode(source, sink), size);
