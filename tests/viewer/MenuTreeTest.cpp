@@ -193,7 +193,7 @@ TEST_F(MenuTreeTest, ALineStandsBeforeTheExit) {
 
 TEST_F(MenuTreeTest, AnEntryWithoutAHandlerIsShownDisabledButKeepsItsValue) {
     StartWithPicture(10, 10);
-    forms::Menu& entry = View().menu.mnuSetWallpaper;
+    forms::Menu& entry = View().menu.mnuDeleteCurrentImage;
     EXPECT_TRUE(entry.Enabled);
     EXPECT_FALSE(entry.State().enabled);
     EXPECT_FALSE(Choose(entry));
