@@ -9,6 +9,7 @@
 #include "editing/NewImageFrm.h"
 #include "editing/frmImageSize.h"
 #include "editing/frmRotateImg.h"
+#include "support/FaultSweep.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -151,22 +152,16 @@ class DialogFaultSweep : public ::testing::TestWithParam<std::tuple<Doing, Servi
 
 TEST_P(DialogFaultSweep, TheProgramGoesOnAndTheOpenedFileIsNeverTouched) {
     const auto& [doing, service] = GetParam();
-    constexpr int TooMany = 1000;
-    int call = 1;
-    while (call < TooMany && RunWithFault(doing, service, call)) {
-        ASSERT_FALSE(HasFailure()) << doing.name << ", call " << call;
-        ++call;
-    }
-    EXPECT_LT(call, TooMany);
+    const int faults = SweepFaults(
+        [&](int call) { return RunWithFault(std::get<0>(GetParam()), std::get<1>(GetParam()), call); });
     // Files: the folder, the copy, the test of the target, its creation, its bytes. Pictures: the write.
     if (service == Service::Files) {
-        EXPECT_GT(call, 4);
+        EXPECT_GT(faults, 3);
     } else if (service == Service::Pictures) {
-        EXPECT_EQ(call, 2);
+        EXPECT_EQ(faults, 1);
     } else {
-        EXPECT_EQ(call, doing.undoable ? 1 : 3);
+        EXPECT_EQ(faults, doing.undoable ? 0 : 2);
     }
-    RecordProperty("faults", call - 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Doings, DialogFaultSweep,

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "EditingTest.h"
+#include "support/FaultSweep.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -102,21 +103,15 @@ class EditingFaultSweep : public ::testing::TestWithParam<std::tuple<Operation, 
 
 TEST_P(EditingFaultSweep, TheOpenedFileIsNeverTouchedAndTheNextEditWorks) {
     const auto& [operation, service] = GetParam();
-    constexpr int TooMany = 1000;
-    int call = 1;
-    while (call < TooMany && RunWithFault(operation, service, call)) {
-        ASSERT_FALSE(HasFailure()) << operation.name << ", call " << call;
-        ++call;
-    }
-    EXPECT_LT(call, TooMany);
+    const int faults = SweepFaults(
+        [&](int call) { return RunWithFault(std::get<0>(GetParam()), std::get<1>(GetParam()), call); });
     // Files: the folder, the copy, the test of the target, its creation, its bytes. Pictures: the load of an undo, the
     // write.
     if (service == Service::Files) {
-        EXPECT_GT(call, 4);
+        EXPECT_GT(faults, 3);
     } else {
-        EXPECT_EQ(call - 1, operation.undone ? 2 : 1);
+        EXPECT_EQ(faults, operation.undone ? 2 : 1);
     }
-    RecordProperty("faults", call - 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "OneProcess.h"
+#include "support/FaultSweep.h"
 #include "support/ProgramFixture.h"
 #include "viewer/OpenFrm.h"
 
@@ -132,19 +133,13 @@ class OpenFrmFault : public ::testing::TestWithParam<std::tuple<Doing, Service>>
 
 TEST_P(OpenFrmFault, NothingCrossesAndTheDialogStaysUsable) {
     const auto& [doing, service] = GetParam();
-    constexpr int tooMany = 1000;
-    int call = 1;
-    while (call < tooMany && RunWithFault(doing, service, call)) {
-        ASSERT_FALSE(HasFailure()) << doing.name << ", call " << call;
-        ++call;
-    }
-    EXPECT_LT(call, tooMany);
+    const int faults = SweepFaults(
+        [&](int call) { return RunWithFault(std::get<0>(GetParam()), std::get<1>(GetParam()), call); });
     const bool asksTheShell =
         std::string_view(doing.name) == "delete" || std::string_view(doing.name) == "drop";
     if (service != Service::Shell || asksTheShell) {
-        EXPECT_GT(call, 1) << "the service was never asked";
+        EXPECT_GT(faults, 0) << "the service was never asked";
     }
-    RecordProperty("faults", call - 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Doings, OpenFrmFault,
