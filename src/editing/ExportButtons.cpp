@@ -52,7 +52,7 @@ void ExportButtons::Export(const std::string& path) {
     // Under whatever name, the file that was opened is never written.
     if (module_.platform.files.Same(path, module_.CurrentImage))
         throw RuntimeError(ErrorNumber::PermissionDenied);
-    SkipFailure([this] { view_.selection.Drop(); });  // or its outline would be part of the picture
+    SkipFailure([this] { view_.selection.DropWhereSeen(); });  // or its outline would be part of the picture
     write_(path);
     view_.menu.mnuAnimatedGIF.Enabled = false;
 }

@@ -84,9 +84,9 @@ void frmSetWallpaper::SetWallpaper(const std::string& path) {
 
 void frmSetWallpaper::WritePicture(const std::string& path) {
     // The outline of a selection is no part of the picture: it is wiped for the moment of taking it.
-    view_.selection.Erase();
+    view_.selection.EraseWhereSeen();
     const Picture image = view_.MainImage.Image();
-    view_.selection.Erase();
+    view_.selection.EraseWhereSeen();
     if (image.Empty()) throw RuntimeError(ErrorNumber::InvalidPicture);
     if (!module_.config.WallpaperStretch) {
         module_.platform.pictures.SaveBitmap(image.pixels->Whole(), path);

@@ -17,7 +17,7 @@ void Selection::DrawLine(float x1, float y1, float x2, float y2) {
     // The drag begins by wiping a rectangle that was never drawn: one without extent leaves no mark.
     if (left == right && top == bottom) return;
     InvertOutline(image_.Bitmap(), left, top, right, bottom);
-    drawnOn_ = image_.Picture.Get().pixels;
+    drawnOn_ = image_.TimesWiped();
     image_.Refresh();
 }
 
@@ -28,10 +28,6 @@ void Selection::Erase() {
 void Selection::Drop() {
     Erase();
     SelectionShown = false;
-}
-
-void Selection::DropWhereSeen() {
-    if (drawnOn_.lock() == image_.Picture.Get().pixels) Drop();
 }
 
 void Selection::Press(const forms::MouseArguments& mouse, bool imageOpen) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 
 #include "platform/forms/PictureBox.h"
 
@@ -22,20 +22,27 @@ class Selection {
 
     /// Inverts the outline of a rectangle on the image.
     void DrawLine(float x1, float y1, float x2, float y2);
-    /// Wipes the selection where it is on show; SelectionShown stays.
+    /// Draws the outline of the selection over itself, which wipes it; SelectionShown stays.
     void Erase();
-    /// Wipes the selection and forgets it.
+    /// Erase, and the selection is forgotten.
     void Drop();
-    /// The same for a picture that is scrolled. A selection that went with the picture it was drawn on, as that of a
-    /// crop does, is no more to be seen and stays as it is.
-    void DropWhereSeen();
+
+    /// Whether the outline of the selection is on the image. One that went with the picture it was drawn on, as that of a
+    /// crop does, is not, and Erase would draw it.
+    [[nodiscard]] bool Seen() const { return SelectionShown && drawnOn_ == image_.TimesWiped(); }
+    void EraseWhereSeen() {
+        if (Seen()) Erase();
+    }
+    void DropWhereSeen() {
+        if (Seen()) Drop();
+    }
 
     void Press(const forms::MouseArguments& mouse, bool imageOpen);
     void Drag(const forms::MouseArguments& mouse);
 
   private:
     forms::PictureBox& image_;
-    std::weak_ptr<const ArrivingSurface> drawnOn_;  ///< the picture below the outline
+    std::optional<unsigned> drawnOn_;  ///< what TimesWiped said when the outline was drawn
 };
 
 }  // namespace tavrix

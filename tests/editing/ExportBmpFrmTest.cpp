@@ -187,6 +187,23 @@ TEST_F(ExportBmpFrmTest, TheOutlineOfTheSelectionIsNoPartOfThePicture) {
     EXPECT_FALSE(selection.SelectionShown);
 }
 
+TEST_F(ExportBmpFrmTest, ASelectionThatWentWithAnotherPictureIsNotDrawnForIt) {
+    ASSERT_TRUE(Start(Gif));
+    Selection& selection = View().selection;
+    selection.SelectionShown = true;
+    selection.SelectionStartX = selection.SelectionStartY = 30;
+    selection.SelectionEndX = selection.SelectionEndY = 150;
+    selection.DrawLine(30, 30, 150, 150);
+    const Picture again = View().MainImage.Picture;
+    View().MainImage.Picture = again;
+    InBmp([this](ExportBmpFrm& dialog) {
+        ExpectNew("C:\\p\\a.BMP", Answer::Yes);
+        Press(dialog.Buttons.CmdExport);
+    });
+    ExpectColour(Loaded("C:\\p\\a.BMP"), GifColour);
+    EXPECT_TRUE(selection.SelectionShown);
+}
+
 TEST_F(ExportBmpFrmTest, AFileThatCannotBeWrittenIsToldAndTheImageStays) {
     platform.disks.PutFile("C:\\p\\locked.bmp", "locked");
     platform.disks.SetReadOnly("C:\\p\\locked.bmp", true);

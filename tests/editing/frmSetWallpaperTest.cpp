@@ -286,6 +286,17 @@ TEST_F(frmSetWallpaperTest, TheSelectionIsNoPartOfTheWallpaperAndStays) {
     EXPECT_TRUE(SamePixels(Shown(), withOutline));
 }
 
+TEST_F(frmSetWallpaperTest, TheSelectionOfACropIsNoPartOfTheWallpaper) {
+    StartWith(Different(30, 20));
+    Select(2, 2, 20, 10);
+    ASSERT_FALSE(Choose(Menus().mnuCrop));
+    ASSERT_TRUE(View().selection.SelectionShown);
+    const Surface cropped = Shown();
+    Set(false, false);
+    EXPECT_TRUE(SamePixels(MadePixels(), cropped));
+    EXPECT_TRUE(SamePixels(Shown(), cropped));
+}
+
 TEST_F(frmSetWallpaperTest, FailuresAreSkippedStatementByStatement) {
     const Surface image = Different(30, 20);
     StartWith(image);

@@ -227,6 +227,17 @@ TEST_F(SelectionTest, ScrollingAnotherPictureDrawsNoOutlineOnIt) {
     ExpectNoOutline();
 }
 
+TEST_F(SelectionTest, AnEmptySurfaceThatFollowsAnotherHasNoOutline) {
+    StartWithImage(1000, 900);
+    for (int i = 0; i < 2; ++i) {
+        View().MainImage.Picture = Picture();
+        const Surface blank = View().MainImage.Image().pixels->Whole().Clone();
+        View().selection.DropWhereSeen();
+        EXPECT_TRUE(std::ranges::equal(View().MainImage.Image().pixels->Whole().Pixels(), blank.Pixels()));
+        Select(10, 10, 40, 40);
+    }
+}
+
 TEST_F(SelectionTest, ReloadingDropsIt) {
     StartWithImage();
     Select(10, 10, 40, 40);

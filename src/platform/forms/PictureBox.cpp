@@ -84,6 +84,7 @@ Surface PictureBox::Compose() const {
 
 void PictureBox::Cls() {
     bitmap_.reset();
+    ++timesWiped_;
     InvalidateAll();
 }
 
@@ -95,6 +96,7 @@ void PictureBox::Refresh() {
 
 void PictureBox::AssignPicture(const tavrix::Picture& value) {
     bitmap_.reset();
+    ++timesWiped_;
     Picture.Store(value);
     InvalidateAll();
     if (AutoSize) TakePictureSize();

@@ -38,6 +38,9 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     void Cls();
     /// Shows what was drawn, at once.
     void Refresh();
+    /// How often what was drawn has been wiped, by a picture (perhaps the same one) or by Cls: as long as this stays the
+    /// same, what was drawn is still there.
+    [[nodiscard]] unsigned TimesWiped() const { return timesWiped_; }
 
     std::function<void()> OnResize;
     std::function<void()> OnClick;
@@ -64,6 +67,7 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     /// Shared with the snapshots since it was last drawn on; only ever drawn on while it is not.
     std::shared_ptr<ArrivingSurface> bitmap_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
+    unsigned timesWiped_ = 0;
 };
 
 }  // namespace tavrix::forms
