@@ -19,6 +19,12 @@ class ByteReader {
         if (at_ == filled_ && !Fill()) return std::nullopt;
         return std::to_integer<unsigned>(buffer_[at_++]);
     }
+    /// The next bytes as far as they have been read from the source already, possibly none.
+    [[nodiscard]] std::span<const std::byte> Buffered() const {
+        return std::span(buffer_).subspan(at_, filled_ - at_);
+    }
+    /// Goes past `count` of the buffered bytes.
+    void Take(std::size_t count) { at_ += count; }
     /// Copies as many of the next bytes as there are, and gives how many.
     std::size_t Read(std::span<std::byte> into) {
         std::size_t copied = 0;

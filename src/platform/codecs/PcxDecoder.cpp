@@ -29,12 +29,26 @@ class PlaneBytes {
             std::ranges::fill(into.subspan(filled, count), value_);
             filled += count;
             left_ -= count;
+            if (left_ == 0) filled += TakeSingles(into.subspan(filled));
         }
         return filled;
     }
     [[nodiscard]] std::uint64_t Offset() const { return reader_.Offset(); }
 
   private:
+    static bool IsRun(std::byte value) { return (value & std::byte{0xC0}) == std::byte{0xC0}; }
+
+    /// Single bytes up to the next run, or fewer: photographs are hardly anything else.
+    std::size_t TakeSingles(std::span<std::byte> into) {
+        const std::span<const std::byte> ahead =
+            reader_.Buffered().first(std::min(into.size(), reader_.Buffered().size()));
+        const auto end = std::ranges::find_if(ahead, IsRun);
+        std::ranges::copy(ahead.begin(), end, into.begin());
+        const auto count = static_cast<std::size_t>(end - ahead.begin());
+        reader_.Take(count);
+        return count;
+    }
+
     /// A single byte is a run of one.
     bool BeginRun() {
         auto value = reader_.Next();
@@ -93,10 +107,10 @@ class PcxReader {
         if (header_.planes == 1) return PixelsFromIndexes(header_.bits, line, header_.palette, into);
         const auto plane = [&](std::size_t number) { return line.subspan(number * header_.bytesPerLine); };
         if (header_.TrueColour()) {
+            const auto red = plane(0), green = plane(1), blue = plane(2);
             for (std::size_t x = 0; x < into.size(); ++x) {
-                into[x] = OpaquePixel(std::to_integer<unsigned>(plane(0)[x]),
-                                      std::to_integer<unsigned>(plane(1)[x]),
-                                      std::to_integer<unsigned>(plane(2)[x]));
+                into[x] = OpaquePixel(std::to_integer<unsigned>(red[x]), std::to_integer<unsigned>(green[x]),
+                                      std::to_integer<unsigned>(blue[x]));
             }
             return;
         }
