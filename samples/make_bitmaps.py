@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Makes hills.jpg and, from it, small bitmaps of the kinds that a bitmap file can be; and a balloon that has no
-background, as a GIF, an icon and a cursor.
+"""Makes hills.jpg and, from it, small bitmaps of the kinds that a bitmap file can be, a TGA and a PCX; and a balloon
+that has no background, as a GIF, an icon and a cursor.
 
 usage: samples/make_bitmaps.py    (needs Pillow; writes beside itself, the same bytes each time)
 """
@@ -227,6 +227,8 @@ def main():
     (HERE / "small-rle4.rle").write_bytes(bmp(160, 107, 4, 2, colours_of(few, 16), runs(few, True)))
     two = small.convert("L").point(lambda v: 1 if v > 128 else 0, "L")
     (HERE / "small-1bit.dib").write_bytes(bmp(160, 107, 1, 0, [(32, 40, 64), (250, 236, 200)], packed_rows(two, 1)))
+    small.save(HERE / "small.tga", compression="tga_rle")
+    indexed.save(HERE / "small.pcx")
     balloons()
 
 

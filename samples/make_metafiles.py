@@ -129,7 +129,7 @@ class Emf:
 
 def harbour():
     """A lighthouse over the sea at dusk, with boats; a hundredth of an inch is a unit."""
-    image = Wmf(500, 320, 100).pen(0, 0, style=5)
+    image = Wmf(500, 320, 96).pen(0, 0, style=5)
     for step in range(16):
         share = step / 15
         sky = colour(*(round(a + (b - a) * share) for a, b in zip((36, 62, 120), (255, 190, 130))))

@@ -1,7 +1,8 @@
-/// tavrix-gallery DIR
+/// tavrix-gallery DIR [PICTURE...]
 ///
-/// Draws every window of the program to a PNG file in DIR. The windows stand on services in memory, so that nothing of
-/// the user's is read or written; set QT_SCALE_FACTOR=2 to see them at 200 %.
+/// Draws every window of the program to a PNG file in DIR, or with pictures the main view with each of them, and all of
+/// these on one sheet, pictures.png. The windows stand on services in memory, so that nothing of the user's is read or
+/// written; set QT_SCALE_FACTOR=2 to see them at 200 %.
 
 #include <QApplication>
 #include <QPixmap>
@@ -13,8 +14,10 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <span>
 #include <string>
 
+#include "app/ContactSheet.h"
 #include "core/Main.h"
 #include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
@@ -33,8 +36,12 @@
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/codecs/DecodePicture.h"
+#include "platform/codecs/Decoder.h"
 #include "platform/headless/HeadlessServices.h"
 #include "platform/help/HelpBook.h"
+#include "platform/host/FileSource.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtProcess.h"
 #include "platform/qt/QtToolkit.h"
@@ -101,7 +108,37 @@ class Gallery {
         DrawHelp();
     }
 
+    void DrawPictures(std::span<char*> files) {
+        ContactSheet sheet;
+        for (const std::filesystem::path file : files) {
+            const Picture picture = LoadedFrom(file);
+            // What is imported stands in the main view as a bitmap.
+            const bool imported = DirectlyOpened(file) == nullptr;
+            const std::string path =
+                "C:\\Pictures\\" + (imported ? file.stem().string() + ".bmp" : file.filename().string());
+            platform_.pictures.SetPicture(path, picture);
+            DrawMainView("picture-" + file.filename().string(), path);
+            sheet.Add(lastDrawn_, QString::fromStdString(file.filename().string() + "  " +
+                                                         std::to_string(picture.Width()) + " x " +
+                                                         std::to_string(picture.Height())));
+        }
+        Write(sheet.Draw(), "pictures");
+    }
+
   private:
+    static const DecoderEntry* DirectlyOpened(const std::filesystem::path& file) {
+        FileSource source(file.string());
+        return DecoderFor(source);
+    }
+
+    static Picture LoadedFrom(const std::filesystem::path& file) {
+        FileSource source(file.string());
+        DecodedPicture decoded = DecodePicture(source, ImportDecoderFor(source, file.string()));
+        if (!decoded.error) return std::move(decoded.picture);
+        std::fprintf(stderr, "tavrix-gallery: %s: %s\n", file.c_str(), RuntimeError(*decoded.error).what());
+        std::exit(1);
+    }
+
     void DrawMainView(const std::string& name, const std::string& commandLine) {
         platform_.process.commandLine = commandLine;
         Main(module_, lives_);
@@ -238,16 +275,22 @@ class Gallery {
     void Save(const std::string& name) {
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (!window->isVisible() || window->windowType() == Qt::Popup) continue;
-            const std::string file = (folder_ / (name + ".png")).string();
-            if (!window->grab().save(QString::fromStdString(file))) {
-                std::fprintf(stderr, "tavrix-gallery: cannot write %s\n", file.c_str());
-                std::exit(1);
-            }
-            std::printf("%s\n", file.c_str());
+            lastDrawn_ = window->grab();
+            Write(lastDrawn_, name);
         }
     }
 
+    void Write(const QPixmap& pixmap, const std::string& name) const {
+        const std::string file = (folder_ / (name + ".png")).string();
+        if (!pixmap.save(QString::fromStdString(file))) {
+            std::fprintf(stderr, "tavrix-gallery: cannot write %s\n", file.c_str());
+            std::exit(1);
+        }
+        std::printf("%s\n", file.c_str());
+    }
+
     std::filesystem::path folder_;
+    QPixmap lastDrawn_;
     headless::HeadlessServices platform_;
     qt::QtToolkit toolkit_{[](const std::string& path) { return path; }};
     forms::Application app_{toolkit_};
@@ -258,15 +301,19 @@ class Gallery {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fputs("usage: tavrix-gallery DIR\n", stderr);
+    if (argc < 2) {
+        std::fputs("usage: tavrix-gallery DIR [PICTURE...]\n", stderr);
         return 2;
     }
     std::error_code error;
     std::filesystem::create_directories(argv[1], error);
     if (std::getenv("QT_QPA_PLATFORM") == nullptr) ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const qt::QtProcess windowSystem(argv[0]);
-    Gallery(argv[1]).Draw();
+    Gallery gallery(argv[1]);
+    if (argc > 2)
+        gallery.DrawPictures(std::span(argv, static_cast<std::size_t>(argc)).subspan(2));
+    else
+        gallery.Draw();
     std::fflush(stdout);
     std::_Exit(0);
 }
