@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QApplication>
 
 #include "forms_conformance/ConformanceTest.h"
 #include "forms_conformance/QtDriver.h"
@@ -10,6 +11,7 @@ namespace tavrix::conformance {
 namespace {
 
 using namespace forms;
+using std::chrono_literals::operator""ms;
 
 class TicksForm : public Form {
   public:
@@ -125,6 +127,25 @@ TEST_F(QtAccessibleTest, AnActionIsOverBeforeItsHandlerRuns) {
     EXPECT_EQ(log, std::vector<std::string>());
     driver->Settle();
     EXPECT_EQ(log, (std::vector<std::string>{"answered"}));
+}
+
+TEST_F(QtAccessibleTest, BoxesThatAreGoneAreForgotten) {
+    // Else the next one in the same place of the memory is taken for the one that is gone, and is not seen.
+    std::vector<QAccessible::Id> seen;
+    const auto look = [&seen] {
+        QWidget* box = QApplication::activeModalWidget();
+        seen.push_back(QAccessible::uniqueId(QAccessible::queryAccessibleInterface(box)));
+    };
+    driver->Soon(look);
+    driver->ScriptNextBox({.expected = {.text = "Gone"}, .openFor = 50ms});
+    app.MessageBox({.text = "Gone"});
+    driver->Soon(look);
+    driver->ScriptNextInput({.expected = {.prompt = "Gone"}, .reply = std::nullopt});
+    app.InputBox({.prompt = "Gone"});
+    driver->Settle();
+    ASSERT_EQ(seen.size(), 2U);
+    for (const QAccessible::Id id : seen)
+        EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
 }
 
 }  // namespace
