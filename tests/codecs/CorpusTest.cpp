@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -23,17 +22,14 @@ fs::path Corpora() {
 
 class BrokenFiles : public testing::TestWithParam<const char*> {};
 
-TEST_P(BrokenFiles, NeitherCrashNorTakeLong) {
+TEST_P(BrokenFiles, GiveAnImageOrAnError) {
     const fs::path folder = Corpora() / "broken" / GetParam();
     if (!fs::is_directory(folder)) GTEST_SKIP() << "no " << folder;
     for (const auto& entry : fs::directory_iterator(folder)) {
         SCOPED_TRACE(entry.path().string());
         std::ifstream file(entry.path(), std::ios::binary);
         const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-        const auto start = std::chrono::steady_clock::now();
         const DecodedPicture decoded = Decode(std::as_bytes(std::span(bytes)), entry.path().string());
-        const auto took = std::chrono::steady_clock::now() - start;
-        EXPECT_LT(took, std::chrono::seconds(5));
         EXPECT_NE(decoded.error.has_value(), !decoded.picture.Empty());
     }
 }

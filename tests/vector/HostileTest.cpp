@@ -1,7 +1,6 @@
 // Numbers that no honest file holds: nothing may break, hang or take memory without a bound.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -133,7 +132,6 @@ TEST(Hostile, TheBudgetEndsWhatWouldTakeForEver) {
         path.LineTo({double(i % 2 == 0 ? -1000 : 5000), double(i % 3 == 0 ? -5000 : 9000)});
     Canvas canvas(3000, 3000);
     canvas.budget = WorkBudget(200'000'000);
-    const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 100; ++i) {
         canvas.painter.Fill(path, FillRule::NonZero, test::BlackBrush);
         Pen pen;
@@ -142,8 +140,6 @@ TEST(Hostile, TheBudgetEndsWhatWouldTakeForEver) {
         canvas.painter.Stroke(path, pen);
     }
     EXPECT_TRUE(canvas.budget.Exhausted());
-    // Generous, for slow machines and sanitizers; without the budget it would be hours.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
     // Nothing more is drawn.
     canvas.surface.Fill(test::Paper);
     canvas.painter.PatternBlit({0, 0, 9, 9}, test::BlackBrush);

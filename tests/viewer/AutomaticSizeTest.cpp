@@ -137,6 +137,19 @@ TEST_F(AutomaticSizeTest, AtTwiceTheScaleAPictureThatFitsHasNoBars) {
     EXPECT_FLOAT_EQ(View().picFrame.Height, 7200);
 }
 
+TEST_F(AutomaticSizeTest, NorAtAScaleThatIsNoWholeNumber) {
+    for (const float scale : {1.1F, 1.25F, 1.5F, 1.75F, 2.25F, 3.3F}) {
+        toolkit.screen = {4000, 3000, 15 / scale, 15 / scale, 24};
+        PutPicture(ImagePath, 1203, 1107);
+        ASSERT_TRUE(Start(ImagePath));
+        for (int more = 0; more < 40; ++more) {
+            Show(1203 + more, 1107 + more);
+            EXPECT_FALSE(View().hsbPict.Visible) << scale << ' ' << more;
+            EXPECT_FALSE(View().vsbPict.Visible) << scale << ' ' << more;
+        }
+    }
+}
+
 TEST_F(AutomaticSizeTest, AtTwiceTheScaleALowPictureTakesItsBareWidth) {
     toolkit.screen = {2560, 2048, 7.5F, 7.5F, 24};
     PutPicture(ImagePath, 640, 480);

@@ -3,7 +3,10 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
+#include "platform/qt/AccessibleTick.h"
 #include "platform/qt/CanvasWidget.h"
+#include "platform/qt/QtCheckBox.h"
+#include "platform/qt/QtOptionButton.h"
 #include "platform/qt/WindowWidget.h"
 
 namespace tavrix::qt {
@@ -11,8 +14,16 @@ namespace tavrix::qt {
 namespace {
 
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
-    if (className != QLatin1String("QWidget")) return nullptr;
     // The bridge owns what it gets.
+    if (className == QLatin1String("QRadioButton")) {
+        if (auto* option = dynamic_cast<OptionWidget*>(object))
+            return new AccessibleTick(*option, QAccessible::RadioButton);
+    }
+    if (className == QLatin1String("QCheckBox")) {
+        if (auto* box = dynamic_cast<CheckWidget*>(object))
+            return new AccessibleTick(*box, QAccessible::CheckBox);
+    }
+    if (className != QLatin1String("QWidget")) return nullptr;
     if (auto* canvas = dynamic_cast<CanvasWidget*>(object))
         return new QAccessibleWidget(canvas, QAccessible::Graphic);
     if (auto* window = dynamic_cast<WindowWidget*>(object)) {

@@ -2,7 +2,8 @@
 
 namespace tavrix::qt {
 
-/// Teaches the accessibility bridge the widgets that Qt has no role for. Once per process.
+/// Teaches the accessibility bridge the widgets that Qt has no role for, and those that it takes for something else.
+/// Once per process.
 void InstallAccessibility();
 
 }  // namespace tavrix::qt

@@ -14,7 +14,7 @@ Metrics::Metrics() {
     QMenuBar sample;
     sample.addAction(QStringLiteral("X"));
     menuBarLogical_ = sample.sizeHint().height();
-    menuBar_ = ToDevice(menuBarLogical_, DeviceRatio());
+    menuBar_ = CeilToDevice(menuBarLogical_, DeviceRatio());
     if (const auto frame = question.Answer()) {
         borderWidth_ = (frame->left + frame->right + 1) / 2;
         borderHeight_ = std::min(frame->top, frame->bottom);

@@ -119,7 +119,8 @@ QtBox::QtBox(const forms::BoxRequest& request, std::function<void(Answer)> answe
 QtBox::~QtBox() {
     pointer_.BoxClosed();
     if (!box_) return;
-    box_->disconnect();
+    // Only this signal: the accessibility bridge waits for the box's end, too.
+    QObject::disconnect(box_, &QMessageBox::finished, nullptr, nullptr);
     box_->hide();
     box_->deleteLater();
 }

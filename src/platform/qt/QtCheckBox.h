@@ -6,6 +6,7 @@
 
 namespace tavrix::qt {
 
-using QtCheckBox = QtTick<forms::CheckPeer, TickWidget<QCheckBox>>;
+using CheckWidget = TickWidget<QCheckBox>;
+using QtCheckBox = QtTick<forms::CheckPeer, CheckWidget>;
 
 }  // namespace tavrix::qt

@@ -56,7 +56,9 @@ QtInputBox::QtInputBox(const forms::InputRequest& request, Answered answered, Sc
 QtInputBox::~QtInputBox() {
     pointer_.BoxClosed();
     if (!box_) return;
-    box_->disconnect();
+    // Only these signals: the accessibility bridge waits for the box's end, too.
+    QObject::disconnect(box_, &QDialog::accepted, nullptr, nullptr);
+    QObject::disconnect(box_, &QDialog::rejected, nullptr, nullptr);
     box_->hide();
     box_->deleteLater();
 }

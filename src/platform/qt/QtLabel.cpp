@@ -3,22 +3,9 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "platform/qt/Mnemonics.h"
+
 namespace tavrix::qt {
-
-namespace {
-
-/// A text without its marks for mnemonics.
-QString WithoutMarks(const QString& text) {
-    QString shown;
-    shown.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == QLatin1Char('&') && i + 1 < text.size()) ++i;
-        shown += text[i];
-    }
-    return shown;
-}
-
-}  // namespace
 
 LabelWidget::LabelWidget(QWidget& parent, const SinkPort& port) : QLabel(&parent), port_(port) {
     setTextFormat(Qt::PlainText);

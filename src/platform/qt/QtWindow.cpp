@@ -6,6 +6,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/qt/Colours.h"
@@ -29,6 +30,19 @@ QList<QWidget*> FocusChain(const QWidget& window) {
         if (widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
     }
     return chain;
+}
+
+/// The logical pixels that a window needs beyond those that hold its device pixels. Where a logical pixel is no whole
+/// number of them, Qt rounds once on the way to the window system and once on the way back, and may take one.
+int SpareLogical(double ratio) {
+    return ratio == std::floor(ratio) ? 0 : 1;
+}
+
+/// Whether a window that was asked for has been given; a spare pixel more or less does not count.
+bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
+    const QSize difference = given - asked;
+    const int spare = SpareLogical(ratio);
+    return std::abs(difference.width()) <= spare && std::abs(difference.height()) <= spare;
 }
 
 }  // namespace
@@ -79,9 +93,10 @@ void QtWindow::HoldTitle() {
 
 QtWindow::Place QtWindow::PlaceOf(const PixelRect& outer) const {
     const double ratio = DeviceRatio();
+    const int spare = SpareLogical(ratio);
     return {QPoint(RoundToLogical(outer.left, ratio), RoundToLogical(outer.top, ratio)),
-            QSize(std::max(CeilToLogical(outer.width - FrameWidth(), ratio), 1),
-                  std::max(CeilToLogical(outer.height - FrameHeight(), ratio), 1))};
+            QSize(std::max(CeilToLogical(outer.width - FrameWidth(), ratio) + spare, 1),
+                  std::max(CeilToLogical(outer.height - FrameHeight(), ratio) + spare, 1))};
 }
 
 void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
@@ -267,7 +282,7 @@ void QtWindow::Report() {
     if (outer_) {
         // What was asked for and granted comes back to the pixel, whatever the scale.
         const Place known = PlaceOf(*outer_);
-        if (known.client == client || state == WindowState::Minimized) {
+        if (IsGranted(client, known.client, ratio) || state == WindowState::Minimized) {
             now.width = outer_->width;
             now.height = outer_->height;
         }

@@ -20,6 +20,9 @@ namespace tavrix::qt {
 [[nodiscard]] inline int ToDevice(double logical, double ratio) {
     return static_cast<int>(std::lround(logical * ratio));
 }
+[[nodiscard]] inline int CeilToDevice(double logical, double ratio) {
+    return static_cast<int>(std::ceil(logical * ratio));
+}
 [[nodiscard]] inline int RoundToLogical(int device, double ratio) {
     return static_cast<int>(std::lround(device / ratio));
 }
