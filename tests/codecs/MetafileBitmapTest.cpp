@@ -167,8 +167,25 @@ TEST(MetafileBitmaps, BlitsWithoutASourceUseTheBrush) {
               (Art{"......", ".RR...", ".RR...", "......"}));
     EXPECT_EQ(Rows(Wmf().Record(0x0940, {0x42, 0, 0, 0, 0, 2, 2, 1, 1})),
               (Art{"......", ".##...", ".##...", "......"}));
-    EXPECT_EQ(Rows(Blit(Emf(), 76, {1, 1, 2, 2}, {0, 0, 2, 2}, SourceCopy, {}, {})), Art(4, "......"))
-        << "nothing to copy";
+}
+
+TEST(MetafileBitmaps, BlitsThatLackTheSourceTheyNeedDrawNothing) {
+    const Art left{"R.....", "R.....", "R.....", "R....."};
+    const EmfFile enhanced = Emf().Fill(0, 0, 1, 4, RedValue);
+    const WmfFile plain = Wmf().Fill(0, 0, 1, 4, RedValue);
+    for (const std::uint32_t operation : {SourceCopy, SourceInvert}) {
+        for (const unsigned type : {76U, 77U, 78U, 114U, 116U})
+            EXPECT_EQ(Rows(Blit(enhanced, type, {2, 0, 2, 2}, {0, 0, 2, 2}, operation, {}, {})), left)
+                << type;
+        const auto low = static_cast<int>(operation & 0xFFFFU);
+        const auto high = static_cast<int>(operation >> 16U);
+        for (const unsigned function : {0x0922U, 0x0940U})
+            EXPECT_EQ(Rows(WmfFile(plain).Record(function, {low, high, 0, 0, 0, 2, 2, 0, 2})), left)
+                << function;
+        for (const unsigned function : {0x0B23U, 0x0B41U})
+            EXPECT_EQ(Rows(WmfFile(plain).Record(function, {low, high, 2, 2, 0, 0, 0, 2, 2, 0, 2})), left)
+                << function;
+    }
 }
 
 TEST(MetafileBitmaps, SetDibToDeviceTakesSomeRows) {
