@@ -133,6 +133,13 @@ TEST(MetafileState, IsSavedAndRestored) {
         EXPECT_EQ(letter(EmfFile(file).Record(34, {none})), std::pair('G', 2)) << none;
 }
 
+TEST(MetafileState, ALayoutIsPassedOver) {
+    const Box left{1, 1, 3, 3};
+    EXPECT_EQ(InkOf(Emf().Record(115, {1}).Fill(1, 1, 3, 3, 0)), left);
+    EXPECT_EQ(InkOf(Emf().Record(115, {0}).Fill(1, 1, 3, 3, 0)), left);
+    EXPECT_EQ(InkOf(WmfFile().Record(0x0149, {1, 0}).Fill(1, 1, 3, 3, 0)), left);
+}
+
 TEST(MetafileState, PlainOnesSaveToo) {
     const WmfFile file = WmfFile({{.right = 4, .bottom = 4}})
                              .Pen(5, 0, 0)

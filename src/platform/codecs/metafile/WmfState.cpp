@@ -58,6 +58,7 @@ Record Entries(RecordBytes& bytes) {
 
 }  // namespace
 
+// SetLayout (0x0149) is passed over, as its like among the enhanced records is (EmfState.cpp).
 std::optional<Record> ReadWmfState(std::uint16_t function, RecordBytes& bytes) {
     switch (function) {
         case SaveDc:
