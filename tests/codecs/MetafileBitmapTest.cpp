@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "codecs/EmfFile.h"
 #include "codecs/JpegFile.h"
 #include "codecs/MetafilePicture.h"
@@ -242,19 +244,47 @@ Bytes MonoHeader(int width, int height, std::uint32_t zero = 0, std::uint32_t on
     return Bytes().U32(40).I32(width).I32(height).U16(1).U16(1).Zeros(24).U32(zero).U32(one);
 }
 
-TEST(MetafileBitmaps, MaskBltChoosesBetweenTwoOperations) {
-    const Bytes header = Four.Header();
-    const Bytes bits = Four.Bits();
+/// A MaskBlt of two by two pixels through a mask of which the upper left and the lower right ones are set.
+EmfFile MaskBlt(EmfFile file, std::uint32_t operations, Place from, int maskX, int maskY, const Bytes& header,
+                const Bytes& bits) {
     const Bytes maskHeader = MonoHeader(2, 2);
-    const Bytes maskBits = Bytes().U32(0x40U).U32(0x80U);  // from the lower row: .X and X.
-    Bytes body = EmfFile::Bounds().I32(0).I32(0).I32(2).I32(2).U32(0x00CC0020U).I32(0).I32(0);
+    const Bytes maskBits = Bytes().U32(0x40U).U32(0x80U);  // from the lower row
+    Bytes body = EmfFile::Bounds().I32(0).I32(0).I32(2).I32(2).U32(operations).I32(from.x).I32(from.y);
     body.U32(EmfFile::Float(1)).U32(0).U32(0).U32(EmfFile::Float(1)).U32(0).U32(0).U32(WhiteValue).U32(0);
-    body.Append(Offsets(128, header, bits).Get()).I32(0).I32(0).U32(0);
+    if (header.Size() == 0) {
+        body.Zeros(16);
+    } else {
+        body.Append(Offsets(128, header, bits).Get());
+    }
+    body.I32(maskX).I32(maskY).U32(0);
     const auto maskAt = static_cast<std::uint32_t>(128 + header.Size() + bits.Size());
     body.Append(Offsets(maskAt, maskHeader, maskBits).Get()).Append(header.Get()).Append(bits.Get());
-    body.Append(maskHeader.Get()).Append(maskBits.Get());
-    EXPECT_EQ(Rows(Emf().Record(78, body))[0], "R#....") << "blackness where the mask is 0";
-    EXPECT_EQ(Rows(Emf().Record(78, body))[1], "##....");
+    return file.Record(78, body.Append(maskHeader.Get()).Append(maskBits.Get()));
+}
+
+TEST(MetafileBitmaps, MaskBltChoosesBetweenTwoOperations) {
+    const Art rows = Rows(MaskBlt(Emf(), SourceCopy, {}, 0, 0, Four.Header(), Four.Bits()));
+    EXPECT_EQ(rows[0], "R#....") << "blackness where the mask is 0";
+    EXPECT_EQ(rows[1], "##....");
+}
+
+TEST(MetafileBitmaps, MaskBltOfTheBrushAloneMindsItsMask) {
+    constexpr std::uint32_t BrushOrNothing = 0xAAF00000U;
+    constexpr std::uint32_t BrushOrSource = 0xCCF00000U;
+    const EmfFile file = Emf().Brush(1, 0, GreenValue);
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrNothing, {}, 0, 0, {}, {})),
+              (Art{"G.....", ".G....", "......", "......"}));
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrSource, {}, 0, 0, Four.Header(), Four.Bits())),
+              (Art{"GG....", "BG....", "......", "......"}));
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrSource, {}, 0, 0, {}, {})), Art(4, "......")) << "no source";
+}
+
+TEST(MetafileBitmaps, APlaceInAMaskMayBeAnyNumber) {
+    constexpr int Least = std::numeric_limits<int>::min();
+    for (const int far : {Least, std::numeric_limits<int>::max()}) {
+        const EmfFile file = MaskBlt(Emf(), SourceCopy, {1, 1, 2, 2}, far, far, Four.Header(), Four.Bits());
+        EXPECT_EQ(Rows(file)[0], "#.....") << "what lies outside of the mask is drawn";
+    }
 }
 
 TEST(MetafileBitmaps, PlgBltGoesToAParallelogram) {
