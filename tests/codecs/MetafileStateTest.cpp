@@ -181,6 +181,7 @@ TEST(MetafileObjects, StockOnes) {
     EXPECT_EQ(colour(2), 0xFF808080U);
     EXPECT_EQ(colour(3), 0xFF404040U);
     EXPECT_EQ(colour(4), BlackPixel);
+    EXPECT_EQ(colour(18), WhitePixel) << "the device's own, as long as no colour is set";
     EXPECT_EQ(MetafilePicture(Emf().Stock(6).Stock(5).Rectangle(0, 0, 3, 3).Make()).Count('.'), 400);
     EXPECT_EQ(MetafilePicture(Emf().Stock(7).Stock(5).Rectangle(0, 0, 3, 3).Make()).Count('#'), 12);
 }
