@@ -198,6 +198,7 @@ TEST(MetafileObjects, ColoursOfThePalette) {
     const Bytes entries = Bytes().U32(1).U32(1).U32(2).U32(BlueValue).U32(RedValue);
     EXPECT_EQ(indexed(EmfFile(file).Record(50, entries), 0x01000001U), Blue);
     EXPECT_EQ(indexed(EmfFile(file).Record(51, {1, 1}), 0x01000001U), BlackPixel);
+    EXPECT_EQ(indexed(EmfFile(file).Record(51, {1, 0x10001}), 0x01000001U), Green) << "no such size";
     EXPECT_EQ(indexed(Emf().Stock(8), 0x0100000DU), Red) << "the stock palette";
 
     const Bytes plain = Bytes().U16(0x300).U16(2).U32(RedValue).U32(GreenValue);

@@ -108,10 +108,11 @@ std::vector<ColourValue> Entries(RecordBytes& bytes, std::uint64_t at, std::uint
     return entries;
 }
 
-/// A palette has no more entries than 16 bits can count.
-Record Resize(RecordBytes& bytes) {
+/// A palette has no more entries than 16 bits can count. Writers do not look whether it has; such a record is passed
+/// over.
+std::optional<Record> Resize(RecordBytes& bytes) {
     const std::uint32_t count = bytes.U32(12);
-    if (count > MostHandles) bytes.Break();
+    if (count > MostHandles) return std::nullopt;
     return ResizePalette{ReadHandle(bytes), count};
 }
 
