@@ -354,6 +354,50 @@ TEST(MetafileBitmaps, PatternBrushes) {
         << "the pattern starts at the brush's origin";
 }
 
+/// A bitmap of one pixel, the first of a palette that is told as indexes into the selected one.
+Bytes IndexedPixel() {
+    return Bytes().U32(40).I32(1).I32(1).U16(1).U16(8).Zeros(16).U32(1).U32(0).U16(0);
+}
+
+TEST(MetafileBitmaps, APatternChangesWithThePalette) {
+    Bytes pattern = Bytes().U32(2).U32(1).U32(32).U32(42).U32(76).U32(4);
+    pattern.Append(IndexedPixel().Get()).Zeros(2).U32(0);
+    EmfFile file = Emf()
+                       .Record(49, Bytes().U32(1).U16(0x300).U16(1).U32(RedValue))
+                       .Record(48, {1})
+                       .Stock(8)
+                       .Record(94, pattern)
+                       .Select(2);
+    file.Polygon({0, 0, 1, 0, 1, 4, 0, 4});
+    int left = 1;
+    for (const std::uint32_t colour : {GreenValue, BlueValue, GreenValue, BlueValue, RedValue}) {
+        file.Record(50, Bytes().U32(1).U32(0).U32(1).U32(colour));
+        file.Polygon({left, 0, left + 1, 0, left + 1, 4, left, 4});
+        ++left;
+    }
+    EXPECT_EQ(Rows(file)[0], "RGBGBR");
+}
+
+TEST(MetafileBitmaps, APensPatternTellsItsPaletteInItsColour) {
+    const auto drawn = [](std::uint32_t usage, const Bytes& header, std::uint32_t width) {
+        constexpr std::uint32_t GeometricFlat = 0x00010200U;
+        Bytes pen = Bytes().U32(2).U32(52).U32(static_cast<std::uint32_t>(header.Size()));
+        pen.U32(52 + static_cast<std::uint32_t>(header.Size())).U32(4);
+        pen.U32(GeometricFlat).U32(width).U32(5).U32(usage).U32(0).U32(0).Append(header.Get()).U32(0);
+        return Rows(Emf()
+                        .Record(49, Bytes().U32(1).U16(0x300).U16(1).U32(RedValue))
+                        .Record(48, {1})
+                        .Record(95, pen)
+                        .Select(2)
+                        .Poly(4, {0, 1, 6, 1}))[1];
+    };
+    Bytes told = Bytes().U32(40).I32(1).I32(1).U16(1).U16(8).Zeros(16).U32(1).U32(0).U32(GreenValue);
+    EXPECT_EQ(drawn(0, told, 1), "GGGGGG");
+    EXPECT_EQ(drawn(0, told, 2), "GGGGGG");
+    Bytes indexed = IndexedPixel().Zeros(2);
+    EXPECT_EQ(drawn(1, indexed, 2), "RRRRRR");
+}
+
 TEST(MetafileBitmaps, OldDeviceBitmaps) {
     Bytes body = Bytes().U32(SourceCopy).U16(0).U16(0).U16(2).U16(2).U16(1).U16(1);
     body.U16(0).U16(2).U16(2).U16(6).U8({1, 24}).U8({0, 0, 255, 0, 255, 0}).U8({255, 0, 0, 0, 0, 0});

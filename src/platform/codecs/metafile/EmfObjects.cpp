@@ -54,7 +54,7 @@ Pen ExtendedPen(RecordBytes& bytes) {
     pen.brush.style = bytes.U32(36);
     pen.brush.colour = bytes.U32(40);
     pen.brush.hatch = bytes.U32(44);
-    pen.brush.bitmap = ReadEmfBitmapPlace(bytes, 12, 32);
+    pen.brush.bitmap = ReadEmfBitmapPlace(bytes, 12, 40);
     const std::uint32_t count = bytes.U32(48);
     if (!bytes.Holds(52, count, 4)) return pen;
     for (std::uint32_t i = 0; i < count; ++i)

@@ -53,7 +53,7 @@ BitmapColours SourceColours(DeviceContext& context, bool alpha) {
 
 LoadedBitmap LoadMask(DeviceContext& context, const BitmapPlace& place) {
     BitmapColours colours;
-    colours.palette = context.State().palette.get();
+    colours.palette = context.State().palette;
     colours.mono = BitmapColours::Mono::Always;
     return Load(context, place, colours);
 }

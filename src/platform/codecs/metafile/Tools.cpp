@@ -92,7 +92,7 @@ vector::LineJoin JoinOf(const Pen& pen) {
 BitmapColours ColoursOf(DeviceContext& context, BitmapColours::Mono mono) {
     const DeviceState& state = context.State();
     BitmapColours colours;
-    colours.palette = state.palette.get();
+    colours.palette = state.palette;
     colours.mono = mono;
     if (mono != BitmapColours::Mono::AsTold) {
         colours.zero = context.Colour(state.textColour);
