@@ -266,7 +266,7 @@ TEST(BmpKinds, Refused) {
     EXPECT_TRUE(refused({.width = -2, .pixels = FourColours24()}));
     EXPECT_TRUE(refused({.height = 0, .pixels = FourColours24()}));
     EXPECT_TRUE(refused({.height = std::numeric_limits<int>::min(), .pixels = FourColours24()}));
-    EXPECT_TRUE(refused({.compression = 5, .pixels = FourColours24()}));   // PNG
+    EXPECT_TRUE(refused({.compression = 5, .pixels = FourColours24()}));   // no PNG
     EXPECT_TRUE(refused({.compression = 11, .pixels = FourColours24()}));  // CMYK
     EXPECT_TRUE(refused({.compression = 1, .pixels = FourColours24()}));   // runs of 8 bits in 24
     EXPECT_TRUE(refused({.bits = 1, .compression = 3, .headerSize = 64, .pixels = FourColours24()}));  // fax

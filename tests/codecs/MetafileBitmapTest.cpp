@@ -5,6 +5,7 @@
 #include "codecs/EmfFile.h"
 #include "codecs/JpegFile.h"
 #include "codecs/MetafilePicture.h"
+#include "codecs/PngFile.h"
 #include "codecs/WmfFile.h"
 
 namespace tavrix::test {
@@ -419,26 +420,75 @@ TEST(MetafileBitmaps, PaletteIndexesGoThroughTheSelectedPalette) {
         "GR....");
 }
 
-TEST(MetafileBitmaps, APhotoInsideIsAsLargeAsItsHeaderTellsAtMost) {
-    const std::vector<std::byte> photo = BlockPicture(2, 2, [](int, int) {
-                                             return std::array{0, 0, 255};
-                                         }).Make();
-    const auto drawn = [&](int width) {
-        Bytes header;
-        header.U32(40)
-            .I32(width)
-            .I32(width)
-            .U16(1)
-            .U16(0)
-            .U32(4)
-            .U32(static_cast<std::uint32_t>(photo.size()))
-            .Zeros(16);
-        const Bytes bits = Bytes().Append(photo);
-        return MetafilePicture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits).Make())
+constexpr std::uint32_t JpegData = 4;
+constexpr std::uint32_t PngData = 5;
+
+/// The header of a bitmap that is a whole file of another kind.
+Bytes HeaderOfFile(std::uint32_t compression, int width, int height, std::span<const std::byte> file) {
+    Bytes header = Bytes().U32(40).I32(width).I32(height).U16(1).U16(0).U32(compression);
+    return header.U32(static_cast<std::uint32_t>(file.size())).Zeros(16);
+}
+
+std::vector<std::byte> BlueJpeg() {
+    return BlockPicture(2, 2, [](int, int) { return std::array{0, 0, 255}; }).Make();
+}
+
+/// Red and green over blue and nothing.
+std::vector<std::byte> FourPng() {
+    return PngFile{.rows = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 0, 0, 0, 0}}.Make();
+}
+
+TEST(MetafileBitmaps, AFileInsideIsAsLargeAsItsHeaderTellsAtMost) {
+    const auto drawn = [&](std::uint32_t compression, int width, const std::vector<std::byte>& file,
+                           int own) {
+        const Bytes header = HeaderOfFile(compression, width, width, file);
+        return MetafilePicture(
+                   Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, own, own}, SourceCopy, header, Bytes().Append(file))
+                       .Make())
             .Count('.');
     };
-    EXPECT_EQ(drawn(16), 0);
-    EXPECT_EQ(drawn(8), 24);
+    EXPECT_EQ(drawn(JpegData, 16, BlueJpeg(), 16), 0);
+    EXPECT_EQ(drawn(JpegData, 8, BlueJpeg(), 16), 24);
+    EXPECT_EQ(drawn(PngData, 2, FourPng(), 2), 6);
+    EXPECT_EQ(drawn(PngData, 1, FourPng(), 2), 24);
+}
+
+TEST(MetafileBitmaps, AFileInsideOfBothFormats) {
+    const std::vector<std::byte> png = FourPng();
+    const Art once{"......", ".RG...", ".B....", "......"};
+    for (const int height : {2, -2}) {
+        const Bytes header = HeaderOfFile(PngData, 2, height, png);
+        Bytes wide = EmfFile::Bounds().I32(1).I32(1).I32(0).I32(0).I32(2).I32(2);
+        wide.Append(Offsets(80, header, Bytes().Append(png)).Get()).U32(0).U32(SourceCopy).I32(2).I32(2);
+        EXPECT_EQ(Rows(Emf().Record(81, wide.Append(header.Get()).Append(png))), once) << height;
+        Bytes plain = Bytes().U32(SourceCopy).U16(0);
+        for (const unsigned word : {2U, 2U, 0U, 0U, 2U, 2U, 1U, 1U})
+            plain.U16(word);
+        EXPECT_EQ(Rows(Wmf().Record(0x0F43, plain.Append(header.Get()).Append(png))), once) << height;
+    }
+    const std::vector<std::byte> jpeg = BlueJpeg();
+    Bytes plain = Bytes().U32(SourceCopy).U16(0);
+    for (const unsigned word : {16U, 16U, 0U, 0U, 4U, 6U, 0U, 0U})
+        plain.U16(word);
+    plain.Append(HeaderOfFile(JpegData, 16, 16, jpeg).Get()).Append(jpeg);
+    EXPECT_EQ(MetafilePicture(Wmf().Record(0x0F43, plain).Make()).Count('.'), 0);
+}
+
+TEST(MetafileBitmaps, ADamagedFileInsideIsLeftAway) {
+    for (const std::uint32_t compression : {JpegData, PngData}) {
+        std::vector<std::byte> file = compression == JpegData ? BlueJpeg() : FourPng();
+        const int size = compression == JpegData ? 16 : 2;
+        for (std::size_t i = 0; i < 30; ++i)
+            file[i] = std::byte{0x55};
+        const Bytes header = HeaderOfFile(compression, size, size, file);
+        const MetafilePicture picture(
+            Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, size, size}, SourceCopy, header, Bytes().Append(file))
+                .Fill(5, 3, 6, 4, RedValue)
+                .Make());
+        EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+        EXPECT_EQ(picture.Count('.'), 23) << compression;
+        EXPECT_EQ(picture.At(5, 3), Red);
+    }
 }
 
 TEST(MetafileBitmaps, ThatCannotBeDecodedAreLeftAway) {
