@@ -5,6 +5,8 @@
 #include "codecs/WmfFile.h"
 #include "platform/codecs/metafile/CodePages.h"
 #include "platform/vector/FontBook.h"
+#include "platform/vector/FontFile.h"
+#include "platform/vector/FontFinder.h"
 
 namespace tavrix::test {
 namespace {
@@ -231,6 +233,29 @@ TEST_F(MetafileText, OfSmallAndOfSeveralRecords) {
 
 TEST_F(MetafileText, GlyphsOfTheClassicFontsAreCounted) {
     EXPECT_EQ(InkOf(TextOut(Wide(), 10, 20, u"\x2B\x2B", {}, 0x10)), InkOf(TextOut(Wide(), 10, 20, u"HH")));
+}
+
+TEST_F(MetafileText, GlyphsOfTheNamedFontAreItsOwn) {
+    constexpr char16_t LetterBeyondAscii = u'\u00C4';
+    for (const char* family : {"DejaVu Serif", "Liberation Serif", "Nimbus Roman"}) {
+        vector::FontFinder finder;
+        const vector::FoundFont found = finder.Find({.family = family});
+        if (!found.sameFamily) continue;
+        const auto file = vector::FontFile::Open(vector::OpenFontLibrary(), found.path, found.index);
+        ASSERT_NE(file, nullptr);
+        const auto glyph = static_cast<char16_t>(file->GlyphOf(LetterBeyondAscii));
+        const EmfFile named = Wide({.face = family});
+        EXPECT_EQ(
+            MetafilePicture(TextOut(named, 10, 20, std::u16string(2, glyph), {}, 0x10).Make()).Rows(),
+            MetafilePicture(TextOut(named, 10, 20, std::u16string(2, LetterBeyondAscii)).Make()).Rows());
+        const auto beyond = static_cast<char16_t>(file->GlyphCount());
+        EXPECT_EQ(MetafilePicture(TextOut(named, 10, 20, std::u16string(1, beyond), {}, 0x10).Make())
+                      .Status()
+                      .outcome,
+                  Outcome::Complete);
+        return;
+    }
+    GTEST_SKIP() << "none of these fonts is installed";
 }
 
 TEST(MetafileCodePages, GoByTheCharacterSet) {

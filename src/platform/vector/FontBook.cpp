@@ -180,6 +180,7 @@ class SizedFont : public Font {
     }
 
     [[nodiscard]] Place Search(char32_t character) {
+        if (character >= GlyphCodes) return SearchGlyph(static_cast<std::uint32_t>(character - GlyphCodes));
         if (character >= SymbolCodes + 0x20 && character <= SymbolCodes + 0xFF)
             return SearchSymbol(character);
         return SearchText(character);
@@ -193,6 +194,12 @@ class SizedFont : public Font {
         if (!file) return own;
         const std::uint32_t glyph = file->GlyphOf(character);
         return {std::move(file), glyph, other.bold, other.slanted};
+    }
+
+    [[nodiscard]] Place SearchGlyph(std::uint32_t glyph) {
+        if (found_.sameFamily && glyph < file_->GlyphCount())
+            return {file_, glyph, found_.bold, found_.slanted};
+        return SearchText(CharacterOfGlyph(glyph));
     }
 
     /// A code of a font of pictures: in the font itself if it is one, otherwise by the characters that look like them.

@@ -177,4 +177,12 @@ char32_t SymbolCharacter(SymbolSet set, unsigned code) {
     return 0;
 }
 
+char32_t CharacterOfGlyph(std::uint32_t glyph) {
+    // The classic outline fonts count their glyphs in the order of ASCII, from the third on.
+    constexpr std::uint32_t First = 3;
+    constexpr std::uint32_t Last = 97;
+    constexpr std::uint32_t Distance = 29;
+    return glyph >= First && glyph <= Last ? char32_t{glyph + Distance} : U' ';
+}
+
 }  // namespace tavrix::vector
