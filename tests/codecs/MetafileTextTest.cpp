@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "codecs/EmfFile.h"
 #include "codecs/MetafilePicture.h"
 #include "codecs/WmfFile.h"
@@ -229,6 +231,22 @@ TEST_F(MetafileText, OfSmallAndOfSeveralRecords) {
     }
     EXPECT_EQ(InkOf(Wide().Record(97, poly.U16('H').U16('H'))),
               InkOf(TextOut(TextOut(Wide(), 10, 20, u"HH"), 10, 60, u"HH")));
+}
+
+TEST_F(MetafileText, OfNoReasonableLengthTakesNoTime) {
+    constexpr std::size_t Much = std::size_t{8} << 20U;
+    const EmfFile text = TextOut(Wide(), 10, 20, std::u16string(Much, u'H'));
+    EmfFile path = Wide().Stock(4).Record(59);
+    path = TextOut(path, 10, 20, std::u16string(Much, u'H')).Record(60).Record(62, EmfFile::Bounds());
+    for (const EmfFile& file : {text, path}) {
+        const std::vector<std::byte> bytes = file.Make();
+        // Of the processor, so that a busy machine does no harm.
+        const std::clock_t start = std::clock();
+        const MetafilePicture picture(bytes);
+        EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
+        EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+        EXPECT_GT(picture.Ink()[Right], 190) << "as far as it is seen";
+    }
 }
 
 TEST_F(MetafileText, GlyphsOfTheClassicFontsAreCounted) {

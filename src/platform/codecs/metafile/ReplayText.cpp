@@ -38,8 +38,11 @@ class BoxClip {
 void DrawRun(DeviceContext& context, const PlacedText& placed) {
     vector::Painter& painter = context.Painter();
     const DeviceState& state = context.State();
-    if (context.Bracket().Open())
-        return context.Bracket().Add(vector::OutlineOf(placed.run, placed.toPicture));
+    if (context.Bracket().Open()) {
+        if (painter.Budget().Spend(vector::OutlineCost(placed.run)))
+            context.Bracket().Add(vector::OutlineOf(placed.run, placed.toPicture));
+        return;
+    }
     if (state.opaqueBackground) {
         painter.Fill(vector::CellsOf(placed.run, placed.toPicture), vector::FillRule::NonZero,
                      vector::Brush::Solid(context.Colour(state.backgroundColour)));

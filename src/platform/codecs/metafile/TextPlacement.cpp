@@ -192,7 +192,8 @@ PlacedText PlaceText(DeviceContext& context, const Text& text, vector::Point ref
     placed.toPicture = scale.toPicture;
     placed.toPicture.dx = origin.x;
     placed.toPicture.dy = origin.y;
-    if (text.bytes.empty() && text.wide.empty()) return placed;
+    const std::size_t length = text.wide.empty() ? text.bytes.size() : text.wide.size();
+    if (length == 0 || !context.Painter().Budget().Spend(vector::LayOutCost(length))) return placed;
 
     const vector::FontRequest request = RequestOf(context, font, text, scale.stepScale);
     const DecodedText decoded = CharactersOf(context, request.symbol ? SymbolCharset : font.charset, text);
