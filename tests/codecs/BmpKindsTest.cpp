@@ -2,6 +2,7 @@
 
 #include "codecs/BmpFile.h"
 #include "codecs/Decoding.h"
+#include "codecs/PngFile.h"
 
 namespace tavrix::test {
 namespace {
@@ -217,6 +218,13 @@ TEST(BmpKinds, RunsOfTwentyFourBits) {
                     .headerSize = 64,
                     .pixels = Bytes().U8({2, 0, 0, 255, 0, 3, 0, 255, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1})},
                    {Red, Red, Green});
+}
+
+TEST(BmpKinds, AWholePngFileInPlaceOfPixels) {
+    const PngFile png{.colourType = 2, .rows = {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
+    for (const unsigned bits : {0U, 24U})
+        ExpectComplete({.bits = bits, .compression = 5, .pixels = Bytes().Append(png.Make())},
+                       {Red, Green, Blue, WhitePixel});
 }
 
 TEST(BmpKinds, ArrayOfBitmapsGivesTheFirst) {
