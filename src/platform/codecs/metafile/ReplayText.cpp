@@ -18,20 +18,20 @@ void FillBackground(DeviceContext& context, const Text& text) {
 class BoxClip {
   public:
     BoxClip(DeviceContext& context, const Text& text)
-        : context_(context), clips_((text.options & Text::Clipped) != 0) {
+        : painter_(context.Painter()), former_(painter_.Clip()), clips_((text.options & Text::Clipped) != 0) {
         if (!clips_) return;
-        vector::Painter& painter = context.Painter();
         const vector::Region box = RegionOf(context, std::span(&text.box, 1), context.ToPicture());
-        painter.SetClip(painter.Clip().Combined(vector::RegionMode::And, box, painter.Budget()));
+        painter_.SetClip(former_.Combined(vector::RegionMode::And, box, painter_.Budget()));
     }
     ~BoxClip() {
-        if (clips_) context_.ApplyClip();
+        if (clips_) painter_.SetClip(former_);
     }
     BoxClip(const BoxClip&) = delete;
     BoxClip& operator=(const BoxClip&) = delete;
 
   private:
-    DeviceContext& context_;
+    vector::Painter& painter_;
+    vector::Region former_;
     bool clips_;
 };
 
