@@ -28,6 +28,8 @@ class BoxClip {
     }
     BoxClip(const BoxClip&) = delete;
     BoxClip& operator=(const BoxClip&) = delete;
+    BoxClip(BoxClip&&) = delete;
+    BoxClip& operator=(BoxClip&&) = delete;
 
   private:
     vector::Painter& painter_;
