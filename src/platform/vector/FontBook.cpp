@@ -39,6 +39,7 @@ class Files {
 
     /// A font that has the character; without a path where none is found.
     [[nodiscard]] FoundFont FindWith(const FontRequest& request, char32_t character) {
+        if (!finder_.Knows(character)) return {};
         for (const FoundFont& font : substitutes_) {
             if (font.bold != (request.weight >= 600) || font.slanted != request.italic) continue;
             if (const auto file = Open(font); file && file->GlyphOf(character) != 0) return font;
