@@ -3,10 +3,10 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
-#include <cctype>
 #include <mutex>
 #include <span>
 
+#include "platform/base/Text.h"
 #include "platform/vector/FontFamilies.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -44,11 +44,6 @@ const FcChar8* ToText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
 }
 
-bool SameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(
-        a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
-
 Pattern PatternOf(const FontRequest& request, char32_t character) {
     Pattern pattern(FcPatternCreate());
     if (!pattern) return pattern;
@@ -77,7 +72,8 @@ FoundFont FontIn(FcPattern* match, const FontRequest& request) {
     found.path = reinterpret_cast<const char*>(text);
     FcPatternGetInteger(match, FC_INDEX, 0, &found.index);
     for (int i = 0; FcPatternGetString(match, FC_FAMILY, i, &text) == FcResultMatch; ++i)
-        found.sameFamily = found.sameFamily || SameName(reinterpret_cast<const char*>(text), request.family);
+        found.sameFamily =
+            found.sameFamily || EqualIgnoringCase(reinterpret_cast<const char*>(text), request.family);
     int value = 0;
     if (FcPatternGetInteger(match, FC_WEIGHT, 0, &value) == FcResultMatch)
         found.bold = value >= FC_WEIGHT_DEMIBOLD;
