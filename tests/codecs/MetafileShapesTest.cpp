@@ -278,6 +278,10 @@ TEST(MetafileShapes, PolyDrawTakesEachPointByItsType) {
     EXPECT_EQ(drawn.Rows()[2], ".#....#.");
     EXPECT_EQ(drawn.Rows()[4], ".######.");
     EXPECT_EQ(drawn.At(0, 0), BlackPixel);
+    Bytes closed = EmfFile::Bounds().U32(3).I32(1).I32(1).I32(6).I32(1).I32(6).I32(4).U8({6, 2, 3});
+    const MetafilePicture goesOn(SmallEmf().Record(56, closed).Record(54, {1, 5}).Make());
+    EXPECT_EQ(goesOn.At(1, 4), BlackPixel) << "from where the closing line ended";
+    EXPECT_EQ(goesOn.At(2, 5), WhitePixel);
     Bytes senseless = EmfFile::Bounds().U32(1).I32(5).I32(5).U8({9});
     EXPECT_EQ(MetafilePicture(SmallEmf().Record(56, senseless).Make()).Count('.'), 48);
 }
