@@ -233,6 +233,14 @@ TEST_F(MetafileText, OfSmallAndOfSeveralRecords) {
               InkOf(TextOut(TextOut(Wide(), 10, 20, u"HH"), 10, 60, u"HH")));
 }
 
+TEST_F(MetafileText, ThatHasNoBoxMayLackTheRoomForIt) {
+    Bytes lacking = EmfFile::Bounds().U32(2).U32(0).U32(0).I32(10).I32(20).U32(2).U32(60).U32(0x106);
+    lacking.U32(64).U16('H').U16('H').I32(50).I32(50);
+    const std::vector<int> ink = InkOf(TextOut(Wide(), 10, 20, u"HH", {50, 50}));
+    EXPECT_EQ(InkOf(Wide().Record(84, lacking)), ink);
+    EXPECT_EQ(InkOf(TextOut(Wide(), 10, 20, u"HH", {50, 50}, 0x100)), ink) << "most have it";
+}
+
 TEST_F(MetafileText, OfNoReasonableLengthTakesNoTime) {
     constexpr std::size_t Much = std::size_t{8} << 20U;
     const EmfFile text = TextOut(Wide(), 10, 20, std::u16string(Much, u'H'));

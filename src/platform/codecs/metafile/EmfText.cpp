@@ -32,17 +32,29 @@ void ReadCharacters(RecordBytes& bytes, std::uint64_t at, std::uint64_t count, b
     }
 }
 
+/// A text that has no rectangle may lack the room for it, too, but most writers leave it; the characters, which come
+/// behind the object, tell.
+bool HasRoomForBox(std::uint32_t options, std::uint64_t at, std::uint64_t characters) {
+    return (options & NoRectangle) == 0 || characters >= at + TextObject;
+}
+
 /// The text object at `at`; its offsets count from the start of the record.
 Text ReadText(RecordBytes& bytes, std::uint64_t at, bool wide) {
     Text text;
     text.at = bytes.P32(at);
     text.compatible = bytes.U32(24) == CompatibleMode;
     const std::uint64_t count = bytes.U32(at + 8);
+    const std::uint64_t characters = bytes.U32(at + 12);
     text.options = bytes.U32(at + 16);
-    text.box = bytes.Box32(at + 20);
+    const bool boxed = HasRoomForBox(text.options, at, characters);
+    if (boxed) {
+        text.box = bytes.Box32(at + 20);
+    } else {
+        text.options &= ~(Text::Opaque | Text::Clipped);
+    }
     if (bytes.Broken() || count == 0) return text;
-    ReadCharacters(bytes, bytes.U32(at + 12), count, wide, text);
-    const std::uint64_t advances = bytes.U32(at + 36);
+    ReadCharacters(bytes, characters, count, wide, text);
+    const std::uint64_t advances = bytes.U32(boxed ? at + 36 : at + 20);
     if (bytes.Broken() || advances == 0) return text;
     const std::uint64_t each = (text.options & Text::Advance2d) != 0 ? 2 : 1;
     if (!bytes.Holds(advances, each * count, 4)) return text;
