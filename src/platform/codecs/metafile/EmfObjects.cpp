@@ -2,6 +2,7 @@
 
 #include "platform/codecs/metafile/EmfBitmapPlace.h"
 #include "platform/codecs/metafile/EmfReaders.h"
+#include "platform/codecs/metafile/PaletteEntries.h"
 
 namespace tavrix::metafile {
 namespace {
@@ -98,16 +99,6 @@ Font ReadFont(RecordBytes& bytes) {
     return font;
 }
 
-std::vector<ColourValue> Entries(RecordBytes& bytes, std::uint64_t at, std::uint64_t count) {
-    if (!bytes.Holds(at, count, 4)) return {};
-    std::vector<ColourValue> entries(static_cast<std::size_t>(count));
-    for (ColourValue& entry : entries) {
-        entry = bytes.U32(at) & 0xFFFFFFU;
-        at += 4;
-    }
-    return entries;
-}
-
 /// A palette has no more entries than 16 bits can count. Writers do not look whether it has; such a record is passed
 /// over.
 std::optional<Record> Resize(RecordBytes& bytes) {
@@ -138,9 +129,10 @@ std::optional<Record> ReadEmfObject(std::uint32_t type, RecordBytes& bytes) {
         case ExtCreateFontIndirectW:
             return Create(bytes, ReadFont(bytes));
         case CreatePalette:
-            return Create(bytes, Palette{Entries(bytes, 16, bytes.U16(14))});
+            return Create(bytes, Palette{ReadPaletteEntries(bytes, 16, bytes.U16(14))});
         case SetPaletteEntriesType:
-            return SetPaletteEntries{ReadHandle(bytes), bytes.U32(12), Entries(bytes, 20, bytes.U32(16))};
+            return SetPaletteEntries{ReadHandle(bytes), bytes.U32(12),
+                                     ReadPaletteEntries(bytes, 20, bytes.U32(16))};
         case ResizePaletteType:
             return Resize(bytes);
         case CreateColorSpace:

@@ -15,7 +15,6 @@ enum Function : std::uint16_t {
 };
 
 constexpr std::uint64_t At = WmfParameters;
-constexpr std::uint16_t UsesPaletteIndexes = 1;
 
 using BlitRecord = std::unique_ptr<const Blit>;
 using DibRecord = std::unique_ptr<const DrawDib>;
