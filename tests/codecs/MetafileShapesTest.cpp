@@ -155,6 +155,8 @@ TEST(MetafileShapes, ExtendedPensHaveCapsDashesOfTheirOwnAndNoBackground) {
     EXPECT_EQ(square.Count('R'), 12);
     const MetafilePicture dotted(pen(7, 1, {1, 2}).Make());
     EXPECT_EQ(dotted.Rows()[2], "....R..R....");
+    const MetafilePicture squareDots(pen(0x10000U | 0x100U | 2U, 2, {}).Make());
+    EXPECT_EQ(squareDots.Rows()[2], "...RR.......") << "the caps leave the gap open";
 }
 
 TEST(MetafileShapes, APenInsideItsFrameStaysInTheBox) {
