@@ -474,6 +474,17 @@ TEST(MetafileBitmaps, AFileInsideOfBothFormats) {
     EXPECT_EQ(MetafilePicture(Wmf().Record(0x0F43, plain).Make()).Count('.'), 0);
 }
 
+TEST(MetafileBitmaps, OneThatCostsTooMuchIsLeftAway) {
+    const Bytes bits = Bytes().Append(BlueJpeg());
+    const Bytes header = HeaderOfFile(JpegData, 8000, 8000, bits.Get());
+    const MetafilePicture picture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits)
+                                      .Fill(5, 3, 6, 4, RedValue)
+                                      .Make());
+    EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+    EXPECT_EQ(picture.Count('.'), 23);
+    EXPECT_EQ(picture.At(5, 3), Red);
+}
+
 TEST(MetafileBitmaps, ADamagedFileInsideIsLeftAway) {
     for (const std::uint32_t compression : {JpegData, PngData}) {
         std::vector<std::byte> file = compression == JpegData ? BlueJpeg() : FourPng();

@@ -23,8 +23,11 @@ constexpr std::int64_t BitmapCost = 5'000;
 constexpr std::int64_t PixelCost = 4;
 constexpr std::int64_t FilePixelCost = 60;
 
+/// Pays for a bitmap. One that costs more than there is left is left away, so that what follows it is drawn.
 bool Affordable(std::int64_t width, std::int64_t height, std::int64_t pixelCost, vector::WorkBudget& budget) {
-    return width <= MostPixels / height && budget.Spend(BitmapCost + width * height * pixelCost);
+    if (!budget.Spend(BitmapCost) || width > MostPixels / height) return false;
+    const std::int64_t cost = width * height * pixelCost;
+    return cost < budget.Left() && budget.Spend(cost);
 }
 
 void UsePaletteIndexes(ByteSource& file, const Palette& palette, BmpHeader& header) {
