@@ -25,6 +25,8 @@ enum Type : std::uint32_t {
 };
 
 constexpr std::size_t FaceLength = 32;
+/// Systems take no more than 16. A line with more is drawn solid; each use of a pen would go through them all.
+constexpr std::uint32_t MostDashes = 64;
 
 Handle ReadHandle(RecordBytes& bytes) {
     const Handle handle = bytes.U32(8);
@@ -57,7 +59,7 @@ Pen ExtendedPen(RecordBytes& bytes) {
     pen.brush.hatch = bytes.U32(44);
     pen.brush.bitmap = ReadEmfBitmapPlace(bytes, 12, 40);
     const std::uint32_t count = bytes.U32(48);
-    if (!bytes.Holds(52, count, 4)) return pen;
+    if (!bytes.Holds(52, count, 4) || count > MostDashes) return pen;
     for (std::uint32_t i = 0; i < count; ++i)
         pen.dashes.push_back(bytes.U32(52 + std::uint64_t{4} * i));
     return pen;
