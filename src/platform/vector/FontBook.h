@@ -19,6 +19,8 @@ class Font {
     virtual ~Font() = default;
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;
+    Font(Font&&) = delete;
+    Font& operator=(Font&&) = delete;
 
     [[nodiscard]] virtual const FontRequest& Request() const noexcept = 0;
     /// Above and below the baseline, both positive. Their sum is the height of a line.
@@ -45,6 +47,8 @@ class FontBook {
     ~FontBook();
     FontBook(const FontBook&) = delete;
     FontBook& operator=(const FontBook&) = delete;
+    FontBook(FontBook&&) = delete;
+    FontBook& operator=(FontBook&&) = delete;
 
     /// The font that comes nearest to the request; null where no outline font is installed at all.
     [[nodiscard]] std::shared_ptr<Font> Find(const FontRequest& request) noexcept;

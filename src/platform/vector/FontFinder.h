@@ -23,6 +23,8 @@ class FontFinder {
     ~FontFinder();
     FontFinder(const FontFinder&) = delete;
     FontFinder& operator=(const FontFinder&) = delete;
+    FontFinder(FontFinder&&) = delete;
+    FontFinder& operator=(FontFinder&&) = delete;
 
     /// The outline font that comes nearest. With a character: the nearest of those that have it. Takes a millisecond.
     [[nodiscard]] FoundFont Find(const FontRequest& request, char32_t character = 0);
