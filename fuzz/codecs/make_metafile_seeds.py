@@ -2,6 +2,7 @@
 """Adds metafiles to seeds/: the families of records of both formats."""
 import pathlib
 import struct
+import zlib
 
 SEEDS = pathlib.Path(__file__).resolve().parent / "seeds"
 PALETTE = b"".join(struct.pack("<BBBB", 16 * i, 255 - 16 * i, 7 * i, 0) for i in range(16))
@@ -14,6 +15,23 @@ def rows(bits, width, height):
 def dib(bits=24, palette=b"", width=5, height=3):
     header = struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, 0, 0, 0, len(palette) // 4, 0)
     return header + palette, rows(bits, width, height)
+
+
+def whole_file(compression, width, height, data):
+    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, 0, compression, len(data), 0, 0, 0, 0), data
+
+
+def png(width=5, height=3):
+    def chunk(kind, body):
+        return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
+
+    data = b"".join(b"\0" + bytes(i * 29 % 256 for i in range(4 * width)) for _ in range(height))
+    head = chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0))
+    return whole_file(5, width, height, b"\x89PNG\r\n\x1a\n" + head + chunk(b"IDAT", zlib.compress(data, 9)) + chunk(b"IEND", b""))
+
+
+def jpeg():
+    return whole_file(4, 64, 64, (SEEDS / "grey.jpg").read_bytes())
 
 
 class Wmf:
@@ -127,6 +145,18 @@ def main():
     vertices = struct.pack("<iiHHHHiiHHHHiiHHHH", 0, 0, 0xFF00, 0, 0, 0, 60, 0, 0, 0xFF00, 0, 0, 9, 40, 0, 0, 0xFF00, 0)
     bitmaps.add(118, tail=Emf.BOUNDS + struct.pack("<III", 3, 1, 2) + vertices + struct.pack("<III", 0, 1, 2))
     bitmaps.add(118, tail=Emf.BOUNDS + struct.pack("<III", 3, 1, 1) + vertices + struct.pack("<II", 0, 2)).write("bitmaps.emf")
+
+    files = Wmf()
+    for image in (png(), jpeg()):
+        files.add(0x0F43, 0x20, 0xCC, 0, 3, 5, 0, 0, 20, 30, 2, 2, tail=b"".join(image))
+    files.write("files.wmf")
+    indexed = struct.pack("<IiiHHIIiiIIHH", 40, 1, 1, 1, 8, 0, 0, 0, 0, 1, 0, 0, 0), b"\0\0\0\0"
+    files = Emf().blit(77, 108, 0xCC0020, png()).blit(77, 108, 0x660046, jpeg()).blit(78, 128, 0xAAF00000, (b"", b""))
+    files.add(49, 1, tail=struct.pack("<HHI", 0x300, 1, 0xFF)).add(48, 1)
+    files.add(95, 2, 52, 44, 96, 4, 0x10200, 6, 5, 1, 0, 0, tail=b"".join(indexed)).add(37, 2).add(27, 1, 1).add(54, 50, 30)
+    glyphs = struct.pack("<Iff2iIII4iI2H2i", 2, 1, 1, 9, 9, 2, 76, 0x10, 0, 0, 0, 0, 80, 36, 500, 7, 8)
+    files.add(84, tail=Emf.BOUNDS + glyphs)
+    files.add(84, tail=Emf.BOUNDS + struct.pack("<Iff2iIIII2H", 2, 1, 1, 9, 30, 2, 60, 0x100, 0, 72, 73)).write("files.emf")
 
 
 main()

@@ -2,6 +2,7 @@
 
 #include "codecs/BmpFile.h"
 #include "codecs/Decoding.h"
+#include "codecs/PngFile.h"
 
 namespace tavrix::test {
 namespace {
@@ -219,6 +220,13 @@ TEST(BmpKinds, RunsOfTwentyFourBits) {
                    {Red, Red, Green});
 }
 
+TEST(BmpKinds, AWholePngFileInPlaceOfPixels) {
+    const PngFile png{.colourType = 2, .rows = {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
+    for (const unsigned bits : {0U, 24U})
+        ExpectComplete({.bits = bits, .compression = 5, .pixels = Bytes().Append(png.Make())},
+                       {Red, Green, Blue, WhitePixel});
+}
+
 TEST(BmpKinds, ArrayOfBitmapsGivesTheFirst) {
     Bytes file;
     file.Text("BA").U32(40).U32(0).U32(0);
@@ -266,7 +274,7 @@ TEST(BmpKinds, Refused) {
     EXPECT_TRUE(refused({.width = -2, .pixels = FourColours24()}));
     EXPECT_TRUE(refused({.height = 0, .pixels = FourColours24()}));
     EXPECT_TRUE(refused({.height = std::numeric_limits<int>::min(), .pixels = FourColours24()}));
-    EXPECT_TRUE(refused({.compression = 5, .pixels = FourColours24()}));   // PNG
+    EXPECT_TRUE(refused({.compression = 5, .pixels = FourColours24()}));   // no PNG
     EXPECT_TRUE(refused({.compression = 11, .pixels = FourColours24()}));  // CMYK
     EXPECT_TRUE(refused({.compression = 1, .pixels = FourColours24()}));   // runs of 8 bits in 24
     EXPECT_TRUE(refused({.bits = 1, .compression = 3, .headerSize = 64, .pixels = FourColours24()}));  // fax

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "codecs/EmfFile.h"
 #include "codecs/JpegFile.h"
 #include "codecs/MetafilePicture.h"
+#include "codecs/PngFile.h"
 #include "codecs/WmfFile.h"
 
 namespace tavrix::test {
@@ -167,8 +170,25 @@ TEST(MetafileBitmaps, BlitsWithoutASourceUseTheBrush) {
               (Art{"......", ".RR...", ".RR...", "......"}));
     EXPECT_EQ(Rows(Wmf().Record(0x0940, {0x42, 0, 0, 0, 0, 2, 2, 1, 1})),
               (Art{"......", ".##...", ".##...", "......"}));
-    EXPECT_EQ(Rows(Blit(Emf(), 76, {1, 1, 2, 2}, {0, 0, 2, 2}, SourceCopy, {}, {})), Art(4, "......"))
-        << "nothing to copy";
+}
+
+TEST(MetafileBitmaps, BlitsThatLackTheSourceTheyNeedDrawNothing) {
+    const Art left{"R.....", "R.....", "R.....", "R....."};
+    const EmfFile enhanced = Emf().Fill(0, 0, 1, 4, RedValue);
+    const WmfFile plain = Wmf().Fill(0, 0, 1, 4, RedValue);
+    for (const std::uint32_t operation : {SourceCopy, SourceInvert}) {
+        for (const unsigned type : {76U, 77U, 78U, 114U, 116U})
+            EXPECT_EQ(Rows(Blit(enhanced, type, {2, 0, 2, 2}, {0, 0, 2, 2}, operation, {}, {})), left)
+                << type;
+        const auto low = static_cast<int>(operation & 0xFFFFU);
+        const auto high = static_cast<int>(operation >> 16U);
+        for (const unsigned function : {0x0922U, 0x0940U})
+            EXPECT_EQ(Rows(WmfFile(plain).Record(function, {low, high, 0, 0, 0, 2, 2, 0, 2})), left)
+                << function;
+        for (const unsigned function : {0x0B23U, 0x0B41U})
+            EXPECT_EQ(Rows(WmfFile(plain).Record(function, {low, high, 2, 2, 0, 0, 0, 2, 2, 0, 2})), left)
+                << function;
+    }
 }
 
 TEST(MetafileBitmaps, SetDibToDeviceTakesSomeRows) {
@@ -225,19 +245,47 @@ Bytes MonoHeader(int width, int height, std::uint32_t zero = 0, std::uint32_t on
     return Bytes().U32(40).I32(width).I32(height).U16(1).U16(1).Zeros(24).U32(zero).U32(one);
 }
 
-TEST(MetafileBitmaps, MaskBltChoosesBetweenTwoOperations) {
-    const Bytes header = Four.Header();
-    const Bytes bits = Four.Bits();
+/// A MaskBlt of two by two pixels through a mask of which the upper left and the lower right ones are set.
+EmfFile MaskBlt(EmfFile file, std::uint32_t operations, Place from, int maskX, int maskY, const Bytes& header,
+                const Bytes& bits) {
     const Bytes maskHeader = MonoHeader(2, 2);
-    const Bytes maskBits = Bytes().U32(0x40U).U32(0x80U);  // from the lower row: .X and X.
-    Bytes body = EmfFile::Bounds().I32(0).I32(0).I32(2).I32(2).U32(0x00CC0020U).I32(0).I32(0);
+    const Bytes maskBits = Bytes().U32(0x40U).U32(0x80U);  // from the lower row
+    Bytes body = EmfFile::Bounds().I32(0).I32(0).I32(2).I32(2).U32(operations).I32(from.x).I32(from.y);
     body.U32(EmfFile::Float(1)).U32(0).U32(0).U32(EmfFile::Float(1)).U32(0).U32(0).U32(WhiteValue).U32(0);
-    body.Append(Offsets(128, header, bits).Get()).I32(0).I32(0).U32(0);
+    if (header.Size() == 0) {
+        body.Zeros(16);
+    } else {
+        body.Append(Offsets(128, header, bits).Get());
+    }
+    body.I32(maskX).I32(maskY).U32(0);
     const auto maskAt = static_cast<std::uint32_t>(128 + header.Size() + bits.Size());
     body.Append(Offsets(maskAt, maskHeader, maskBits).Get()).Append(header.Get()).Append(bits.Get());
-    body.Append(maskHeader.Get()).Append(maskBits.Get());
-    EXPECT_EQ(Rows(Emf().Record(78, body))[0], "R#....") << "blackness where the mask is 0";
-    EXPECT_EQ(Rows(Emf().Record(78, body))[1], "##....");
+    return file.Record(78, body.Append(maskHeader.Get()).Append(maskBits.Get()));
+}
+
+TEST(MetafileBitmaps, MaskBltChoosesBetweenTwoOperations) {
+    const Art rows = Rows(MaskBlt(Emf(), SourceCopy, {}, 0, 0, Four.Header(), Four.Bits()));
+    EXPECT_EQ(rows[0], "R#....") << "blackness where the mask is 0";
+    EXPECT_EQ(rows[1], "##....");
+}
+
+TEST(MetafileBitmaps, MaskBltOfTheBrushAloneMindsItsMask) {
+    constexpr std::uint32_t BrushOrNothing = 0xAAF00000U;
+    constexpr std::uint32_t BrushOrSource = 0xCCF00000U;
+    const EmfFile file = Emf().Brush(1, 0, GreenValue);
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrNothing, {}, 0, 0, {}, {})),
+              (Art{"G.....", ".G....", "......", "......"}));
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrSource, {}, 0, 0, Four.Header(), Four.Bits())),
+              (Art{"GG....", "BG....", "......", "......"}));
+    EXPECT_EQ(Rows(MaskBlt(file, BrushOrSource, {}, 0, 0, {}, {})), Art(4, "......")) << "no source";
+}
+
+TEST(MetafileBitmaps, APlaceInAMaskMayBeAnyNumber) {
+    constexpr int Least = std::numeric_limits<int>::min();
+    for (const int far : {Least, std::numeric_limits<int>::max()}) {
+        const EmfFile file = MaskBlt(Emf(), SourceCopy, {1, 1, 2, 2}, far, far, Four.Header(), Four.Bits());
+        EXPECT_EQ(Rows(file)[0], "#.....") << "what lies outside of the mask is drawn";
+    }
 }
 
 TEST(MetafileBitmaps, PlgBltGoesToAParallelogram) {
@@ -307,6 +355,50 @@ TEST(MetafileBitmaps, PatternBrushes) {
         << "the pattern starts at the brush's origin";
 }
 
+/// A bitmap of one pixel, the first of a palette that is told as indexes into the selected one.
+Bytes IndexedPixel() {
+    return Bytes().U32(40).I32(1).I32(1).U16(1).U16(8).Zeros(16).U32(1).U32(0).U16(0);
+}
+
+TEST(MetafileBitmaps, APatternChangesWithThePalette) {
+    Bytes pattern = Bytes().U32(2).U32(1).U32(32).U32(42).U32(76).U32(4);
+    pattern.Append(IndexedPixel().Get()).Zeros(2).U32(0);
+    EmfFile file = Emf()
+                       .Record(49, Bytes().U32(1).U16(0x300).U16(1).U32(RedValue))
+                       .Record(48, {1})
+                       .Stock(8)
+                       .Record(94, pattern)
+                       .Select(2);
+    file.Polygon({0, 0, 1, 0, 1, 4, 0, 4});
+    int left = 1;
+    for (const std::uint32_t colour : {GreenValue, BlueValue, GreenValue, BlueValue, RedValue}) {
+        file.Record(50, Bytes().U32(1).U32(0).U32(1).U32(colour));
+        file.Polygon({left, 0, left + 1, 0, left + 1, 4, left, 4});
+        ++left;
+    }
+    EXPECT_EQ(Rows(file)[0], "RGBGBR");
+}
+
+TEST(MetafileBitmaps, APensPatternTellsItsPaletteInItsColour) {
+    const auto drawn = [](std::uint32_t usage, const Bytes& header, std::uint32_t width) {
+        constexpr std::uint32_t GeometricFlat = 0x00010200U;
+        Bytes pen = Bytes().U32(2).U32(52).U32(static_cast<std::uint32_t>(header.Size()));
+        pen.U32(52 + static_cast<std::uint32_t>(header.Size())).U32(4);
+        pen.U32(GeometricFlat).U32(width).U32(5).U32(usage).U32(0).U32(0).Append(header.Get()).U32(0);
+        return Rows(Emf()
+                        .Record(49, Bytes().U32(1).U16(0x300).U16(1).U32(RedValue))
+                        .Record(48, {1})
+                        .Record(95, pen)
+                        .Select(2)
+                        .Poly(4, {0, 1, 6, 1}))[1];
+    };
+    Bytes told = Bytes().U32(40).I32(1).I32(1).U16(1).U16(8).Zeros(16).U32(1).U32(0).U32(GreenValue);
+    EXPECT_EQ(drawn(0, told, 1), "GGGGGG");
+    EXPECT_EQ(drawn(0, told, 2), "GGGGGG");
+    Bytes indexed = IndexedPixel().Zeros(2);
+    EXPECT_EQ(drawn(1, indexed, 2), "RRRRRR");
+}
+
 TEST(MetafileBitmaps, OldDeviceBitmaps) {
     Bytes body = Bytes().U32(SourceCopy).U16(0).U16(0).U16(2).U16(2).U16(1).U16(1);
     body.U16(0).U16(2).U16(2).U16(6).U8({1, 24}).U8({0, 0, 255, 0, 255, 0}).U8({255, 0, 0, 0, 0, 0});
@@ -328,26 +420,86 @@ TEST(MetafileBitmaps, PaletteIndexesGoThroughTheSelectedPalette) {
         "GR....");
 }
 
-TEST(MetafileBitmaps, APhotoInsideIsAsLargeAsItsHeaderTellsAtMost) {
-    const std::vector<std::byte> photo = BlockPicture(2, 2, [](int, int) {
-                                             return std::array{0, 0, 255};
-                                         }).Make();
-    const auto drawn = [&](int width) {
-        Bytes header;
-        header.U32(40)
-            .I32(width)
-            .I32(width)
-            .U16(1)
-            .U16(0)
-            .U32(4)
-            .U32(static_cast<std::uint32_t>(photo.size()))
-            .Zeros(16);
-        const Bytes bits = Bytes().Append(photo);
-        return MetafilePicture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits).Make())
+constexpr std::uint32_t JpegData = 4;
+constexpr std::uint32_t PngData = 5;
+
+/// The header of a bitmap that is a whole file of another kind.
+Bytes HeaderOfFile(std::uint32_t compression, int width, int height, std::span<const std::byte> file) {
+    Bytes header = Bytes().U32(40).I32(width).I32(height).U16(1).U16(0).U32(compression);
+    return header.U32(static_cast<std::uint32_t>(file.size())).Zeros(16);
+}
+
+std::vector<std::byte> BlueJpeg() {
+    return BlockPicture(2, 2, [](int, int) { return std::array{0, 0, 255}; }).Make();
+}
+
+/// Red and green over blue and nothing.
+std::vector<std::byte> FourPng() {
+    return PngFile{.rows = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 0, 0, 0, 0}}.Make();
+}
+
+TEST(MetafileBitmaps, AFileInsideIsAsLargeAsItsHeaderTellsAtMost) {
+    const auto drawn = [&](std::uint32_t compression, int width, const std::vector<std::byte>& file,
+                           int own) {
+        const Bytes header = HeaderOfFile(compression, width, width, file);
+        return MetafilePicture(
+                   Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, own, own}, SourceCopy, header, Bytes().Append(file))
+                       .Make())
             .Count('.');
     };
-    EXPECT_EQ(drawn(16), 0);
-    EXPECT_EQ(drawn(8), 24);
+    EXPECT_EQ(drawn(JpegData, 16, BlueJpeg(), 16), 0);
+    EXPECT_EQ(drawn(JpegData, 8, BlueJpeg(), 16), 24);
+    EXPECT_EQ(drawn(PngData, 2, FourPng(), 2), 6);
+    EXPECT_EQ(drawn(PngData, 1, FourPng(), 2), 24);
+}
+
+TEST(MetafileBitmaps, AFileInsideOfBothFormats) {
+    const std::vector<std::byte> png = FourPng();
+    const Art once{"......", ".RG...", ".B....", "......"};
+    for (const int height : {2, -2}) {
+        const Bytes header = HeaderOfFile(PngData, 2, height, png);
+        Bytes wide = EmfFile::Bounds().I32(1).I32(1).I32(0).I32(0).I32(2).I32(2);
+        wide.Append(Offsets(80, header, Bytes().Append(png)).Get()).U32(0).U32(SourceCopy).I32(2).I32(2);
+        EXPECT_EQ(Rows(Emf().Record(81, wide.Append(header.Get()).Append(png))), once) << height;
+        Bytes plain = Bytes().U32(SourceCopy).U16(0);
+        for (const unsigned word : {2U, 2U, 0U, 0U, 2U, 2U, 1U, 1U})
+            plain.U16(word);
+        EXPECT_EQ(Rows(Wmf().Record(0x0F43, plain.Append(header.Get()).Append(png))), once) << height;
+    }
+    const std::vector<std::byte> jpeg = BlueJpeg();
+    Bytes plain = Bytes().U32(SourceCopy).U16(0);
+    for (const unsigned word : {16U, 16U, 0U, 0U, 4U, 6U, 0U, 0U})
+        plain.U16(word);
+    plain.Append(HeaderOfFile(JpegData, 16, 16, jpeg).Get()).Append(jpeg);
+    EXPECT_EQ(MetafilePicture(Wmf().Record(0x0F43, plain).Make()).Count('.'), 0);
+}
+
+TEST(MetafileBitmaps, OneThatCostsTooMuchIsLeftAway) {
+    const Bytes bits = Bytes().Append(BlueJpeg());
+    const Bytes header = HeaderOfFile(JpegData, 8000, 8000, bits.Get());
+    const MetafilePicture picture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits)
+                                      .Fill(5, 3, 6, 4, RedValue)
+                                      .Make());
+    EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+    EXPECT_EQ(picture.Count('.'), 23);
+    EXPECT_EQ(picture.At(5, 3), Red);
+}
+
+TEST(MetafileBitmaps, ADamagedFileInsideIsLeftAway) {
+    for (const std::uint32_t compression : {JpegData, PngData}) {
+        std::vector<std::byte> file = compression == JpegData ? BlueJpeg() : FourPng();
+        const int size = compression == JpegData ? 16 : 2;
+        for (std::size_t i = 0; i < 30; ++i)
+            file[i] = std::byte{0x55};
+        const Bytes header = HeaderOfFile(compression, size, size, file);
+        const MetafilePicture picture(
+            Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, size, size}, SourceCopy, header, Bytes().Append(file))
+                .Fill(5, 3, 6, 4, RedValue)
+                .Make());
+        EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+        EXPECT_EQ(picture.Count('.'), 23) << compression;
+        EXPECT_EQ(picture.At(5, 3), Red);
+    }
 }
 
 TEST(MetafileBitmaps, ThatCannotBeDecodedAreLeftAway) {

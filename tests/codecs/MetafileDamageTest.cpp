@@ -186,6 +186,12 @@ TEST(MetafileDamage, WhatCostsMostIsPaid) {
     });
     fillUpCheaply(EmfFile(large).Record(59), [](EmfFile& file) { file.Record(42, {0, 0, 4000, 3000}); });
     cheapFiles.back().Record(60).Record(63, EmfFile::Bounds());
+    Bytes dashed = Bytes().U32(1).Zeros(16).U32(0x10007U).U32(3).U32(0).U32(0).U32(0).U32(Much / 8);
+    for (std::size_t i = 0; i < Much / 8; ++i)
+        dashed.U32(5);
+    EmfFile& lines = cheapFiles.emplace_back(EmfFile(large).Record(95, dashed).Select(1));
+    for (int i = 0; i < 80'000; ++i)
+        lines.Record(54, {9, 9});
     int fonts = 0;
     fillUp(large, [&](EmfFile& file) {
         Bytes font = Bytes().I32(1).I32(-12 - fonts % 500).Zeros(24);

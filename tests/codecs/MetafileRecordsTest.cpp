@@ -77,6 +77,20 @@ TEST(MetafileSize, OfAnEnhancedMetafileIsItsFrame) {
     EXPECT_EQ(Read(file).trouble, "no area");
 }
 
+TEST(MetafileSize, MayBeAbsurd) {
+    std::vector<std::byte> file = EmfFile({.width = 30, .height = 20}).Make();
+    const Bytes most = Bytes().I32(std::numeric_limits<std::int32_t>::max());
+    const Bytes one = Bytes().I32(1);
+    const auto put = [&](std::size_t at, const Bytes& value) {
+        std::copy(value.Get().begin(), value.Get().end(), file.begin() + static_cast<std::ptrdiff_t>(at));
+    };
+    put(16, most);
+    put(72, one);
+    put(80, most);
+    EXPECT_GT(Read(file).placement.width, std::numeric_limits<int>::max());
+    EXPECT_EQ(Decode(file).error, ErrorNumber::OutOfMemory);
+}
+
 TEST(MetafileRecords, ObjectsOfAPlainMetafileTakeTheFirstFreePlace) {
     const Recording recording = Read(WmfFile()
                                          .Pen(0, 1, 0)

@@ -155,6 +155,8 @@ TEST(MetafileShapes, ExtendedPensHaveCapsDashesOfTheirOwnAndNoBackground) {
     EXPECT_EQ(square.Count('R'), 12);
     const MetafilePicture dotted(pen(7, 1, {1, 2}).Make());
     EXPECT_EQ(dotted.Rows()[2], "....R..R....");
+    const MetafilePicture squareDots(pen(0x10000U | 0x100U | 2U, 2, {}).Make());
+    EXPECT_EQ(squareDots.Rows()[2], "...RR.......") << "the caps leave the gap open";
 }
 
 TEST(MetafileShapes, APenInsideItsFrameStaysInTheBox) {
@@ -278,6 +280,10 @@ TEST(MetafileShapes, PolyDrawTakesEachPointByItsType) {
     EXPECT_EQ(drawn.Rows()[2], ".#....#.");
     EXPECT_EQ(drawn.Rows()[4], ".######.");
     EXPECT_EQ(drawn.At(0, 0), BlackPixel);
+    Bytes closed = EmfFile::Bounds().U32(3).I32(1).I32(1).I32(6).I32(1).I32(6).I32(4).U8({6, 2, 3});
+    const MetafilePicture goesOn(SmallEmf().Record(56, closed).Record(54, {1, 5}).Make());
+    EXPECT_EQ(goesOn.At(1, 4), BlackPixel) << "from where the closing line ended";
+    EXPECT_EQ(goesOn.At(2, 5), WhitePixel);
     Bytes senseless = EmfFile::Bounds().U32(1).I32(5).I32(5).U8({9});
     EXPECT_EQ(MetafilePicture(SmallEmf().Record(56, senseless).Make()).Count('.'), 48);
 }

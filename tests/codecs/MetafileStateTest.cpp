@@ -133,6 +133,13 @@ TEST(MetafileState, IsSavedAndRestored) {
         EXPECT_EQ(letter(EmfFile(file).Record(34, {none})), std::pair('G', 2)) << none;
 }
 
+TEST(MetafileState, ALayoutIsPassedOver) {
+    const Box left{1, 1, 3, 3};
+    EXPECT_EQ(InkOf(Emf().Record(115, {1}).Fill(1, 1, 3, 3, 0)), left);
+    EXPECT_EQ(InkOf(Emf().Record(115, {0}).Fill(1, 1, 3, 3, 0)), left);
+    EXPECT_EQ(InkOf(WmfFile().Record(0x0149, {1, 0}).Fill(1, 1, 3, 3, 0)), left);
+}
+
 TEST(MetafileState, PlainOnesSaveToo) {
     const WmfFile file = WmfFile({{.right = 4, .bottom = 4}})
                              .Pen(5, 0, 0)
@@ -174,6 +181,7 @@ TEST(MetafileObjects, StockOnes) {
     EXPECT_EQ(colour(2), 0xFF808080U);
     EXPECT_EQ(colour(3), 0xFF404040U);
     EXPECT_EQ(colour(4), BlackPixel);
+    EXPECT_EQ(colour(18), WhitePixel) << "the device's own, as long as no colour is set";
     EXPECT_EQ(MetafilePicture(Emf().Stock(6).Stock(5).Rectangle(0, 0, 3, 3).Make()).Count('.'), 400);
     EXPECT_EQ(MetafilePicture(Emf().Stock(7).Stock(5).Rectangle(0, 0, 3, 3).Make()).Count('#'), 12);
 }
@@ -190,6 +198,7 @@ TEST(MetafileObjects, ColoursOfThePalette) {
     const Bytes entries = Bytes().U32(1).U32(1).U32(2).U32(BlueValue).U32(RedValue);
     EXPECT_EQ(indexed(EmfFile(file).Record(50, entries), 0x01000001U), Blue);
     EXPECT_EQ(indexed(EmfFile(file).Record(51, {1, 1}), 0x01000001U), BlackPixel);
+    EXPECT_EQ(indexed(EmfFile(file).Record(51, {1, 0x10001}), 0x01000001U), Green) << "no such size";
     EXPECT_EQ(indexed(Emf().Stock(8), 0x0100000DU), Red) << "the stock palette";
 
     const Bytes plain = Bytes().U16(0x300).U16(2).U32(RedValue).U32(GreenValue);

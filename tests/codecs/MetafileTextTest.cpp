@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "codecs/EmfFile.h"
 #include "codecs/MetafilePicture.h"
 #include "codecs/WmfFile.h"
 #include "platform/codecs/metafile/CodePages.h"
 #include "platform/vector/FontBook.h"
+#include "platform/vector/FontFile.h"
+#include "platform/vector/FontFinder.h"
 
 namespace tavrix::test {
 namespace {
@@ -229,8 +233,58 @@ TEST_F(MetafileText, OfSmallAndOfSeveralRecords) {
               InkOf(TextOut(TextOut(Wide(), 10, 20, u"HH"), 10, 60, u"HH")));
 }
 
+TEST_F(MetafileText, ThatHasNoBoxMayLackTheRoomForIt) {
+    Bytes lacking = EmfFile::Bounds().U32(2).U32(0).U32(0).I32(10).I32(20).U32(2).U32(60).U32(0x106);
+    lacking.U32(64).U16('H').U16('H').I32(50).I32(50);
+    const std::vector<int> ink = InkOf(TextOut(Wide(), 10, 20, u"HH", {50, 50}));
+    EXPECT_EQ(InkOf(Wide().Record(84, lacking)), ink);
+    EXPECT_EQ(InkOf(TextOut(Wide(), 10, 20, u"HH", {50, 50}, 0x100)), ink) << "most have it";
+}
+
+TEST_F(MetafileText, OfNoReasonableLengthTakesNoMoreTime) {
+    const auto drawn = [](std::size_t length, bool inPath) {
+        const EmfFile before = inPath ? Wide().Stock(4).Record(59) : Wide();
+        EmfFile file = TextOut(before, 10, 20, std::u16string(length, u'H'));
+        if (inPath) file.Record(60).Record(62, EmfFile::Bounds());
+        const std::vector<std::byte> bytes = file.Make();
+        // Of the processor, so that a busy machine does no harm.
+        const std::clock_t start = std::clock();
+        const MetafilePicture picture(bytes);
+        const std::clock_t took = std::clock() - start;
+        EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
+        EXPECT_GT(picture.Ink()[Right], 190) << "as far as it is seen";
+        return took;
+    };
+    constexpr std::size_t Long = 0xFFFF;
+    for (const bool inPath : {false, true})
+        EXPECT_LT(drawn(32 * Long, inPath), 8 * drawn(Long, inPath)) << inPath;
+}
+
 TEST_F(MetafileText, GlyphsOfTheClassicFontsAreCounted) {
     EXPECT_EQ(InkOf(TextOut(Wide(), 10, 20, u"\x2B\x2B", {}, 0x10)), InkOf(TextOut(Wide(), 10, 20, u"HH")));
+}
+
+TEST_F(MetafileText, GlyphsOfTheNamedFontAreItsOwn) {
+    constexpr char16_t LetterBeyondAscii = u'\u00C4';
+    for (const char* family : {"DejaVu Serif", "Liberation Serif", "Nimbus Roman"}) {
+        vector::FontFinder finder;
+        const vector::FoundFont found = finder.Find({.family = family});
+        if (!found.sameFamily) continue;
+        const auto file = vector::FontFile::Open(vector::OpenFontLibrary(), found.path, found.index);
+        ASSERT_NE(file, nullptr);
+        const auto glyph = static_cast<char16_t>(file->GlyphOf(LetterBeyondAscii));
+        const EmfFile named = Wide({.face = family});
+        EXPECT_EQ(
+            MetafilePicture(TextOut(named, 10, 20, std::u16string(2, glyph), {}, 0x10).Make()).Rows(),
+            MetafilePicture(TextOut(named, 10, 20, std::u16string(2, LetterBeyondAscii)).Make()).Rows());
+        const auto beyond = static_cast<char16_t>(file->GlyphCount());
+        EXPECT_EQ(MetafilePicture(TextOut(named, 10, 20, std::u16string(1, beyond), {}, 0x10).Make())
+                      .Status()
+                      .outcome,
+                  Outcome::Complete);
+        return;
+    }
+    GTEST_SKIP() << "none of these fonts is installed";
 }
 
 TEST(MetafileCodePages, GoByTheCharacterSet) {

@@ -4,6 +4,8 @@
 #include <thread>
 
 #include "platform/vector/FontFamilies.h"
+#include "platform/vector/FontFile.h"
+#include "platform/vector/FontFinder.h"
 #include "platform/vector/TextRun.h"
 #include "vector/Canvas.h"
 
@@ -237,6 +239,20 @@ TEST_F(Text, MissingCharactersComeFromOtherFonts) {
     font->AddOutline(path, U'\u2192', {});
     EXPECT_FALSE(path.Empty());
     EXPECT_GT(font->Advance(U'\u2192'), 0);
+}
+
+TEST_F(Text, ACharacterOfNoFontIsKnownBeforeItIsLookedFor) {
+    FontFinder finder;
+    const FontRequest request = Asked("Arial", 20);
+    for (const char32_t character : {U'A', U'\u00C4', U'\u0416', U'\u4E00'}) {
+        const FoundFont found = finder.Find(request, character);
+        const auto file = FontFile::Open(OpenFontLibrary(), found.path, found.index);
+        ASSERT_NE(file, nullptr);
+        EXPECT_EQ(finder.Knows(character), file->GlyphOf(character) != 0)
+            << std::hex << std::uint32_t{character};
+    }
+    EXPECT_TRUE(finder.Knows(U'A'));
+    EXPECT_FALSE(finder.Knows(0x10FFFE));
 }
 
 TEST_F(Text, SymbolsAreFoundByTheCharactersThatLookLikeThem) {

@@ -5,6 +5,7 @@
 #include "platform/codecs/BmpRle.h"
 #include "platform/codecs/BmpRows.h"
 #include "platform/codecs/JpegDecoder.h"
+#include "platform/codecs/PngDecoder.h"
 #include "platform/codecs/SourcePart.h"
 
 namespace tavrix {
@@ -40,6 +41,10 @@ DecodeStatus DecodeBmpPixels(ByteSource& source, const BmpHeader& header, Pictur
         case BmpStorage::Jpeg: {
             SourcePart inside(source, header.pixelOffset);
             return DecodeJpeg(inside, sink);
+        }
+        case BmpStorage::Png: {
+            SourcePart inside(source, header.pixelOffset);
+            return DecodePng(inside, sink);
         }
         default:
             return DecodeBmpRows(source, header, sink);

@@ -22,6 +22,7 @@ enum Compression : std::uint32_t {
     Rle4 = 2,
     Bitfields = 3,
     JpegData = 4,
+    PngData = 5,
     AlphaBitfields = 6
 };
 
@@ -68,6 +69,8 @@ std::optional<BmpStorage> StorageOf(const RawHeader& raw) {
         case JpegData:
             if (raw.Os2()) return bits == 24 ? std::optional(BmpStorage::Rle24) : std::nullopt;
             return BmpStorage::Jpeg;
+        case PngData:
+            return raw.Os2() ? std::nullopt : std::optional(BmpStorage::Png);
         default:
             return std::nullopt;
     }
@@ -103,7 +106,9 @@ std::size_t ReadMasks(ByteSource& source, std::uint64_t headerEnd, const RawHead
 std::uint64_t ReadPalette(ByteSource& source, const RawHeader& raw, BmpHeader& header) {
     header.palette.fill(OpaquePixel(0, 0, 0));
     const std::size_t entrySize = raw.Core() ? 3 : 4;
-    const std::uint64_t possible = header.bits <= 8 ? std::uint64_t{1} << header.bits : 0U;
+    // A file in place of pixels often has 0 bits told, and no palette.
+    const bool indexed = header.bits >= 1 && header.bits <= 8;
+    const std::uint64_t possible = indexed ? std::uint64_t{1} << header.bits : 0U;
     const std::uint64_t told = raw.Field(32);
     header.paletteCount = raw.Core() || told == 0 ? possible : told;
 

@@ -18,6 +18,7 @@ enum class BmpStorage : std::uint8_t {
     Rle8,
     Rle24,
     Jpeg,  ///< a whole JPEG file in place of pixels
+    Png,   ///< a whole PNG file in place of pixels
 };
 
 /// The headers and the palette of a bitmap file, checked: sizes are positive, the bit count fits the storage.

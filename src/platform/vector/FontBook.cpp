@@ -39,6 +39,7 @@ class Files {
 
     /// A font that has the character; without a path where none is found.
     [[nodiscard]] FoundFont FindWith(const FontRequest& request, char32_t character) {
+        if (!finder_.Knows(character)) return {};
         for (const FoundFont& font : substitutes_) {
             if (font.bold != (request.weight >= 600) || font.slanted != request.italic) continue;
             if (const auto file = Open(font); file && file->GlyphOf(character) != 0) return font;
@@ -180,6 +181,7 @@ class SizedFont : public Font {
     }
 
     [[nodiscard]] Place Search(char32_t character) {
+        if (character >= GlyphCodes) return SearchGlyph(static_cast<std::uint32_t>(character - GlyphCodes));
         if (character >= SymbolCodes + 0x20 && character <= SymbolCodes + 0xFF)
             return SearchSymbol(character);
         return SearchText(character);
@@ -193,6 +195,12 @@ class SizedFont : public Font {
         if (!file) return own;
         const std::uint32_t glyph = file->GlyphOf(character);
         return {std::move(file), glyph, other.bold, other.slanted};
+    }
+
+    [[nodiscard]] Place SearchGlyph(std::uint32_t glyph) {
+        if (found_.sameFamily && glyph < file_->GlyphCount())
+            return {file_, glyph, found_.bold, found_.slanted};
+        return SearchText(CharacterOfGlyph(glyph));
     }
 
     /// A code of a font of pictures: in the font itself if it is one, otherwise by the characters that look like them.

@@ -7,6 +7,10 @@
 
 namespace tavrix::vector {
 
+/// Text may be told in glyphs of the font that is asked for: this and the number of one stands for it. In a font that
+/// stands in for another, it stands for the character that the classic outline fonts have there; that is a guess.
+inline constexpr char32_t GlyphCodes = 0x200000;
+
 /// A font at a size. Lengths are those of the request's units, y downwards, not turned. May be kept as long as one
 /// likes, also beyond the book it comes from. Not for two threads at a time, and neither are fonts of one book.
 class Font {
@@ -15,6 +19,8 @@ class Font {
     virtual ~Font() = default;
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;
+    Font(Font&&) = delete;
+    Font& operator=(Font&&) = delete;
 
     [[nodiscard]] virtual const FontRequest& Request() const noexcept = 0;
     /// Above and below the baseline, both positive. Their sum is the height of a line.
@@ -41,6 +47,8 @@ class FontBook {
     ~FontBook();
     FontBook(const FontBook&) = delete;
     FontBook& operator=(const FontBook&) = delete;
+    FontBook(FontBook&&) = delete;
+    FontBook& operator=(FontBook&&) = delete;
 
     /// The font that comes nearest to the request; null where no outline font is installed at all.
     [[nodiscard]] std::shared_ptr<Font> Find(const FontRequest& request) noexcept;

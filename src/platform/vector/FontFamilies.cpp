@@ -4,6 +4,8 @@
 #include <array>
 #include <cctype>
 
+#include "platform/base/Text.h"
+
 namespace tavrix::vector {
 namespace {
 
@@ -67,12 +69,6 @@ constexpr std::array<Family, 36> Families{{
     {"verdana", WideSans},
 }};
 
-bool EqualIgnoringCase(std::string_view a, std::string_view lower) {
-    return std::ranges::equal(a, lower, [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) == static_cast<unsigned char>(y);
-    });
-}
-
 /// Whether a family is the one with this name, or one of it for another script ("Arial CE", "Times New Roman (W1)").
 /// Blanks and hyphens in between do not matter.
 bool IsOfFamily(std::string_view family, std::string_view lower) {
@@ -82,7 +78,7 @@ bool IsOfFamily(std::string_view family, std::string_view lower) {
         if (gap(c)) continue;
         while (at < family.size() && gap(family[at]))
             ++at;
-        if (at == family.size() || !EqualIgnoringCase(family.substr(at, 1), {&c, 1})) return false;
+        if (at == family.size() || std::tolower(static_cast<unsigned char>(family[at])) != c) return false;
         ++at;
     }
     return at == family.size() || std::isalnum(static_cast<unsigned char>(family[at])) == 0;
@@ -175,6 +171,14 @@ char32_t SymbolCharacter(SymbolSet set, unsigned code) {
             break;
     }
     return 0;
+}
+
+char32_t CharacterOfGlyph(std::uint32_t glyph) {
+    // The classic outline fonts count their glyphs in the order of ASCII, from the third on.
+    constexpr std::uint32_t First = 3;
+    constexpr std::uint32_t Last = 97;
+    constexpr std::uint32_t Distance = 29;
+    return glyph >= First && glyph <= Last ? char32_t{glyph + Distance} : U' ';
 }
 
 }  // namespace tavrix::vector

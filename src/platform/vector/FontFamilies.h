@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -16,5 +17,8 @@ enum class SymbolSet { None, Symbol, Dingbats };
 [[nodiscard]] SymbolSet SymbolSetOf(std::string_view family);
 /// The character of other fonts that shows the picture with a code of 0x20 to 0xFF; 0 where there is none.
 [[nodiscard]] char32_t SymbolCharacter(SymbolSet set, unsigned code);
+
+/// The character that a glyph of an unknown font most likely shows; a blank where nothing is known.
+[[nodiscard]] char32_t CharacterOfGlyph(std::uint32_t glyph);
 
 }  // namespace tavrix::vector

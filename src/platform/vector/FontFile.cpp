@@ -5,6 +5,7 @@
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 
+#include <algorithm>
 #include <exception>
 #include <type_traits>
 #include <unordered_map>
@@ -90,6 +91,9 @@ class OutlineFontFile : public FontFile {
 
     [[nodiscard]] const FontMeasures& Measures() const override { return measures_; }
     [[nodiscard]] bool OfSymbols() const override { return ofSymbols_; }
+    [[nodiscard]] std::uint32_t GlyphCount() const override {
+        return static_cast<std::uint32_t>(std::max(face_->num_glyphs, FT_Long{0}));
+    }
     [[nodiscard]] std::uint32_t GlyphOf(char32_t character) override {
         return FT_Get_Char_Index(face_.get(), character);
     }

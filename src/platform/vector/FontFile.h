@@ -33,6 +33,7 @@ class FontFile {
     [[nodiscard]] virtual const FontMeasures& Measures() const = 0;
     /// Whether the font has codes of its own instead of characters (U+F020 to U+F0FF).
     [[nodiscard]] virtual bool OfSymbols() const = 0;
+    [[nodiscard]] virtual std::uint32_t GlyphCount() const = 0;
     /// The glyph of a character; 0: it has none.
     [[nodiscard]] virtual std::uint32_t GlyphOf(char32_t character) = 0;
 

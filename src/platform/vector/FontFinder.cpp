@@ -3,9 +3,10 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
-#include <cctype>
 #include <mutex>
+#include <span>
 
+#include "platform/base/Text.h"
 #include "platform/vector/FontFamilies.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -37,14 +38,10 @@ using Pattern = std::unique_ptr<FcPattern, ReleasePattern>;
 struct ReleaseCharacters {
     void operator()(FcCharSet* characters) const { FcCharSetDestroy(characters); }
 };
+using Characters = std::unique_ptr<FcCharSet, ReleaseCharacters>;
 
 const FcChar8* ToText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(
-        a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 Pattern PatternOf(const FontRequest& request, char32_t character) {
@@ -59,7 +56,7 @@ Pattern PatternOf(const FontRequest& request, char32_t character) {
     FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
     FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
     if (character != 0) {
-        const std::unique_ptr<FcCharSet, ReleaseCharacters> characters(FcCharSetCreate());
+        const Characters characters(FcCharSetCreate());
         if (characters && FcCharSetAddChar(characters.get(), character))
             FcPatternAddCharSet(pattern.get(), FC_CHARSET, characters.get());
     }
@@ -75,13 +72,29 @@ FoundFont FontIn(FcPattern* match, const FontRequest& request) {
     found.path = reinterpret_cast<const char*>(text);
     FcPatternGetInteger(match, FC_INDEX, 0, &found.index);
     for (int i = 0; FcPatternGetString(match, FC_FAMILY, i, &text) == FcResultMatch; ++i)
-        found.sameFamily = found.sameFamily || SameName(reinterpret_cast<const char*>(text), request.family);
+        found.sameFamily =
+            found.sameFamily || EqualIgnoringCase(reinterpret_cast<const char*>(text), request.family);
     int value = 0;
     if (FcPatternGetInteger(match, FC_WEIGHT, 0, &value) == FcResultMatch)
         found.bold = value >= FC_WEIGHT_DEMIBOLD;
     if (FcPatternGetInteger(match, FC_SLANT, 0, &value) == FcResultMatch)
         found.slanted = value != FC_SLANT_ROMAN;
     return found;
+}
+
+/// Those of all outline fonts.
+Characters CharactersIn(FcConfig* config) {
+    Characters all(FcCharSetCreate());
+    const FcFontSet* fonts = config == nullptr ? nullptr : FcConfigGetFonts(config, FcSetSystem);
+    if (!all || fonts == nullptr) return all;
+    for (FcPattern* font : std::span(fonts->fonts, static_cast<std::size_t>(fonts->nfont))) {
+        FcBool outline = FcFalse;
+        FcCharSet* characters = nullptr;
+        if (FcPatternGetBool(font, FC_OUTLINE, 0, &outline) == FcResultMatch && outline &&
+            FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch)
+            FcCharSetMerge(all.get(), characters, nullptr);
+    }
+    return all;
 }
 
 }  // namespace
@@ -95,25 +108,39 @@ class FontFinder::Catalogue {
         config_.reset(FcConfigReference(nullptr));
     }
     [[nodiscard]] FcConfig* Get() const { return config_.get(); }
+    [[nodiscard]] bool Knows(char32_t character) {
+        if (!characters_) characters_ = CharactersIn(Get());
+        return !characters_ || FcCharSetHasChar(characters_.get(), character);
+    }
 
   private:
     struct Release {
         void operator()(FcConfig* config) const { FcConfigDestroy(config); }
     };
     std::unique_ptr<FcConfig, Release> config_;
+    Characters characters_;
 };
 
 FontFinder::FontFinder() = default;
 FontFinder::~FontFinder() = default;
 
-FoundFont FontFinder::Find(const FontRequest& request, char32_t character) {
+FontFinder::Catalogue& FontFinder::Opened() {
     if (!catalogue_) catalogue_ = std::make_unique<Catalogue>();
-    if (catalogue_->Get() == nullptr) return {};
+    return *catalogue_;
+}
+
+bool FontFinder::Knows(char32_t character) {
+    return Opened().Knows(character);
+}
+
+FoundFont FontFinder::Find(const FontRequest& request, char32_t character) {
+    FcConfig* config = Opened().Get();
+    if (config == nullptr) return {};
     const Pattern pattern = PatternOf(request, character);
-    if (!pattern || !FcConfigSubstitute(catalogue_->Get(), pattern.get(), FcMatchPattern)) return {};
+    if (!pattern || !FcConfigSubstitute(config, pattern.get(), FcMatchPattern)) return {};
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
-    const Pattern match(FcFontMatch(catalogue_->Get(), pattern.get(), &result));
+    const Pattern match(FcFontMatch(config, pattern.get(), &result));
     return match ? FontIn(match.get(), request) : FoundFont{};
 }
 

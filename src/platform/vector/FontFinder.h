@@ -23,12 +23,18 @@ class FontFinder {
     ~FontFinder();
     FontFinder(const FontFinder&) = delete;
     FontFinder& operator=(const FontFinder&) = delete;
+    FontFinder(FontFinder&&) = delete;
+    FontFinder& operator=(FontFinder&&) = delete;
 
-    /// The outline font that comes nearest. With a character: the nearest of those that have it.
+    /// The outline font that comes nearest. With a character: the nearest of those that have it. Takes a millisecond.
     [[nodiscard]] FoundFont Find(const FontRequest& request, char32_t character = 0);
+    /// Whether any outline font has the character. Slow the first time alone.
+    [[nodiscard]] bool Knows(char32_t character);
 
   private:
     class Catalogue;
+    [[nodiscard]] Catalogue& Opened();
+
     std::unique_ptr<Catalogue> catalogue_;
 };
 

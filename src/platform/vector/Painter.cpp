@@ -17,9 +17,6 @@ namespace {
 /// Lines are outlined and painted in pieces of so many points, so that the memory for it stays small.
 constexpr std::size_t PointsAtOnce = std::size_t{1} << 16U;
 
-/// Laying out and outlining a character, beyond its points.
-constexpr std::int64_t GlyphCost = 256;
-
 Box BoundsOf(const FlatPath& path) {
     if (path.points.empty()) return {};
     const auto [left, right] = std::ranges::minmax(path.points, {}, &Point::x);
@@ -179,7 +176,7 @@ void Painter::SetPixel(int x, int y, Pixel pixel, BinaryOperation operation) noe
 void Painter::DrawText(const TextRun& run, const Affine& textToDevice, const Brush& brush,
                        BinaryOperation operation) noexcept {
     Guarded([&] {
-        budget_.Spend(GlyphCost * static_cast<std::int64_t>(run.glyphs.size()));
+        if (!budget_.Spend(OutlineCost(run))) return;
         const Path outline = OutlineOf(run, textToDevice);
         FillFlat(Flatten(outline, ClipBox(), budget_), FillRule::NonZero, brush, operation);
     });

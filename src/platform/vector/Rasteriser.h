@@ -18,6 +18,8 @@ class CoverageSink {
     virtual ~CoverageSink() = default;
     CoverageSink(const CoverageSink&) = delete;
     CoverageSink& operator=(const CoverageSink&) = delete;
+    CoverageSink(CoverageSink&&) = delete;
+    CoverageSink& operator=(CoverageSink&&) = delete;
 
     /// `coverage`: 1 to 255 for all of the pixel.
     virtual void Run(int y, int x, int count, std::uint8_t coverage) = 0;

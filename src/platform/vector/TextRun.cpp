@@ -105,6 +105,16 @@ void Align(TextRun& run, TextHorizontal horizontal, TextVertical vertical) {
                  run.cells.bottom + by.y};
 }
 
+std::int64_t LayOutCost(std::size_t characters) {
+    constexpr std::int64_t CharacterCost = 100;
+    return CharacterCost * static_cast<std::int64_t>(characters);
+}
+
+std::int64_t OutlineCost(const TextRun& run) {
+    constexpr std::int64_t GlyphCost = 600;
+    return GlyphCost * std::ssize(run.glyphs);
+}
+
 Path OutlineOf(const TextRun& run, const Affine& textToDevice) {
     Path path;
     if (!run.font) return path;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -43,6 +45,10 @@ struct TextRun {
 
 /// Moves the run so that its reference point is where the alignment says.
 void Align(TextRun& run, TextHorizontal horizontal, TextVertical vertical);
+
+/// About what it costs to lay a text out and to make its outlines, in units of work. Both pay nothing themselves.
+[[nodiscard]] std::int64_t LayOutCost(std::size_t characters);
+[[nodiscard]] std::int64_t OutlineCost(const TextRun& run);
 
 /// The outlines with underline and strike-out, to be filled nonzero. `textToDevice` maps the font's units to device
 /// pixels, with the reference point at its origin; escapement and orientation of the font come before it.

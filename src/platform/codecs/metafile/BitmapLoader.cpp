@@ -11,18 +11,23 @@
 #include "platform/codecs/SourcePart.h"
 #include "platform/codecs/SurfaceSink.h"
 #include "platform/codecs/metafile/Colours.h"
+#include "platform/vector/Pixels.h"
 
 namespace tavrix::metafile {
 namespace {
 
 constexpr std::int64_t MostPixels = 64LL << 20U;
-/// Nanoseconds, roughly, for the budget: of a bitmap, of a pixel, and of one of a photo, which may come in many passes.
+/// Nanoseconds, roughly, for the budget: of a bitmap, of a pixel, and of one of a JPEG or PNG file inside, which may
+/// come in many passes.
 constexpr std::int64_t BitmapCost = 5'000;
 constexpr std::int64_t PixelCost = 4;
-constexpr std::int64_t PhotoPixelCost = 60;
+constexpr std::int64_t FilePixelCost = 60;
 
+/// Pays for a bitmap. One that costs more than there is left is left away, so that what follows it is drawn.
 bool Affordable(std::int64_t width, std::int64_t height, std::int64_t pixelCost, vector::WorkBudget& budget) {
-    return width <= MostPixels / height && budget.Spend(BitmapCost + width * height * pixelCost);
+    if (!budget.Spend(BitmapCost) || width > MostPixels / height) return false;
+    const std::int64_t cost = width * height * pixelCost;
+    return cost < budget.Left() && budget.Spend(cost);
 }
 
 void UsePaletteIndexes(ByteSource& file, const Palette& palette, BmpHeader& header) {
@@ -51,10 +56,17 @@ void ClearAlpha(Surface& pixels) {
         pixel &= 0xFFFFFFU;
 }
 
-LoadedBitmap LoadDib(ByteSource& file, const BitmapPlace& place, const BitmapColours& colours,
+/// Bitmaps are drawn without a look at their alpha, for which a PNG file may have any colour where it is seen through.
+void LayOnPaper(Surface& pixels) {
+    constexpr Pixel Paper = 0xFFFFFFFFU;
+    for (Pixel& pixel : pixels.Pixels())
+        pixel = vector::Mixed(pixel, Paper, pixel >> 24U);
+}
+
+LoadedBitmap LoadDib(ByteSource& source, const BitmapPlace& place, const BitmapColours& colours,
                      const PictureSink& sink, vector::WorkBudget& budget, std::optional<std::uint32_t> rows) {
     const std::uint64_t end = std::max(place.header + place.headerLength, place.bits + place.bitsLength);
-    SourcePart part(file, 0, end);
+    SourcePart part(source, 0, end);
     BmpHeader header = ReadBmpInfo(part, place.header, place.bits);
     if (!header.trouble.empty()) return {};
     if (place.paletteIndexes && header.bits <= 8) {
@@ -66,14 +78,16 @@ LoadedBitmap LoadDib(ByteSource& file, const BitmapPlace& place, const BitmapCol
     const bool forceAlpha = colours.alpha && header.storage == BmpStorage::Packed && header.bits == 32;
     if (forceAlpha) header.masks[3] = 0xFF000000U;
     if (rows) header.height = static_cast<int>(std::min<std::int64_t>(*rows, header.height));
-    const std::int64_t cost = header.storage == BmpStorage::Jpeg ? PhotoPixelCost : PixelCost;
+    const bool file = header.storage == BmpStorage::Jpeg || header.storage == BmpStorage::Png;
+    const std::int64_t cost = file ? FilePixelCost : PixelCost;
     if (header.height == 0 || !Affordable(header.width, header.height, cost, budget)) return {};
 
-    // A photo has a size of its own, which must not be larger than what was paid for.
+    // A file inside has a size of its own, which must not be larger than what was paid for.
     SurfaceSink kept(sink, std::int64_t{header.width} * header.height);
     const DecodeStatus status = DecodeBmpPixels(part, header, kept);
     if (!status.someRows) return {};
     if (forceAlpha && !kept.info.transparent) ClearAlpha(kept.surface);
+    if (header.storage == BmpStorage::Png) LayOnPaper(kept.surface);
     return {std::move(kept.surface), header.topDown};
 }
 

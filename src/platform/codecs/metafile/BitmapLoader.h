@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "platform/codecs/Decoder.h"
@@ -19,7 +20,7 @@ struct BitmapColours {
         Always,         ///< the colours given come in place of any
     };
 
-    const Palette* palette = nullptr;  ///< the selected one
+    std::shared_ptr<const Palette> palette;  ///< the selected one
     Mono mono = Mono::AsTold;
     Pixel zero = 0xFF000000U;  ///< in place of a 0
     Pixel one = 0xFFFFFFFFU;   ///< in place of a 1

@@ -73,6 +73,8 @@ class CodePages::Converter {
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
+    Converter(Converter&&) = delete;
+    Converter& operator=(Converter&&) = delete;
 
     [[nodiscard]] std::string_view CodePage() const { return codePage_; }
 
@@ -93,7 +95,10 @@ class CodePages::Converter {
     }
 
   private:
-    [[nodiscard]] bool Works() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    [[nodiscard]] bool Works() const {
+        // The library tells so that there is none.
+        return handle_ != reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
+    }
 
     [[nodiscard]] std::optional<char32_t> Convert(std::string_view bytes) const {
         std::array<char, 2> in{};

@@ -24,6 +24,8 @@ class CodePages {
     ~CodePages();
     CodePages(const CodePages&) = delete;
     CodePages& operator=(const CodePages&) = delete;
+    CodePages(CodePages&&) = delete;
+    CodePages& operator=(CodePages&&) = delete;
 
     /// Bytes that are no character become U+FFFD. The character set of symbols has its own characters from U+F000 on.
     [[nodiscard]] DecodedText Decode(std::string_view bytes, std::uint8_t charset);

@@ -3,8 +3,6 @@
 namespace tavrix::metafile {
 namespace {
 
-constexpr std::uint32_t UsesPaletteIndexes = 1;
-
 bool Within(std::uint64_t offset, std::uint64_t length, std::uint64_t whole) {
     return offset <= whole && length <= whole - offset;
 }

@@ -16,6 +16,8 @@ enum Type : std::uint32_t {
     GradientFillType = 118,
 };
 
+/// The format lets the bitmap be left away only where the operation needs none, so that a record without one that
+/// needs it draws nothing.
 Record ReadBlit(std::uint32_t type, RecordBytes& bytes) {
     auto blit = std::make_unique<Blit>();
     blit->to = bytes.P32(24);

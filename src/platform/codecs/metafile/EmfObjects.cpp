@@ -2,6 +2,7 @@
 
 #include "platform/codecs/metafile/EmfBitmapPlace.h"
 #include "platform/codecs/metafile/EmfReaders.h"
+#include "platform/codecs/metafile/PaletteEntries.h"
 
 namespace tavrix::metafile {
 namespace {
@@ -24,6 +25,8 @@ enum Type : std::uint32_t {
 };
 
 constexpr std::size_t FaceLength = 32;
+/// Systems take no more than 16. A line with more is drawn solid; each use of a pen would go through them all.
+constexpr std::uint32_t MostDashes = 64;
 
 Handle ReadHandle(RecordBytes& bytes) {
     const Handle handle = bytes.U32(8);
@@ -54,9 +57,9 @@ Pen ExtendedPen(RecordBytes& bytes) {
     pen.brush.style = bytes.U32(36);
     pen.brush.colour = bytes.U32(40);
     pen.brush.hatch = bytes.U32(44);
-    pen.brush.bitmap = ReadEmfBitmapPlace(bytes, 12, 32);
+    pen.brush.bitmap = ReadEmfBitmapPlace(bytes, 12, 40);
     const std::uint32_t count = bytes.U32(48);
-    if (!bytes.Holds(52, count, 4)) return pen;
+    if (!bytes.Holds(52, count, 4) || count > MostDashes) return pen;
     for (std::uint32_t i = 0; i < count; ++i)
         pen.dashes.push_back(bytes.U32(52 + std::uint64_t{4} * i));
     return pen;
@@ -98,20 +101,11 @@ Font ReadFont(RecordBytes& bytes) {
     return font;
 }
 
-std::vector<ColourValue> Entries(RecordBytes& bytes, std::uint64_t at, std::uint64_t count) {
-    if (!bytes.Holds(at, count, 4)) return {};
-    std::vector<ColourValue> entries(static_cast<std::size_t>(count));
-    for (ColourValue& entry : entries) {
-        entry = bytes.U32(at) & 0xFFFFFFU;
-        at += 4;
-    }
-    return entries;
-}
-
-/// A palette has no more entries than 16 bits can count.
-Record Resize(RecordBytes& bytes) {
+/// A palette has no more entries than 16 bits can count. Writers do not look whether it has; such a record is passed
+/// over.
+std::optional<Record> Resize(RecordBytes& bytes) {
     const std::uint32_t count = bytes.U32(12);
-    if (count > MostHandles) bytes.Break();
+    if (count > MostHandles) return std::nullopt;
     return ResizePalette{ReadHandle(bytes), count};
 }
 
@@ -137,9 +131,10 @@ std::optional<Record> ReadEmfObject(std::uint32_t type, RecordBytes& bytes) {
         case ExtCreateFontIndirectW:
             return Create(bytes, ReadFont(bytes));
         case CreatePalette:
-            return Create(bytes, Palette{Entries(bytes, 16, bytes.U16(14))});
+            return Create(bytes, Palette{ReadPaletteEntries(bytes, 16, bytes.U16(14))});
         case SetPaletteEntriesType:
-            return SetPaletteEntries{ReadHandle(bytes), bytes.U32(12), Entries(bytes, 20, bytes.U32(16))};
+            return SetPaletteEntries{ReadHandle(bytes), bytes.U32(12),
+                                     ReadPaletteEntries(bytes, 20, bytes.U32(16))};
         case ResizePaletteType:
             return Resize(bytes);
         case CreateColorSpace:

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -54,8 +55,9 @@ vector::Box ShownPart(RecordBytes& header, const Device& device) {
 }
 
 std::int64_t Pixels(double devicePixels, double pixelsPerMillimetre) {
+    constexpr double Absurd = 1e12;
     const double pixels = devicePixels / pixelsPerMillimetre * 100 * ScreenDotsPerInch / HundredthsPerInch;
-    return std::max<std::int64_t>(std::llround(pixels), 1);
+    return std::llround(std::clamp(pixels, 1.0, Absurd));
 }
 
 std::optional<Placement> PlacementOf(RecordBytes& header) {

@@ -54,6 +54,9 @@ Record Modify(RecordBytes& bytes) {
 
 }  // namespace
 
+// SetLayout (115) is passed over. From right to left it mirrors what follows, but the format tells neither about which
+// line nor what becomes of texts, and systems mirror about the window that they play in, which a picture does not have.
+// Nearly all of these records set the order from left to right, which is as it was.
 std::optional<Record> ReadEmfState(std::uint32_t type, RecordBytes& bytes) {
     switch (type) {
         case SetWindowExtEx:

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/codecs/metafile/EmfReaders.h"
 
 namespace tavrix::metafile {
@@ -16,10 +18,12 @@ constexpr std::uint32_t NoRectangle = 0x100U;
 constexpr std::uint32_t SmallCharacters = 0x200U;
 constexpr std::uint64_t TextHeader = 36;
 constexpr std::uint64_t TextObject = 40;
+/// Of a longer text the rest is not drawn.
+constexpr std::uint64_t MostCharacters = 0xFFFF;
 
 void ReadCharacters(RecordBytes& bytes, std::uint64_t at, std::uint64_t count, bool wide, Text& text) {
     if (!bytes.Holds(at, count, wide ? 2 : 1)) return;
-    for (std::uint64_t i = 0; i < count; ++i) {
+    for (std::uint64_t i = 0; i < std::min(count, MostCharacters); ++i) {
         if (wide) {
             text.wide.push_back(bytes.U16(at + 2 * i));
         } else {
@@ -28,21 +32,33 @@ void ReadCharacters(RecordBytes& bytes, std::uint64_t at, std::uint64_t count, b
     }
 }
 
+/// A text that has no rectangle may lack the room for it, too, but most writers leave it; the characters, which come
+/// behind the object, tell.
+bool HasRoomForBox(std::uint32_t options, std::uint64_t at, std::uint64_t characters) {
+    return (options & NoRectangle) == 0 || characters >= at + TextObject;
+}
+
 /// The text object at `at`; its offsets count from the start of the record.
 Text ReadText(RecordBytes& bytes, std::uint64_t at, bool wide) {
     Text text;
     text.at = bytes.P32(at);
     text.compatible = bytes.U32(24) == CompatibleMode;
     const std::uint64_t count = bytes.U32(at + 8);
+    const std::uint64_t characters = bytes.U32(at + 12);
     text.options = bytes.U32(at + 16);
-    text.box = bytes.Box32(at + 20);
+    const bool boxed = HasRoomForBox(text.options, at, characters);
+    if (boxed) {
+        text.box = bytes.Box32(at + 20);
+    } else {
+        text.options &= ~(Text::Opaque | Text::Clipped);
+    }
     if (bytes.Broken() || count == 0) return text;
-    ReadCharacters(bytes, bytes.U32(at + 12), count, wide, text);
-    const std::uint64_t advances = bytes.U32(at + 36);
+    ReadCharacters(bytes, characters, count, wide, text);
+    const std::uint64_t advances = bytes.U32(boxed ? at + 36 : at + 20);
     if (bytes.Broken() || advances == 0) return text;
-    const std::uint64_t numbers = (text.options & Text::Advance2d) != 0 ? 2 * count : count;
-    if (!bytes.Holds(advances, numbers, 4)) return text;
-    for (std::uint64_t i = 0; i < numbers; ++i)
+    const std::uint64_t each = (text.options & Text::Advance2d) != 0 ? 2 : 1;
+    if (!bytes.Holds(advances, each * count, 4)) return text;
+    for (std::uint64_t i = 0; i < each * std::min(count, MostCharacters); ++i)
         text.advances.push_back(bytes.I32(advances + 4 * i));
     return text;
 }
@@ -85,7 +101,7 @@ Record Small(RecordBytes& bytes) {
         ReadCharacters(bytes, at, count, true, text);
     } else if (bytes.Holds(at, count, 1)) {
         // The low halves of code units, whatever the font's code page.
-        for (std::uint64_t i = 0; i < count; ++i)
+        for (std::uint64_t i = 0; i < std::min(count, MostCharacters); ++i)
             text.wide.push_back(bytes.U8(at + i));
     }
     return One(std::move(text));

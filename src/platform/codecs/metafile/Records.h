@@ -245,7 +245,7 @@ struct Text {
     std::uint32_t options = 0;
     Box box;
     std::string bytes;                   ///< in the code page of the selected font
-    std::u16string wide;                 ///< in place of bytes
+    std::u16string wide;                 ///< in place of bytes; with GlyphIndexes, numbers of glyphs
     std::vector<std::int32_t> advances;  ///< one a code unit, or with Advance2d two; or none
     bool compatible = false;             ///< upright and undistorted whatever the map
 };

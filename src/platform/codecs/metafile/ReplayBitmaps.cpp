@@ -53,19 +53,19 @@ BitmapColours SourceColours(DeviceContext& context, bool alpha) {
 
 LoadedBitmap LoadMask(DeviceContext& context, const BitmapPlace& place) {
     BitmapColours colours;
-    colours.palette = context.State().palette.get();
+    colours.palette = context.State().palette;
     colours.mono = BitmapColours::Mono::Always;
     return Load(context, place, colours);
 }
 
-/// A mask's pixel that belongs to the first one of the bitmap.
+/// The mask of a bitmap of which a part is drawn.
 vector::BlitMask MaskOf(const LoadedBitmap& mask, Point maskFrom, const vector::Box& part,
                         vector::TernaryOperation otherwise) {
     vector::BlitMask made;
     if (mask.pixels.Empty()) return made;
     made.bitmap = &mask.pixels;
-    made.offsetX = maskFrom.x - ToPixelPlace(part.left);
-    made.offsetY = maskFrom.y - ToPixelPlace(part.top);
+    made.offsetX = ToPixelPlace(double(maskFrom.x) - ToPixelPlace(part.left));
+    made.offsetY = ToPixelPlace(double(maskFrom.y) - ToPixelPlace(part.top));
     made.otherwise = otherwise;
     return made;
 }
@@ -76,15 +76,39 @@ void DrawAlpha(DeviceContext& context, const Blit& record, const vector::PlacedB
     context.Painter().AlphaBlit(placed, constant, perPixel);
 }
 
+/// What the operation is where the mask is 0.
+vector::TernaryOperation MaskedOff(const Blit& record) {
+    return static_cast<vector::TernaryOperation>(record.operation >> 24U);
+}
+
+bool NeedsSource(const Blit& record) {
+    if (record.kind != Blit::Kind::Rop || vector::UsesSource(Ternary(record.operation))) return true;
+    return record.mask.kind != BitmapPlace::Kind::None && vector::UsesSource(MaskedOff(record));
+}
+
+/// With the brush alone, and the mask if there is one.
+void DrawPattern(DeviceContext& context, const Blit& record) {
+    const vector::Box place = BoxOf(record.to, record.toSize);
+    const vector::TernaryOperation operation = Ternary(record.operation);
+    const vector::Affine map = context.ToPicture();
+    const LoadedBitmap mask = LoadMask(context, record.mask);
+    if (mask.pixels.Empty())
+        return context.Painter().PatternBlit(place, map, SelectedBrush(context), operation);
+    // Any bitmap does for the source, so that the mask is that, too.
+    vector::PlacedBitmap placed;
+    placed.bitmap = &mask.pixels;
+    placed.part = BoxOf(record.maskFrom, record.toSize);
+    placed.toDevice = vector::Affine::Between(placed.part, place).Then(map);
+    const vector::BlitMask masked{&mask.pixels, 0, 0, MaskedOff(record)};
+    context.Painter().Blit(placed, operation, SelectedBrush(context), masked);
+}
+
 }  // namespace
 
 void Replay(DeviceContext& context, const std::unique_ptr<const Blit>& record) {
+    if (!NeedsSource(*record)) return DrawPattern(context, *record);
     const vector::Box place = BoxOf(record->to, record->toSize);
     const vector::Affine map = context.ToPicture();
-    const vector::TernaryOperation operation = Ternary(record->operation);
-    if (record->kind == Blit::Kind::Rop && !vector::UsesSource(operation))
-        return context.Painter().PatternBlit(place, map, SelectedBrush(context), operation);
-
     const bool alpha = record->kind == Blit::Kind::AlphaBlend && ((record->operation >> 24U) & 1U) != 0;
     const LoadedBitmap loaded = Load(context, record->bitmap, SourceColours(context, alpha));
     if (loaded.pixels.Empty()) return;
@@ -100,9 +124,8 @@ void Replay(DeviceContext& context, const std::unique_ptr<const Blit>& record) {
             return context.Painter().TransparentBlit(placed, context.Colour(record->operation));
         case Blit::Kind::Rop: {
             const LoadedBitmap mask = LoadMask(context, record->mask);
-            const vector::BlitMask masked = MaskOf(mask, record->maskFrom, placed.part,
-                                                   static_cast<std::uint8_t>(record->operation >> 24U));
-            return context.Painter().Blit(placed, operation, SelectedBrush(context), masked);
+            const vector::BlitMask masked = MaskOf(mask, record->maskFrom, placed.part, MaskedOff(*record));
+            return context.Painter().Blit(placed, Ternary(record->operation), SelectedBrush(context), masked);
         }
     }
 }

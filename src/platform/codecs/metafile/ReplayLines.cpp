@@ -98,10 +98,13 @@ void Replay(DeviceContext& context, const PolyDraw& record) {
     const std::vector<vector::Point> points = ToPicture(context, record.points);
     vector::Path path;
     path.MoveTo(PositionInPicture(context));
+    vector::Point start = context.State().position;
+    vector::Point end = start;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const auto step = static_cast<std::uint8_t>(record.types[i] & ~Closes);
         if (step == Move) {
             path.MoveTo(points[i]);
+            start = ToPoint(record.points[i]);
         } else if (step == Line) {
             path.LineTo(points[i]);
         } else if (step == Curve && i + 2 < points.size()) {
@@ -110,10 +113,12 @@ void Replay(DeviceContext& context, const PolyDraw& record) {
         } else {
             return;
         }
-        if ((record.types[i] & Closes) != 0) path.Close();
+        const bool closes = (record.types[i] & Closes) != 0;
+        if (closes) path.Close();
+        end = closes ? start : ToPoint(record.points[i]);
     }
     DrawContinuing(context, path);
-    if (!record.points.empty()) context.State().position = ToPoint(record.points.back());
+    context.State().position = end;
 }
 
 }  // namespace tavrix::metafile

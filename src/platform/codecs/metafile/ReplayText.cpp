@@ -18,28 +18,33 @@ void FillBackground(DeviceContext& context, const Text& text) {
 class BoxClip {
   public:
     BoxClip(DeviceContext& context, const Text& text)
-        : context_(context), clips_((text.options & Text::Clipped) != 0) {
+        : painter_(context.Painter()), former_(painter_.Clip()), clips_((text.options & Text::Clipped) != 0) {
         if (!clips_) return;
-        vector::Painter& painter = context.Painter();
         const vector::Region box = RegionOf(context, std::span(&text.box, 1), context.ToPicture());
-        painter.SetClip(painter.Clip().Combined(vector::RegionMode::And, box, painter.Budget()));
+        painter_.SetClip(former_.Combined(vector::RegionMode::And, box, painter_.Budget()));
     }
     ~BoxClip() {
-        if (clips_) context_.ApplyClip();
+        if (clips_) painter_.SetClip(former_);
     }
     BoxClip(const BoxClip&) = delete;
     BoxClip& operator=(const BoxClip&) = delete;
+    BoxClip(BoxClip&&) = delete;
+    BoxClip& operator=(BoxClip&&) = delete;
 
   private:
-    DeviceContext& context_;
+    vector::Painter& painter_;
+    vector::Region former_;
     bool clips_;
 };
 
 void DrawRun(DeviceContext& context, const PlacedText& placed) {
     vector::Painter& painter = context.Painter();
     const DeviceState& state = context.State();
-    if (context.Bracket().Open())
-        return context.Bracket().Add(vector::OutlineOf(placed.run, placed.toPicture));
+    if (context.Bracket().Open()) {
+        if (painter.Budget().Spend(vector::OutlineCost(placed.run)))
+            context.Bracket().Add(vector::OutlineOf(placed.run, placed.toPicture));
+        return;
+    }
     if (state.opaqueBackground) {
         painter.Fill(vector::CellsOf(placed.run, placed.toPicture), vector::FillRule::NonZero,
                      vector::Brush::Solid(context.Colour(state.backgroundColour)));

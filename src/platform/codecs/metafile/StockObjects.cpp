@@ -43,6 +43,7 @@ std::shared_ptr<const Object> SystemPalette() {
 std::shared_ptr<const Object> StockObjectOf(std::uint32_t number) {
     switch (number) {
         case StockWhiteBrush:
+        case 18:  // the brush whose colour a program sets; white until then
             return SolidBrush(0xFFFFFF);
         case 1:
             return SolidBrush(0xC0C0C0);
@@ -51,14 +52,13 @@ std::shared_ptr<const Object> StockObjectOf(std::uint32_t number) {
         case 3:
             return SolidBrush(0x404040);
         case 4:
-        case 18:  // the colour of brushes and pens that a program sets; black until then
             return SolidBrush(0x000000);
         case 5:
             return NullBrush();
         case 6:
             return SolidPen(pen::Solid, 0xFFFFFF);
         case StockBlackPen:
-        case 19:
+        case 19:  // its pen, black until then
             return SolidPen(pen::Solid, 0x000000);
         case 8:
             return SolidPen(pen::Null, 0x000000);

@@ -126,24 +126,23 @@ vector::FontRequest RequestOf(DeviceContext& context, const Font& font, const Te
     return request;
 }
 
-/// The classic outline fonts count their glyphs in the order of ASCII, from the third on; of others nothing is known.
-char32_t CharacterOfGlyph(char32_t glyph) {
-    constexpr char32_t First = 3;
-    constexpr char32_t Last = 97;
-    constexpr char32_t Distance = 29;
-    return glyph >= First && glyph <= Last ? glyph + Distance : U' ';
+/// Numbers of glyphs in place of characters.
+DecodedText GlyphsOf(std::u16string_view text) {
+    DecodedText decoded;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        decoded.starts.push_back(i);
+        decoded.characters.push_back(vector::GlyphCodes + text[i]);
+    }
+    return decoded;
 }
 
+/// Only wide texts can be glyphs, whose numbers have 16 bits; bytes are characters whatever the options say.
 DecodedText CharactersOf(DeviceContext& context, std::uint8_t charset, const Text& text) {
     if (text.wide.empty()) return context.Pages().Decode(text.bytes, charset);
+    if ((text.options & Text::GlyphIndexes) != 0) return GlyphsOf(text.wide);
     DecodedText decoded = DecodeUtf16(text.wide);
-    for (char32_t& character : decoded.characters) {
-        if ((text.options & Text::GlyphIndexes) != 0) {
-            character = CharacterOfGlyph(character);
-        } else if (charset == SymbolCharset && character < 0x100) {
-            character += SymbolArea;
-        }
-    }
+    for (char32_t& character : decoded.characters)
+        if (charset == SymbolCharset && character < 0x100) character += SymbolArea;
     return decoded;
 }
 
@@ -193,7 +192,8 @@ PlacedText PlaceText(DeviceContext& context, const Text& text, vector::Point ref
     placed.toPicture = scale.toPicture;
     placed.toPicture.dx = origin.x;
     placed.toPicture.dy = origin.y;
-    if (text.bytes.empty() && text.wide.empty()) return placed;
+    const std::size_t length = text.wide.empty() ? text.bytes.size() : text.wide.size();
+    if (length == 0 || !context.Painter().Budget().Spend(vector::LayOutCost(length))) return placed;
 
     const vector::FontRequest request = RequestOf(context, font, text, scale.stepScale);
     const DecodedText decoded = CharactersOf(context, request.symbol ? SymbolCharset : font.charset, text);

@@ -22,7 +22,7 @@ class TileCache {
         std::shared_ptr<const Object> owner;  ///< held, so that no other can come to lie there
         Pixel zero;
         Pixel one;
-        const Palette* palette;
+        std::shared_ptr<const Palette> palette;  ///< held for the same reason
         std::shared_ptr<const Surface> tile;
     };
 

@@ -52,17 +52,6 @@ vector::Brush MakeBrush(DeviceContext& context, const std::shared_ptr<const Obje
     return made;
 }
 
-std::vector<double> DashesOf(const Pen& pen, double width) {
-    const std::uint32_t style = pen.style & pen::StyleMask;
-    if (style == pen::UserStyle) {
-        std::vector<double> dashes(pen.dashes.begin(), pen.dashes.end());
-        return dashes;
-    }
-    if (style == pen::Alternate) return {1, 1};
-    if (style < pen::Dash || style > pen::DashDotDot) return {};
-    return vector::DashesOf(static_cast<vector::DashStyle>(style), width);
-}
-
 vector::LineCap CapOf(const Pen& pen) {
     if (!pen.extended) return vector::LineCap::Round;
     switch (pen.style & pen::CapMask) {
@@ -73,6 +62,17 @@ vector::LineCap CapOf(const Pen& pen) {
         default:
             return vector::LineCap::Round;
     }
+}
+
+std::vector<double> DashesOf(const Pen& pen, double width) {
+    const std::uint32_t style = pen.style & pen::StyleMask;
+    if (style == pen::UserStyle) {
+        std::vector<double> dashes(pen.dashes.begin(), pen.dashes.end());
+        return dashes;
+    }
+    if (style == pen::Alternate) return {1, 1};
+    if (style < pen::Dash || style > pen::DashDotDot) return {};
+    return vector::DashesOf(static_cast<vector::DashStyle>(style), width, CapOf(pen));
 }
 
 vector::LineJoin JoinOf(const Pen& pen) {
@@ -92,7 +92,7 @@ vector::LineJoin JoinOf(const Pen& pen) {
 BitmapColours ColoursOf(DeviceContext& context, BitmapColours::Mono mono) {
     const DeviceState& state = context.State();
     BitmapColours colours;
-    colours.palette = state.palette.get();
+    colours.palette = state.palette;
     colours.mono = mono;
     if (mono != BitmapColours::Mono::AsTold) {
         colours.zero = context.Colour(state.textColour);

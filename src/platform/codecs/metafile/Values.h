@@ -43,6 +43,9 @@ inline constexpr Handle StockObject = 0x80000000U;
 /// Tables of objects have no more places than a 16-bit count can tell.
 inline constexpr Handle MostHandles = 0x10000U;
 
+/// What records tell of a bitmap whose palette holds indexes into the selected one.
+inline constexpr std::uint32_t UsesPaletteIndexes = 1;
+
 /// Where a bitmap lies in the file. It is decoded only when it is drawn.
 struct BitmapPlace {
     enum class Kind : std::uint8_t {

@@ -15,7 +15,6 @@ enum Function : std::uint16_t {
 };
 
 constexpr std::uint64_t At = WmfParameters;
-constexpr std::uint16_t UsesPaletteIndexes = 1;
 
 using BlitRecord = std::unique_ptr<const Blit>;
 using DibRecord = std::unique_ptr<const DrawDib>;
@@ -29,7 +28,9 @@ Record ReadPatBlt(RecordBytes& bytes) {
 }
 
 /// The short form of a blit has no bitmap, but a word of no use before the destination. The high half of the function
-/// tells the number of parameter words of the other form, so that the length tells the two apart.
+/// tells the number of parameter words of the other form, so that the length tells the two apart. The format names the
+/// picture itself as the source of this form, and lets the record fail where its operation needs a source: so it draws
+/// with the brush or not at all.
 bool LacksBitmap(std::uint16_t function, const RecordBytes& bytes) {
     return bytes.Length() / 2 == static_cast<std::uint64_t>(function >> 8U) + 3;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/codecs/metafile/PaletteEntries.h"
 #include "platform/codecs/metafile/WmfBitmapPlace.h"
 #include "platform/codecs/metafile/WmfReaders.h"
 
@@ -24,7 +25,6 @@ enum Function : std::uint16_t {
 
 constexpr std::uint64_t At = WmfParameters;
 constexpr std::size_t FaceLength = 32;
-constexpr std::uint16_t UsesPaletteIndexes = 1;
 
 /// The place in the table is found when the record's neighbours are known.
 Record Create(Object object) {
@@ -67,15 +67,6 @@ Font ReadFont(RecordBytes& bytes) {
         font.face.push_back(static_cast<char>(character));
     }
     return font;
-}
-
-Palette ReadPalette(RecordBytes& bytes) {
-    Palette palette;
-    const std::uint64_t count = bytes.U16(At + 2);
-    if (!bytes.Holds(At + 4, count, 4)) return palette;
-    for (std::uint64_t i = 0; i < count; ++i)
-        palette.entries.push_back(bytes.U32(At + 4 + 4 * i) & 0xFFFFFFU);
-    return palette;
 }
 
 Brush ReadDibBrush(RecordBytes& bytes) {
@@ -131,7 +122,7 @@ std::optional<Record> ReadWmfObject(std::uint16_t function, RecordBytes& bytes) 
         case CreateFontIndirect:
             return Create(ReadFont(bytes));
         case CreatePalette:
-            return Create(ReadPalette(bytes));
+            return Create(Palette{ReadPaletteEntries(bytes, At + 4, bytes.U16(At + 2))});
         case DibCreatePatternBrush:
             return Create(ReadDibBrush(bytes));
         case CreatePatternBrush:

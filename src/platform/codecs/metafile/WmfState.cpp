@@ -1,3 +1,4 @@
+#include "platform/codecs/metafile/PaletteEntries.h"
 #include "platform/codecs/metafile/WmfReaders.h"
 
 namespace tavrix::metafile {
@@ -48,16 +49,14 @@ Record Scale(Frame frame, RecordBytes& bytes) {
 }
 
 Record Entries(RecordBytes& bytes) {
-    SetPaletteEntries set{MostHandles, bytes.U16(WmfParameters), {}};
-    const std::uint64_t count = bytes.U16(WmfParameters + 2);
-    if (!bytes.Holds(WmfParameters + 4, count, 4)) return set;
-    for (std::uint64_t i = 0; i < count; ++i)
-        set.entries.push_back(bytes.U32(WmfParameters + 4 + 4 * i) & 0xFFFFFFU);
-    return set;
+    const std::uint64_t at = WmfParameters;
+    return SetPaletteEntries{MostHandles, bytes.U16(at),
+                             ReadPaletteEntries(bytes, at + 4, bytes.U16(at + 2))};
 }
 
 }  // namespace
 
+// SetLayout (0x0149) is passed over, as its like among the enhanced records is (EmfState.cpp).
 std::optional<Record> ReadWmfState(std::uint16_t function, RecordBytes& bytes) {
     switch (function) {
         case SaveDc:
