@@ -6,7 +6,7 @@ import wave
 
 from PIL import Image, ImageChops
 
-from driver import drive_path, wait_until
+from driver import drive_path, wait_unchanged, wait_until
 from support import ProgramTest
 
 _BACKGROUND = (64, 0, 0)
@@ -85,7 +85,6 @@ class ShowTest(StageTest):
         small, _, beside = self.pictures()
         program = self.start_show(self.show_file("small.bmp", "beside.bmp"),
                                   "ShowToolbar=TRUE\nToolbarX=300\nToolbarY=300\n")
-        navigator = program.window("Tavrix - [Navigator]")
 
         def seen(image, what):
             wanted = self.expected(image).crop((0, 300, 1280, 1024))
@@ -93,10 +92,18 @@ class ShowTest(StageTest):
                        f"{what} below the navigator")
 
         seen(small, "the first picture")
-        # The buttons stand in a row; the third one is Next, the fifth Stop.
-        self.screen.click(navigator.x + 4 + 40 * 2 + 20, navigator.y + 12)
+        navigator = wait_unchanged(lambda: program.window("Tavrix - [Navigator]"), "the navigator")
+
+        def click(number):
+            """The buttons stand in a row. A click beside them would end the show."""
+            place = navigator.x + 4 + 40 * number + 20, navigator.y + 12
+            wait_until(lambda: self.screen.grab(*place, 1, 1).getpixel((0, 0)) != _BACKGROUND,
+                       "the navigator above the stage")
+            self.screen.click(*place)
+
+        click(2)  # Next
         seen(beside, "the second picture")
-        self.screen.click(navigator.x + 4 + 40 * 4 + 20, navigator.y + 12)
+        click(4)  # Stop
         self.assertEqual(program.wait_end(), 0)
 
     def test_an_image_fills_the_screen_and_the_view_comes_back(self):
