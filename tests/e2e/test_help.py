@@ -139,6 +139,9 @@ class HelpTest(ProgramTest):
     # Image information
 
     def box(self, program, title):
+        """The box, once it has the keyboard, which it takes from whatever has it when it opens."""
+        window = program.window(title)
+        wait_until(lambda: self.screen.active() == window.id, f"the keyboard on {title!r}")
         return program.wait(lambda: next((top for top in program.root().children()
                                           if top.name == title and top.has("showing")), None), f"the box {title!r}")
 
