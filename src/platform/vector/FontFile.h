@@ -28,7 +28,12 @@ class FontFile {
     /// Null where the file cannot be read or holds no outlines.
     [[nodiscard]] static std::shared_ptr<FontFile> Open(const std::shared_ptr<FontLibrary>& library,
                                                         const std::string& path, int index);
+    FontFile() = default;
     virtual ~FontFile() = default;
+    FontFile(const FontFile&) = delete;
+    FontFile& operator=(const FontFile&) = delete;
+    FontFile(FontFile&&) = delete;
+    FontFile& operator=(FontFile&&) = delete;
 
     [[nodiscard]] virtual const FontMeasures& Measures() const = 0;
     /// Whether the font has codes of its own instead of characters (U+F020 to U+F0FF).
