@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <ctime>
-
 #include "codecs/EmfFile.h"
 #include "codecs/MetafilePicture.h"
 #include "codecs/WmfFile.h"
@@ -241,23 +239,22 @@ TEST_F(MetafileText, ThatHasNoBoxMayLackTheRoomForIt) {
     EXPECT_EQ(InkOf(TextOut(Wide(), 10, 20, u"HH", {50, 50}, 0x100)), ink) << "most have it";
 }
 
-TEST_F(MetafileText, OfNoReasonableLengthTakesNoMoreTime) {
-    const auto drawn = [](std::size_t length, bool inPath) {
+TEST_F(MetafileText, OfNoReasonableLengthEndsWhereTheLongestOneDoes) {
+    constexpr std::size_t Longest = 0xFFFF;
+    // Blanks that take no room, and a letter behind them.
+    const auto inkBehind = [](std::size_t blanks, bool inPath) {
         const EmfFile before = inPath ? Wide().Stock(4).Record(59) : Wide();
-        EmfFile file = TextOut(before, 10, 20, std::u16string(length, u'H'));
+        const std::u16string text = std::u16string(blanks, u' ') + u'H';
+        EmfFile file = TextOut(before, 10, 20, text, std::vector<int>(text.size(), 0));
         if (inPath) file.Record(60).Record(62, EmfFile::Bounds());
-        const std::vector<std::byte> bytes = file.Make();
-        // Of the processor, so that a busy machine does no harm.
-        const std::clock_t start = std::clock();
-        const MetafilePicture picture(bytes);
-        const std::clock_t took = std::clock() - start;
-        EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
-        EXPECT_GT(picture.Ink()[Right], 190) << "as far as it is seen";
-        return took;
+        return InkOf(file);
     };
-    constexpr std::size_t Long = 0xFFFF;
-    for (const bool inPath : {false, true})
-        EXPECT_LT(drawn(32 * Long, inPath), 8 * drawn(Long, inPath)) << inPath;
+    for (const bool inPath : {false, true}) {
+        SCOPED_TRACE(inPath);
+        EXPECT_EQ(inkBehind(Longest - 1, inPath), inkBehind(0, inPath));
+        EXPECT_NE(inkBehind(0, inPath), inkBehind(Longest, inPath));
+        EXPECT_EQ(inkBehind(Longest, inPath), InkOf(Wide()));
+    }
 }
 
 TEST_F(MetafileText, GlyphsOfTheClassicFontsAreCounted) {
