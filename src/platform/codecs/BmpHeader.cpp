@@ -115,7 +115,7 @@ std::uint64_t ReadPalette(ByteSource& source, const RawHeader& raw, BmpHeader& h
     std::uint64_t count = std::min(header.paletteCount, possible);
     if (header.pixelOffset > header.paletteOffset)
         count = std::min(count, (header.pixelOffset - header.paletteOffset) / entrySize);
-    std::array<std::byte, 256 * 4> bytes{};
+    std::array<std::byte, std::size_t{256} * 4> bytes{};
     const std::size_t got = source.ReadAt(
         header.paletteOffset, std::span(bytes).first(static_cast<std::size_t>(count) * entrySize));
     for (std::size_t i = 0; i < got / entrySize; ++i) {
