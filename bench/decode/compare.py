@@ -1,11 +1,11 @@
 #!/usr/bin/python3
 """Our decoders side by side with those programs of djpeg, netpbm, ImageMagick and GraphicsMagick that are installed.
 
-    bench/decode/compare.py [-n ROUNDS] [--decoder TAVRIX_DECODE] [KIND...]
+    bench/decode/compare.py [-n ROUNDS] [--discard] [--decoder TAVRIX_DECODE] [KIND...]
 
 Each program decodes the same picture of 24 megapixels and has all its pixels in memory at its end: ours and the two
-Magicks in their own, djpeg and netpbm in a file of /dev/shm, since they keep but a row. A kind is named by the beginning
-of its line, such as "bmp" or "tga rle". All take turns, so that other work on the machine meets all alike. Told are the
+Magicks in their own, djpeg and netpbm in a file of /dev/shm, since they keep but a row; with --discard they throw their
+rows away, which is less than we have to do. A kind is named by the beginning of its line, such as "bmp" or "tga rle". All take turns, so that other work on the machine meets all alike. Told are the
 least processor's time and the least elapsed time in milliseconds (other work only adds), how many times as fast ours is
 as the best of the others by either, and the peak memory of our whole process as a multiple of the picture in memory
 (4 bytes a pixel).
@@ -101,7 +101,7 @@ def metafile(path, commands):
 
     record(0x020B, 0, 0)
     record(0x020C, 1500, 2000)
-    record(0x02FA, 0, 2, 0, 0x4020, 0x0060)  # a pen 2 wide, the stock of everything
+    record(0x02FA, 0, 2, 0, 0x4020, 0x0060)  # a pen 2 wide, for all of it
     record(0x012D, 0)
     seed = 1
     for number in range(commands):
@@ -133,7 +133,7 @@ def metafile(path, commands):
 
 
 def kinds(folder):
-    """(name, what makes the file, netpbm's program for it or None) of each kind."""
+    """(name, what makes the file, the program made for the format, the file's ending) of each kind."""
     def made(maker):
         kept = os.path.join(folder, maker.__name__ + ".tif")
         if not os.path.exists(kept):
@@ -155,9 +155,15 @@ def kinds(folder):
     def saved(name, image, **options):
         return lambda path: image().save(path, name, **options)
 
-    coloured = lambda: made(photo).quantize(256, dither=0)  # noqa: E731
-    photograph = lambda: made(photo)  # noqa: E731
-    drawn = lambda: made(drawing)  # noqa: E731
+    def coloured():
+        return made(photo).quantize(256, dither=0)
+
+    def photograph():
+        return made(photo)
+
+    def drawn():
+        return made(drawing)
+
     yield "jpeg", saved("JPEG", photograph, quality=92), "djpeg", ".jpg"
     yield "jpeg progressive", saved("JPEG", photograph, quality=92, progressive=True), "djpeg", ".jpg"
     yield "jpeg grey", saved("JPEG", grey, quality=92), "djpeg", ".jpg"
@@ -184,7 +190,8 @@ def kinds(folder):
 
 def others(own, path):
     """The commands of the programs that are installed for a picture."""
-    options = {"wmf2gd": ["-t", "png", "-o", "/dev/stdout", "--maxpect", "--maxwidth=2000", "--maxheight=2000"], "djpeg": ["-rgb"]}
+    options = {"wmf2gd": ["-t", "png", "-o", "/dev/stdout", "--maxpect", "--maxwidth=2000", "--maxheight=2000"],
+               "djpeg": ["-rgb"]}
     special = [own, *options.get(own, []), path]
     commands = {own: special, "ImageMagick": ["/usr/bin/convert", path, "null:"],
                 "GraphicsMagick": ["gm", "convert", path, "null:"]}
@@ -205,14 +212,14 @@ def in_child(work, *arguments):
         sys.exit("a picture was not made")
 
 
-def measure(command, folder):
+def measure(command, raster):
     """(processor's milliseconds, elapsed milliseconds, peak memory in bytes), or None where the program fails."""
-    raster = os.path.join(folder, "raster")
     start = time.perf_counter()
     with open(raster, "wb") as output:
         child = subprocess.Popen(command, stdout=output, stderr=subprocess.DEVNULL)
         _, status, used = os.wait4(child.pid, 0)
-    os.remove(raster)
+    if raster != os.devnull:
+        os.remove(raster)
     child.returncode = os.waitstatus_to_exitcode(status)
     if child.returncode != 0:
         return None
@@ -222,6 +229,7 @@ def measure(command, folder):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("-n", "--rounds", type=int, default=7)
+    parser.add_argument("--discard", action="store_true")
     parser.add_argument("--decoder", default=os.path.join(ROOT, "build", "release", "bin", "tavrix-decode"))
     parser.add_argument("kinds", nargs="*")
     asked = parser.parse_args()
@@ -230,12 +238,13 @@ def main():
             if asked.kinds and not any(name.startswith(kind) for kind in asked.kinds):
                 continue
             path = os.path.join(folder, "picture" + extension)
+            raster = os.devnull if asked.discard else os.path.join(folder, "raster")
             in_child(make, path)
             commands = {"ours": [asked.decoder, path]} | others(own, path)
             taken = {program: [] for program in commands}
             for _ in range(asked.rounds):
                 for program, command in commands.items():
-                    taken[program].append(measure(command, folder))
+                    taken[program].append(measure(command, raster))
             os.remove(path)
             if None in taken["ours"]:
                 sys.exit(f"{name}: tavrix-decode failed")

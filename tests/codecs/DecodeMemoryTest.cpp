@@ -1,10 +1,13 @@
-// A decoder keeps the picture once, and beside it a few rows however high the picture is. The heap is looked at whenever a
-// decoder asks for bytes, that is, all along its way.
+// A decoder keeps the picture once, and beside it a few rows however high the picture is. The heap, and all the memory that
+// the process has mapped, are looked at whenever a decoder asks for bytes, that is, all along its way.
 
 #include <gtest/gtest.h>
 #include <malloc.h>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -30,6 +33,14 @@ std::size_t Heap() {
     return info.uordblks + info.hblkhd;
 }
 
+/// All memory for data, pictures too; 0 where the system does not tell.
+std::size_t Mapped() {
+    std::ifstream file("/proc/self/statm");
+    std::size_t all = 0, resident = 0, shared = 0, text = 0, libraries = 0, data = 0;
+    file >> all >> resident >> shared >> text >> libraries >> data;
+    return data * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
 class WatchedSource final : public ByteSource {
   public:
     explicit WatchedSource(std::span<const std::byte> bytes) : bytes_(bytes) {}
@@ -37,15 +48,18 @@ class WatchedSource final : public ByteSource {
     [[nodiscard]] std::uint64_t Size() const override { return bytes_.Size(); }
     std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> into) override {
         most_ = std::max(most_, Heap());
+        mostMapped_ = std::max(mostMapped_, Mapped());
         ++reads_;
         return bytes_.ReadAt(offset, into);
     }
     [[nodiscard]] std::size_t Most() const { return most_; }
+    [[nodiscard]] std::size_t MostMapped() const { return mostMapped_; }
     [[nodiscard]] int Reads() const { return reads_; }
 
   private:
     MemorySource bytes_;
     std::size_t most_ = 0;
+    std::size_t mostMapped_ = 0;
     int reads_ = 0;
 };
 
@@ -131,7 +145,8 @@ TEST_P(DecodeMemoryOf, IsThePictureAndAFewRows) {
     const std::vector<std::byte> file = GetParam().make();
     WatchedSource source(file);
     const std::size_t before = Heap();
-    if (before == 0) GTEST_SKIP() << "this heap does not tell what it holds";
+    const std::size_t mapped = Mapped();
+    if (before == 0 || mapped == 0) GTEST_SKIP() << "this heap does not tell what it holds";
     const DecodedPicture decoded =
         DecodePicture(source, ImportDecoderFor(source, "x." + GetParam().name.substr(0, 3)));
     ASSERT_FALSE(decoded.error);
@@ -139,6 +154,9 @@ TEST_P(DecodeMemoryOf, IsThePictureAndAFewRows) {
     ASSERT_EQ(decoded.picture.Height(), Height);
     EXPECT_GE(source.Reads(), 3);
     EXPECT_LE(source.Most(), before + MostBeside);
+    constexpr std::size_t Picture = std::size_t{4} * Width * Height;
+    EXPECT_GE(source.MostMapped(), mapped + Picture);
+    EXPECT_LE(source.MostMapped(), mapped + Picture + 2 * MostBeside) << "heaps grow by more than they need";
 }
 
 /// Progressive photos are the one kind that has to be kept whole before its first row stands.
