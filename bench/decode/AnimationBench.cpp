@@ -15,8 +15,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "platform/codecs/GifAnimation.h"
-#include "platform/host/FileSource.h"
+#include "backends/linux/FileSource.h"
+#include "imaging/codecs/GifAnimation.h"
 
 namespace tavrix::bench {
 namespace {

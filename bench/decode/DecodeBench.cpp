@@ -18,9 +18,9 @@
 #include <jpeglib.h>
 
 #include "TestPictures.h"
-#include "platform/codecs/DecodePicture.h"
-#include "platform/host/FileSource.h"
-#include "platform/host/PictureLoader.h"
+#include "backends/linux/FileSource.h"
+#include "backends/linux/PictureLoader.h"
+#include "imaging/loading/DecodePicture.h"
 
 namespace tavrix::bench {
 namespace {

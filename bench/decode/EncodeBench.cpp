@@ -14,9 +14,9 @@
 #include <jpeglib.h>
 
 #include "TestPictures.h"
-#include "platform/codecs/DecodePicture.h"
-#include "platform/codecs/JpegEncoder.h"
-#include "platform/host/FileSource.h"
+#include "backends/linux/FileSource.h"
+#include "imaging/codecs/JpegEncoder.h"
+#include "imaging/loading/DecodePicture.h"
 
 namespace tavrix::bench {
 namespace {

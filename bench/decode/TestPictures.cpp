@@ -11,7 +11,7 @@
 
 #include <jpeglib.h>
 
-#include "platform/codecs/BmpWriter.h"
+#include "imaging/codecs/BmpWriter.h"
 
 namespace tavrix::bench {
 namespace {

@@ -13,13 +13,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostFiles.h"
+#include "backends/linux/HostPictures.h"
 #include "core/Main.h"
 #include "editing/Commands.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
-#include "platform/host/DriveMap.h"
-#include "platform/host/HostFiles.h"
-#include "platform/host/HostPictures.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 

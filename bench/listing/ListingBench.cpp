@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/HostFiles.h"
+#include "backends/linux/HostFiles.h"
 
 namespace tavrix::bench {
 namespace {

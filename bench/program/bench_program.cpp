@@ -9,14 +9,14 @@
 #include <memory>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostProfile.h"
 #include "core/Main.h"
 #include "core/Settings.h"
 #include "editing/Commands.h"
 #include "lists/Commands.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
-#include "platform/host/DriveMap.h"
-#include "platform/host/HostProfile.h"
 #include "shows/Commands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"

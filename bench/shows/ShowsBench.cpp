@@ -17,12 +17,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
-#include "platform/host/DriveMap.h"
-#include "platform/host/HostFiles.h"
-#include "shows/LoadShowFile.h"
-#include "shows/WriteSlideFile.h"
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostFiles.h"
+#include "shows/files/LoadShowFile.h"
+#include "shows/files/WriteSlideFile.h"
 
 namespace tavrix::bench {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/graphics/Surface.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix::bench {
 

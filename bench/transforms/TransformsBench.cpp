@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "PlainRotation.h"
-#include "editing/RotatePicture.h"
-#include "platform/codecs/BmpWriter.h"
-#include "platform/graphics/StretchCopy.h"
-#include "platform/graphics/Surface.h"
+#include "editing/turning/RotatePicture.h"
+#include "imaging/codecs/BmpWriter.h"
+#include "imaging/graphics/StretchCopy.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix::bench {
 namespace {

@@ -1,5 +1,5 @@
 #include "LimitedSink.h"
-#include "platform/codecs/BmpDecoder.h"
+#include "imaging/codecs/BmpDecoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     return tavrix::fuzz::Decode(tavrix::DecodeBmp, data, size);

@@ -1,5 +1,5 @@
 #include "LimitedSink.h"
-#include "platform/codecs/metafile/MetafileDecoder.h"
+#include "imaging/metafile/MetafileDecoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // Each record may touch the whole picture.

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/codecs/GifAnimation.h"
+#include "imaging/codecs/GifAnimation.h"
 
 namespace tavrix::fuzz {
 namespace {

@@ -1,5 +1,5 @@
 #include "LimitedSink.h"
-#include "platform/codecs/JpegDecoder.h"
+#include "imaging/codecs/JpegDecoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     return tavrix::fuzz::Decode(tavrix::DecodeJpeg, data, size);

@@ -1,5 +1,5 @@
 #include "LimitedSink.h"
-#include "platform/codecs/TgaDecoder.h"
+#include "imaging/codecs/TgaDecoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     return tavrix::fuzz::Decode(tavrix::DecodeTga, data, size);

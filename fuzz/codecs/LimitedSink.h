@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "platform/codecs/Decoder.h"
+#include "imaging/codecs/Decoder.h"
 
 namespace tavrix::fuzz {
 

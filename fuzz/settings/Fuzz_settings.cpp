@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "backends/shared/ProfileText.h"
 #include "core/Settings.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
-#include "platform/services/ProfileText.h"
 
 namespace {
 

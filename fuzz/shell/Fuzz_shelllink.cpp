@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/host/ShellLink.h"
+#include "backends/shared/ShellLink.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto link = tavrix::ParseShellLink({reinterpret_cast<const char*>(data), size});

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
-#include "shows/LoadShowFile.h"
-#include "shows/SaverFile.h"
-#include "shows/ShowFileFormat.h"
-#include "shows/ShowFileReader.h"
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "shows/files/LoadShowFile.h"
+#include "shows/files/SaverFile.h"
+#include "shows/files/ShowFileFormat.h"
+#include "shows/files/ShowFileReader.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
-#include "shows/StageCommands.h"
+#include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 

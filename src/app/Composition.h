@@ -1,17 +1,17 @@
 #pragma once
 
 #include "app/HostPlatform.h"
+#include "backends/qt/QtSystem.h"
+#include "backends/qt/QtToolkit.h"
+#include "backends/qt/clipboard/QtClipboard.h"
+#include "backends/qt/desktop/DesktopRegistry.h"
+#include "backends/qt/desktop/QtDesktop.h"
+#include "backends/qt/desktop/QtWakefulness.h"
+#include "backends/qt/help/HelpWindow.h"
+#include "backends/shared/help/HelpDesk.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
-#include "platform/help/HelpDesk.h"
-#include "platform/qt/DesktopRegistry.h"
-#include "platform/qt/HelpWindow.h"
-#include "platform/qt/QtClipboard.h"
-#include "platform/qt/QtDesktop.h"
-#include "platform/qt/QtSystem.h"
-#include "platform/qt/QtToolkit.h"
-#include "platform/qt/QtWakefulness.h"
 
 namespace tavrix {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix {
 HostPlatform::HostPlatform(std::vector<std::string> arguments)

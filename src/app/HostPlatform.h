@@ -3,18 +3,18 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/DriveMap.h"
-#include "platform/host/HostDrives.h"
-#include "platform/host/HostFiles.h"
-#include "platform/host/HostPaths.h"
-#include "platform/host/HostPictures.h"
-#include "platform/host/HostProcess.h"
-#include "platform/host/HostProfile.h"
-#include "platform/host/HostRegistry.h"
-#include "platform/host/HostShell.h"
-#include "platform/host/HostSound.h"
-#include "platform/host/HostUserStore.h"
-#include "platform/host/HostViewLib.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostDrives.h"
+#include "backends/linux/HostFiles.h"
+#include "backends/linux/HostPaths.h"
+#include "backends/linux/HostPictures.h"
+#include "backends/linux/HostProcess.h"
+#include "backends/linux/HostProfile.h"
+#include "backends/linux/HostRegistry.h"
+#include "backends/linux/HostShell.h"
+#include "backends/linux/HostSound.h"
+#include "backends/linux/HostUserStore.h"
+#include "backends/linux/HostViewLib.h"
 
 namespace tavrix {
 

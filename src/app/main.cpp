@@ -1,6 +1,6 @@
 #include "app/Composition.h"
 #include "app/HostPlatform.h"
-#include "platform/qt/QtProcess.h"
+#include "backends/qt/QtProcess.h"
 
 int main(int argc, char** argv) {
     tavrix::HostPlatform host({argv + 1, argv + argc});

@@ -1,9 +1,9 @@
 #include "core/DesktopSettings.h"
 
+#include "base/Rounding.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/Folders.h"
-#include "platform/base/Rounding.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 namespace {

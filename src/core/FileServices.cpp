@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <span>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace tavrix {
 

@@ -1,7 +1,7 @@
 #include "core/FloppyPrompt.h"
 
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace tavrix {
 

@@ -1,6 +1,6 @@
 #include "core/HelpCommands.h"
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix {
 

@@ -1,10 +1,10 @@
 #include <algorithm>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/Folders.h"
 #include "core/Settings.h"
 #include "core/SettingsText.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 namespace {

@@ -1,5 +1,7 @@
 #include "core/Main.h"
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/FloppyPrompt.h"
 #include "core/HelpCommands.h"
@@ -7,8 +9,6 @@
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
 #include "core/WaitFrm.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace tavrix {
 namespace {

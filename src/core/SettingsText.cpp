@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/NumberText.h"
 #include "core/Settings.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 

@@ -2,15 +2,15 @@
 
 #include <array>
 
+#include "base/Rounding.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/DesktopSettings.h"
 #include "core/Folders.h"
 #include "core/HelpContexts.h"
 #include "core/Settings.h"
 #include "core/SettingsText.h"
 #include "core/WaitFrm.h"
-#include "platform/base/Rounding.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 namespace {

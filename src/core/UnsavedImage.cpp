@@ -1,7 +1,7 @@
 #include "core/UnsavedImage.h"
 
+#include "base/Text.h"
 #include "core/Folders.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 

@@ -1,6 +1,6 @@
 #include "core/WaitFrm.h"
 
-#include "platform/graphics/Draw.h"
+#include "imaging/graphics/Draw.h"
 
 namespace tavrix {
 namespace {

@@ -1,6 +1,6 @@
 #include "lists/QuickFolderRow.h"
 
-#include "platform/base/Text.h"
+#include "base/Text.h"
 
 namespace tavrix {
 

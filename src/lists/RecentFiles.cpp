@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "base/Text.h"
 #include "core/FloppyPrompt.h"
 #include "core/UnsavedImage.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
 

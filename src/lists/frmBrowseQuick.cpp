@@ -1,8 +1,8 @@
 #include "lists/frmBrowseQuick.h"
 
+#include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
-#include "platform/base/Text.h"
 
 namespace tavrix {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/MainModule.h"
-#include "lists/FolderChooser.h"
+#include "dialogs/FolderChooser.h"
 #include "lists/frmQuickFolders.h"
 #include "platform/forms/Application.h"
 

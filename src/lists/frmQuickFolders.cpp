@@ -1,9 +1,9 @@
 #include "lists/frmQuickFolders.h"
 
+#include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "lists/frmBrowseQuick.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {

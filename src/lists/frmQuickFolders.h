@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "core/FolderButton.h"
 #include "core/MainModule.h"
+#include "dialogs/FolderButton.h"
 #include "lists/QuickFolderRow.h"
 #include "platform/forms/Application.h"
 

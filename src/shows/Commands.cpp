@@ -1,7 +1,7 @@
 #include "shows/Commands.h"
 
-#include "shows/LoadShowFile.h"
-#include "shows/StageCommands.h"
+#include "shows/files/LoadShowFile.h"
+#include "shows/stage/StageCommands.h"
 
 namespace tavrix {
 

@@ -9,12 +9,12 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/codecs/BmpWriter.h"
-#include "platform/codecs/DecodePicture.h"
-#include "platform/codecs/Decoder.h"
-#include "platform/host/FileSource.h"
-#include "platform/host/PictureLoader.h"
+#include "backends/linux/FileSource.h"
+#include "backends/linux/PictureLoader.h"
+#include "base/RuntimeError.h"
+#include "imaging/codecs/BmpWriter.h"
+#include "imaging/loading/DecodePicture.h"
+#include "imaging/loading/Decoders.h"
 
 namespace tavrix {
 namespace {

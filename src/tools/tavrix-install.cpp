@@ -9,11 +9,11 @@
 #include <exception>
 #include <string>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/host/DriveMap.h"
-#include "platform/host/HostPaths.h"
-#include "platform/host/HostProcess.h"
-#include "platform/host/HostUserStore.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostPaths.h"
+#include "backends/linux/HostProcess.h"
+#include "backends/linux/HostUserStore.h"
+#include "base/RuntimeError.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "viewer/AnimatedGif.h"
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/HelpContexts.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/graphics/Draw.h"
+#include "imaging/graphics/Draw.h"
 
 namespace tavrix {
 namespace {

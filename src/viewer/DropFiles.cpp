@@ -1,11 +1,11 @@
 #include "viewer/DropFiles.h"
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/Folders.h"
 #include "core/NotYet.h"
 #include "core/UnsavedImage.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/ImageTypes.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"

@@ -3,12 +3,12 @@
 #include <optional>
 #include <string>
 
+#include "base/Rounding.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/HelpContexts.h"
 #include "core/NumberText.h"
-#include "platform/base/Rounding.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {

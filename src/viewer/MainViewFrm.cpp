@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/DefaultPicture.h"
 #include "viewer/DropFiles.h"
 #include "viewer/MenuState.h"

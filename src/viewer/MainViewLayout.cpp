@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Rounding.h"
+#include "base/RuntimeError.h"
 #include "core/DesktopSettings.h"
-#include "platform/base/Rounding.h"
-#include "platform/base/RuntimeError.h"
 #include "viewer/AutomaticSize.h"
 #include "viewer/MainViewFrm.h"
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "platform/base/Text.h"
+#include "base/Text.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {

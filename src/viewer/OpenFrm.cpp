@@ -1,12 +1,12 @@
 #include "viewer/OpenFrm.h"
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/Folders.h"
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "core/FolderButton.h"
-#include "core/FolderLists.h"
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
+#include "dialogs/FolderButton.h"
+#include "dialogs/FolderLists.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"

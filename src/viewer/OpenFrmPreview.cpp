@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Rounding.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FileServices.h"
-#include "platform/base/Rounding.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/OpenFrm.h"
 
 namespace tavrix {

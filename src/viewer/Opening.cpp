@@ -2,11 +2,11 @@
 
 #include <optional>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/Folders.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 

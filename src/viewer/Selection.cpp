@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "imaging/graphics/Draw.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Twips.h"
-#include "platform/graphics/Draw.h"
 
 namespace tavrix {
 

@@ -5,11 +5,11 @@
 #include <span>
 #include <string_view>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/FloppyPrompt.h"
 #include "core/Folders.h"
 #include "core/RecentLists.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 

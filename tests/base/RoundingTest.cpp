@@ -1,4 +1,4 @@
-#include "platform/base/Rounding.h"
+#include "base/Rounding.h"
 
 #include <gtest/gtest.h>
 

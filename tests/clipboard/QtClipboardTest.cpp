@@ -1,4 +1,4 @@
-#include "platform/qt/QtClipboard.h"
+#include "backends/qt/clipboard/QtClipboard.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/codecs/BmpWriter.h"
+#include "imaging/codecs/BmpWriter.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::qt {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "codecs/TestBytes.h"
-#include "platform/graphics/Colour.h"
+#include "imaging/graphics/Colour.h"
 
 namespace tavrix::test {
 

@@ -2,7 +2,7 @@
 
 #include "codecs/Decoding.h"
 #include "codecs/TestBytes.h"
-#include "platform/codecs/BmpWriter.h"
+#include "imaging/codecs/BmpWriter.h"
 
 namespace tavrix::test {
 namespace {

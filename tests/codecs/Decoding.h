@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/codecs/DecodePicture.h"
+#include "imaging/loading/DecodePicture.h"
+#include "imaging/loading/Decoders.h"
 
 namespace tavrix::test {
 

@@ -1,4 +1,4 @@
-#include "platform/codecs/GifAnimation.h"
+#include "imaging/codecs/GifAnimation.h"
 
 #include <gtest/gtest.h>
 #include <malloc.h>

@@ -2,7 +2,7 @@
 
 #include "codecs/Decoding.h"
 #include "codecs/GifFile.h"
-#include "platform/codecs/GifDecoder.h"
+#include "imaging/codecs/GifDecoder.h"
 
 namespace tavrix::test {
 namespace {

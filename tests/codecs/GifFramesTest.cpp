@@ -12,7 +12,7 @@
 #include "codecs/Decoding.h"
 #include "codecs/GifFile.h"
 #include "codecs/KeptBytes.h"
-#include "platform/codecs/GifAnimation.h"
+#include "imaging/codecs/GifAnimation.h"
 
 namespace tavrix::test {
 namespace {

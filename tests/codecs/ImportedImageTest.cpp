@@ -1,4 +1,4 @@
-#include "platform/codecs/ImportedImage.h"
+#include "imaging/loading/ImportedImage.h"
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,7 @@
 #include "codecs/Decoding.h"
 #include "codecs/PcxFile.h"
 #include "codecs/TgaFile.h"
+#include "imaging/loading/Decoders.h"
 
 namespace tavrix::test {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "codecs/Decoding.h"
 #include "codecs/TestBytes.h"
-#include "platform/codecs/JpegEncoder.h"
+#include "imaging/codecs/JpegEncoder.h"
 
 namespace tavrix::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/codecs/ByteSource.h"
+#include "imaging/codecs/ByteSource.h"
 
 namespace tavrix::test {
 

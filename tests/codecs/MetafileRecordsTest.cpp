@@ -5,8 +5,8 @@
 #include "codecs/Decoding.h"
 #include "codecs/EmfFile.h"
 #include "codecs/WmfFile.h"
-#include "platform/codecs/LittleEndian.h"
-#include "platform/codecs/metafile/Recording.h"
+#include "imaging/codecs/LittleEndian.h"
+#include "imaging/metafile/Recording.h"
 
 namespace tavrix::test {
 namespace {

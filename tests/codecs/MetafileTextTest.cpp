@@ -3,10 +3,10 @@
 #include "codecs/EmfFile.h"
 #include "codecs/MetafilePicture.h"
 #include "codecs/WmfFile.h"
-#include "platform/codecs/metafile/CodePages.h"
-#include "platform/vector/FontBook.h"
-#include "platform/vector/FontFile.h"
-#include "platform/vector/FontFinder.h"
+#include "imaging/metafile/CodePages.h"
+#include "imaging/vector/FontBook.h"
+#include "imaging/vector/FontFile.h"
+#include "imaging/vector/FontFinder.h"
 
 namespace tavrix::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/codecs/PngEncoder.h"
+#include "imaging/codecs/PngEncoder.h"
 
 #include <gtest/gtest.h>
 #include <png.h>

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/graphics/Colour.h"
+#include "imaging/graphics/Colour.h"
 
 namespace tavrix::test {
 

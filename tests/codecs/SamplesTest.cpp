@@ -7,7 +7,7 @@
 #include <string>
 
 #include "codecs/Decoding.h"
-#include "platform/codecs/Decoder.h"
+#include "imaging/loading/Decoders.h"
 
 namespace tavrix::test {
 namespace {

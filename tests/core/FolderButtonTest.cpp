@@ -1,4 +1,4 @@
-#include "core/FolderButton.h"
+#include "dialogs/FolderButton.h"
 
 #include "core/FolderDialog.h"
 

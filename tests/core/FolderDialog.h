@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "core/FolderButton.h"
-#include "core/FolderLists.h"
-#include "core/NewFolder.h"
+#include "dialogs/FolderButton.h"
+#include "dialogs/FolderLists.h"
+#include "dialogs/NewFolder.h"
 #include "support/ProgramFixture.h"
 
 namespace tavrix::test {

@@ -1,4 +1,4 @@
-#include "core/FolderLists.h"
+#include "dialogs/FolderLists.h"
 
 #include "core/FolderDialog.h"
 #include "support/ErrorOfCall.h"

@@ -1,4 +1,4 @@
-#include "core/NewFolder.h"
+#include "dialogs/NewFolder.h"
 
 #include <optional>
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::test {

@@ -1,5 +1,5 @@
-#include "core/WaitCopyFrm.h"
 #include "core/WaitFrm.h"
+#include "dialogs/WaitCopyFrm.h"
 #include "support/ProgramFixture.h"
 
 namespace tavrix::test {

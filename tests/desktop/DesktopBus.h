@@ -8,11 +8,11 @@
 #include <memory>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/qt/desktop/DesktopRegistry.h"
+#include "backends/qt/desktop/QtDesktop.h"
+#include "base/RuntimeError.h"
 #include "desktop/FakeServices.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/qt/DesktopRegistry.h"
-#include "platform/qt/QtDesktop.h"
 
 namespace tavrix {
 

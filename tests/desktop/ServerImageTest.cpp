@@ -1,6 +1,6 @@
 // Pixels as display servers lay them out.
 
-#include "platform/qt/ServerImage.h"
+#include "backends/qt/x11/ServerImage.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/Text.h"
+#include "base/Text.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"

@@ -1,9 +1,9 @@
-#include "editing/BackColorFrm.h"
+#include "editing/creating/BackColorFrm.h"
 
 #include "DialogTest.h"
 #include "core/HelpContexts.h"
-#include "editing/NewImageFrm.h"
-#include "editing/frmRotateImg.h"
+#include "editing/creating/NewImageFrm.h"
+#include "editing/turning/frmRotateImg.h"
 
 namespace tavrix::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "editing/Copy.h"
+#include "editing/clipboard/Copy.h"
 
 #include "SelectionCommandTest.h"
 

@@ -1,4 +1,4 @@
-#include "editing/Crop.h"
+#include "editing/clipboard/Crop.h"
 
 #include "SelectionCommandTest.h"
 

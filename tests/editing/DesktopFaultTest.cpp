@@ -11,7 +11,7 @@
 
 #include "EditingTest.h"
 #include "core/UnsavedImage.h"
-#include "editing/frmSetWallpaper.h"
+#include "editing/desktop/frmSetWallpaper.h"
 #include "support/FaultSweep.h"
 #include "viewer/OneProcess.h"
 

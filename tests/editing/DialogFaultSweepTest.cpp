@@ -6,9 +6,9 @@
 #include <tuple>
 
 #include "EditingTest.h"
-#include "editing/NewImageFrm.h"
-#include "editing/frmImageSize.h"
-#include "editing/frmRotateImg.h"
+#include "editing/creating/NewImageFrm.h"
+#include "editing/resizing/frmImageSize.h"
+#include "editing/turning/frmRotateImg.h"
 #include "support/FaultSweep.h"
 #include "viewer/OneProcess.h"
 

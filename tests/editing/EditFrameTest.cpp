@@ -1,4 +1,4 @@
-#include "editing/EditFrame.h"
+#include "editing/frame/EditFrame.h"
 
 #include <string>
 

@@ -8,9 +8,9 @@
 
 #include "ReferenceRotation.h"
 #include "TestSurface.h"
-#include "platform/codecs/BmpWriter.h"
-#include "platform/codecs/ByteSource.h"
-#include "platform/codecs/DecodePicture.h"
+#include "imaging/codecs/BmpWriter.h"
+#include "imaging/codecs/ByteSource.h"
+#include "imaging/loading/DecodePicture.h"
 #include "viewer/ViewerTest.h"
 
 namespace tavrix::test {

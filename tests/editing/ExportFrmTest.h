@@ -1,8 +1,8 @@
 #pragma once
 
-#include "editing/ExportBmpFrm.h"
-#include "editing/ExportJpgFrm.h"
 #include "editing/SavingTest.h"
+#include "editing/saving/ExportBmpFrm.h"
+#include "editing/saving/ExportJpgFrm.h"
 
 namespace tavrix::test {
 

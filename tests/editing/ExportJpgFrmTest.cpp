@@ -1,6 +1,6 @@
 #include "core/UnsavedImage.h"
 #include "editing/ExportFrmTest.h"
-#include "editing/Jpeg.h"
+#include "editing/saving/Jpeg.h"
 
 namespace tavrix::test {
 namespace {

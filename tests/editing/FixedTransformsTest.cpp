@@ -1,4 +1,4 @@
-#include "editing/FixedTransforms.h"
+#include "editing/turning/FixedTransforms.h"
 
 #include <cstdint>
 #include <string>

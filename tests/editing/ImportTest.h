@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editing/SavingTest.h"
-#include "editing/frmImportImage.h"
+#include "editing/importing/frmImportImage.h"
 
 namespace tavrix::test {
 

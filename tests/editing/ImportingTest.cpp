@@ -1,8 +1,8 @@
 // The import commands behind their dialog, and the temporary file.
 
 #include "core/UnsavedImage.h"
-#include "editing/ExportJpgFrm.h"
 #include "editing/ImportTest.h"
+#include "editing/saving/ExportJpgFrm.h"
 
 namespace tavrix::test {
 namespace {

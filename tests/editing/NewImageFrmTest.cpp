@@ -1,8 +1,8 @@
-#include "editing/NewImageFrm.h"
+#include "editing/creating/NewImageFrm.h"
 
 #include "DialogTest.h"
 #include "core/HelpContexts.h"
-#include "editing/BackColorFrm.h"
+#include "editing/creating/BackColorFrm.h"
 #include "support/MemoryLimit.h"
 
 namespace tavrix::test {

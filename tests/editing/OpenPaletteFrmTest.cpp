@@ -1,4 +1,4 @@
-#include "editing/OpenPaletteFrm.h"
+#include "editing/importing/OpenPaletteFrm.h"
 
 #include "editing/SavingTest.h"
 

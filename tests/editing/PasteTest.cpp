@@ -1,4 +1,4 @@
-#include "editing/Paste.h"
+#include "editing/clipboard/Paste.h"
 
 #include "SelectionCommandTest.h"
 

@@ -6,9 +6,9 @@
 #include <functional>
 #include <optional>
 
-#include "editing/RotateGeometry.h"
-#include "platform/base/Rounding.h"
-#include "platform/graphics/Surface.h"
+#include "base/Rounding.h"
+#include "editing/turning/RotateGeometry.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix {
 

@@ -1,4 +1,4 @@
-#include "editing/RotatePicture.h"
+#include "editing/turning/RotatePicture.h"
 
 #include <gtest/gtest.h>
 

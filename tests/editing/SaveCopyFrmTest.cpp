@@ -1,4 +1,4 @@
-#include "editing/SaveCopyFrm.h"
+#include "editing/saving/SaveCopyFrm.h"
 
 #include "core/UnsavedImage.h"
 #include "editing/SavingTest.h"

@@ -8,12 +8,12 @@
 #include <tuple>
 
 #include "core/UnsavedImage.h"
-#include "editing/ExportBmpFrm.h"
-#include "editing/ExportJpgFrm.h"
-#include "editing/OpenPaletteFrm.h"
-#include "editing/SaveCopyFrm.h"
 #include "editing/SavingTest.h"
-#include "editing/frmImportImage.h"
+#include "editing/importing/OpenPaletteFrm.h"
+#include "editing/importing/frmImportImage.h"
+#include "editing/saving/ExportBmpFrm.h"
+#include "editing/saving/ExportJpgFrm.h"
+#include "editing/saving/SaveCopyFrm.h"
 #include "support/FaultSweep.h"
 #include "viewer/OneProcess.h"
 

@@ -11,7 +11,7 @@
 #include "codecs/TgaFile.h"
 #include "core/HelpContexts.h"
 #include "editing/Accelerators.h"
-#include "editing/FileTarget.h"
+#include "editing/saving/FileTarget.h"
 #include "platform/forms/Application.h"
 #include "viewer/ViewerTest.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "EditingTest.h"
-#include "platform/graphics/Draw.h"
+#include "imaging/graphics/Draw.h"
 
 namespace tavrix::test {
 

@@ -1,4 +1,4 @@
-#include "editing/Sizes.h"
+#include "editing/frame/Sizes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "editing/StretchCopy.h"
+#include "editing/resizing/StretchCopy.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TestSurface.h"
-#include "platform/graphics/StretchCopy.h"
+#include "imaging/graphics/StretchCopy.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/graphics/Surface.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix {
 

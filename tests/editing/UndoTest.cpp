@@ -1,4 +1,4 @@
-#include "editing/Undo.h"
+#include "editing/frame/Undo.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "editing/frmImageSize.h"
+#include "editing/resizing/frmImageSize.h"
 
 #include "DialogTest.h"
 #include "core/HelpContexts.h"

@@ -1,4 +1,4 @@
-#include "editing/frmRotateImg.h"
+#include "editing/turning/frmRotateImg.h"
 
 #include <array>
 #include <tuple>
@@ -6,7 +6,7 @@
 #include "DialogTest.h"
 #include "ReferenceArbitrary.h"
 #include "core/HelpContexts.h"
-#include "editing/BackColorFrm.h"
+#include "editing/creating/BackColorFrm.h"
 #include "support/MemoryLimit.h"
 
 namespace tavrix::test {

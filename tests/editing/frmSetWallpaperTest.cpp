@@ -1,10 +1,10 @@
 // The wallpaper that is set and cleared.
 
-#include "editing/frmSetWallpaper.h"
+#include "editing/desktop/frmSetWallpaper.h"
 
 #include "DesktopTest.h"
 #include "core/HelpContexts.h"
-#include "editing/WallpaperFit.h"
+#include "editing/desktop/WallpaperFit.h"
 
 namespace tavrix::test {
 namespace {

@@ -7,10 +7,10 @@
 #include <filesystem>
 
 #include "Backend.h"
-#include "host/TestFolder.h"
-#include "platform/base/Text.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/host/HostFiles.h"
+#include "backends/headless/HeadlessServices.h"
+#include "backends/linux/HostFiles.h"
+#include "base/Text.h"
+#include "linux/TestFolder.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::test {

@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "Backend.h"
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::test {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "backends/headless/HeadlessServices.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "platform/forms/DirListBox.h"
 #include "platform/forms/DriveListBox.h"
 #include "platform/forms/FileListBox.h"
-#include "platform/headless/HeadlessServices.h"
 
 namespace tavrix::conformance {
 

@@ -1,5 +1,5 @@
+#include "base/RuntimeError.h"
 #include "forms_conformance/FieldsForm.h"
-#include "platform/base/RuntimeError.h"
 
 namespace tavrix::conformance {
 namespace {

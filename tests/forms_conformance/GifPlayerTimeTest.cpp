@@ -1,5 +1,5 @@
+#include "backends/headless/HeadlessPeers.h"
 #include "forms_conformance/PlayerForm.h"
-#include "platform/headless/HeadlessPeers.h"
 
 namespace tavrix::conformance {
 namespace {

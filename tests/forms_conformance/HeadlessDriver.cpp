@@ -1,7 +1,7 @@
 #include <utility>
 
+#include "backends/headless/HeadlessToolkit.h"
 #include "forms_conformance/Driver.h"
-#include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::conformance {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "backends/headless/HeadlessServices.h"
 #include "codecs/Decoding.h"
 #include "codecs/GifFile.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "platform/forms/GifPlayer.h"
 #include "platform/forms/Twips.h"
-#include "platform/headless/HeadlessServices.h"
 
 namespace tavrix::conformance {
 

@@ -28,11 +28,11 @@
 #include <optional>
 #include <utility>
 
-#include "platform/qt/CanvasWidget.h"
-#include "platform/qt/CodePoints.h"
-#include "platform/qt/QtMenuItem.h"
-#include "platform/qt/QtProcess.h"
-#include "platform/qt/QtToolkit.h"
+#include "backends/qt/QtProcess.h"
+#include "backends/qt/QtToolkit.h"
+#include "backends/qt/peers/CanvasWidget.h"
+#include "backends/qt/peers/CodePoints.h"
+#include "backends/qt/peers/QtMenuItem.h"
 
 namespace tavrix::conformance {
 

@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
+#include "backends/qt/peers/QtControl.h"
 #include "forms_conformance/Driver.h"
-#include "platform/qt/QtControl.h"
 
 namespace tavrix::conformance {
 

@@ -10,10 +10,10 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include "backends/qt/TitleLock.h"
+#include "backends/qt/peers/InputMap.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "forms_conformance/QtDriver.h"
-#include "platform/qt/InputMap.h"
-#include "platform/qt/TitleLock.h"
 
 namespace tavrix::conformance {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/graphics/Shrink.h"
+#include "imaging/graphics/Shrink.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/Text.h"
+#include "base/Text.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix {

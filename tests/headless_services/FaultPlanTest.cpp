@@ -1,8 +1,8 @@
-#include "platform/headless/FaultPlan.h"
+#include "backends/headless/FaultPlan.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::headless {

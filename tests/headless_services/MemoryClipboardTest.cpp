@@ -1,8 +1,8 @@
-#include "platform/headless/MemoryClipboard.h"
+#include "backends/headless/MemoryClipboard.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::test {

@@ -1,4 +1,4 @@
-#include "platform/headless/MemoryFiles.h"
+#include "backends/headless/MemoryFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::headless {

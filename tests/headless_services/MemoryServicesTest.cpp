@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::headless {

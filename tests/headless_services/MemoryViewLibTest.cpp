@@ -1,11 +1,11 @@
-#include "platform/headless/MemoryViewLib.h"
+#include "backends/headless/MemoryViewLib.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <string>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 
 namespace tavrix::headless {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/services/NameList.h"
+#include "backends/shared/NameList.h"
 
 #include <gtest/gtest.h>
 

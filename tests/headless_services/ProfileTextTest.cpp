@@ -1,4 +1,4 @@
-#include "platform/services/ProfileText.h"
+#include "backends/shared/ProfileText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/help/HelpBook.h"
+#include "backends/shared/help/HelpBook.h"
 
 #include <gtest/gtest.h>
 

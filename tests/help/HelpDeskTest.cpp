@@ -1,8 +1,8 @@
-#include "platform/help/HelpDesk.h"
+#include "backends/shared/help/HelpDesk.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessServices.h"
 
 namespace tavrix::test {
 namespace {

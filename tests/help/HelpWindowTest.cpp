@@ -1,4 +1,4 @@
-#include "platform/qt/HelpWindow.h"
+#include "backends/qt/help/HelpWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@
 #include <QWindow>
 #include <memory>
 
-#include "platform/qt/Owner.h"
-#include "platform/qt/QtProcess.h"
+#include "backends/qt/QtProcess.h"
+#include "backends/qt/peers/Owner.h"
 
 namespace tavrix::test {
 namespace {

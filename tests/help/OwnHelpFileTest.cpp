@@ -5,8 +5,8 @@
 #include <regex>
 #include <set>
 
+#include "backends/shared/help/HelpBook.h"
 #include "core/HelpContexts.h"
-#include "platform/help/HelpBook.h"
 
 namespace tavrix::test {
 namespace {

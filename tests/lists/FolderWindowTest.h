@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "lists/FolderChooser.h"
+#include "dialogs/FolderChooser.h"
 #include "viewer/ViewerTest.h"
 
 namespace tavrix::test {

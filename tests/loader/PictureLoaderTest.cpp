@@ -1,4 +1,4 @@
-#include "platform/host/PictureLoader.h"
+#include "backends/linux/PictureLoader.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -14,10 +14,10 @@
 #include <fstream>
 #include <thread>
 
+#include "base/RuntimeError.h"
 #include "codecs/BmpFile.h"
 #include "codecs/JpegFile.h"
-#include "platform/base/RuntimeError.h"
-#include "platform/codecs/BmpWriter.h"
+#include "imaging/codecs/BmpWriter.h"
 #include "support/IoCount.h"
 
 namespace tavrix::test {

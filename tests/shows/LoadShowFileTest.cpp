@@ -1,10 +1,10 @@
-#include "shows/LoadShowFile.h"
+#include "shows/files/LoadShowFile.h"
 
 #include <algorithm>
 
 #include "ShowsTest.h"
 #include "shows/Commands.h"
-#include "shows/ShowFileReader.h"
+#include "shows/files/ShowFileReader.h"
 
 namespace tavrix::test {
 namespace {

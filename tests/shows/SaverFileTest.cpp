@@ -1,7 +1,7 @@
-#include "shows/SaverFile.h"
+#include "shows/files/SaverFile.h"
 
 #include "ShowsTest.h"
-#include "shows/LoadShowFile.h"
+#include "shows/files/LoadShowFile.h"
 
 namespace tavrix::test {
 namespace {

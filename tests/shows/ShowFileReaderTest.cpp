@@ -1,11 +1,11 @@
-#include "shows/ShowFileReader.h"
+#include "shows/files/ShowFileReader.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <vector>
 
-#include "shows/ShowFileWriter.h"
+#include "shows/files/ShowFileWriter.h"
 #include "support/ErrorOfCall.h"
 
 namespace tavrix::test {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shows/SlideRemoval.h"
 #include "shows/StageTest.h"
+#include "shows/stage/SlideRemoval.h"
 
 namespace tavrix {
 namespace {

@@ -1,11 +1,11 @@
-#include "shows/SoundEngine.h"
+#include "shows/stage/SoundEngine.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "shows/MediaCommands.h"
+#include "shows/stage/MediaCommands.h"
 #include "support/ProgramFixture.h"
 
 namespace tavrix {

@@ -1,4 +1,4 @@
-#include "shows/StageFit.h"
+#include "shows/stage/StageFit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shows/FullViewFrm.h"
-#include "shows/StageCommands.h"
+#include "shows/stage/FullViewFrm.h"
+#include "shows/stage/StageCommands.h"
 #include "support/MainViewFixture.h"
 
 namespace tavrix {

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "shows/FullViewFrm.h"
-#include "shows/SlideEditor.h"
-#include "shows/frmToolbar.h"
+#include "shows/stage/FullViewFrm.h"
+#include "shows/stage/SlideEditor.h"
+#include "shows/stage/frmToolbar.h"
 #include "support/ProgramFixture.h"
 
 namespace tavrix::test {

@@ -1,10 +1,10 @@
-#include "shows/WriteSlideFile.h"
+#include "shows/files/WriteSlideFile.h"
 
 #include <memory>
 
 #include "ShowsTest.h"
-#include "core/WaitCopyFrm.h"
-#include "shows/LoadShowFile.h"
+#include "dialogs/WaitCopyFrm.h"
+#include "shows/files/LoadShowFile.h"
 
 namespace tavrix::test {
 namespace {

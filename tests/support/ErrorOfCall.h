@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix {
 

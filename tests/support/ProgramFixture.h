@@ -7,12 +7,12 @@
 #include <memory>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
+#include "base/Text.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
-#include "platform/base/Text.h"
 #include "platform/forms/Application.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
 
 namespace tavrix::test {
 

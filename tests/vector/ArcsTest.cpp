@@ -1,4 +1,4 @@
-#include "platform/vector/Arcs.h"
+#include "imaging/vector/Arcs.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-#include "platform/vector/Widen.h"
+#include "imaging/vector/Widen.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/vector/Painter.h"
+#include "imaging/vector/Painter.h"
 
 namespace tavrix::test {
 

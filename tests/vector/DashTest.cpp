@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/vector/Dashes.h"
+#include "imaging/vector/Dashes.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

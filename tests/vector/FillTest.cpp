@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/vector/Arcs.h"
+#include "imaging/vector/Arcs.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/vector/Arcs.h"
-#include "platform/vector/Widen.h"
+#include "imaging/vector/Arcs.h"
+#include "imaging/vector/Widen.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

@@ -1,4 +1,4 @@
-#include "platform/vector/Path.h"
+#include "imaging/vector/Path.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/vector/Flatten.h"
-#include "platform/vector/Widen.h"
+#include "imaging/vector/Flatten.h"
+#include "imaging/vector/Widen.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

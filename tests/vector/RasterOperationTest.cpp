@@ -1,4 +1,4 @@
-#include "platform/vector/RasterOperation.h"
+#include "imaging/vector/RasterOperation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "platform/vector/Region.h"
+#include "imaging/vector/Region.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "platform/vector/Arcs.h"
+#include "imaging/vector/Arcs.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/vector/Arcs.h"
-#include "platform/vector/Widen.h"
+#include "imaging/vector/Arcs.h"
+#include "imaging/vector/Widen.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

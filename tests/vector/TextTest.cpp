@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <thread>
 
-#include "platform/vector/FontFamilies.h"
-#include "platform/vector/FontFile.h"
-#include "platform/vector/FontFinder.h"
-#include "platform/vector/TextRun.h"
+#include "imaging/vector/FontFamilies.h"
+#include "imaging/vector/FontFile.h"
+#include "imaging/vector/FontFinder.h"
+#include "imaging/vector/TextRun.h"
 #include "vector/Canvas.h"
 
 namespace tavrix {

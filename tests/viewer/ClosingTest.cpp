@@ -1,6 +1,6 @@
 #include "OneProcess.h"
 #include "ViewerTest.h"
-#include "core/WaitCopyFrm.h"
+#include "dialogs/WaitCopyFrm.h"
 
 namespace tavrix::test {
 namespace {

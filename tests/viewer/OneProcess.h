@@ -3,11 +3,11 @@
 #include <functional>
 #include <string>
 
+#include "backends/headless/HeadlessServices.h"
+#include "backends/headless/HeadlessToolkit.h"
 #include "core/Main.h"
 #include "editing/Commands.h"
 #include "lists/Commands.h"
-#include "platform/headless/HeadlessServices.h"
-#include "platform/headless/HeadlessToolkit.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 

@@ -1,7 +1,7 @@
 #include "viewer/Opening.h"
 
 #include "ViewerTest.h"
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix::test {
 namespace {

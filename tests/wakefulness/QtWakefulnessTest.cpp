@@ -1,4 +1,4 @@
-#include "platform/qt/QtWakefulness.h"
+#include "backends/qt/desktop/QtWakefulness.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "imaging/graphics/Picture.h"
 #include "platform/forms/Control.h"
-#include "platform/graphics/Picture.h"
 
 namespace tavrix::forms {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/base/Text.h"
+#include "base/Text.h"
 #include "platform/forms/StartFolder.h"
 #include "platform/services/DrivePath.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/forms/RowControl.h"
 #include "platform/services/Files.h"
 

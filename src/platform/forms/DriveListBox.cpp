@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/RuntimeError.h"
-#include "platform/base/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "platform/forms/StartFolder.h"
 
 namespace tavrix::forms {

@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/graphics/Surface.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix::forms {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "imaging/graphics/Shrink.h"
 #include "platform/forms/Peers.h"
-#include "platform/graphics/Shrink.h"
 
 namespace tavrix::forms {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Twips.h"
 

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "imaging/graphics/Picture.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/FittedPixels.h"
 #include "platform/forms/Mouse.h"
 #include "platform/forms/Timer.h"
-#include "platform/graphics/Picture.h"
 
 namespace tavrix::forms {
 

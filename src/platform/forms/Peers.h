@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "imaging/graphics/Colour.h"
+#include "imaging/graphics/Surface.h"
 #include "platform/forms/Events.h"
 #include "platform/forms/Layout.h"
-#include "platform/graphics/Colour.h"
-#include "platform/graphics/Surface.h"
 
 namespace tavrix::forms {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "imaging/graphics/Draw.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Twips.h"
-#include "platform/graphics/Draw.h"
 
 namespace tavrix::forms {
 

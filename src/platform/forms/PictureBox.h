@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "imaging/graphics/Picture.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Mouse.h"
-#include "platform/graphics/Picture.h"
 
 namespace tavrix::forms {
 

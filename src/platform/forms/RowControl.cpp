@@ -1,6 +1,6 @@
 #include "platform/forms/RowControl.h"
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix::forms {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace tavrix::forms {
 

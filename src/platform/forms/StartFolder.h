@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/base/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "platform/services/Files.h"
 
 namespace tavrix::forms {

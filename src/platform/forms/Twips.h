@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/base/Rounding.h"
+#include "base/Rounding.h"
+#include "imaging/graphics/Surface.h"
 #include "platform/forms/Toolkit.h"
-#include "platform/graphics/Surface.h"
 
 namespace tavrix::forms {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/graphics/Picture.h"
+#include "imaging/graphics/Picture.h"
 
 namespace tavrix {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/graphics/Surface.h"
+#include "imaging/graphics/Surface.h"
 
 namespace tavrix {
 

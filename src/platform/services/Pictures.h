@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/graphics/Animation.h"
-#include "platform/graphics/Picture.h"
+#include "imaging/graphics/Animation.h"
+#include "imaging/graphics/Picture.h"
 
 namespace tavrix {
 

@@ -1,0 +1,318 @@
+#include "backends/headless/MemoryFiles.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "backends/shared/NameList.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix::headless {
+namespace {
+
+/// The names of files or of folders in list order, the hidden ones left out.
+template <class Wanted>
+std::vector<std::string> NamesIn(const MemoryNode& parent, bool folders, Wanted&& wanted) {
+    std::vector<std::string> names;
+    for (const auto& [name, child] : parent.children) {
+        if (child->folder == folders && !child->hidden && !name.starts_with('.') && wanted(name)) {
+            names.push_back(name);
+        }
+    }
+    SortAsListed(names);
+    return names;
+}
+
+bool IsInPlace(const MemoryPlace& place) {
+    return place.letter == 'A' || place.letter == 'B';
+}
+
+void TestForWriting(const MemoryPlace& place) {
+    if (!place.parent) {
+        throw RuntimeError(place.node ? ErrorNumber::PathFileAccessError : ErrorNumber::PathNotFound);
+    }
+    if (place.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (place.node && place.node->readOnly) throw RuntimeError(ErrorNumber::PermissionDenied);
+}
+
+/// The file at a place, made when it is missing.
+std::shared_ptr<MemoryNode> FileAt(const MemoryPlace& place, const DateTime& modified) {
+    auto& node = place.parent->children[place.name];
+    if (!node) node = std::make_shared<MemoryNode>(MemoryNode{.modified = modified});
+    return node;
+}
+
+class MemoryReader final : public FileReader {
+  public:
+    MemoryReader(std::shared_ptr<MemoryNode> file, FaultPlan& faults)
+        : file_(std::move(file)), faults_(faults) {}
+
+    std::size_t Read(std::span<std::byte> into) override {
+        faults_.Enter(Service::Files, "Read");
+        const std::size_t count =
+            std::min(into.size(), file_->content.size() - std::min(at_, file_->content.size()));
+        if (count != 0) std::memcpy(into.data(), file_->content.data() + at_, count);
+        at_ += count;
+        return count;
+    }
+
+  private:
+    std::shared_ptr<MemoryNode> file_;
+    FaultPlan& faults_;
+    std::size_t at_ = 0;
+};
+
+class MemoryWriter final : public FileWriter {
+  public:
+    MemoryWriter(MemoryPlace place, const MemoryDisks& disks, FaultPlan& faults)
+        : place_(std::move(place)), disks_(disks), faults_(faults) {
+        if (IsInPlace(place_) && !place_.node) place_.node = FileAt(place_, disks_.Now());
+    }
+    MemoryWriter(const MemoryWriter&) = delete;
+    MemoryWriter& operator=(const MemoryWriter&) = delete;
+    MemoryWriter(MemoryWriter&&) = delete;
+    MemoryWriter& operator=(MemoryWriter&&) = delete;
+    ~MemoryWriter() override {
+        SkipFailure([this] { Commit(); });
+    }
+
+    void Write(std::span<const std::byte> bytes) override {
+        TestDisk("Write");
+        if (IsInPlace(place_)) Begin();
+        const auto size = static_cast<std::int64_t>(bytes.size());
+        const std::int64_t pending = IsInPlace(place_) ? 0 : static_cast<std::int64_t>(content_.size());
+        if (pending + size > place_.disk->FreeBytes()) {
+            failed_ = true;
+            throw RuntimeError(ErrorNumber::DiskFull);
+        }
+        std::string& content = IsInPlace(place_) ? place_.node->content : content_;
+        content.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    }
+
+    void Close() override {
+        TestDisk("Close");
+        Commit();
+    }
+
+  private:
+    void TestDisk(const std::string& operation) {
+        try {
+            faults_.Enter(Service::Files, operation);
+            const auto drive = disks_.Drives().find(place_.letter);
+            if (drive == disks_.Drives().end() || drive->second.disk != place_.disk) {
+                throw RuntimeError(ErrorNumber::DiskNotReady);
+            }
+        } catch (const RuntimeError&) {
+            failed_ = true;
+            throw;
+        }
+    }
+
+    void Begin() {
+        if (!std::exchange(begun_, true)) place_.node->content.clear();
+    }
+
+    void Commit() {
+        if (failed_ || std::exchange(done_, true)) return;
+        if (IsInPlace(place_)) {
+            Begin();
+            place_.node->modified = disks_.Now();
+            return;
+        }
+        const auto file = FileAt(place_, disks_.Now());
+        file->content = content_;
+        file->modified = disks_.Now();
+    }
+
+    MemoryPlace place_;
+    const MemoryDisks& disks_;
+    FaultPlan& faults_;
+    std::string content_;
+    bool begun_ = false;
+    bool failed_ = false;
+    bool done_ = false;
+};
+
+}  // namespace
+
+void ReplaceContent(const MemoryPlace& place, const std::string& content, const DateTime& modified) {
+    TestForWriting(place);
+    const auto size = static_cast<std::int64_t>(content.size());
+    const std::int64_t former = place.node ? static_cast<std::int64_t>(place.node->content.size()) : 0;
+    if (size > place.disk->FreeBytes() + (IsInPlace(place) ? former : 0)) {
+        throw RuntimeError(ErrorNumber::DiskFull);
+    }
+    const auto file = FileAt(place, modified);
+    file->content = content;
+    file->modified = modified;
+}
+
+MemoryPlace MemoryFiles::Locate(const std::string& path) const {
+    return disks_.Locate(current_.Absolute(path));
+}
+
+MemoryPlace MemoryFiles::LocateNode(const std::string& path) const {
+    MemoryPlace place = Locate(path);
+    if (!place.node) {
+        throw RuntimeError(place.parent ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+    }
+    return place;
+}
+
+bool MemoryFiles::FileExists(const std::string& path) {
+    if (!faults_.EnterQuietly(Service::Files, "FileExists", path) || path.ends_with('\\')) return false;
+    try {
+        return Locate(path).IsFile();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool MemoryFiles::FolderExists(const std::string& path) {
+    if (!faults_.EnterQuietly(Service::Files, "FolderExists", path)) return false;
+    try {
+        return Locate(path).IsFolder();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+std::string MemoryFiles::First(const std::string& pattern) {
+    faults_.Enter(Service::Files, "First", pattern);
+    const PatternPath split = SplitPattern(pattern);
+    if (split.pattern.empty()) return {};
+    MemoryPlace folder;
+    try {
+        folder = Locate(split.folder.empty() ? "." : split.folder);
+    } catch (const RuntimeError&) {
+        throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+    }
+    if (!folder.IsFolder() || folder.node->unreadable) return {};
+    const std::vector<std::string> names = NamesIn(
+        *folder.node, false, [&](const std::string& name) { return MatchesPattern(name, split.pattern); });
+    return names.empty() ? std::string() : names.front();
+}
+
+MemoryPlace MemoryFiles::LocateToList(const std::string& folder) const {
+    MemoryPlace place = Locate(folder);
+    if (!place.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (place.node->unreadable) throw RuntimeError(ErrorNumber::PermissionDenied);
+    return place;
+}
+
+std::vector<std::string> MemoryFiles::List(const std::string& folder, const std::string& patterns) {
+    faults_.Enter(Service::Files, "List", folder + " " + patterns);
+    const PatternList wanted(patterns);
+    return NamesIn(*LocateToList(folder).node, false,
+                   [&](const std::string& name) { return wanted.Matches(name); });
+}
+
+std::vector<std::string> MemoryFiles::Folders(const std::string& folder) {
+    faults_.Enter(Service::Files, "Folders", folder);
+    const MemoryPlace place = LocateToList(folder);
+    std::vector<std::string> paths = NamesIn(*place.node, true, [](const std::string&) { return true; });
+    for (std::string& path : paths)
+        path.insert(0, WithBackslash(place.path));
+    return paths;
+}
+
+void MemoryFiles::Copy(const std::string& from, const std::string& to) {
+    faults_.Enter(Service::Files, "Copy", from + " " + to);
+    const MemoryPlace source = LocateNode(from);
+    const MemoryPlace target = disks_.LocateForWriting(current_.Absolute(to));
+    if (source.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (source.node == target.node) throw RuntimeError(ErrorNumber::PermissionDenied);
+    ReplaceContent(target, source.node->content, source.node->modified);
+}
+
+void MemoryFiles::Delete(const std::string& path) {
+    faults_.Enter(Service::Files, "Delete", path);
+    const MemoryPlace place = disks_.LocateForWriting(current_.Absolute(path));
+    if (!place.IsFile()) throw RuntimeError(ErrorNumber::FileNotFound);
+    if (place.node->readOnly) throw RuntimeError(ErrorNumber::PermissionDenied);
+    place.parent->children.erase(place.name);
+}
+
+FileInfo MemoryFiles::Info(const std::string& path) {
+    faults_.Enter(Service::Files, "Info", path);
+    const MemoryPlace place = LocateNode(path);
+    return {static_cast<std::int64_t>(place.node->content.size()), place.node->modified,
+            place.node->readOnly || place.disk->writeProtected, place.node->folder};
+}
+
+void MemoryFiles::MakeFolder(const std::string& path) {
+    faults_.Enter(Service::Files, "MakeFolder", path);
+    const MemoryPlace place = disks_.LocateForWriting(current_.Absolute(path));
+    if (place.node) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (!place.parent) throw RuntimeError(ErrorNumber::PathNotFound);
+    place.parent->children[place.name] =
+        std::make_shared<MemoryNode>(MemoryNode{.folder = true, .modified = disks_.Now()});
+}
+
+void MemoryFiles::ChangeDrive(const std::string& drive) {
+    faults_.Enter(Service::Files, "ChangeDrive", drive);
+    if (drive.empty()) return;
+    const char letter = UpperCase(drive)[0];
+    const auto found = disks_.Drives().find(letter);
+    const bool wellFormed = IsDriveLetter(letter) && (drive.size() < 2 || drive[1] == ':');
+    if (!wellFormed || found == disks_.Drives().end() || !found->second.disk) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    current_.SetDrive(letter);
+}
+
+void MemoryFiles::ChangeFolder(const std::string& folder) {
+    faults_.Enter(Service::Files, "ChangeFolder", folder);
+    const MemoryPlace place = Locate(folder);
+    if (!place.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    current_.SetFolder(PartsOf(place.path));
+}
+
+std::string MemoryFiles::CurrentFolder() {
+    faults_.Enter(Service::Files, "CurrentFolder");
+    return current_.Folder();
+}
+
+std::string MemoryFiles::ShortPath(const std::string& folder) {
+    if (!faults_.EnterQuietly(Service::Files, "ShortPath", folder)) return {};
+    try {
+        const MemoryPlace place = Locate(folder);
+        return place.IsFolder() ? WithBackslash(place.path) : std::string();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+std::string MemoryFiles::Folder(KnownFolder folder) {
+    if (!faults_.EnterQuietly(Service::Files, "Folder")) return {};
+    const auto found = folders_.find(folder);
+    return found == folders_.end() ? std::string() : found->second;
+}
+
+std::unique_ptr<FileReader> MemoryFiles::Open(const std::string& path) {
+    faults_.Enter(Service::Files, "Open", path);
+    const MemoryPlace place = LocateNode(path);
+    if (place.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    return std::make_unique<MemoryReader>(place.node, faults_);
+}
+
+std::unique_ptr<FileWriter> MemoryFiles::Create(const std::string& path) {
+    faults_.Enter(Service::Files, "Create", path);
+    const MemoryPlace place = disks_.LocateForWriting(current_.Absolute(path));
+    TestForWriting(place);
+    return std::make_unique<MemoryWriter>(place, disks_, faults_);
+}
+
+bool MemoryFiles::Same(const std::string& a, const std::string& b) {
+    if (!faults_.EnterQuietly(Service::Files, "Same", a + " " + b)) return false;
+    try {
+        const MemoryPlace first = Locate(a);
+        return first.node != nullptr && first.node == Locate(b).node;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+}  // namespace tavrix::headless

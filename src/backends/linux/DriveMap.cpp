@@ -1,0 +1,443 @@
+#include "backends/linux/DriveMap.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <linux/cdrom.h>
+#include <sys/ioctl.h>
+#include <sys/statvfs.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include "backends/linux/HostFile.h"
+#include "backends/linux/HostNames.h"
+#include "backends/linux/HostPaths.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "platform/services/DrivePath.h"
+
+namespace tavrix {
+namespace {
+
+constexpr std::int64_t FloppyBytes = 1'457'664;
+constexpr std::int64_t SectorBytes = 512;
+constexpr std::array<std::string_view, 3> SystemFolders{"/proc", "/sys", "/dev"};
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
+
+/// Whether `path` is `folder` or lies below it; "" is the root of everything.
+bool IsAtOrBelow(std::string_view path, std::string_view folder) {
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+std::string WithoutSlashes(std::string path) {
+    while (path.ends_with('/'))
+        path.pop_back();
+    return path;
+}
+
+/// In the table of mounts, blanks and such are three octal digits behind a backslash.
+std::string Unescaped(const std::string& text) {
+    const auto octal = [](char c) { return c >= '0' && c <= '7'; };
+    std::string plain;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\\' && at + 3 < text.size() && octal(text[at + 1]) && octal(text[at + 2]) &&
+            octal(text[at + 3])) {
+            plain.push_back(static_cast<char>((text[at + 1] - '0') * 64 + (text[at + 2] - '0') * 8 +
+                                              (text[at + 3] - '0')));
+            at += 3;
+        } else {
+            plain.push_back(text[at]);
+        }
+    }
+    return plain;
+}
+
+bool IsOneOf(const std::string& text, std::initializer_list<std::string_view> words) {
+    return std::ranges::find(words, text) != words.end();
+}
+
+DriveType TypeOfMount(const std::string& device, const std::string& system) {
+    if (IsOneOf(system, {"iso9660", "udf"})) return DriveType::CdRom;
+    if (IsOneOf(system, {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "9p", "afs", "ceph"})) {
+        return DriveType::Network;
+    }
+    if (IsOneOf(system, {"tmpfs", "ramfs"})) return DriveType::RamDisk;
+    const std::string block = "/sys/class/block/" + device.substr(device.rfind('/') + 1);
+    for (const char* flag : {"/removable", "/../removable"}) {
+        const auto content = ReadWholeFile(block + flag);
+        if (content) return content->starts_with('0') ? DriveType::Fixed : DriveType::Removable;
+    }
+    return DriveType::Removable;
+}
+
+bool IsMountPoint(const std::string& folder) {
+    struct stat own {};
+    struct stat above {};
+    return ::stat(folder.c_str(), &own) == 0 && ::stat((folder + "/..").c_str(), &above) == 0 &&
+           own.st_dev != above.st_dev;
+}
+
+bool IsEmptyFolder(const std::string& folder) {
+    const OpenFolder open(::opendir(folder.c_str()));
+    if (!open) return true;
+    while (const dirent* entry = ::readdir(open.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") return false;
+    }
+    return true;
+}
+
+/// Whether an optical device or a disc image has audio tracks. An image is taken at its word.
+bool HasAudio(const HostDrive& drive) {
+    struct stat status {};
+    if (drive.device.empty() || ::stat(drive.device.c_str(), &status) != 0) return false;
+    if (S_ISREG(status.st_mode)) return drive.present;
+    if (!S_ISBLK(status.st_mode)) return false;
+    const FileDescriptor device(::open(drive.device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!device) return false;
+    const int disc = ::ioctl(device.Number(), CDROM_DISC_STATUS);
+    return disc == CDS_AUDIO || disc == CDS_MIXED;
+}
+
+std::int64_t BytesIn(const std::string& folder) {
+    std::int64_t bytes = 0;
+    std::error_code error;
+    for (std::filesystem::recursive_directory_iterator at(folder, error), end; !error && at != end;
+         at.increment(error)) {
+        struct stat status {};
+        if (::lstat(at->path().c_str(), &status) != 0 || !S_ISREG(status.st_mode)) continue;
+        bytes += (status.st_size + SectorBytes - 1) / SectorBytes * SectorBytes;
+    }
+    return bytes;
+}
+
+/// The name in a folder that is equal to `wanted` but for case, the first in list order; empty when there is none.
+std::string NameIgnoringCase(const std::string& folder, const std::string& wanted) {
+    const OpenFolder open(::opendir(folder.c_str()));
+    if (!open) return {};
+    // All look-alikes are beyond ASCII, so that a plain name can only be equal to one that shows as itself.
+    const bool plain =
+        std::ranges::all_of(wanted, [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
+    std::string best;
+    std::string bestShown;
+    while (const dirent* entry = ::readdir(open.get())) {
+        const std::string_view name = entry->d_name;
+        if (plain && (name.size() != wanted.size() || !EqualIgnoringCase(name, wanted))) continue;
+        const std::string shown = ToDriveName(name);
+        if (!EqualIgnoringCase(shown, wanted)) continue;
+        if (best.empty() || ListsBefore(shown, bestShown)) {
+            best = entry->d_name;
+            bestShown = shown;
+        }
+    }
+    return best;
+}
+
+}  // namespace
+
+DriveMap::Sources DriveMap::SourcesOf(const HostPaths& paths) {
+    const std::string variable = EnvironmentValue("TAVRIX_DRIVES");
+    Sources sources;
+    if (!variable.empty()) sources.drives = variable;
+    sources.file = paths.config + "/drives";
+    sources.program = paths.program;
+    sources.shared = paths.shared;
+    return sources;
+}
+
+DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
+    const auto addAll = [this](const std::string& text, char separator) {
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line, separator);)
+            AddConfigured(line);
+    };
+    if (sources_.drives) {
+        mediaKnown_ = true;
+        addAll(*sources_.drives, ';');
+    } else {
+        configured_['A'] = {
+            .letter = 'A', .root = {}, .type = DriveType::Removable, .floppy = true, .present = false};
+        configured_['B'] = {
+            .letter = 'B', .root = {}, .type = DriveType::Removable, .floppy = true, .present = false};
+        configured_['C'] = {.letter = 'C', .root = {}};
+        if (const auto text = ReadWholeFile(sources_.file)) addAll(*text, '\n');
+    }
+    const bool whole = std::ranges::any_of(
+        configured_, [](const auto& entry) { return entry.second.root.empty() && entry.second.present; });
+    if (!whole) {
+        char letter = 'Z';
+        while (letter > 'C' && configured_.contains(letter))
+            --letter;
+        configured_[letter] = {.letter = letter, .root = {}, .listed = false};
+    }
+}
+
+void DriveMap::AddConfigured(std::string_view line) {
+    std::string text = Trim(line);
+    while (text.ends_with('\r'))
+        text.pop_back();
+    if (text.size() < 2 || !IsDriveLetter(text[0])) return;
+    const char letter = UpperCase(text)[0];
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos || (!Trim(text.substr(1, equals - 1)).empty() && text[1] != ':')) return;
+
+    std::string rest = Trim(text.substr(equals + 1));
+    HostDrive drive{.letter = letter};
+    drive.floppy = letter == 'A' || letter == 'B';
+    if (drive.floppy) drive.type = DriveType::Removable;
+    // Words are taken from the end, so that a folder may have commas in its name.
+    for (std::size_t comma = rest.rfind(','); comma != std::string::npos; comma = rest.rfind(',')) {
+        const std::string word = Trim(rest.substr(comma + 1));
+        const bool type = IsOneOf(word, {"floppy", "removable", "fixed", "network", "cdrom", "ram"});
+        if (!type && word != "disk") break;
+        if (word == "disk") drive.blank = true;
+        if (type) drive.floppy = word == "floppy";
+        if (word == "floppy" || word == "removable") drive.type = DriveType::Removable;
+        if (word == "fixed") drive.type = DriveType::Fixed;
+        if (word == "network") drive.type = DriveType::Network;
+        if (word == "cdrom") drive.type = DriveType::CdRom;
+        if (word == "ram") drive.type = DriveType::RamDisk;
+        rest = Trim(rest.substr(0, comma));
+    }
+    configured_.erase(letter);
+    if (!rest.starts_with('/')) return;
+    drive.root = WithoutSlashes(std::filesystem::path(rest).lexically_normal().string());
+    if (drive.type == DriveType::CdRom) drive.device = drive.root;
+    configured_[letter] = drive;
+}
+
+char DriveMap::FreeLetter() const {
+    for (char letter = 'D'; letter <= 'Z'; ++letter) {
+        const bool kept =
+            std::ranges::any_of(formerLetters_, [&](const auto& entry) { return entry.second == letter; });
+        if (!configured_.contains(letter) && !found_.contains(letter) && !kept) return letter;
+    }
+    return '\0';
+}
+
+void DriveMap::FindMedia() {
+    if (sources_.drives) return;
+    mediaKnown_ = true;
+    std::map<std::string, HostDrive> media;  // by device, or by folder where the device is none
+    for (int i = 0; i < 8; ++i) {
+        const std::string device = sources_.devices + "/sr" + std::to_string(i);
+        struct stat status {};
+        if (::stat(device.c_str(), &status) != 0) break;
+        media[device] = {.root = device, .type = DriveType::CdRom, .present = false, .device = device};
+    }
+    std::istringstream mounts(ReadWholeFile(sources_.mounts).value_or(std::string()));
+    for (std::string line; std::getline(mounts, line);) {
+        std::istringstream fields(line);
+        std::string device;
+        std::string folder;
+        std::string system;
+        fields >> device >> folder >> system;
+        folder = Unescaped(folder);
+        const bool optical = media.contains(device);
+        const bool below = std::ranges::any_of(sources_.mediaFolders, [&](const std::string& mediaFolder) {
+            return folder != mediaFolder && IsAtOrBelow(folder, mediaFolder);
+        });
+        const bool configured = std::ranges::any_of(configured_, [&](const auto& entry) {
+            return entry.second.present && entry.second.root == folder;
+        });
+        if ((!optical && !below) || configured) continue;
+        const DriveType type = optical ? DriveType::CdRom : TypeOfMount(device, system);
+        media[optical ? device : folder] = {
+            .root = folder, .type = type, .device = optical ? device : std::string()};
+    }
+    found_.clear();
+    for (auto& [key, drive] : media) {
+        const auto former = formerLetters_.find(key);
+        drive.letter = former != formerLetters_.end() ? former->second : FreeLetter();
+        if (drive.letter == '\0') continue;
+        formerLetters_[key] = drive.letter;
+        found_[drive.letter] = drive;
+    }
+}
+
+std::vector<HostDrive> DriveMap::ListedDrives() {
+    FindMedia();
+    std::map<char, HostDrive> all = found_;
+    all.insert(configured_.begin(), configured_.end());
+    std::vector<HostDrive> listed;
+    for (const auto& [letter, drive] : all) {
+        if (drive.listed) listed.push_back(drive);
+    }
+    return listed;
+}
+
+std::optional<HostDrive> DriveMap::Find(char letter) {
+    const char upper = UpperCase(std::string(1, letter))[0];
+    if (const auto found = configured_.find(upper); found != configured_.end()) return found->second;
+    auto found = found_.find(upper);
+    if (found == found_.end() || !found->second.present) {
+        FindMedia();
+        found = found_.find(upper);
+    }
+    if (found == found_.end()) return std::nullopt;
+    return found->second;
+}
+
+bool DriveMap::HasDisk(const HostDrive& drive) {
+    if (HasAudio(drive)) return true;
+    if (!drive.present) return false;
+    struct stat status {};
+    const std::string root = drive.root + "/";
+    if (::stat(root.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
+    if (drive.blank || (!drive.floppy && drive.type != DriveType::CdRom)) return true;
+    return !IsEmptyFolder(root) || IsMountPoint(root);
+}
+
+std::string DriveMap::CdDevice() {
+    for (const HostDrive& drive : ListedDrives()) {
+        std::error_code error;
+        if (!drive.device.empty() && !std::filesystem::is_directory(drive.device, error)) return drive.device;
+    }
+    return {};
+}
+
+void DriveMap::KeepDisk(const HostDrive& drive) {
+    if (!drive.floppy || HasDisk(drive)) return;
+    const std::string marker = drive.root + "/.disk";
+    FileDescriptor(::open(marker.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
+}
+
+std::int64_t DriveMap::FreeBytes(const HostDrive& drive) {
+    if (drive.type == DriveType::CdRom) return 0;
+    const std::string root = drive.root + "/";
+    struct statvfs space {};
+    if (::statvfs(root.c_str(), &space) != 0) throw ErrorOf(errno);
+    const auto free = static_cast<std::int64_t>(space.f_bavail) * static_cast<std::int64_t>(space.f_frsize);
+    if (!drive.floppy || IsMountPoint(root)) return free;
+    return std::clamp<std::int64_t>(FloppyBytes - BytesIn(root), 0, free);
+}
+
+bool DriveMap::MayBeOnMedium(std::string_view hostPath) const {
+    return std::ranges::any_of(sources_.mediaFolders,
+                               [&](const std::string& folder) { return IsAtOrBelow(hostPath, folder); });
+}
+
+const HostDrive* DriveMap::OwnerOf(std::string_view hostPath) {
+    if (!mediaKnown_ && MayBeOnMedium(hostPath)) FindMedia();
+    const HostDrive* owner = nullptr;
+    for (const auto* drives : {&configured_, &found_}) {
+        for (const auto& [letter, drive] : *drives) {
+            if (!drive.present || !IsAtOrBelow(hostPath, drive.root)) continue;
+            if (owner == nullptr || drive.root.size() > owner->root.size()) owner = &drive;
+        }
+    }
+    return owner;
+}
+
+bool DriveMap::IsHidden(const HostDrive& drive, const std::string& hostPath) {
+    const HostDrive* owner = OwnerOf(hostPath);
+    if (owner != nullptr && owner->root.size() > drive.root.size()) return true;
+    return std::ranges::any_of(SystemFolders, [&](std::string_view folder) {
+        return IsAtOrBelow(hostPath, folder) && !IsAtOrBelow(drive.root, folder);
+    });
+}
+
+std::string DriveMap::ToDrivePath(std::string_view hostPath) {
+    const std::string path = WithoutSlashes(std::filesystem::path(hostPath).lexically_normal().string());
+    // A path from outside may lie on a medium that came a moment ago; as C:\... it would be hidden soon.
+    if (MayBeOnMedium(path)) FindMedia();
+    const HostDrive* owner = OwnerOf(path);
+    std::string drivePath = owner != nullptr ? std::string(1, owner->letter) : std::string("C");
+    drivePath += ":\\";
+    std::istringstream names(path.substr(owner != nullptr ? owner->root.size() : 0));
+    bool first = true;
+    for (std::string name; std::getline(names, name, '/');) {
+        if (name.empty()) continue;
+        if (!first) drivePath.push_back('\\');
+        first = false;
+        drivePath += ToDriveName(name);
+    }
+    return drivePath;
+}
+
+std::optional<HostLocation> DriveMap::LocateShared(const std::string& hostPath) {
+    if (sources_.shared.empty() || !IsAtOrBelow(hostPath, sources_.program)) return std::nullopt;
+    std::vector<std::string> names;
+    std::istringstream rest(hostPath.substr(sources_.program.size()));
+    for (std::string name; std::getline(rest, name, '/');) {
+        if (!name.empty()) names.push_back(ToDriveName(name));
+    }
+    HostLocation seen;
+    Look(seen, sources_.shared, names);
+    if (!seen.exists) return std::nullopt;
+    seen.shared = true;
+    return seen;
+}
+
+std::string DriveMap::SharedPathOf(const std::string& hostPath) {
+    const std::optional<HostLocation> seen = LocateShared(hostPath);
+    return seen ? seen->path : std::string();
+}
+
+void DriveMap::Look(HostLocation& location, const std::string& root, const std::vector<std::string>& names) {
+    std::string path = root;
+    for (const std::string& name : names)
+        path.append("/").append(FromDriveName(name));
+    location.path = path.empty() ? "/" : path;
+    location.exists = ::stat(location.path.c_str(), &location.status) == 0;
+    location.parentExists = location.exists;
+    if (location.exists) return;
+
+    path = root;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const bool last = i + 1 == names.size();
+        const std::string folder = path.empty() ? "/" : path;
+        std::string name = FromDriveName(names[i]);
+        struct stat status {};
+        if (::lstat((path + "/" + name).c_str(), &status) != 0) {
+            if (const std::string other = NameIgnoringCase(folder, names[i]); !other.empty()) name = other;
+        }
+        path.append("/").append(name);
+        location.exists = ::stat(path.c_str(), &location.status) == 0;
+        location.parentExists = last && (::stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode));
+        if (location.exists) continue;
+        for (std::size_t rest = i + 1; rest < names.size(); ++rest)
+            path.append("/").append(FromDriveName(names[rest]));
+        break;
+    }
+    location.path = path.empty() ? "/" : path;
+}
+
+HostLocation DriveMap::LocateIn(const HostDrive& drive, const std::vector<std::string>& names) {
+    HostLocation location{.drive = drive};
+    Look(location, drive.root, names);
+    if (IsHidden(drive, location.path == "/" ? "" : location.path)) {
+        location.exists = false;
+        location.parentExists = false;
+    }
+    return location;
+}
+
+HostLocation DriveMap::LocateForWriting(std::string_view drivePath) {
+    const DrivePathParts parts = PartsOf(drivePath);
+    const std::optional<HostDrive> drive = Find(parts.letter);
+    if (!drive) throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    if (!HasDisk(*drive)) throw RuntimeError(ErrorNumber::DiskNotReady);
+    return LocateIn(*drive, parts.names);
+}
+
+HostLocation DriveMap::Locate(std::string_view drivePath) {
+    HostLocation location = LocateForWriting(drivePath);
+    if (location.exists) return location;
+    std::optional<HostLocation> seen = LocateShared(location.path);
+    if (!seen) return location;
+    seen->drive = location.drive;
+    return *seen;
+}
+
+}  // namespace tavrix

@@ -1,0 +1,39 @@
+#include "backends/linux/HostDrives.h"
+
+#include <optional>
+
+#include "base/RuntimeError.h"
+#include "platform/services/DrivePath.h"
+
+namespace tavrix {
+namespace {
+
+std::optional<HostDrive> DriveOf(DriveMap& drives, const std::string& root) {
+    if (root.empty() || !IsDriveLetter(root[0])) return std::nullopt;
+    return drives.Find(root[0]);
+}
+
+}  // namespace
+
+std::string HostDrives::Roots() {
+    std::string roots;
+    for (const HostDrive& drive : drives_.ListedDrives()) {
+        roots.push_back(drive.letter);
+        roots.append(":\\").push_back('\0');
+    }
+    return roots;
+}
+
+DriveType HostDrives::Type(const std::string& root) {
+    const std::optional<HostDrive> drive = DriveOf(drives_, root);
+    return drive ? drive->type : DriveType::NoRoot;
+}
+
+DiskSpace HostDrives::Space(const std::string& root) {
+    const std::optional<HostDrive> drive = DriveOf(drives_, root);
+    if (!drive) throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    if (!DriveMap::HasDisk(*drive)) throw RuntimeError(ErrorNumber::DiskNotReady);
+    return SpaceOfBytes(DriveMap::FreeBytes(*drive));
+}
+
+}  // namespace tavrix

@@ -1,0 +1,324 @@
+#include "backends/linux/HostFiles.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "backends/linux/HostNames.h"
+#include "backends/shared/NameList.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+class HostReader final : public FileReader {
+  public:
+    explicit HostReader(FileDescriptor file) : file_(std::move(file)) {}
+
+    std::size_t Read(std::span<std::byte> into) override {
+        for (;;) {
+            const ssize_t count = ::read(file_.Number(), into.data(), into.size());
+            if (count >= 0) return static_cast<std::size_t>(count);
+            if (errno != EINTR) throw ErrorOf(errno);
+        }
+    }
+
+  private:
+    FileDescriptor file_;
+};
+
+class HostWriter final : public FileWriter {
+  public:
+    HostWriter(const std::string& path, TargetFile::Options options) : target_(path, options) {}
+    HostWriter(const HostWriter&) = delete;
+    HostWriter& operator=(const HostWriter&) = delete;
+    HostWriter(HostWriter&&) = delete;
+    HostWriter& operator=(HostWriter&&) = delete;
+    ~HostWriter() override {
+        SkipFailure([&] { target_.Commit(); });
+    }
+
+    void Write(std::span<const std::byte> bytes) override { target_.Write(bytes); }
+    void Close() override { target_.Commit(); }
+
+  private:
+    TargetFile target_;
+};
+
+DateTime LocalTime(const timespec& moment) {
+    std::tm local{};
+    ::localtime_r(&moment.tv_sec, &local);
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
+}
+
+RuntimeError MissingFile(const HostLocation& location) {
+    return RuntimeError(location.parentExists ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+}
+
+bool IsSameFile(const HostLocation& a, const HostLocation& b) {
+    return a.exists && b.exists && a.status.st_dev == b.status.st_dev && a.status.st_ino == b.status.st_ino;
+}
+
+}  // namespace
+
+HostFiles::HostFiles(DriveMap& drives, HostPaths paths) : drives_(drives), paths_(std::move(paths)) {}
+
+CurrentFolders& HostFiles::Current() {
+    if (!current_) {
+        current_.emplace();
+        std::error_code error;
+        const std::string start = std::filesystem::current_path(error).string();
+        const DrivePathParts folder = PartsOf(drives_.ToDrivePath(error ? "/" : start));
+        current_->SetDrive(folder.letter);
+        current_->SetFolder(folder);
+    }
+    return *current_;
+}
+
+HostLocation HostFiles::Locate(const std::string& path) {
+    return drives_.Locate(Current().Absolute(path).Text());
+}
+
+HostLocation HostFiles::LocateForWriting(const std::string& path) {
+    return drives_.LocateForWriting(Current().Absolute(path).Text());
+}
+
+HostLocation HostFiles::LocateFile(const std::string& path) {
+    HostLocation location = Locate(path);
+    if (!location.exists) throw MissingFile(location);
+    return location;
+}
+
+std::string HostFiles::HostPathOf(const std::string& path) {
+    return LocateFile(path).path;
+}
+
+bool HostFiles::FileExists(const std::string& path) {
+    try {
+        return !path.ends_with('\\') && Locate(path).IsFile();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool HostFiles::FolderExists(const std::string& path) {
+    try {
+        return Locate(path).IsFolder();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+HostLocation HostFiles::LocateToList(const std::string& folder) {
+    HostLocation location = Locate(folder);
+    if (!location.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    return location;
+}
+
+void HostFiles::ReadAll(const HostLocation& folder, EntryKind kind,
+                        const std::function<bool(const std::string&)>& wanted,
+                        const std::function<void(std::string&&)>& take) {
+    ReadFolder(folder.path, kind, wanted, take);
+    const std::string shared = folder.shared ? std::string() : drives_.SharedPathOf(folder.path);
+    if (shared.empty()) return;
+    const std::string here = WithBackslash(drives_.ToDrivePath(folder.path));
+    // A path leads to a shared file only where nothing of the program's own folder has its name.
+    const auto seen = [&](const std::string& name) {
+        return wanted(name) && drives_.Locate(here + name).shared;
+    };
+    SkipFailure([&] { ReadFolder(shared, kind, seen, take); });
+}
+
+std::string HostFiles::First(const std::string& pattern) {
+    const PatternPath split = SplitPattern(pattern);
+    if (split.pattern.empty()) return {};
+    HostLocation folder;
+    try {
+        folder = Locate(split.folder.empty() ? "." : split.folder);
+    } catch (const RuntimeError&) {
+        throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+    }
+    if (!folder.IsFolder()) return {};
+    std::string first;
+    const auto better = [&](const std::string& name) {
+        return MatchesPattern(name, split.pattern) && (first.empty() || ListsBefore(name, first));
+    };
+    SkipFailure([&] {
+        ReadAll(folder, EntryKind::File, better, [&](std::string&& name) { first = std::move(name); });
+    });
+    return first;
+}
+
+std::vector<std::string> HostFiles::List(const std::string& folder, const std::string& patterns) {
+    const PatternList wanted(patterns);
+    std::vector<std::string> names;
+    ReadAll(
+        LocateToList(folder), EntryKind::File, [&](const std::string& name) { return wanted.Matches(name); },
+        [&](std::string&& name) { names.push_back(std::move(name)); });
+    SortAsListed(names);
+    return names;
+}
+
+std::vector<std::string> HostFiles::Folders(const std::string& folder) {
+    const HostLocation location = LocateToList(folder);
+    const std::string host = location.path == "/" ? "/" : location.path + "/";
+    std::vector<std::string> paths;
+    ReadAll(
+        location, EntryKind::Folder,
+        [&](const std::string& name) {
+            return !drives_.IsHidden(location.drive, host + FromDriveName(name));
+        },
+        [&](std::string&& name) { paths.push_back(std::move(name)); });
+    SortAsListed(paths);
+    const std::string here = WithBackslash(Spelled(location, folder));
+    for (std::string& path : paths)
+        path.insert(0, here);
+    return paths;
+}
+
+TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) const {
+    TargetFile::Options options;
+    options.inPlace = location.drive.letter == 'A' || location.drive.letter == 'B';
+    if (temporary_ && !temporary_->Path().empty()) {
+        options.sync = !location.path.starts_with(temporary_->Path() + "/");
+    }
+    if (location.drive.floppy) {
+        options.limit = static_cast<std::uint64_t>(DriveMap::FreeBytes(location.drive)) +
+                        (location.exists ? static_cast<std::uint64_t>(location.status.st_size) : 0);
+    }
+    return options;
+}
+
+void HostFiles::Copy(const std::string& from, const std::string& to) {
+    const HostLocation source = LocateFile(from);
+    const HostLocation target = LocateForWriting(to);
+    if (source.IsFolder() || target.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (!target.exists && !target.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (IsSameFile(source, target)) throw RuntimeError(ErrorNumber::PermissionDenied);
+
+    const FileDescriptor content = OpenForReading(source.path);
+    TargetFile::Options options = OptionsFor(target);
+    options.newMode = (source.status.st_mode & 0777U) | S_IWUSR;
+    options.keepMode = false;
+    TargetFile copy(target.path, options);
+    copy.CopyFrom(content, source.status);
+    copy.Commit();
+}
+
+void HostFiles::Delete(const std::string& path) {
+    const HostLocation location = LocateForWriting(path);
+    if (!location.exists || location.IsFolder()) throw RuntimeError(ErrorNumber::FileNotFound);
+    if (IsReadOnly(location.path, location.status)) throw RuntimeError(ErrorNumber::PermissionDenied);
+    if (::unlink(location.path.c_str()) != 0) throw ErrorOf(errno);
+    DriveMap::KeepDisk(location.drive);
+}
+
+FileInfo HostFiles::Info(const std::string& path) {
+    const HostLocation location = LocateFile(path);
+    FileInfo info;
+    info.folder = location.IsFolder();
+    info.length = info.folder ? 0 : location.status.st_size;
+    info.modified = LocalTime(location.status.st_mtim);
+    info.readOnly = location.shared || IsReadOnly(location.path, location.status);
+    return info;
+}
+
+void HostFiles::MakeFolder(const std::string& path) {
+    const HostLocation location = LocateForWriting(path);
+    if (location.exists) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (!location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (::mkdir(location.path.c_str(), 0777) != 0) {
+        throw errno == EEXIST ? RuntimeError(ErrorNumber::PathFileAccessError) : ErrorOf(errno);
+    }
+}
+
+void HostFiles::ChangeDrive(const std::string& drive) {
+    if (drive.empty()) return;
+    if (!IsDriveLetter(drive[0]) || (drive.size() > 1 && drive[1] != ':')) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    const std::optional<HostDrive> found = drives_.Find(drive[0]);
+    if (!found || !DriveMap::HasDisk(*found)) throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    Current().SetDrive(found->letter);
+}
+
+void HostFiles::ChangeFolder(const std::string& folder) {
+    const HostLocation location = Locate(folder);
+    if (!location.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    Current().SetFolder(PartsOf(Spelled(location, folder)));
+}
+
+std::string HostFiles::CurrentFolder() {
+    return Current().Folder();
+}
+
+std::string HostFiles::Spelled(const HostLocation& location, const std::string& folder) {
+    if (!location.shared) {
+        std::string path = drives_.ToDrivePath(location.path);
+        // Of two letters for one folder the one that was asked for is kept.
+        if (path[0] == location.drive.letter) return path;
+    }
+    return Current().Absolute(folder).Text();
+}
+
+std::string HostFiles::ShortPath(const std::string& folder) {
+    try {
+        const HostLocation location = Locate(folder);
+        return location.IsFolder() ? WithBackslash(Spelled(location, folder)) : std::string();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+std::string HostFiles::Folder(KnownFolder folder) {
+    const auto ifThere = [this](const std::string& path) {
+        struct stat status {};
+        const bool there = !path.empty() && ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+        return there ? drives_.ToDrivePath(path) : std::string();
+    };
+    switch (folder) {
+        case KnownFolder::Temporary:
+            if (!temporary_) temporary_.emplace(paths_.temporary);
+            return ifThere(temporary_->Path());
+        case KnownFolder::Windows:
+            // There is none on this system, so it is made when it is asked for.
+            if (!paths_.data.empty()) MakeFolders(paths_.data + "/tavrix/windows");
+            return ifThere(paths_.data + "/tavrix/windows");
+        case KnownFolder::System:
+            return ifThere(paths_.data + "/tavrix/windows/system");
+        case KnownFolder::Program:
+            MakeFolders(paths_.program);
+            return ifThere(paths_.program);
+        case KnownFolder::Documents:
+            return paths_.documents.empty() ? std::string() : drives_.ToDrivePath(paths_.documents);
+    }
+    return {};
+}
+
+std::unique_ptr<FileReader> HostFiles::Open(const std::string& path) {
+    return std::make_unique<HostReader>(OpenForReading(LocateFile(path).path));
+}
+
+std::unique_ptr<FileWriter> HostFiles::Create(const std::string& path) {
+    const HostLocation location = LocateForWriting(path);
+    if (!location.exists && !location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (location.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    return std::make_unique<HostWriter>(location.path, OptionsFor(location));
+}
+
+bool HostFiles::Same(const std::string& a, const std::string& b) {
+    try {
+        return IsSameFile(Locate(a), Locate(b));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+}  // namespace tavrix

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostFile.h"
+#include "backends/linux/HostFolder.h"
+#include "backends/linux/HostPaths.h"
+#include "backends/linux/TemporaryFolder.h"
+#include "platform/services/DrivePath.h"
+#include "platform/services/Files.h"
+
+namespace tavrix {
+
+/// The files of this system behind drive letters. On A: and B: files are written in place; elsewhere a new content
+/// replaces the old as a whole. Files in the temporary folder are not synced to the disk.
+class HostFiles final : public Files {
+  public:
+    HostFiles(DriveMap& drives, HostPaths paths);
+
+    bool FileExists(const std::string& path) override;
+    bool FolderExists(const std::string& path) override;
+    std::string First(const std::string& pattern) override;
+    std::vector<std::string> List(const std::string& folder, const std::string& patterns) override;
+    std::vector<std::string> Folders(const std::string& folder) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    void Delete(const std::string& path) override;
+    FileInfo Info(const std::string& path) override;
+    void MakeFolder(const std::string& path) override;
+    void ChangeDrive(const std::string& drive) override;
+    void ChangeFolder(const std::string& folder) override;
+    std::string CurrentFolder() override;
+    std::string ShortPath(const std::string& folder) override;
+    std::string Folder(KnownFolder folder) override;
+    std::unique_ptr<FileReader> Open(const std::string& path) override;
+    std::unique_ptr<FileWriter> Create(const std::string& path) override;
+    bool Same(const std::string& a, const std::string& b) override;
+
+    /// The host path of a file for other parts of this system; throws as Open does for what is not there.
+    [[nodiscard]] std::string HostPathOf(const std::string& path);
+
+  private:
+    [[nodiscard]] CurrentFolders& Current();
+    [[nodiscard]] HostLocation Locate(const std::string& path);
+    [[nodiscard]] HostLocation LocateFile(const std::string& path);
+    [[nodiscard]] HostLocation LocateForWriting(const std::string& path);
+    [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location) const;
+    [[nodiscard]] HostLocation LocateToList(const std::string& folder);
+    /// The folder's drive path in its canonical spelling.
+    [[nodiscard]] std::string Spelled(const HostLocation& location, const std::string& folder);
+    /// ReadFolder for a folder that was found, and for the shared files that are seen through it.
+    void ReadAll(const HostLocation& folder, EntryKind kind,
+                 const std::function<bool(const std::string&)>& wanted,
+                 const std::function<void(std::string&&)>& take);
+
+    DriveMap& drives_;
+    HostPaths paths_;
+    std::optional<TemporaryFolder> temporary_;
+    std::optional<CurrentFolders> current_;
+};
+
+}  // namespace tavrix

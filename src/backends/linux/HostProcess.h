@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostPaths.h"
+#include "platform/services/Process.h"
+
+namespace tavrix {
+
+class HostProcess final : public Process {
+  public:
+    /// `arguments` are those behind the program's name.
+    HostProcess(DriveMap& drives, HostPaths paths, const std::vector<std::string>& arguments);
+
+    /// The arguments joined by blanks. Where they are one host path (they name an existing file, or hold a slash past
+    /// the first character), also behind SCRNSAVE, that path is told as a drive path. Addresses of files (file:///)
+    /// count as host paths; other addresses and switches (/C) stay as they are.
+    std::string CommandLine() override;
+    std::string Path() override;
+    [[noreturn]] void End() override;
+
+  private:
+    [[nodiscard]] std::string WithDrivePath(const std::string& text);
+
+    DriveMap& drives_;
+    HostPaths paths_;
+    std::string commandLine_;
+};
+
+}  // namespace tavrix

@@ -1,0 +1,70 @@
+#include "backends/linux/HostProfile.h"
+
+#include <cerrno>
+#include <optional>
+
+#include "backends/shared/ProfileText.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+/// Whether something stands at a path; when that cannot be told, something does.
+bool IsThere(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
+}  // namespace
+
+void MergeIntoProfile(const std::string& hostPath, const std::string& section,
+                      std::span<const ProfileEntry> entries, TargetFile::Options options,
+                      const std::string& initial) {
+    const std::string path = FollowLinks(hostPath);
+    const FolderLock lock(HostFolderOf(path));
+    TargetFile target(path, options);
+    std::string before = initial;
+    struct stat status {};
+    const bool exists = ::stat(path.c_str(), &status) == 0;
+    if (exists) {
+        const std::optional<std::string> content = ReadWholeFile(path);
+        // Taking an unreadable file for an empty one would throw its lines away.
+        if (!content) throw RuntimeError(ErrorNumber::PathFileAccessError);
+        before = *content;
+    }
+    const std::string after = MergeProfileText(before, section, entries);
+    if (exists && after == before) return;
+    target.Write(after);
+    target.Commit();
+}
+
+ProfileSection HostProfile::Read(const std::string& section, const std::string& file) {
+    try {
+        const std::string path = drives_.Locate(file).path;
+        const std::optional<std::string> content = ReadWholeFile(path);
+        if (content) return ReadProfileSection(*content, section);
+        if (IsThere(path)) unread_.insert(UpperCase(file));
+        return {};
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+void HostProfile::Write(const std::string& section, std::span<const ProfileEntry> entries,
+                        const std::string& file) {
+    const HostLocation location = drives_.LocateForWriting(file);
+    if (!location.exists && !location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (location.exists && unread_.contains(UpperCase(file))) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    // Where the user has no file yet, the shared one is what was read so far.
+    const std::string shared = location.exists ? std::string() : drives_.SharedPathOf(location.path);
+    const std::string initial =
+        shared.empty() ? std::string() : ReadWholeFile(shared).value_or(std::string());
+    TargetFile::Options options;
+    options.inPlace = location.drive.letter == 'A' || location.drive.letter == 'B';
+    MergeIntoProfile(location.path, section, entries, options, initial);
+}
+
+}  // namespace tavrix

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostPaths.h"
+#include "backends/shared/ShellLink.h"
+#include "platform/services/Shell.h"
+
+namespace tavrix {
+
+/// The desktop around us: its list of recent documents, its programs, its links.
+class HostShell final : public Shell {
+  public:
+    HostShell(DriveMap& drives, HostPaths paths);
+
+    /// Silent when the desktop's list cannot be read or written; an empty path does nothing.
+    void AddRecent(const std::string& path) override;
+    /// Known command lines start the program that does the same on this desktop; no shell takes part.
+    bool Run(const std::string& commandLine) override;
+    /// Symbolic links, .desktop files of the type Link that lead to a file, and .lnk files. Of the latter a target
+    /// that is there comes first, then one beside the link, then whatever path is stored.
+    std::string ResolveLink(const std::string& path) override;
+    void Trash(const std::string& path) override;
+
+  private:
+    [[nodiscard]] std::string TargetOf(const ShellLink& link, const std::string& linkPath);
+    [[nodiscard]] bool IsThere(const std::string& path);
+
+    DriveMap& drives_;
+    HostPaths paths_;
+};
+
+}  // namespace tavrix

@@ -1,0 +1,238 @@
+#include "backends/linux/HostSound.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "backends/linux/CdPlayer.h"
+#include "backends/linux/DriveMap.h"
+#include "backends/linux/HostFiles.h"
+#include "backends/linux/HostPaths.h"
+#include "backends/linux/MidiPlayer.h"
+#include "backends/linux/WavePlayer.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+constexpr const char* NoMidi = "The file holds no MIDI sound";
+
+template <class Wanted>
+int CountNames(const std::string& folder, Wanted&& wanted) {
+    int count = 0;
+    std::error_code error;
+    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
+         at.increment(error)) {
+        if (wanted(at->path().filename().string())) ++count;
+    }
+    return count;
+}
+
+bool Exists(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::exists(path, error);
+}
+
+bool IsSoundFont(const std::string& name) {
+    return name.ends_with(".sf2") || name.ends_with(".sf3");
+}
+
+std::vector<std::string> UpperWords(std::string_view text) {
+    std::vector<std::string> words;
+    const std::string upper = UpperCase(text);
+    for (std::size_t at = 0; at < upper.size();) {
+        const std::size_t end = std::min(upper.find(' ', at), upper.size());
+        if (end > at) words.push_back(upper.substr(at, end - at));
+        at = end + 1;
+    }
+    return words;
+}
+
+/// The file of `open "FILE" ...`; empty when it names none.
+std::string QuotedFile(const std::string& command) {
+    const std::size_t first = command.find('"');
+    const std::size_t last = command.rfind('"');
+    return first == last ? std::string() : command.substr(first + 1, last - first - 1);
+}
+
+/// A track of a disc: 1 to 99.
+std::optional<int> TrackNumber(const std::string& text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < 1 || number > 99) return {};
+    return number;
+}
+
+/// Whether a file begins as MIDI files do, in a RIFF wrapper or without; throws as opening it does.
+bool IsMidi(HostFiles& files, const std::string& path) {
+    std::array<char, 12> start{};
+    const std::size_t count = files.Open(path)->Read(std::as_writable_bytes(std::span(start)));
+    const std::string_view text(start.data(), count);
+    return text.starts_with("MThd") || (text.starts_with("RIFF") && text.ends_with("RMID"));
+}
+
+/// A text for the box of an `open` that failed.
+std::string CannotOpen(const std::string& what, const std::string& why) {
+    return "Unable to play:" + std::string(NewLine2) + what + std::string(NewLine2) + why + "...";
+}
+
+}  // namespace
+
+HostSound::HostSound(HostFiles& files, DriveMap& drives) : HostSound(files, drives, Places{}) {
+    places_.runtime = EnvironmentValue("XDG_RUNTIME_DIR");
+    places_.driver = EnvironmentValue("SDL_AUDIODRIVER");
+}
+
+HostSound::HostSound(HostFiles& files, DriveMap& drives, Places places)
+    : files_(files), drives_(drives), places_(std::move(places)) {}
+
+HostSound::~HostSound() = default;
+
+int HostSound::WaveDevices() {
+    const int devices = CountNames(places_.devices, [](const std::string& name) {
+        return name.starts_with("pcmC") && name.ends_with('p');
+    });
+    if (devices > 0) return devices;
+    if (!places_.driver.empty()) return 1;
+    if (places_.runtime.empty()) return 0;
+    return Exists(places_.runtime + "/pulse/native") || Exists(places_.runtime + "/pipewire-0") ? 1 : 0;
+}
+
+int HostSound::MidiDevices() {
+    const int ports =
+        CountNames(places_.devices, [](const std::string& name) { return name.starts_with("midiC"); });
+    const int fonts = CountNames(places_.soundFonts, IsSoundFont);
+    return ports + (fonts > 0 && WaveDevices() > 0 ? 1 : 0);
+}
+
+void HostSound::PlayWave(const std::string& path, unsigned flags) {
+    if (wave_) wave_->Stop();
+    if (path.empty() || WaveDevices() == 0) return;
+    SkipFailure([&] {
+        const std::string hostPath = files_.HostPathOf(path);
+        if (!wave_) wave_ = std::make_unique<WavePlayer>();
+        wave_->Play(hostPath, (flags & WaveFlags::Loop) != 0);
+    });
+}
+
+int HostSound::Mci(const std::string& command) {
+    const std::vector<std::string> words = UpperWords(command);
+    if (words.size() < 2) return 0;
+    if (words[0] == "OPEN") return Open(command, words.back()) ? 1 : 0;
+    if (!midiAlias_.empty() && words[1] == midiAlias_) return RunMidi(words) ? 1 : 0;
+    if (!cdAlias_.empty() && words[1] == cdAlias_) return RunCd(words) ? 1 : 0;
+    return 0;
+}
+
+bool HostSound::Open(const std::string& command, const std::string& alias) {
+    const std::string upper = UpperCase(command);
+    const std::string file = QuotedFile(command);
+    if (!file.empty() && upper.find("\" TYPE SEQUENCER ALIAS ") != std::string::npos) {
+        if (!OpenMidi(file)) return false;
+        midiAlias_ = alias;
+    } else if (upper.starts_with("OPEN CDAUDIO ALIAS ")) {
+        if (!OpenCd()) return false;
+        cdAlias_ = alias;
+    } else {
+        OnFailure(CannotOpen(command, "The command is not known"));
+        return false;
+    }
+    return true;
+}
+
+bool HostSound::RunMidi(const std::vector<std::string>& words) {
+    if (words[0] == "PLAY") return midi_->Play();
+    if (words[0] == "STOP") {
+        midi_->Stop();
+        return true;
+    }
+    if (words[0] != "CLOSE") return false;
+    midi_->Close();
+    midiAlias_.clear();
+    return true;
+}
+
+bool HostSound::RunCd(const std::vector<std::string>& words) {
+    const auto rest = [&] { return std::span(words).subspan(2); };
+    const auto is = [&](std::initializer_list<std::string_view> wanted) {
+        return std::ranges::equal(rest(), wanted);
+    };
+    if (words[0] == "PLAY") return cd_->Play();
+    if (words[0] == "STOP") {
+        cd_->Stop();
+        return true;
+    }
+    if (words[0] == "CLOSE") {
+        cd_.reset();
+        cdAlias_.clear();
+        return true;
+    }
+    if (words[0] == "SEEK" && is({"TO", "START"})) return cd_->Seek(0);
+    if (words[0] == "SEEK" && words.size() == 4 && words[2] == "TO") {
+        const std::optional<int> track = TrackNumber(words[3]);
+        return track && cd_->Seek(*track);
+    }
+    if (words[0] != "SET") return false;
+    if (is({"DOOR", "OPEN"})) return cd_->MoveDoor(true);
+    if (is({"DOOR", "CLOSED"})) return cd_->MoveDoor(false);
+    return is({"TIME", "FORMAT", "TMSF"});
+}
+
+bool HostSound::OpenCd() {
+    cd_.reset();
+    cdAlias_.clear();
+    const std::string device = drives_.CdDevice();
+    if (device.empty()) {
+        OnFailure(CannotOpen("CD audio", RuntimeError(ErrorNumber::DeviceUnavailable).Description()));
+        return false;
+    }
+    cd_ = std::make_unique<CdPlayer>(device);
+    if (cd_->Usable()) return true;
+    OnFailure(CannotOpen("CD audio", "The library libcdio is not installed"));
+    cd_.reset();
+    return false;
+}
+
+bool HostSound::OpenMidi(const std::string& path) {
+    if (midi_) midi_->Close();
+    midiAlias_.clear();
+    try {
+        const std::string hostPath = files_.HostPathOf(path);
+        if (!IsMidi(files_, path)) {
+            OnFailure(CannotOpen(path, NoMidi));
+            return false;
+        }
+        const std::string soundFont = SoundFont();
+        if (soundFont.empty() || WaveDevices() == 0) return false;
+        if (!midi_) midi_ = std::make_unique<MidiPlayer>();
+        const MidiPlayer::Outcome outcome = midi_->Open(hostPath, soundFont);
+        if (outcome == MidiPlayer::Outcome::BadFile) OnFailure(CannotOpen(path, NoMidi));
+        return outcome == MidiPlayer::Outcome::Done;
+    } catch (const RuntimeError& error) {
+        OnFailure(CannotOpen(path, error.Description()));
+        return false;
+    }
+}
+
+std::string HostSound::SoundFont() const {
+    std::string chosen;
+    CountNames(places_.soundFonts, [&](const std::string& name) {
+        if (!IsSoundFont(name)) return false;
+        const auto rank = [](const std::string& font) {
+            return std::pair(!font.starts_with("default-GM."), font);
+        };
+        if (chosen.empty() || rank(name) < rank(chosen)) chosen = name;
+        return true;
+    });
+    return chosen.empty() ? std::string() : places_.soundFonts + "/" + chosen;
+}
+
+}  // namespace tavrix

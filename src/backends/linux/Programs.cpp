@@ -1,0 +1,146 @@
+#include "backends/linux/Programs.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <sstream>
+#include <system_error>
+#include <thread>
+
+#include "backends/linux/HostPaths.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+enum class Panel { Display, ScreenSaver, Sound };
+
+struct PanelCall {
+    Panel panel;
+    std::string_view desktop;  ///< a word of XDG_CURRENT_DESKTOP; empty: any desktop
+    std::string_view program;
+    std::string_view argument;
+};
+
+constexpr std::array<PanelCall, 17> PanelCalls{{
+    {Panel::Display, "GNOME", "gnome-control-center", "display"},
+    {Panel::Display, "KDE", "systemsettings", "kcm_kscreen"},
+    {Panel::Display, "XFCE", "xfce4-display-settings", ""},
+    {Panel::Display, "X-Cinnamon", "cinnamon-settings", "display"},
+    {Panel::Display, "MATE", "mate-display-properties", ""},
+    {Panel::Display, "", "lxrandr", ""},
+    {Panel::Display, "", "arandr", ""},
+    {Panel::ScreenSaver, "KDE", "systemsettings", "kcm_screenlocker"},
+    {Panel::ScreenSaver, "XFCE", "xfce4-screensaver-preferences", ""},
+    {Panel::ScreenSaver, "MATE", "mate-screensaver-preferences", ""},
+    {Panel::ScreenSaver, "X-Cinnamon", "cinnamon-settings", "screensaver"},
+    {Panel::ScreenSaver, "", "xscreensaver-settings", ""},
+    {Panel::ScreenSaver, "", "xscreensaver-demo", ""},
+    {Panel::Sound, "GNOME", "gnome-control-center", "sound"},
+    {Panel::Sound, "KDE", "systemsettings", "kcm_pulseaudio"},
+    {Panel::Sound, "X-Cinnamon", "cinnamon-settings", "sound"},
+    {Panel::Sound, "", "pavucontrol", ""},
+}};
+
+bool NamesDesktop(const std::string& desktops, std::string_view wanted) {
+    std::istringstream words(desktops);
+    for (std::string word; std::getline(words, word, ':');) {
+        if (EqualIgnoringCase(word, wanted)) return true;
+    }
+    return false;
+}
+
+/// The running desktop's own program, then those that fit any desktop, then those of the others.
+std::vector<ProgramCall> CallsForPanel(Panel panel, const std::string& desktop) {
+    std::vector<ProgramCall> calls;
+    for (int round = 0; round < 3; ++round) {
+        for (const PanelCall& call : PanelCalls) {
+            const int rank = call.desktop.empty() ? 1 : NamesDesktop(desktop, call.desktop) ? 0 : 2;
+            if (call.panel != panel || rank != round) continue;
+            ProgramCall program{std::string(call.program)};
+            if (!call.argument.empty()) program.emplace_back(call.argument);
+            calls.push_back(std::move(program));
+        }
+    }
+    return calls;
+}
+
+std::string FindProgram(const std::string& name) {
+    if (name.find('/') != std::string::npos) return ::access(name.c_str(), X_OK) == 0 ? name : std::string();
+    std::istringstream folders(EnvironmentValue("PATH", "/usr/local/bin:/usr/bin:/bin"));
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        std::string path(folder);
+        path.append("/").append(name);
+        if (folder.starts_with('/') && ::access(path.c_str(), X_OK) == 0) return path;
+    }
+    return {};
+}
+
+bool Start(const std::string& path, const ProgramCall& call) {
+    std::vector<std::string> texts = call;
+    std::vector<char*> arguments;
+    arguments.reserve(texts.size() + 1);
+    for (std::string& text : texts)
+        arguments.push_back(text.data());
+    arguments.push_back(nullptr);
+
+    posix_spawnattr_t attributes;
+    if (::posix_spawnattr_init(&attributes) != 0) return false;
+    sigset_t none;
+    sigset_t all;
+    ::sigemptyset(&none);
+    ::sigfillset(&all);
+    ::posix_spawnattr_setsigmask(&attributes, &none);
+    ::posix_spawnattr_setsigdefault(&attributes, &all);
+    ::posix_spawnattr_setflags(&attributes,
+                               POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    pid_t child = 0;
+    const int error = ::posix_spawn(&child, path.c_str(), nullptr, &attributes, arguments.data(), environ);
+    ::posix_spawnattr_destroy(&attributes);
+    if (error != 0) return false;
+    try {
+        // Somebody has to take note of its end, or it stays in the table of processes.
+        std::thread([child] {
+            int status = 0;
+            while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+            }
+        }).detach();
+    } catch (const std::system_error&) {  // it runs all the same
+    }
+    return true;
+}
+
+}  // namespace
+
+std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::string& desktop,
+                                  const std::string& executable, const std::string& folder) {
+    const std::string line = UpperCase(Trim(commandLine));
+    const std::string panel = "RUNDLL32.EXE SHELL32.DLL,CONTROL_RUNDLL ";
+    if (line == panel + "DESK.CPL,@0,3") return CallsForPanel(Panel::Display, desktop);
+    if (line == panel + "DESK.CPL,@0,1") return CallsForPanel(Panel::ScreenSaver, desktop);
+    if (line.starts_with(panel + "MMSYS.CPL")) return CallsForPanel(Panel::Sound, desktop);
+    if (line.starts_with("RUNDLL32.EXE DISKCOPY.DLL,DISKCOPYRUNDLL ") ||
+        line == "RUNDLL32.EXE SHELL32.DLL,SHFORMATDRIVE") {
+        return {{"gnome-disks"}};
+    }
+    if (line.ends_with("TAVRIX.EXE /C") && !executable.empty()) return {{executable, "/C"}};
+    if (line == "EXPLORER.EXE" || line.starts_with("EXPLORER.EXE ")) {
+        const std::string shown = folder.empty() ? EnvironmentValue("HOME", "/") : folder;
+        return {{"xdg-open", shown}, {"gio", "open", shown}};
+    }
+    return {};
+}
+
+bool StartFirst(const std::vector<ProgramCall>& calls) {
+    return std::ranges::any_of(calls, [](const ProgramCall& call) {
+        const std::string path = call.empty() ? std::string() : FindProgram(call.front());
+        return !path.empty() && Start(path, call);
+    });
+}
+
+}  // namespace tavrix

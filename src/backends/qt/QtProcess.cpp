@@ -1,0 +1,41 @@
+#include "backends/qt/QtProcess.h"
+
+#include <dlfcn.h>
+
+#include <QApplication>
+#include <utility>
+
+#include "backends/qt/peers/Accessibility.h"
+#include "backends/qt/peers/Style.h"
+
+namespace tavrix::qt {
+
+namespace {
+
+/// Has the font library read its configuration before Qt asks for the first font. Qt brings the library along.
+void ReadFontConfiguration() {
+    if (void* init = dlsym(RTLD_DEFAULT, "FcInit")) reinterpret_cast<int (*)()>(init)();
+}
+
+}  // namespace
+
+QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_(ReadFontConfiguration) {
+    arguments_[0] = program_.data();
+    // Nothing here draws with OpenGL, and loading its libraries costs more than the rest of the start together.
+    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
+    QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    // Whole factors keep a picture's pixel on a pixel of the screen.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
+    application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
+    QApplication::setStyle(new Style);  // which owns it
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
+    InstallAccessibility();
+}
+
+QtProcess::~QtProcess() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,205 @@
+#include "backends/qt/QtToolkit.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScreen>
+#include <QTimer>
+#include <chrono>
+#include <optional>
+#include <utility>
+
+#include "backends/qt/Displays.h"
+#include "backends/qt/peers/Metrics.h"
+#include "backends/qt/peers/Popups.h"
+#include "backends/qt/peers/QtBox.h"
+#include "backends/qt/peers/QtButton.h"
+#include "backends/qt/peers/QtCanvas.h"
+#include "backends/qt/peers/QtCheckBox.h"
+#include "backends/qt/peers/QtDropDownList.h"
+#include "backends/qt/peers/QtInputBox.h"
+#include "backends/qt/peers/QtLabel.h"
+#include "backends/qt/peers/QtList.h"
+#include "backends/qt/peers/QtMenuItem.h"
+#include "backends/qt/peers/QtOptionButton.h"
+#include "backends/qt/peers/QtScrollBar.h"
+#include "backends/qt/peers/QtTextBox.h"
+#include "backends/qt/peers/QtWindow.h"
+
+namespace tavrix::qt {
+
+using namespace forms;
+
+struct QtToolkit::State {
+    explicit State(ToDrivePath function) : toDrivePath(std::move(function)) {
+        wakeUp.setSingleShot(true);
+        wakeUp.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&wakeUp, &QTimer::timeout, &wakeUp, [this] {
+            const LogicCalls::Scope scope(calls);
+            if (events != nullptr) events->WakeUp();
+        });
+    }
+
+    /// Asking the window manager takes a moment, so that it waits until somebody wants to know.
+    const Metrics& SystemMetrics() {
+        if (!metrics) metrics.emplace();
+        return *metrics;
+    }
+
+    /// Widgets that were given up outside any loop wait for one; inside a handler they have to.
+    void DeleteWhatIsGone() const {
+        if (calls.None()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    ToDrivePath toDrivePath;
+    LogicCalls calls;
+    ToolkitEvents* events = nullptr;
+    QTimer wakeUp;
+    Popups popups{calls};
+    ScreenPointer pointer;
+    std::optional<Metrics> metrics;
+};
+
+QtToolkit::QtToolkit(ToDrivePath toDrivePath) : state_(std::make_unique<State>(std::move(toDrivePath))) {}
+
+QtToolkit::~QtToolkit() {
+    SetScreenPointer(MousePointer::Default);
+    // Widgets that are still to go know parts of the toolkit.
+    state_->DeleteWhatIsGone();
+}
+
+void QtToolkit::Attach(ToolkitEvents& events) {
+    state_->events = &events;
+}
+
+std::unique_ptr<WindowPeer> QtToolkit::CreateWindowPeer(EventSink& sink, const WindowTraits& traits) {
+    return std::make_unique<QtWindow>(SinkPort(sink, state_->calls), traits, state_->SystemMetrics(),
+                                      state_->toDrivePath, state_->pointer);
+}
+
+std::unique_ptr<LabelPeer> QtToolkit::CreateLabel(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtLabel>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtButton>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<CheckPeer> QtToolkit::CreateCheckBox(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtCheckBox>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<OptionPeer> QtToolkit::CreateOptionButton(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtOptionButton>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<TextPeer> QtToolkit::CreateTextBox(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtTextBox>(SinkPort(sink, state_->calls), NativeOf(container));
+}
+
+std::unique_ptr<ListPeer> QtToolkit::CreateList(EventSink& sink, ControlPeer& container,
+                                                const ListContent& content) {
+    return std::make_unique<QtList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+}
+
+std::unique_ptr<ListPeer> QtToolkit::CreateDropDownList(EventSink& sink, ControlPeer& container,
+                                                        const ListContent& content) {
+    return std::make_unique<QtDropDownList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+}
+
+std::unique_ptr<ScrollBarPeer> QtToolkit::CreateScrollBar(EventSink& sink, ControlPeer& container,
+                                                          bool vertical) {
+    return std::make_unique<QtScrollBar>(SinkPort(sink, state_->calls), NativeOf(container), vertical);
+}
+
+std::unique_ptr<CanvasPeer> QtToolkit::CreateCanvas(EventSink& sink, ControlPeer& container,
+                                                    const CanvasContent& content) {
+    return std::make_unique<QtCanvas>(SinkPort(sink, state_->calls), NativeOf(container), content,
+                                      state_->toDrivePath);
+}
+
+std::unique_ptr<MenuItemPeer> QtToolkit::CreateMenuItem(EventSink& sink, WindowPeer& window,
+                                                        MenuItemPeer* parent, const MenuItemState& state) {
+    return std::make_unique<QtMenuItem>(SinkPort(sink, state_->calls), dynamic_cast<QtWindow&>(window),
+                                        dynamic_cast<QtMenuItem*>(parent), state, state_->popups);
+}
+
+void QtToolkit::OpenPopup(MenuItemPeer& subMenu, MenuItemPeer* defaultEntry, std::function<void()> closed) {
+    state_->popups.Open(dynamic_cast<QtMenuItem&>(subMenu), dynamic_cast<QtMenuItem*>(defaultEntry),
+                        std::move(closed));
+}
+
+std::unique_ptr<BoxPeer> QtToolkit::OpenBox(const BoxRequest& request, std::function<void(Answer)> answered,
+                                            std::function<void()> help) {
+    return std::make_unique<QtBox>(request, std::move(answered), help, state_->pointer, state_->calls);
+}
+
+std::unique_ptr<BoxPeer> QtToolkit::OpenInputBox(
+    const InputRequest& request, std::function<void(const std::optional<std::string>&)> answered) {
+    return std::make_unique<QtInputBox>(request, std::move(answered), state_->pointer, state_->calls);
+}
+
+void QtToolkit::ProcessEvents() {
+    // An upper bound, for handlers that post to themselves without end.
+    constexpr int LongestMilliseconds = 1000;
+    state_->DeleteWhatIsGone();
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, LongestMilliseconds);
+}
+
+void QtToolkit::RunUntil(const std::function<bool()>& done) {
+    QEventLoop loop;
+    while (!done()) {
+        state_->DeleteWhatIsGone();
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
+void QtToolkit::SetWakeUp(std::optional<Milliseconds> after) {
+    if (after) {
+        state_->wakeUp.start(std::max(*after, Milliseconds(0)));
+    } else {
+        state_->wakeUp.stop();
+    }
+}
+
+Milliseconds QtToolkit::Now() const {
+    return std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+ScreenInfo QtToolkit::Screen() const {
+    constexpr float TwipsPerLogicalPixel = 15;
+    ScreenInfo info;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr) return info;
+    const double ratio = screen->devicePixelRatio();
+    info.width = ToDevice(screen->size().width(), ratio);
+    info.height = ToDevice(screen->size().height(), ratio);
+    info.twipsPerPixelX = info.twipsPerPixelY = static_cast<float>(TwipsPerLogicalPixel / ratio);
+    info.bitsPerPixel = screen->depth();
+    return info;
+}
+
+PixelRect QtToolkit::FullScreenPlace() const {
+    const QScreen* display = FullScreenDisplay();
+    return display != nullptr ? PlaceOfDisplay(*display) : PixelRect{};
+}
+
+ScreenPoint QtToolkit::PointerPlace() const {
+    const double ratio = DeviceRatio();
+    const QPoint place = QCursor::pos();
+    return {ToDevice(place.x(), ratio), ToDevice(place.y(), ratio)};
+}
+
+int QtToolkit::Metric(SystemMetric metric) const {
+    return state_->SystemMetrics().Of(metric);
+}
+
+void QtToolkit::SetScreenPointer(MousePointer pointer) {
+    state_->pointer.Set(pointer);
+}
+
+void QtToolkit::Beep() {
+    QApplication::beep();
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <memory>
+
+#include "backends/qt/peers/FileDrop.h"
+#include "platform/forms/Toolkit.h"
+
+namespace tavrix::qt {
+
+/// The Qt backend of the forms layer. A QtProcess must live as long as it does.
+class QtToolkit final : public forms::Toolkit {
+  public:
+    /// `toDrivePath` turns the host path of a dropped file into a drive path.
+    explicit QtToolkit(ToDrivePath toDrivePath);
+    ~QtToolkit() override;
+    QtToolkit(const QtToolkit&) = delete;
+    QtToolkit& operator=(const QtToolkit&) = delete;
+
+    void Attach(forms::ToolkitEvents& events) override;
+
+    std::unique_ptr<forms::WindowPeer> CreateWindowPeer(forms::EventSink& sink,
+                                                        const forms::WindowTraits& traits) override;
+    std::unique_ptr<forms::LabelPeer> CreateLabel(forms::EventSink& sink,
+                                                  forms::ControlPeer& container) override;
+    std::unique_ptr<forms::ButtonPeer> CreateButton(forms::EventSink& sink,
+                                                    forms::ControlPeer& container) override;
+    std::unique_ptr<forms::CheckPeer> CreateCheckBox(forms::EventSink& sink,
+                                                     forms::ControlPeer& container) override;
+    std::unique_ptr<forms::OptionPeer> CreateOptionButton(forms::EventSink& sink,
+                                                          forms::ControlPeer& container) override;
+    std::unique_ptr<forms::TextPeer> CreateTextBox(forms::EventSink& sink,
+                                                   forms::ControlPeer& container) override;
+    std::unique_ptr<forms::ListPeer> CreateList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                const forms::ListContent& content) override;
+    std::unique_ptr<forms::ListPeer> CreateDropDownList(forms::EventSink& sink, forms::ControlPeer& container,
+                                                        const forms::ListContent& content) override;
+    std::unique_ptr<forms::ScrollBarPeer> CreateScrollBar(forms::EventSink& sink,
+                                                          forms::ControlPeer& container,
+                                                          bool vertical) override;
+    std::unique_ptr<forms::CanvasPeer> CreateCanvas(forms::EventSink& sink, forms::ControlPeer& container,
+                                                    const forms::CanvasContent& content) override;
+    std::unique_ptr<forms::MenuItemPeer> CreateMenuItem(forms::EventSink& sink, forms::WindowPeer& window,
+                                                        forms::MenuItemPeer* parent,
+                                                        const forms::MenuItemState& state) override;
+
+    void OpenPopup(forms::MenuItemPeer& subMenu, forms::MenuItemPeer* defaultEntry,
+                   std::function<void()> closed) override;
+    std::unique_ptr<forms::BoxPeer> OpenBox(const forms::BoxRequest& request,
+                                            std::function<void(forms::Answer)> answered,
+                                            std::function<void()> help) override;
+    std::unique_ptr<forms::BoxPeer> OpenInputBox(
+        const forms::InputRequest& request,
+        std::function<void(const std::optional<std::string>&)> answered) override;
+
+    void ProcessEvents() override;
+    void RunUntil(const std::function<bool()>& done) override;
+    void SetWakeUp(std::optional<forms::Milliseconds> after) override;
+    [[nodiscard]] forms::Milliseconds Now() const override;
+
+    [[nodiscard]] forms::ScreenInfo Screen() const override;
+    [[nodiscard]] PixelRect FullScreenPlace() const override;
+    [[nodiscard]] forms::ScreenPoint PointerPlace() const override;
+    [[nodiscard]] int Metric(forms::SystemMetric metric) const override;
+    void SetScreenPointer(forms::MousePointer pointer) override;
+    void Beep() override;
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace tavrix::qt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+
+#include "backends/qt/peers/FileDrop.h"
+#include "backends/qt/peers/MouseRelay.h"
+#include "backends/qt/peers/SinkPort.h"
+#include "platform/forms/Peers.h"
+
+namespace tavrix::qt {
+
+/// The widget of a picture box or an image. It paints from what the content says at that moment, pixel for pixel.
+class CanvasWidget final : public QWidget {
+  public:
+    CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content,
+                 const ToDrivePath& toDrivePath);
+
+    /// The peer has gone.
+    void Detach();
+    /// Place within the container, in device pixels.
+    void SetDeviceBounds(const PixelRect& bounds);
+    /// Where the canvas begins within the widget, in device pixels; not 0 where a device pixel is not a whole
+    /// logical one.
+    [[nodiscard]] QPoint DeviceOffset() const { return mouse_.offset; }
+    /// Marks a part, in device pixels of the canvas, as changed.
+    void Invalidate(const PixelRect& part);
+    void PaintNow();
+    void SetSeeThrough(bool seeThrough);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override { mouse_.Press(*event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.Press(*event); }
+    void mouseMoveEvent(QMouseEvent* event) override { mouse_.Move(*event); }
+    void mouseReleaseEvent(QMouseEvent* event) override { mouse_.Release(*event, *this); }
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    [[nodiscard]] QColor ColourOf(Colour colour) const;
+
+    SinkPort port_;
+    const forms::CanvasContent* content_;
+    const ToDrivePath& toDrivePath_;
+    MouseRelay mouse_{port_};
+    QSize deviceSize_;
+    QRegion invalid_;
+    bool seeThrough_ = false;
+};
+
+}  // namespace tavrix::qt

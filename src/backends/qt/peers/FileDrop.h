@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "backends/qt/peers/SinkPort.h"
+
+class QDropEvent;
+class QWidget;
+
+namespace tavrix::qt {
+
+/// Turns a path of the host into one that the logic knows.
+using ToDrivePath = std::function<std::string(const std::string& hostPath)>;
+
+/// Whether a drag carries files.
+[[nodiscard]] bool CarriesFiles(const QDropEvent& event);
+
+/// Answers the drop and delivers its files once the drag is over, since handlers open windows. `port` belongs to
+/// `receiver`; nothing is delivered when that has gone by then.
+void AcceptFiles(QDropEvent& event, QWidget& receiver, const SinkPort& port, const ToDrivePath& toDrivePath);
+
+}  // namespace tavrix::qt

@@ -1,0 +1,67 @@
+#include "backends/qt/peers/QtButton.h"
+
+#include <QMouseEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <cstring>
+
+namespace tavrix::qt {
+
+ButtonWidget::ButtonWidget(QWidget& parent, const SinkPort& port) : SinkWidget(port, &parent) {
+    setAutoDefault(false);
+    mouse_.tellsClicks = false;
+    connect(this, &QPushButton::clicked, this, [this] { Port().Deliver(forms::ClickEvent{}); });
+}
+
+void ButtonWidget::SetPicture(const Surface* picture) {
+    picture_ = QImage();
+    if (picture != nullptr) {
+        picture_ = QImage(picture->Width(), picture->Height(), QImage::Format_ARGB32);
+        for (int y = 0; y < picture->Height(); ++y) {
+            std::memcpy(picture_.scanLine(y), picture->Row(y).data(), picture->Row(y).size_bytes());
+        }
+    }
+    update();
+}
+
+void ButtonWidget::paintEvent(QPaintEvent* event) {
+    if (picture_.isNull()) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    const QSizeF size = QSizeF(picture_.size()) / devicePixelRatioF();
+    painter.drawImage(QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size),
+                      picture_);
+}
+
+void ButtonWidget::mousePressEvent(QMouseEvent* event) {
+    QPushButton::mousePressEvent(event);
+    mouse_.Press(*event);
+}
+
+void ButtonWidget::mouseMoveEvent(QMouseEvent* event) {
+    QPushButton::mouseMoveEvent(event);
+    mouse_.Move(*event);
+}
+
+void ButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
+    QPushButton::mouseReleaseEvent(event);
+    mouse_.Release(*event, *this);
+}
+
+void ButtonWidget::keyPressEvent(QKeyEvent* event) {
+    const bool asksForMenu = event->key() == Qt::Key_Menu ||
+                             (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (asksForMenu) {
+        mouse_.PressFor(forms::MouseButton::Right, rect().center());
+    } else {
+        SinkWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace tavrix::qt

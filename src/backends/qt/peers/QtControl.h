@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include "backends/qt/peers/PlainToolTip.h"
+#include "backends/qt/peers/Pointers.h"
+#include "backends/qt/peers/Scale.h"
+#include "platform/forms/Peers.h"
+
+namespace tavrix::qt {
+
+class QtWindow;
+
+/// What the backend needs of a peer that it gets back from forms.
+class NativePeer {
+  public:
+    /// The widget itself.
+    [[nodiscard]] virtual QWidget* Native() const = 0;
+    /// The parent of the controls inside.
+    [[nodiscard]] virtual QWidget* ControlParent() const { return Native(); }
+    /// Whether files may be dropped.
+    [[nodiscard]] virtual bool AcceptsDrops() const { return false; }
+
+  protected:
+    ~NativePeer() = default;
+};
+
+[[nodiscard]] inline NativePeer& NativeOf(forms::ControlPeer& peer) {
+    return dynamic_cast<NativePeer&>(peer);
+}
+
+/// The peer of a control: what all kinds do alike. The widget has a Detach(), and goes only when no event handler of
+/// its own runs any more.
+template <class Interface, class Widget>
+class QtControl : public Interface, public NativePeer {
+  public:
+    ~QtControl() override {
+        if (!widget_) return;
+        widget_->Detach();
+        widget_->hide();
+        widget_->deleteLater();
+    }
+    QtControl(const QtControl&) = delete;
+    QtControl& operator=(const QtControl&) = delete;
+
+    void SetBounds(const PixelRect& bounds) override {
+        widget_->setGeometry(NearestLogical(bounds, DeviceRatio()));
+    }
+    void SetVisible(bool visible) override { widget_->setVisible(visible); }
+    void SetEnabled(bool enabled) override { widget_->setEnabled(enabled); }
+    void SetToolTip(const std::string& text) override {
+        widget_->setToolTip(PlainToolTip(QString::fromStdString(text)));
+    }
+    void SetPointer(forms::MousePointer pointer) override { SetWidgetPointer(*widget_, pointer); }
+    void SetAccessibleName(const std::string& name) override {
+        widget_->setAccessibleName(QString::fromStdString(name));
+    }
+    void TakeFocus() override { widget_->setFocus(Qt::OtherFocusReason); }
+
+    [[nodiscard]] QWidget* Native() const override { return widget_; }
+
+  protected:
+    explicit QtControl(Widget* widget) : widget_(widget) {}
+
+    [[nodiscard]] Widget& Get() const { return *widget_; }
+
+  private:
+    QPointer<Widget> widget_;  ///< owned by its parent widget
+};
+
+/// Whether the user moved the focus, and not the program or the desktop.
+[[nodiscard]] inline bool ByUser(Qt::FocusReason reason) {
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+           reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+}  // namespace tavrix::qt

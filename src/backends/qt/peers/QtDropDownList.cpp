@@ -1,0 +1,35 @@
+#include "backends/qt/peers/QtDropDownList.h"
+
+#include <QWheelEvent>
+
+namespace tavrix::qt {
+
+DropDownWidget::DropDownWidget(QWidget& parent, const SinkPort& port, const forms::ListContent& content)
+    : SinkWidget(port, &parent), rows_(content) {
+    setFocusPolicy(Qt::StrongFocus);
+    setModel(&rows_);
+    setCurrentIndex(-1);
+    connect(this, &QComboBox::activated, this, [this](int row) { Port().Deliver(forms::RowEvent{row}); });
+}
+
+void DropDownWidget::Detach() {
+    SinkWidget::Detach();
+    hidePopup();
+    rows_.Detach();
+}
+
+void DropDownWidget::ResetRows() {
+    hidePopup();
+    rows_.Reset();
+    setCurrentIndex(-1);  // Qt has taken the first one
+}
+
+void DropDownWidget::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        SinkWidget::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,306 @@
+#include "backends/qt/peers/QtWindow.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+#include "backends/qt/Displays.h"
+#include "backends/qt/peers/Colours.h"
+#include "backends/qt/peers/LayoutBuilder.h"
+#include "backends/qt/peers/Owner.h"
+#include "backends/qt/peers/QtMenuItem.h"
+#include "backends/qt/x11/X11.h"
+
+namespace tavrix::qt {
+
+using forms::WindowState;
+
+namespace {
+
+/// The controls of a window that can have the focus, as Tab goes through them.
+QList<QWidget*> FocusChain(const QWidget& window) {
+    QList<QWidget*> chain;
+    for (QWidget* widget = window.nextInFocusChain(); widget != &window;
+         widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
+    }
+    return chain;
+}
+
+/// The logical pixels that a window needs beyond those that hold its device pixels. Where a logical pixel is no whole
+/// number of them, Qt rounds once on the way to the window system and once on the way back, and may take one.
+int SpareLogical(double ratio) {
+    return ratio == std::floor(ratio) ? 0 : 1;
+}
+
+/// Whether a window that was asked for has been given; a spare pixel more or less does not count.
+bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
+    const QSize difference = given - asked;
+    const int spare = SpareLogical(ratio);
+    return std::abs(difference.width()) <= spare && std::abs(difference.height()) <= spare;
+}
+
+}  // namespace
+
+QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
+                   const ToDrivePath& toDrivePath, ScreenPointer& pointer)
+    : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical(), toDrivePath)),
+      metrics_(metrics),
+      pointer_(pointer),
+      waitWindow_(traits.waitWindow),
+      resizable_(traits.resizable),
+      fullScreen_(traits.fullScreen) {
+    Get().onPlaced = [this] { ScheduleReport(true); };
+    Get().onPainted = [this] {
+        if (!std::exchange(painted_, true)) {
+            QMetaObject::invokeMethod(
+                &mapTimer_, [this] { AfterPaint(); }, Qt::QueuedConnection);
+        }
+    };
+    if (traits.minimumWidth > 0 || traits.minimumHeight > 0) {
+        const double ratio = DeviceRatio();
+        const auto devicePixels = [ratio](float twips) {
+            return static_cast<int>(std::lround(twips / 15 * ratio));
+        };
+        const PixelRect smallest{0, 0, devicePixels(traits.minimumWidth), devicePixels(traits.minimumHeight)};
+        Get().setMinimumSize(PlaceOf(smallest).client);
+    }
+    mapTimer_.setSingleShot(true);
+    mapTimer_.setInterval(150);
+    QObject::connect(&mapTimer_, &QTimer::timeout, &mapTimer_, [this] { Map(); });
+}
+
+QtWindow::~QtWindow() {
+    if (toldHiding_) pointer_.WindowHides(false);
+}
+
+void QtWindow::SetTitle(const std::string& title) {
+    // Qt takes one such mark for its own.
+    Get().setWindowTitle(
+        QString::fromStdString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    if (titleLock_) HoldTitle();
+}
+
+void QtWindow::HoldTitle() {
+    titleLock_.reset();
+    titleLock_.emplace(Get().windowTitle().toStdString());
+}
+
+QtWindow::Place QtWindow::PlaceOf(const PixelRect& outer) const {
+    const double ratio = DeviceRatio();
+    const int spare = SpareLogical(ratio);
+    return {QPoint(RoundToLogical(outer.left, ratio), RoundToLogical(outer.top, ratio)),
+            QSize(std::max(CeilToLogical(outer.width - FrameWidth(), ratio) + spare, 1),
+                  std::max(CeilToLogical(outer.height - FrameHeight(), ratio) + spare, 1))};
+}
+
+void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
+    WindowWidget& window = Get();
+    const WindowState before = std::exchange(state_, state);
+    const std::optional<Place> old = outer_ ? std::optional(PlaceOf(*outer_)) : std::nullopt;
+    outer_ = outer;
+    if (fullScreen_) return;
+    const Place place = PlaceOf(outer);
+    if (state == WindowState::Normal || !window.isVisible()) {
+        if (before != WindowState::Normal) window.setWindowState(Qt::WindowNoState);
+        if (!old || place.corner != old->corner) window.move(place.corner);
+        if (window.layout() != nullptr) {
+            // the size is the layout's
+        } else if (!resizable_) {
+            window.setFixedSize(place.client);
+        } else {
+            window.resize(place.client);
+        }
+    }
+    if (state == WindowState::Maximized) window.setWindowState(Qt::WindowMaximized);
+    if (state == WindowState::Minimized) window.setWindowState(Qt::WindowMinimized);
+    if (!window.isVisible()) return;
+    asked_ = true;
+    // Without a change the window system has nothing to say, but forms wait for the answer.
+    if (old && *old == place && before == state) ScheduleReport(true);
+}
+
+void QtWindow::SetLayout(const forms::Layout& layout) {
+    WindowWidget& window = Get();
+    const QList<QWidget*> order = FocusChain(window);
+    window.Content().setLayout(BuildLayout(layout).release());  // which owns it
+    // What lies in a frame now has come behind all else.
+    for (qsizetype i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    // The order is a ring; where the window begins in it is told by the focus that it opens with.
+    const auto first = std::ranges::find_if(order, [](const QWidget* widget) {
+        return widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+    });
+    if (first != order.end()) (*first)->setFocus(Qt::ActiveWindowFocusReason);
+    auto* outer = new QVBoxLayout(&window);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setMenuBar(window.MenuBar());
+    outer->addWidget(&window.Content());
+    if (!resizable_) outer->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void QtWindow::SetOwner(forms::WindowPeer* owner) {
+    owner_ = owner != nullptr ? NativeOf(*owner).Native() : nullptr;
+}
+
+void QtWindow::Show(bool modal) {
+    WindowWidget& window = Get();
+    window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (waitWindow_ && !modal) {
+        mapTimer_.start();
+    } else {
+        Map();
+    }
+}
+
+void QtWindow::SetVisible(bool visible) {
+    visible ? Show(false) : Hide();
+}
+
+void QtWindow::Map() {
+    WindowWidget& window = Get();
+    if (waitWindow_ && QApplication::activeModalWidget() != nullptr) {
+        mapTimer_.start();  // it would cover the box that somebody is reading
+        return;
+    }
+    if (window.testAttribute(Qt::WA_WState_Created)) {
+        window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost_);
+    } else {
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, topmost_);
+        window.winId();
+    }
+    window.WatchNative();
+    const bool modal = window.windowModality() != Qt::NonModal;
+    QWidget* owner = owner_;
+    if (owner == nullptr) owner = modal ? OwnerOfModal(window) : QApplication::activeModalWidget();
+    if (owner != nullptr) owner->winId();
+    qt::SetOwner(window, owner);
+    if (fullScreen_) CoverDisplay();
+    window.show();
+    TellPointer();
+    if (!waitWindow_) {
+        window.raise();
+        window.activateWindow();
+    }
+    HoldWhatItOwns();
+    if (!x11::Running()) HoldTitle();
+}
+
+/// Windows that were shown before their owner.
+void QtWindow::HoldWhatItOwns() {
+    const QWindow* handle = Get().windowHandle();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget* owned : windows) {
+        if (!owned->isVisible() || owned->windowHandle() == nullptr) continue;
+        if (owned->windowHandle()->transientParent() != handle) continue;
+        x11::TellOwner(static_cast<std::uint32_t>(owned->winId()),
+                       static_cast<std::uint32_t>(handle->winId()));
+    }
+}
+
+void QtWindow::CoverDisplay() {
+    WindowWidget& window = Get();
+    if (QScreen* display = DisplayAt(*outer_)) {
+        window.setScreen(display);
+        window.setGeometry(display->geometry());
+    }
+    window.setWindowState(Qt::WindowFullScreen);
+}
+
+void QtWindow::SetPointer(forms::MousePointer pointer) {
+    QtControl::SetPointer(pointer);
+    hidesPointer_ = pointer == forms::MousePointer::Hidden;
+    TellPointer();
+}
+
+void QtWindow::TellPointer() {
+    const bool hiding = hidesPointer_ && Get().isVisible();
+    if (std::exchange(toldHiding_, hiding) != hiding) pointer_.WindowHides(hiding);
+}
+
+void QtWindow::Hide() {
+    mapTimer_.stop();
+    titleLock_.reset();
+    asked_ = false;
+    WindowWidget& window = Get();
+    const bool modal = window.isVisible() && window.windowModality() != Qt::NonModal;
+    QWindow* owner = modal ? window.windowHandle()->transientParent() : nullptr;
+    window.hide();
+    TellPointer();
+    // Where a box over this window has just gone too, the window manager may leave the keyboard with nobody.
+    if (owner != nullptr && owner->isVisible()) owner->requestActivate();
+}
+
+void QtWindow::SetTopmost(bool topmost) {
+    if (topmost_ == topmost) return;
+    topmost_ = topmost;
+    WindowWidget& window = Get();
+    if (!window.isVisible()) return;  // the next mapping takes it along
+    if (x11::Running()) {
+        x11::SetAbove(static_cast<std::uint32_t>(window.winId()), topmost);
+    } else {
+        window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
+    }
+}
+
+void QtWindow::SetBackColor(Colour colour) {
+    QWidget& content = Get().Content();
+    QPalette palette = content.palette();
+    palette.setColor(QPalette::Window, ToQColor(colour, QApplication::palette()));
+    content.setPalette(palette);
+    content.setAutoFillBackground(true);
+}
+
+void QtWindow::ScheduleReport(bool answered) {
+    answered_ = answered_ || answered;
+    if (std::exchange(reportComing_, true)) return;
+    QMetaObject::invokeMethod(
+        &mapTimer_, [this] { Report(); }, Qt::QueuedConnection);
+}
+
+void QtWindow::Report() {
+    reportComing_ = false;
+    const bool confirm = std::exchange(answered_, false) && std::exchange(asked_, false);
+    WindowWidget& window = Get();
+    if (!window.isVisible() || window.windowHandle() == nullptr) return;
+
+    const Qt::WindowStates states = window.windowState();
+    const WindowState state = states.testFlag(Qt::WindowMinimized)   ? WindowState::Minimized
+                              : states.testFlag(Qt::WindowMaximized) ? WindowState::Maximized
+                                                                     : WindowState::Normal;
+    const double ratio = DeviceRatio();
+    const QPoint corner = window.windowHandle()->framePosition();
+    const QSize client = window.size();
+    PixelRect now{ToDevice(corner.x(), ratio), ToDevice(corner.y(), ratio),
+                  ToDevice(client.width(), ratio) + FrameWidth(),
+                  ToDevice(client.height(), ratio) + FrameHeight()};
+    if (outer_) {
+        // What was asked for and granted comes back to the pixel, whatever the scale.
+        const Place known = PlaceOf(*outer_);
+        if (IsGranted(client, known.client, ratio) || state == WindowState::Minimized) {
+            now.width = outer_->width;
+            now.height = outer_->height;
+        }
+        if (known.corner == corner || state == WindowState::Minimized) {
+            now.left = outer_->left;
+            now.top = outer_->top;
+        }
+    }
+    const bool news = !outer_ || *outer_ != now || state_ != state;
+    outer_ = now;
+    state_ = state;
+    if (news || confirm) Get().Port().Deliver(forms::PlacementEvent{now, state});
+}
+
+void QtWindow::AfterPaint() {
+    pointer_.WindowsAreUp();
+    for (QtMenuItem* menu : barMenus_)
+        menu->Fill();
+}
+
+}  // namespace tavrix::qt

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "backends/qt/TitleLock.h"
+#include "backends/qt/peers/Metrics.h"
+#include "backends/qt/peers/QtControl.h"
+#include "backends/qt/peers/WindowWidget.h"
+
+namespace tavrix::qt {
+
+class QtMenuItem;
+
+class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
+  public:
+    QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
+             const ToDrivePath& toDrivePath, ScreenPointer& pointer);
+    ~QtWindow() override;
+
+    void SetTitle(const std::string& title) override;
+    void SetPlacement(const PixelRect& outer, forms::WindowState state) override;
+    void SetLayout(const forms::Layout& layout) override;
+    void SetOwner(forms::WindowPeer* owner) override;
+    void Show(bool modal) override;
+    void Hide() override;
+    void SetTopmost(bool topmost) override;
+    void SetBackColor(Colour colour) override;
+    void SetVisible(bool visible) override;
+    void SetPointer(forms::MousePointer pointer) override;
+
+    [[nodiscard]] QWidget* ControlParent() const override { return &Get().Content(); }
+    [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
+    /// What the menus of the form lie in: the menu bar, or the window, where they only open as popups.
+    [[nodiscard]] QWidget* MenuParent() const {
+        return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();
+    }
+
+    /// A menu of the bar, which is filled once the window has been painted.
+    void AddBarMenu(QtMenuItem& menu) { barMenus_.push_back(&menu); }
+    void RemoveBarMenu(QtMenuItem& menu) { std::erase(barMenus_, &menu); }
+
+  private:
+    /// Where the widget goes, in logical pixels: the corner of the frame and the size without the frame.
+    struct Place {
+        QPoint corner;
+        QSize client;
+        friend bool operator==(const Place&, const Place&) = default;
+    };
+
+    [[nodiscard]] Place PlaceOf(const PixelRect& outer) const;
+    [[nodiscard]] int FrameWidth() const { return fullScreen_ ? 0 : metrics_.FrameWidth(); }
+    [[nodiscard]] int FrameHeight() const { return fullScreen_ ? 0 : metrics_.FrameHeight(); }
+    void Map();
+    void CoverDisplay();
+    void HoldWhatItOwns();
+    void TellPointer();
+    void ScheduleReport(bool answered);
+    void Report();
+    void AfterPaint();
+    void HoldTitle();
+
+    const Metrics& metrics_;
+    ScreenPointer& pointer_;
+    std::vector<QtMenuItem*> barMenus_;
+    QTimer mapTimer_;
+    bool waitWindow_;
+    bool resizable_;
+    bool fullScreen_;
+    QPointer<QWidget> owner_;
+    bool hidesPointer_ = false;
+    bool toldHiding_ = false;
+    bool topmost_ = false;
+    bool painted_ = false;
+    forms::WindowState state_ = forms::WindowState::Normal;  ///< as forms know it
+    std::optional<PixelRect> outer_;                         ///< as forms know it
+    bool asked_ = false;     ///< forms asked for a size and have not been told the answer
+    bool answered_ = false;  ///< the window system has said something since
+    bool reportComing_ = false;
+    std::optional<TitleLock> titleLock_;
+};
+
+}  // namespace tavrix::qt

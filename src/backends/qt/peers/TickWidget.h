@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QMouseEvent>
+#include <QShortcutEvent>
+
+#include "backends/qt/peers/MouseRelay.h"
+#include "backends/qt/peers/QtControl.h"
+#include "backends/qt/peers/SinkWidget.h"
+
+namespace tavrix::qt {
+
+/// A check box or an option button: one of Qt's buttons that is ticked or not.
+template <class Button>
+class TickWidget : public SinkWidget<Button> {
+  public:
+    TickWidget(QWidget& parent, const SinkPort& port) : SinkWidget<Button>(port, &parent) {
+        mouse_.tellsClicks = false;
+        QObject::connect(this, &QAbstractButton::clicked, this,
+                         [this](bool checked) { this->Port().Deliver(forms::CheckEvent{checked}); });
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        // The mnemonic gives the focus too, and Qt would not tell that the user did it; nor would it tick before a tenth
+        // of a second has gone, in which the next key may press the window's default button.
+        if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+            this->setFocus(Qt::ShortcutFocusReason);
+            this->click();
+            return true;
+        }
+        return SinkWidget<Button>::event(event);
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        Button::mousePressEvent(event);
+        mouse_.Press(*event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        Button::mouseReleaseEvent(event);
+        mouse_.Release(*event, *this);
+    }
+
+  private:
+    MouseRelay mouse_{this->Port()};
+};
+
+/// The peer of such a button.
+template <class Interface, class Widget>
+class QtTick : public QtControl<Interface, Widget> {
+  public:
+    QtTick(const SinkPort& port, const NativePeer& container)
+        : QtControl<Interface, Widget>(new Widget(*container.ControlParent(), port)) {}
+
+    void SetText(const std::string& text) override { this->Get().setText(QString::fromStdString(text)); }
+    void SetChecked(bool checked) override { this->Get().setChecked(checked); }
+};
+
+}  // namespace tavrix::qt

@@ -1,0 +1,107 @@
+#include "dialogs/FolderChooser.h"
+
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "core/Folders.h"
+#include "core/NumberText.h"
+#include "dialogs/NewFolder.h"
+
+namespace tavrix {
+
+FolderChooser::FolderChooser(forms::Form& form, const MainModule& module,
+                             std::function<QuickFolders()> quickFolders)
+    : module_(module),
+      lblDrives(form, "lblDrives"),
+      Drive1(form, "Drive1", module.platform.files, module.platform.drives),
+      lblFolders(form, "lblFolders"),
+      Dir1(form, "Dir1", module.platform.files),
+      CmdFF2(form, "CmdFF2"),
+      CmdMyDocuments(form, "CmdMyDocuments"),
+      CmdNewFolder(form, "CmdNewFolder"),
+      CmdExplore(form, "CmdExplore"),
+      lblFreeSpaceMsg(form, "lblFreeSpaceMsg"),
+      lblFreeSpace(form, "lblFreeSpace"),
+      Lists(module, Drive1, Dir1, nullptr),
+      FavoriteButton(form, module, CmdFF2, Lists, std::move(quickFolders)) {
+    lblDrives.Caption = "&Drive:";
+    lblDrives.SetBuddy(Drive1);
+    lblFolders.Caption = "Fo&lder:";
+    lblFolders.SetBuddy(Dir1);
+    CmdMyDocuments.Caption = "&My Documents";
+    CmdMyDocuments.OnClick = [this] { CmdMyDocuments_Click(); };
+    CmdNewFolder.Caption = "&New Folder";
+    CmdNewFolder.ToolTip = "Create a new folder in the selected directory.";
+    CmdNewFolder.OnClick = [this] { CmdNewFolder_Click(module_, Lists); };
+    CmdExplore.Caption = "&Explore";
+    CmdExplore.ToolTip = "View files in the selected directory.";
+    CmdExplore.OnClick = [this] { CmdExplore_Click(); };
+    lblFreeSpaceMsg.Caption = "Free Space:";
+    // The figure names its drive and would be wrong beside another one.
+    Lists.OnFolderChange = [this] { ShowFreeSpace(); };
+}
+
+forms::Layout FolderChooser::Arrangement() {
+    using namespace forms;
+    constexpr float listWidth = 3900;
+    constexpr float listHeight = 3300;
+    return Growing(Column(
+        {Growing(Row(
+             {Growing(Column({lblDrives, Drive1, lblFolders, Growing(AtLeast(listWidth, listHeight, Dir1))})),
+              Column({CmdFF2, CmdMyDocuments, CmdNewFolder, CmdExplore, Stretch()})})),
+         Row({lblFreeSpaceMsg, Growing(lblFreeSpace)})}));
+}
+
+void FolderChooser::Start(const std::string& folder) {
+    SkipFailure([&] { Drive1.Drive = Left(folder, 2); });
+    SkipFailure([&] { Dir1.Path = folder; });
+    ShowFreeSpace();
+}
+
+void FolderChooser::ShowFreeSpace() {
+    const std::string drive = Left(Drive1.Drive.Get(), 1);
+    const std::int32_t bytes = GetDiskFreeBytes(module_, drive + ":\\");
+    lblFreeSpace.Caption = "Free Space on Drive " + drive +
+                           ":\\  =" + GroupedNumberOrEmpty(bytes, module_.platform.system.Numbers()) +
+                           " bytes...";
+}
+
+void FolderChooser::CmdExplore_Click() {
+    if (module_.platform.shell.Run("explorer.exe " + Dir1.Path.Get())) return;
+    TellFailure("Error, unable to start Windows Explorer to show selected directory.");
+}
+
+void FolderChooser::CmdMyDocuments_Click() {
+    const std::string folder = GetMyDocumentsFolder(module_);
+    if (!MakeMissing(folder)) return;
+    try {
+        Lists.GoTo(folder);
+    } catch (const RuntimeError&) {
+        TellFailure("Unable to change current directory to your My Documents folder...");
+    }
+}
+
+bool FolderChooser::MakeMissing(const std::string& folder) {
+    Files& files = module_.platform.files;
+    if (files.FolderExists(folder)) return true;
+    const forms::Answer answer =
+        module_.app.MessageBox({.text = "The following directory does not exist:" + std::string(NewLine2) +
+                                        folder + std::string(NewLine2) + "Would you like to create it now?",
+                                .icon = forms::BoxIcon::Question,
+                                .buttons = forms::BoxButtons::YesNo});
+    if (answer != forms::Answer::Yes) return false;
+    try {
+        files.MakeFolder(folder);
+        return true;
+    } catch (const RuntimeError&) {
+        TellFailure("Unable to create My Documents directory");
+        return false;
+    }
+}
+
+void FolderChooser::TellFailure(const std::string& text) {
+    module_.app.MessageBox({.text = text, .icon = forms::BoxIcon::Stop});
+}
+
+}  // namespace tavrix

@@ -1,0 +1,49 @@
+#include "dialogs/FolderLists.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+
+FolderLists::FolderLists(const MainModule& module, forms::DriveListBox& drives, forms::DirListBox& folders,
+                         forms::FileListBox* files)
+    : module_(module), drives_(drives), folders_(folders), files_(files) {
+    drives_.OnChange = [this] { Drive1_Change(); };
+    folders_.OnChange = [this] { Dir1_Change(); };
+    folders_.OnOpenFailure = [this](const std::string& path, const RuntimeError& error) {
+        TellOpenFailure(path, error);
+    };
+}
+
+void FolderLists::GoTo(const std::string& folder) {
+    drives_.Drive = Left(folder, 2);
+    folders_.Path = folder;
+}
+
+std::string FolderLists::Folder() const {
+    return WithBackslash(folders_.Path.Get());
+}
+
+void FolderLists::Drive1_Change() {
+    try {
+        folders_.Path = drives_.Drive;
+    } catch (const RuntimeError&) {
+        module_.app.MessageBox({.text = "The selected drive is currently not available..."});
+        SkipFailure([this] { drives_.Drive = Left(folders_.Path.Get(), 2); });
+    }
+}
+
+void FolderLists::Dir1_Change() {
+    // A folder that goes in this moment leaves the file list where it was; the next change of folder mends that.
+    if (files_ != nullptr) SkipFailure([this] { files_->Path = folders_.Path; });
+    if (OnFolderChange) OnFolderChange();
+}
+
+void FolderLists::TellOpenFailure(const std::string& path, const RuntimeError& error) {
+    module_.app.MessageBox({.text = "Unable to change directory to:" + std::string(NewLine2) + path +
+                                    std::string(NewLine2) + error.Description() + "...",
+                            .icon = forms::BoxIcon::Stop});
+    folders_.Refresh();
+}
+
+}  // namespace tavrix

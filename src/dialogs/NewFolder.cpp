@@ -1,0 +1,61 @@
+#include "dialogs/NewFolder.h"
+
+#include <optional>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+void Refuse(const MainModule& module, const char* text) {
+    module.app.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
+}
+
+/// A usable name; nothing when the user gave up.
+std::optional<std::string> AskForName(const MainModule& module) {
+    for (;;) {
+        const std::string answer =
+            module.app.InputBox({.prompt = "Enter the name of the folder to create:", .title = "New Folder"})
+                .value_or("");
+        if (answer.empty()) return std::nullopt;
+        std::string name = Trim(answer);
+        if (name.starts_with('\\')) name.erase(0, 1);
+        if (name.ends_with('\\')) name.pop_back();
+        if (name.empty()) {
+            Refuse(module, "A folder name was not entered, try again...");
+        } else if (name.find('\\') != std::string::npos) {
+            Refuse(module, "You may not use the \\ character in a folder name, enter folder name again...");
+        } else if (name.find(':') != std::string::npos) {
+            Refuse(module, "You may not use the : character in a folder name, enter folder name again...");
+        } else {
+            return name;
+        }
+    }
+}
+
+}  // namespace
+
+void CmdNewFolder_Click(const MainModule& module, FolderLists& lists) {
+    if (module.Busy()) return;  // a second press while the folder of the first is being made
+    const std::optional<std::string> name = AskForName(module);
+    if (!name) return;
+    std::optional<RuntimeError> failure;
+    {
+        const forms::BusyGuard busy(module.Screen());
+        module.DoEvents();
+        try {
+            const std::string folder = lists.Folder() + *name;
+            module.platform.files.MakeFolder(folder);
+            lists.Dir().Path = folder;
+        } catch (const RuntimeError& error) {
+            failure = error;
+        }
+    }
+    if (!failure) return;
+    module.app.MessageBox(
+        {.text = "Unable to create folder." + std::string(NewLine2) + failure->Description() + "...",
+         .icon = forms::BoxIcon::Stop});
+}
+
+}  // namespace tavrix

@@ -1,0 +1,52 @@
+#include "editing/clipboard/Crop.h"
+
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "core/HelpContexts.h"
+#include "editing/clipboard/SelectedArea.h"
+#include "editing/frame/EditFrame.h"
+#include "viewer/MainViewFrm.h"
+
+namespace tavrix {
+namespace {
+
+void TellNothingSelected(const MainViewFrm& view) {
+    view.App().MessageBox(
+        {.text =
+             "Nothing is selected, unable to crop image." + std::string(NewLine2) +
+             "While holding the shift key and the left mouse button, select the area that you would like to "
+             "crop and then try again...",
+         .title = "Tavrix - [Crop Image]",
+         .help = true,
+         .helpContext = HelpContext::CropImage});
+}
+
+}  // namespace
+
+void mnuCrop_Click(MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    if (module.Busy() || module.CurrentImage.empty()) return;
+    module.DoEvents();
+    const forms::BusyGuard busy(module.Screen());
+    module.DoEvents();
+    if (!view.selection.SelectionShown) {
+        TellNothingSelected(view);
+        return;
+    }
+    view.menu.mnuUndo.Caption = "&Undo Crop";
+    SaveUndoCopy(view);
+    SkipFailure([&] { TakeWidthOfSelection(view); });
+    SkipFailure([&] { TakeHeightOfSelection(view); });
+    SkipFailure([&] { CopySelectionToPictureTemp(view, 0); });
+    SkipFailure([&] { view.MainImage.Picture = ImageOfPictureTemp(view); });
+    module.DoEvents();
+    ClearPictureTemp(view);
+    module.DoEvents();
+    view.Form_Resize();
+    view.ScrollHome();
+    CommitEdit(view, "Unable to write new image data to a temporary file.");
+}
+
+}  // namespace tavrix

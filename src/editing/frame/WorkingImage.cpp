@@ -1,0 +1,32 @@
+#include "editing/frame/WorkingImage.h"
+
+#include "base/RuntimeError.h"
+#include "editing/frame/EditFrame.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/MenuState.h"
+
+namespace tavrix {
+
+void TakeWorkingImage(MainViewFrm& view, const WorkingImageWords& words, const std::function<void()>& take) {
+    const MainModule& module = view.Module();
+    const forms::BusyGuard busy(module.Screen());
+    try {
+        view.picFrame.Visible = false;
+        take();
+        view.Form_Resize();
+        view.ScrollHome();
+        view.picFrame.Visible = true;
+        module.DoEvents();
+    } catch (const RuntimeError& error) {
+        EndWithoutImage(view, words.notRead, error);
+        return;
+    }
+    KeepWorkingImage(view, words);
+}
+
+void KeepWorkingImage(MainViewFrm& view, const WorkingImageWords& words) {
+    CommitWorkingFile(view);
+    if (WriteWorkingFile(view, words.notWritten)) SetImageLoadedMenus(view);
+}
+
+}  // namespace tavrix

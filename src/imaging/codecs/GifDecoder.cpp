@@ -1,0 +1,115 @@
+#include "imaging/codecs/GifDecoder.h"
+
+#include <cstring>
+#include <memory>
+#include <new>
+#include <optional>
+
+#include "imaging/codecs/GifImages.h"
+#include "imaging/codecs/GifLimits.h"
+#include "imaging/codecs/GifStream.h"
+
+namespace tavrix {
+namespace {
+
+/// Images that are laid on one another for the first view.
+constexpr int MostParts = 20'000;
+
+class GifReader {
+  public:
+    GifReader(ByteSource& source, PictureSink& sink)
+        : source_(source), sink_(sink), stream_(source, [&sink] { return sink.Cancelled(); }) {}
+
+    DecodeStatus Run() {
+        if (!stream_.Open()) return stream_.Broken("header refused by the library");
+        if (const auto ended = FindImage()) return *ended;
+
+        const GifImageDesc& image = stream_.Image();
+        const bool covers = left_ == 0 && top_ == 0 && image.Width >= width_ && image.Height >= height_;
+        const bool transparent = !covers || (stream_.Control() && stream_.Control()->transparent);
+        frames_ = images_ + CountGifImagesBehind(source_, stream_.Offset(), sink_);
+        surface_ =
+            sink_.Begin({.width = width_, .height = height_, .frames = frames_, .transparent = transparent});
+        if (surface_ == nullptr) return {Outcome::Corrupt, stream_.Offset(), "surface refused", false};
+        return ReadFirstView();
+    }
+
+  private:
+    DecodeStatus ReadFirstView() {
+        std::int64_t pixelsLeft = std::int64_t{width_} * height_ + MostHiddenGifPixels;
+        bool somePixels = false;
+        // An image without a control extension has no time of its own: the next one belongs to the same view.
+        for (int parts = 1;; ++parts) {
+            const bool last = stream_.Control() || images_ >= frames_;
+            std::function<void(int)> rowsReady;
+            if (last) rowsReady = [this](int count) { sink_.RowsReady(count); };
+            DecodeStatus status = stream_.ReadImage({.into = *surface_,
+                                                     .left = left_,
+                                                     .top = top_,
+                                                     .pixelsLeft = pixelsLeft,
+                                                     .rowsReady = rowsReady});
+            somePixels = status.someRows = somePixels || status.someRows;
+            if (status.outcome != Outcome::Complete) return status;
+            if (last || parts == MostParts || FindImage()) break;
+        }
+        sink_.RowsReady(height_);
+        return {Outcome::Complete, 0, {}, somePixels};
+    }
+
+    /// Goes behind the header of the image to show; otherwise how it ended.
+    std::optional<DecodeStatus> FindImage() {
+        for (;;) {
+            const GifStream::Found found = stream_.NextImage();
+            if (found == GifStream::Found::Trailer)
+                return DecodeStatus{Outcome::Corrupt, stream_.Offset(), "no image", false};
+            if (found == GifStream::Found::Nothing) return stream_.Broken("no image");
+            ++images_;
+            if (PlaceImage()) return std::nullopt;
+            if (++passed_ > MostGifImagesPassed) return stream_.Broken("no image on the screen");
+        }
+    }
+
+    /// Sets the screen and where the image lies on it; false where it does not show.
+    bool PlaceImage() {
+        const GifImageDesc& image = stream_.Image();
+        if (image.Width <= 0 || image.Height <= 0) return false;
+        const bool screen = stream_.ScreenWidth() > 0 && stream_.ScreenHeight() > 0;
+        if (surface_ == nullptr) {
+            width_ = screen ? stream_.ScreenWidth() : image.Width;
+            height_ = screen ? stream_.ScreenHeight() : image.Height;
+        }
+        left_ = screen ? image.Left : 0;
+        top_ = screen ? image.Top : 0;
+        return left_ < width_ && top_ < height_;
+    }
+
+    ByteSource& source_;
+    PictureSink& sink_;
+    GifStream stream_;
+
+    int images_ = 0;  ///< up to the one to show
+    int frames_ = 0;  ///< images in the file
+    int passed_ = 0;  ///< images that showed nothing
+    int width_ = 0;   ///< of the screen
+    int height_ = 0;  ///< of the screen
+    int left_ = 0;    ///< of the image on the screen
+    int top_ = 0;     ///< of the image on the screen
+    Surface* surface_ = nullptr;
+};
+
+}  // namespace
+
+bool RecognisesGif(std::span<const std::byte> start) {
+    return start.size() >= 6 &&
+           (std::memcmp(start.data(), "GIF87a", 6) == 0 || std::memcmp(start.data(), "GIF89a", 6) == 0);
+}
+
+DecodeStatus DecodeGif(ByteSource& source, PictureSink& sink) {
+    try {
+        return std::make_unique<GifReader>(source, sink)->Run();
+    } catch (const std::bad_alloc&) {
+        return {Outcome::Corrupt, 0, "memory refused", false};
+    }
+}
+
+}  // namespace tavrix

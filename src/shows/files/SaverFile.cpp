@@ -1,0 +1,58 @@
+#include "shows/files/SaverFile.h"
+
+#include <memory>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "shows/files/ReadShow.h"
+#include "shows/files/ShowFileWriter.h"
+
+namespace tavrix {
+namespace {
+
+ShowFileEncoding EncodingOf(const MainModule& module) {
+    ShowFileEncoding encoding;
+    encoding.Add(module.config.SoundFile);
+    const SlideShow& show = module.show;
+    const int count = show.SlideFiles.FirstEmpty();
+    for (int index = 0; index < count; ++index) {
+        encoding.Add(show.SlideFiles[index]);
+        encoding.Add(show.SlideDescriptions[index]);
+    }
+    return encoding;
+}
+
+}  // namespace
+
+bool ReadSaverFile(MainModule& module, const std::string& path) {
+    const ReadShowWords words{
+        .kind = "Screen Saver",
+        .openFailed = "Unable to open the current Screen Saver data file.",
+        .dataFailed = "An error occurred while reading the Screen Saver data.",
+        .notValid = "This may not be a valid screen saver file...",
+        .whenIsSaved = "If the file is saved",
+    };
+    return ReadShow(module, path, words, [] {}).end != ReadShowEnd::Refused;
+}
+
+void WriteSaverFile(const MainModule& module, const std::string& path) {
+    const char* failure = "Unable to save Screen Saver.";
+    std::unique_ptr<ShowFileWriter> file;
+    try {
+        file = std::make_unique<ShowFileWriter>(module.platform.files.Create(path), EncodingOf(module));
+        failure = "An error occurred while trying to write the Screen Saver header.";
+        file->WriteHeader(module.config);
+        failure = "An error occurred while saving Screen Saver data.";
+        const SlideShow& show = module.show;
+        // With all slots full this runs past the last one, which fails.
+        for (int index = 0; !show.SlideFiles[index].empty(); ++index)
+            file->WriteSlide(show.SlideFiles[index], show.SlideDescriptions[index]);
+        file->Close();
+    } catch (const RuntimeError& error) {
+        module.app.MessageBox({.text = failure + std::string(NewLine2) + error.Description() + "...",
+                               .icon = forms::BoxIcon::Stop});
+        if (file) SkipFailure([&] { file->Close(); });
+    }
+}
+
+}  // namespace tavrix

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <string>
+
+#include "core/MainModule.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/GifPlayer.h"
+#include "platform/forms/Image.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Timer.h"
+#include "shows/stage/SlideLoader.h"
+#include "shows/stage/SoundEngine.h"
+#include "shows/stage/StageFit.h"
+
+namespace tavrix {
+
+/// The stage: a window over the whole display. Shared flags decide its role when it is loaded: the view of one image
+/// (StageImage), a slide show (SlideShowActive), or the screen saver (ScreenSaverMode as well). Where there is no main
+/// view, the end of a show is the end of the process.
+class FullViewFrm final : public forms::Form {
+  public:
+    static constexpr int MouseInterval = 2000;  ///< milliseconds
+
+    FullViewFrm(forms::Application& application, MainModule& module);
+    ~FullViewFrm() override;
+
+    forms::PictureBox PicFocus{*this, "PicFocus"};
+    forms::GifPlayer Gif89a1;
+    forms::Image Image1{*this, "Image1"};
+    forms::Timer SlideTimer{*this};
+    forms::Timer TimerMouse{*this};
+
+    int CurrentSlide = 0;
+    int SlideTotal = 0;          ///< counted for a random order only
+    bool SlideChanging = false;  ///< moves of the mouse are the window system's own meanwhile
+    int MouseMoveCount = 0;      ///< of the saver
+
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Resize() override;
+    void Form_Unload(bool& cancel) override;
+    void Form_MouseMove(const forms::MouseArguments& mouse) override;
+    void Form_MouseUp(const forms::MouseArguments& mouse) override;
+    void Form_KeyDown(int& keyCode, int shift) override;
+
+    /// Closes the stage, but not while an operation is running.
+    void FormUnload();
+    /// One step of the show; nothing while an operation is running.
+    void SlideTimer_Timer();
+    void ShowPointer();
+    void HidePointer();
+
+    [[nodiscard]] bool InShow() const { return module_.SlideShowActive && !module_.ScreenSaverMode; }
+    /// The stored path of the slide on show.
+    [[nodiscard]] const std::string& CurrentPath() const;
+    [[nodiscard]] const std::string& CurrentDescription() const;
+
+  private:
+    void Image1_MouseUp(const forms::MouseArguments& mouse);
+    void TimerMouse_Timer();
+
+    void LoadOneImage();
+    void LoadFirstSlide();
+    void OpenToolbar();
+    void ShowOverlay();
+    void ReportFailure(const std::string& path, const std::string& errorText);
+    void StartTimer();
+    /// Sizes and places what is on the stage; `centred` halves what is left beside it.
+    void Place(float (*centred)(float whole, float part));
+    void FitImage();
+    /// Runs statements of the load. The first failure of them is kept for the first activation.
+    template <class Statements>
+    void Attempt(Statements statements);
+
+    void ChooseNextSlide();
+    void RememberSlide();
+    /// The next slide, from its index on. False when the show has ended.
+    bool ChangeSlide(forms::BusyGuard& guard);
+
+    void Navigate(int keyCode);
+    void Pause();
+    void RemoveSlide();
+    [[nodiscard]] int LastSlideLess1() const;
+
+    [[nodiscard]] Extent Size() const { return {Width, Height}; }
+
+    MainModule& module_;
+    SlideLoader loader_{module_, Image1, Gif89a1};
+    SoundEngine sound_{module_};
+    bool loadFailed_ = false;
+    std::string loadErrorText_;
+    bool displayed_ = false;  ///< the first image stands
+};
+
+}  // namespace tavrix

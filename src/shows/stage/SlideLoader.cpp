@@ -1,0 +1,43 @@
+#include "shows/stage/SlideLoader.h"
+
+#include "base/Text.h"
+#include "core/FileServices.h"
+#include "platform/forms/Form.h"
+
+namespace tavrix {
+
+void SlideLoader::LoadSlide(const std::string& storedPath) {
+    const bool stands = module_.platform.files.FileExists(storedPath);
+    LoadFile(stands ? storedPath : FileNameOf(storedPath));
+}
+
+void SlideLoader::LoadFile(const std::string& path) {
+    if (IsGif89File(module_, path)) {
+        image_.Picture = {};
+        module_.DoEvents();
+        image_.Move(0, 0, image_.OwnerForm().Width, image_.OwnerForm().Height);
+        LoadAnimated(FullPath(path));
+    } else {
+        player_.FileName = "";
+        player_.Visible = false;
+        module_.DoEvents();
+        LoadStill(FullPath(path));
+    }
+}
+
+void SlideLoader::LoadStill(const std::string& path) {
+    image_.Picture = {};  // two large pictures at a time would be one too many
+    image_.Picture = module_.platform.pictures.Load(path);
+}
+
+void SlideLoader::LoadAnimated(const std::string& path) {
+    player_.FileName = path;
+    player_.Visible = true;
+}
+
+std::string SlideLoader::FullPath(const std::string& path) const {
+    const bool full = path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
+    return full ? path : WithBackslash(module_.platform.files.CurrentFolder()) + path;
+}
+
+}  // namespace tavrix
