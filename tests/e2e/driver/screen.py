@@ -53,9 +53,10 @@ class Window(NamedTuple):
 
 
 class Screen:
-    """Starts the X server and, unless told otherwise, a window manager. Its `environment` leads programs to it."""
+    """Starts the X server and, unless told otherwise (None), a window manager: "openbox", or "metacity", which places
+    and stacks windows by rules of its own. Its `environment` leads programs to it."""
 
-    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager=True, rules="",
+    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager="openbox", rules="",
                  depth=24):
         self.folder = folder
         self._children = children
@@ -67,11 +68,17 @@ class Screen:
         self._root = self._x.screen().root
         self.width, self.height = size
         if window_manager:
-            configuration = os.path.join(folder, "openbox.xml")
-            with open(configuration, "w", encoding="utf-8") as file:
-                file.write(_OPENBOX.replace("RULES", rules))
-            self.start(["openbox", "--sm-disable", "--config-file", configuration])
+            self._start_window_manager(window_manager, rules)
             wait_until(lambda: self._property(self._root, "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+
+    def _start_window_manager(self, name, rules):
+        if name == "metacity":
+            self.start(["metacity", "--sm-disable", "--no-composite"])
+            return
+        configuration = os.path.join(self.folder, "openbox.xml")
+        with open(configuration, "w", encoding="utf-8") as file:
+            file.write(_OPENBOX.replace("RULES", rules))
+        self.start(["openbox", "--sm-disable", "--config-file", configuration])
 
     def start(self, command):
         return self._children.start(command, self.environment, self._log)
