@@ -19,8 +19,7 @@
 #include "backends/linux/HostFiles.h"
 #include "backends/linux/HostPictures.h"
 #include "core/Main.h"
-#include "editing/Commands.h"
-#include "viewer/Commands.h"
+#include "program/WireProgram.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix::bench {
@@ -60,12 +59,7 @@ class Machine {
         memory_.store.Set("ProgramRun", "1");
         memory_.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         module_.AppPath = "C:\\Tavrix\\";
-        lives_.ShowMainView = [this] {
-            auto& view = app_.Load<MainViewFrm>(module_, lives_);
-            InstallViewerCommands(view);
-            InstallEditingCommands(view);
-            view.Show();
-        };
+        WireProgram(module_, lives_);
         image_ = drives_.ToDrivePath(folder_.PathOf("photo.bmp"));
         pictures_.SaveBitmap(Photo(), image_);
         memory_.process.commandLine = image_;

@@ -15,10 +15,7 @@
 #include "backends/linux/HostProfile.h"
 #include "core/Main.h"
 #include "core/Settings.h"
-#include "editing/Commands.h"
-#include "lists/Commands.h"
-#include "shows/Commands.h"
-#include "viewer/Commands.h"
+#include "program/WireProgram.h"
 #include "viewer/MainViewFrm.h"
 
 namespace {
@@ -31,14 +28,7 @@ struct Machine {
         platform.store.Set("EXEPath", "C:\\Tavrix\\");
         Surface surface(640, 480);
         platform.pictures.SetPicture("C:\\p\\x.jpg", PictureOf(std::move(surface)));
-        InstallShowCommands(module, lives);
-        lives.ShowMainView = [this] {
-            auto& view = app.Load<MainViewFrm>(module, lives);
-            InstallViewerCommands(view);
-            InstallEditingCommands(view);
-            InstallListCommands(view);
-            view.Show();
-        };
+        WireProgram(module, lives);
         module.AppPath = "C:\\Tavrix\\";
     }
 

@@ -1,11 +1,6 @@
 #include "app/Composition.h"
 
-#include "editing/Commands.h"
-#include "lists/Commands.h"
-#include "shows/Commands.h"
-#include "shows/stage/StageCommands.h"
-#include "viewer/Commands.h"
-#include "viewer/MainViewFrm.h"
+#include "program/WireProgram.h"
 
 namespace tavrix {
 namespace {
@@ -29,25 +24,10 @@ Composition::Composition(HostPlatform& host)
       services_{host.files, host.drives,   host.profile, registry_,    host.store,
                 host.shell, host.pictures, clipboard_,   host.sound,   help_,
                 system_,    host.process,  host.viewLib, wakefulness_, desktop_} {
-    app_.OnHelp = [this](const forms::BoxRequest& request) {
-        const std::string& file = request.helpFile.empty() ? module_.HelpFile : request.helpFile;
-        help_.Show(file, HelpCommand::Context, request.helpContext);
-    };
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
     };
-    app_.OnHelpKey = [this](unsigned context) {
-        help_.Show(module_.HelpFile, HelpCommand::Context, context);
-    };
-    InstallShowCommands(module_, lives_);
-    lives_.ShowMainView = [this] {
-        auto& view = app_.Load<MainViewFrm>(module_, lives_);
-        InstallViewerCommands(view);
-        InstallEditingCommands(view);
-        InstallListCommands(view);
-        InstallStageCommands(view);
-        view.Show();
-    };
+    WireProgram(module_, lives_);
 }
 
 void Composition::Run() {

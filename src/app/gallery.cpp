@@ -28,7 +28,6 @@
 #include "core/Main.h"
 #include "core/WaitFrm.h"
 #include "dialogs/WaitCopyFrm.h"
-#include "editing/Commands.h"
 #include "editing/creating/BackColorFrm.h"
 #include "editing/creating/NewImageFrm.h"
 #include "editing/desktop/frmSetWallpaper.h"
@@ -41,15 +40,12 @@
 #include "editing/turning/frmRotateImg.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/Decoders.h"
-#include "lists/Commands.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
-#include "shows/Commands.h"
+#include "program/WireProgram.h"
 #include "shows/stage/FullViewFrm.h"
-#include "shows/stage/StageCommands.h"
 #include "shows/stage/frmToolbar.h"
-#include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/OpenFrm.h"
@@ -80,15 +76,7 @@ class Gallery {
         platform_.store.Set("EXEPath", "C:\\Tavrix\\");
         platform_.pictures.SetPicture("C:\\Pictures\\small.bmp", TestCard(640, 480));
         platform_.pictures.SetPicture("C:\\Pictures\\large.bmp", TestCard(4000, 3000));
-        InstallShowCommands(module_, lives_);
-        lives_.ShowMainView = [this] {
-            auto& view = app_.Load<MainViewFrm>(module_, lives_);
-            InstallViewerCommands(view);
-            InstallEditingCommands(view);
-            InstallListCommands(view);
-            InstallStageCommands(view);
-            view.Show();
-        };
+        WireProgram(module_, lives_);
     }
 
     void Draw() {

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "editing/Commands.h"
-#include "lists/Commands.h"
-#include "shows/Commands.h"
-#include "shows/stage/StageCommands.h"
+#include "program/WireProgram.h"
 #include "support/ProgramFixture.h"
-#include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix::test {
@@ -13,17 +9,7 @@ namespace tavrix::test {
 /// A program that starts with the main view.
 class MainViewFixture : public ProgramFixture {
   protected:
-    MainViewFixture() {
-        InstallShowCommands(module, lives);
-        lives.ShowMainView = [this] {
-            auto& window = app.Load<MainViewFrm>(module, lives);
-            InstallViewerCommands(window);
-            InstallEditingCommands(window);
-            InstallListCommands(window);
-            InstallStageCommands(window);
-            window.Show();
-        };
-    }
+    MainViewFixture() { WireProgram(module, lives); }
 
     /// Starts the program with a command line; false when it ended.
     bool Start(const std::string& commandLine = "") {

@@ -1,4 +1,5 @@
 #include "ViewerTest.h"
+#include "core/HelpContexts.h"
 
 namespace tavrix::test {
 namespace {
@@ -63,8 +64,8 @@ INSTANTIATE_TEST_SUITE_P(
         CommandKey{KeyCode::Escape, Plain, "mnuExit"},
         CommandKey{KeyCode::Escape, Shift | Ctrl | Alt, "mnuExit"}, CommandKey{Top(6), Plain, ""},
         CommandKey{Top(9), Plain, ""}, CommandKey{Pad(7), Plain, ""}, CommandKey{'A', Plain, ""},
-        CommandKey{KeyCode::Return, Plain, ""}, CommandKey{KeyCode::F1, Plain, ""},
-        CommandKey{KeyCode::Delete, Plain, ""}, CommandKey{KeyCode::Shift, Shift, ""}));
+        CommandKey{KeyCode::Return, Plain, ""}, CommandKey{KeyCode::Delete, Plain, ""},
+        CommandKey{KeyCode::Shift, Shift, ""}));
 
 class KeysTest : public ViewerTest {};
 
@@ -85,6 +86,16 @@ TEST_F(KeysTest, EscapeDuringWorkDoesNothing) {
     ASSERT_TRUE(Start());
     module.Screen().MousePointer = forms::MousePointer::Hourglass;
     EXPECT_FALSE(Press(KeyCode::Escape));
+}
+
+TEST_F(KeysTest, F1ShowsTheHelpOfTheMainView) {
+    ASSERT_TRUE(Start());
+    const auto before = platform.help.calls.size();
+    bool handled = false;
+    View().Deliver(forms::KeyEvent{true, KeyCode::F1, Plain, &handled});
+    EXPECT_TRUE(handled);
+    ASSERT_EQ(platform.help.calls.size(), before + 1);
+    EXPECT_EQ(platform.help.calls.back().data, HelpContext::MainView);
 }
 
 TEST_F(KeysTest, TheWindowSeesKeysBeforeItsControls) {

@@ -6,9 +6,7 @@
 #include "backends/headless/HeadlessServices.h"
 #include "backends/headless/HeadlessToolkit.h"
 #include "core/Main.h"
-#include "editing/Commands.h"
-#include "lists/Commands.h"
-#include "viewer/Commands.h"
+#include "program/WireProgram.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix::test {
@@ -18,13 +16,7 @@ class OneProcess {
   public:
     explicit OneProcess(headless::HeadlessServices& machine) : machine_(machine) {
         machine.process.ended = false;
-        lives_.ShowMainView = [this] {
-            auto& window = app.Load<MainViewFrm>(module, lives_);
-            InstallViewerCommands(window);
-            InstallEditingCommands(window);
-            InstallListCommands(window);
-            window.Show();
-        };
+        WireProgram(module, lives_);
     }
 
     /// Runs something that the user does; whether the process ended.

@@ -18,10 +18,7 @@ class ViewerTest : public MainViewFixture {
         Setting("StartupDialog", "0");
         platform.store.Set("Show Tips at Startup", "0");
         lives.ShowMainView = [this] {
-            auto& window = app.Load<MainViewFrm>(module, lives);
-            InstallViewerCommands(window);
-            InstallEditingCommands(window);
-            InstallListCommands(window);
+            auto& window = LoadMainView(module, lives);
             if (beforeShow) beforeShow(window);
             window.Show();
         };
