@@ -65,6 +65,11 @@ std::optional<std::string> Application::InputBox(const InputRequest& request) {
     return text;
 }
 
+void Application::TellEscaped(const std::string& text) {
+    screen_.MousePointer = MousePointer::Default;
+    MessageBox({.text = text + "...", .icon = BoxIcon::Stop});
+}
+
 void Application::Run() {
     toolkit_.RunUntil([this] { return forms_.empty(); });
 }

@@ -3,11 +3,13 @@
 #include <concepts>
 #include <functional>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "platform/forms/Boxes.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Screen.h"
@@ -63,6 +65,19 @@ class Application final : private ToolkitEvents {
     /// Runs messages until no window is loaded.
     void Run();
 
+    /// Runs what an event raises. Procedures tell their own failures; one that escapes them all ends here: the lock is
+    /// released, the user is told, and the process goes on.
+    template <class Handler>
+    void LastResort(Handler&& handler) {
+        try {
+            handler();
+        } catch (const RuntimeError& error) {
+            TellEscaped(error.Description());
+        } catch (const std::bad_alloc&) {
+            TellEscaped(DescriptionOf(ErrorNumber::OutOfMemory));
+        }
+    }
+
     /// Called by the Help button of a message box.
     std::function<void(const BoxRequest&)> OnHelp;
     /// Called with a window's HelpContext when F1 is pressed in it and Form_KeyDown leaves the key alone.
@@ -73,6 +88,7 @@ class Application final : private ToolkitEvents {
     friend class Form::HandlerScope;
 
     void WakeUp() override { timers_.RunDue(); }
+    void TellEscaped(const std::string& text);
     /// Makes the form the active one and raises its Form_Activate, unless it is that already.
     void MakeActive(Form& form);
     /// The window system activated a window of ours.

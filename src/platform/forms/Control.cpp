@@ -62,6 +62,10 @@ void Control::TakeKeyDown(int& keyCode, int shift) {
 
 void Control::Deliver(const Event& event) {
     const Form::HandlerScope scope(form_);
+    form_.App().LastResort([&] { Dispatch(event); });
+}
+
+void Control::Dispatch(const Event& event) {
     if (form_.Unloaded()) return;
     if (const auto* focus = std::get_if<FocusEvent>(&event)) {
         if (focus->gained && form_.NoteFocus(*this) && OnGotFocus) OnGotFocus();

@@ -92,6 +92,7 @@ class Control : public FormObject, public EventSink {
     virtual void Handle(const Event& event) = 0;
 
   private:
+    void Dispatch(const Event& event);
     void AssignLeft(const float& value);
     void AssignTop(const float& value);
     void AssignWidth(const float& value);

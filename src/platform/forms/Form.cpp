@@ -176,6 +176,10 @@ void Form::PushFocus() {
 
 void Form::Deliver(const Event& event) {
     const HandlerScope scope(*this);
+    app_.LastResort([&] { Dispatch(event); });
+}
+
+void Form::Dispatch(const Event& event) {
     if (unloaded_) return;
     if (const auto* placement = std::get_if<PlacementEvent>(&event)) {
         HandlePlacement(*placement);

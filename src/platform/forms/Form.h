@@ -138,6 +138,7 @@ class Form : public FormObject, public Container, public EventSink {
     void PutOnScreen(bool modal);
     void TakeOffScreen();
     void RaiseResize();
+    void Dispatch(const Event& event);
     void HandlePlacement(const PlacementEvent& placement);
     void HandleKey(const KeyEvent& key);
     [[nodiscard]] PixelRect OuterPixels() const;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
 
 namespace tavrix::forms {
@@ -29,7 +30,9 @@ void Menu::Click() {
 }
 
 void Menu::Deliver(const Event& event) {
-    if (std::holds_alternative<ClickEvent>(event) && !form_.Unloaded() && State().enabled) Click();
+    if (!std::holds_alternative<ClickEvent>(event) || form_.Unloaded() || !State().enabled) return;
+    const Form::HandlerScope scope(form_);
+    form_.App().LastResort([this] { Click(); });
 }
 
 MenuItemState Menu::State() const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Timer.h"
 
@@ -42,7 +43,7 @@ void TimerQueue::RunDue() {
         const Form::HandlerScope scope(timer->form_);
         timer->ticking_ = true;
         Rearm();
-        if (timer->OnTimer) timer->OnTimer();
+        if (timer->OnTimer) timer->form_.App().LastResort([timer] { timer->OnTimer(); });
         timer->ticking_ = false;
     }
     Rearm();
