@@ -1,22 +1,26 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "platform/forms/Application.h"
 
 namespace tavrix {
 
-/// The editor of the show, as far as the stage works on it. The editor's window is one.
+/// The editor of the show, as far as others work on it. The editor's window is one.
+///
+/// The rows of its list are the slides of MainModule::show, row by row. Who changes these tells the editor what it did,
+/// when it is done, so that the list can follow without losing its place.
 class SlideEditor {
   public:
     virtual ~SlideEditor() = default;
 
-    [[nodiscard]] virtual int RowCount() const = 0;
-    /// The path in a row of its list, counted from 0.
-    [[nodiscard]] virtual std::string Row(int index) const = 0;
-    virtual void RemoveRow(int index) = 0;
-    /// Shows how many slides there are, in words.
-    virtual void ShowCount(const std::string& text) = 0;
+    /// Slides have been taken out; these are their former indices, which rise.
+    virtual void SlidesRemoved(std::span<const int> indices) = 0;
+    /// Any number of slides have other paths now. All slides are where they were.
+    virtual void PathsChanged() = 0;
+    /// Shows the path of the show that is being edited.
+    virtual void SetFilename(const std::string& path) = 0;
     /// Makes the first row the current one and lets the user edit descriptions, until that is done.
     virtual void EditDescriptions() = 0;
 };
