@@ -13,6 +13,7 @@
 #include <functional>
 #include <iterator>
 #include <memory>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -156,12 +157,55 @@ void Save(benchmark::State& state) {
             std::ofstream(show.Folder() / "bytes", std::ios::binary)
                 .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         },
-        [&] { WriteSlideFile(module, "C:\\", "saved.tvs", nullptr); });
+        [&] { WriteSlideFile(module, "C:\\", "saved.tvs"); });
+}
+
+/// What the editor does to the longest show, against copying its texts one after the other.
+void Rows(benchmark::State& state, const std::function<void(ShowSlides& slides)>& work) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < SlideTexts::Slots; ++i)
+        paths.push_back("C:\\Pictures\\Holidays\\IMG_" + std::to_string(100'000 + i) + ".JPG");
+    ShowSlides full;
+    full.InsertSlides(0, paths);
+    for (int i = 0; i < SlideTexts::Slots; ++i)
+        full.SlideDescriptions.Set(i, "On the beach, picture " + std::to_string(i));
+    ShowSlides slides;
+    std::vector<std::string> copy;
+    for (auto _ : state) {
+        slides = full;
+        const double plain = Milliseconds([&] { copy = paths; });
+        benchmark::DoNotOptimize(copy);
+        const double ours = Milliseconds([&] { work(slides); });
+        state.SetIterationTime(ours / 1000);
+        state.counters["ratio"] = ours / plain;
+    }
+}
+void AddAllBehindTheFirst(benchmark::State& state) {
+    const std::vector<std::string> paths(SlideTexts::Slots - 1, "C:\\Pictures\\Holidays\\IMG_100000.JPG");
+    Rows(state, [&](ShowSlides& slides) {
+        slides.EraseSlides();
+        slides.SlideFiles.Set(0, paths[0]);
+        slides.InsertSlides(1, paths);
+    });
+}
+void RemoveEverySecond(benchmark::State& state) {
+    std::vector<int> indices;
+    for (int i = 1; i < SlideTexts::Slots; i += 2)
+        indices.push_back(i);
+    Rows(state, [&](ShowSlides& slides) { slides.RemoveSlides(indices); });
+}
+void Reverse(benchmark::State& state) {
+    std::vector<int> order(SlideTexts::Slots);
+    std::iota(order.rbegin(), order.rend(), 0);
+    Rows(state, [&](ShowSlides& slides) { slides.ArrangeSlides(order); });
 }
 
 BENCHMARK(LoadPlain)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 BENCHMARK(LoadUtf8)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 BENCHMARK(LoadWindows1252)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(AddAllBehindTheFirst)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(RemoveEverySecond)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(Reverse)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 BENCHMARK(Save)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 
 }  // namespace

@@ -101,8 +101,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     Machine machine;
     machine.platform.disks.PutFile(Path, content);
+    ShowRecord record;
+    const ShowFileReading reading = ReadShowFile(machine.platform.files, Path, record);
+    Require(reading.why.has_value() ==
+            (reading.end == ShowFileEnd::NotOpened || reading.end == ShowFileEnd::HeaderFailed ||
+             reading.end == ShowFileEnd::SlidesFailed));
+    Require(machine.module.show.Empty());
     const bool holdsSlides = LoadShowFile(machine.module, Path);
     Require(holdsSlides == !machine.module.show.Empty());
+    Require(record == ShowRecord{machine.module.show, machine.module.config});
     Require(machine.toolkit.BoxesShown() <= 2);
     Require(machine.platform.disks.Content(Path) == content);
     WriteAndReadAgain(machine);

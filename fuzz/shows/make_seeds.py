@@ -17,6 +17,7 @@ SHOWS = {
     "lines.tvs": show("Version 1.5", OPTIONS, "a.bmp", "about a", "", end="\n").encode(),
     "codepage.tvs": show("Version 1.5", OPTIONS, '"C:\\Bär.bmp"', '"5 €"').encode("cp1252"),
     "wide.tvs": show("Version 1.5", OPTIONS, '"C:\\Bär.bmp"', '"日本"').encode(),
+    "marked.tvs": show("Version 1.5", OPTIONS, '"C:\\Bär.bmp"', '""').encode("utf-8-sig"),
     "quotes.tvs": show("Version 1.5", OPTIONS, '"a.bmp"', '"say "hi" now"', '"b.bmp"', '"B"').encode(),
     "cut.tvs": show("Version 1.5", OPTIONS, '"a.bmp"', '"never closed').encode(),
     "other.tvs": show("Version 1.6", OPTIONS).encode(),

@@ -140,6 +140,12 @@ std::optional<NumberParts> SplitNumber(std::string_view text) {
     return NumberParts{negative, whole, decimals};
 }
 
+/// Where the last component of a path begins.
+std::size_t NameStart(std::string_view path) {
+    const std::size_t last = path.find_last_of("\\/:");
+    return last == std::string_view::npos ? 0 : last + 1;
+}
+
 }  // namespace
 
 std::size_t CharacterCount(std::string_view text) {
@@ -210,13 +216,11 @@ std::string WithBackslash(std::string_view folder) {
 }
 
 std::string FolderOf(std::string_view path) {
-    const std::size_t last = path.rfind('\\');
-    return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
+    return std::string(path.substr(0, NameStart(path)));
 }
 
 std::string FileNameOf(std::string_view path) {
-    const std::size_t last = path.rfind('\\');
-    return std::string(last == std::string_view::npos ? path : path.substr(last + 1));
+    return std::string(path.substr(NameStart(path)));
 }
 
 std::string DecodeTextFile(std::string_view bytes) {

@@ -36,9 +36,9 @@ inline constexpr std::string_view NewLine2 = "\r\n\r\n";
 
 /// The folder with a backslash at its end, added where missing.
 [[nodiscard]] std::string WithBackslash(std::string_view folder);
-/// A path without its last component; the backslash stays. Empty when there is no backslash.
+/// A path without its last component; the separator stays. Empty for a bare name.
 [[nodiscard]] std::string FolderOf(std::string_view path);
-/// The last component of a path.
+/// The last component of a path, which holds no separator of any kind: backslash, slash or colon.
 [[nodiscard]] std::string FileNameOf(std::string_view path);
 
 /// The bytes of a text file as text: valid UTF-8 is taken as it is, all else as Windows-1252.

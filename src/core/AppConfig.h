@@ -4,11 +4,16 @@
 #include <cstdint>
 #include <string>
 
+#include "core/ShowOptions.h"
+
 namespace tavrix {
 
 /// All user settings and short lists, one field for each key of tavrix.ini. Windows read and write it in memory;
 /// the save procedures write back what they own. The initial values are those of missing keys.
-struct AppConfig {
+///
+/// The options of the show that the windows share are among the settings, and there only: the settings give them their
+/// values at the start, a show's file replaces them, and the options dialog saves whatever they are then.
+struct AppConfig : ShowOptions {
     bool Color256Msg = true;
     bool UseRecycleBin = true;
     bool UseRecentDocuments = true;
@@ -35,16 +40,6 @@ struct AppConfig {
     bool DeleteUntitled = true;
     bool ClearClipboard = true;
     bool AutosizeWindow = true;
-    std::int16_t SoundMode = 0;  ///< 0 no sound, 1 sound file, 2 CD audio
-    std::string SoundFile;
-    std::int16_t CDTrack = 0;  ///< 0 to 100
-    bool SoundLoop = false;
-    std::int16_t SlideInterval = 5;  ///< seconds, 0 to 60
-    bool RandomSlides = false;
-    bool ShowFilenames = false;
-    bool ShowDescription = false;
-    bool LoopSlideShow = true;
-    bool AnimateGIF89 = true;
     bool ShowToolbar = false;
     std::int32_t ToolbarX = 0;  ///< twips
     std::int32_t ToolbarY = 0;  ///< twips
@@ -76,6 +71,8 @@ struct AppConfig {
     std::string FavoriteFolder;
     std::array<std::string, 4> QuickFolder;      ///< names, at most 40 characters
     std::array<std::string, 4> QuickFolderPath;  ///< with a backslash at the end
+
+    void SetShowOptions(const ShowOptions& options) { static_cast<ShowOptions&>(*this) = options; }
 };
 
 }  // namespace tavrix

@@ -6,6 +6,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 
 namespace tavrix {
 
@@ -63,12 +64,10 @@ bool DeleteAsUserAgrees(const MainModule& module, const std::string& path) {
     try {
         return DeleteToBin(module, path, true) == Deletion::Done;
     } catch (const RuntimeError& error) {
-        const std::string blank(NewLine2);
         const std::string what = module.config.UseRecycleBin
                                      ? "Unable to send the file to the Recycle Bin, it has not been deleted:"
                                      : "Unable to delete the file:";
-        module.app.MessageBox({.text = what + blank + path + blank + error.Description() + "...",
-                               .icon = forms::BoxIcon::Stop});
+        module.app.MessageBox({.text = FailureText(what, path, error), .icon = forms::BoxIcon::Stop});
         return false;
     }
 }

@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/services/DrivePath.h"
 
 namespace tavrix {
 namespace {
@@ -82,6 +83,20 @@ std::int32_t GetDiskFreeBytes(const MainModule& module, const std::string& root)
         if (bytes > most) bytes = 0;
     });
     return static_cast<std::int32_t>(bytes);
+}
+
+std::string FullPath(const MainModule& module, const std::string& path) {
+    std::string normal = NormalPath(path);
+    const bool drive = normal.size() > 1 && normal[1] == ':';
+    const bool full = drive ? normal.size() > 2 && normal[2] == '\\' : normal.starts_with("\\\\");
+    if (normal.empty() || full) return normal;
+    SkipFailure([&] {
+        const std::string folder = WithBackslash(module.platform.files.CurrentFolder());
+        if (drive && !EqualIgnoringCase(Left(folder, 1), Left(normal, 1))) return;
+        const bool ofRoot = normal.starts_with('\\');
+        normal = NormalPath((ofRoot ? Left(folder, 2) : folder) + normal.substr(drive ? 2 : 0));
+    });
+    return normal;
 }
 
 void ChangeToFolderOf(const MainModule& module, const std::string& path) {

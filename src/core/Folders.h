@@ -24,6 +24,11 @@ namespace tavrix {
 /// Free bytes of a drive; 0 when they do not fit 32 bits or cannot be told.
 [[nodiscard]] std::int32_t GetDiskFreeBytes(const MainModule& module, const std::string& root);
 
+/// The normal form of a path (NormalPath), from its drive on: one without a drive or a folder is taken from the current
+/// drive and folder. An empty one stays so, and one that begins with the name of another drive without its root is left to
+/// the file service.
+[[nodiscard]] std::string FullPath(const MainModule& module, const std::string& path);
+
 /// Makes a file's drive and folder the current ones. Failures are those of the file service.
 void ChangeToFolderOf(const MainModule& module, const std::string& path);
 

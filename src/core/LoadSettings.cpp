@@ -5,6 +5,7 @@
 #include "core/Folders.h"
 #include "core/Settings.h"
 #include "core/SettingsText.h"
+#include "platform/services/DrivePath.h"
 
 namespace tavrix {
 namespace {
@@ -32,11 +33,11 @@ bool HoldsColonAndName(const std::string& path) {
 }
 
 std::string ShowPath(const std::string& path) {
-    return HoldsColonAndName(path) && EndsInIgnoringCase(path, ".TVS") ? path : "";
+    return HoldsColonAndName(path) && EndsInIgnoringCase(path, ".TVS") ? NormalPath(path) : "";
 }
 
 std::string FavoritePath(const std::string& path) {
-    return HoldsColonAndName(path) ? path : "";
+    return HoldsColonAndName(path) ? NormalPath(path) : "";
 }
 
 /// A toolbar position that a screen of this size can show.
@@ -49,7 +50,7 @@ std::int32_t OnScreen(std::int32_t position, float screenSize, float toolbarSize
 std::string LastOpenedFile(const MainModule& module, const std::string& text) {
     const bool workingFile =
         text == GetTempFolder(module) + "Untitled.BMP" || text == module.AppPath + "Untitled.BMP";
-    return workingFile ? "" : text;
+    return workingFile ? "" : NormalPath(text);
 }
 
 std::string FavoriteFolder(const MainModule& module, const std::string& text) {
@@ -140,7 +141,7 @@ void ReadWindowsAndDialogs(AppConfig& c, SettingsReader& read) {
     c.WallpaperStretch = read.OnlyTrueSets("WallpaperStretch");
     c.WallpaperAspect = read.OnlyTrueSets("WallpaperAspect");
     c.SelectDuplicates = read.OnlyTrueSets("SelectDuplicates");
-    c.LastSlideShow = read.Text("LastSlideShow");
+    c.LastSlideShow = NormalPath(read.Text("LastSlideShow"));
     read.Keep("LastSlideShow", c.LastSlideShow);
     c.KeepRecent = read.OnlyTrueSets("KeepRecent", true);
 }
@@ -161,7 +162,7 @@ void LoadSettings(MainModule& module) {
     const std::string shows = module.AppPath + "SLIDES";
     if (!files.FolderExists(shows)) SkipFailure([&] { files.MakeFolder(shows); });
 
-    ReadList(read, "Recent", c.Recent, [](const std::string& text) { return text; });
+    ReadList(read, "Recent", c.Recent, NormalPath);
     ReadList(read, "RecentShow", c.RecentShows, ShowPath);
     ReadList(read, "FavoriteFile", c.FavoriteFiles, FavoritePath);
     c.FavoriteFolder = FavoriteFolder(module, read.Text("FavoriteFolder"));

@@ -9,6 +9,7 @@
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
 #include "core/WaitFrm.h"
+#include "platform/services/DrivePath.h"
 
 namespace tavrix {
 namespace {
@@ -108,7 +109,7 @@ class StartUp {
     }
 
     void LeadShow() {
-        const std::string path = module_.CommandText;
+        const std::string path = NormalPath(module_.CommandText);
         if (!lives_.LoadShowFile || !lives_.ShowStage) EndFor("slide shows");
         if (IsOnFloppy(path) && !PassesFloppyGuard(module_, path, ShowOnFloppy)) EndWithoutWindow();
         bool holdsSlides = false;

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "core/FailureText.h"
 
 namespace tavrix {
 
@@ -54,8 +54,7 @@ void FolderButton::GoTo(const std::string& folder, const std::string& failure) {
     try {
         lists_.GoTo(folder);
     } catch (const RuntimeError& error) {
-        module_.app.MessageBox({.text = failure + std::string(NewLine2) + error.Description() + "...",
-                                .icon = forms::BoxIcon::Stop});
+        TellFailure(module_, failure, error);
     }
 }
 

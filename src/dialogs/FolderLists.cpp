@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 
 namespace tavrix {
 
@@ -40,9 +41,8 @@ void FolderLists::Dir1_Change() {
 }
 
 void FolderLists::TellOpenFailure(const std::string& path, const RuntimeError& error) {
-    module_.app.MessageBox({.text = "Unable to change directory to:" + std::string(NewLine2) + path +
-                                    std::string(NewLine2) + error.Description() + "...",
-                            .icon = forms::BoxIcon::Stop});
+    module_.app.MessageBox(
+        {.text = FailureText("Unable to change directory to:", path, error), .icon = forms::BoxIcon::Stop});
     folders_.Refresh();
 }
 

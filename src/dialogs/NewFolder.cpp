@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 
 namespace tavrix {
 namespace {
@@ -26,6 +27,8 @@ std::optional<std::string> AskForName(const MainModule& module) {
             Refuse(module, "A folder name was not entered, try again...");
         } else if (name.find('\\') != std::string::npos) {
             Refuse(module, "You may not use the \\ character in a folder name, enter folder name again...");
+        } else if (name.find('/') != std::string::npos) {
+            Refuse(module, "You may not use the / character in a folder name, enter folder name again...");
         } else if (name.find(':') != std::string::npos) {
             Refuse(module, "You may not use the : character in a folder name, enter folder name again...");
         } else {
@@ -53,9 +56,7 @@ void CmdNewFolder_Click(const MainModule& module, FolderLists& lists) {
         }
     }
     if (!failure) return;
-    module.app.MessageBox(
-        {.text = "Unable to create folder." + std::string(NewLine2) + failure->Description() + "...",
-         .icon = forms::BoxIcon::Stop});
+    TellFailure(module, "Unable to create folder.", *failure);
 }
 
 }  // namespace tavrix

@@ -44,8 +44,9 @@ void TellFailure(MainViewFrm& view, const OpenFailure& failure, const RuntimeErr
 
 }  // namespace
 
-void LoadIntoMainView(MainViewFrm& view, const std::string& path, const OpenFailure& failure) {
+void LoadIntoMainView(MainViewFrm& view, const std::string& anyPath, const OpenFailure& failure) {
     MainModule& module = view.Module();
+    const std::string path = FullPath(module, anyPath);
     forms::BusyGuard busy(module.Screen());
     view.picFrame.Visible = false;
     module.DoEvents();

@@ -82,8 +82,9 @@ void ReadCommandText(MainViewFrm& view) {
     bool shown = false;
 
     if (IsOneOf(UpperCase(Right(command, 4)), ImageEndings)) {
-        module.CurrentImage = command;
-        if (IsOnFloppy(command) && !PassesFloppyGuard(module, command, ImageOnFloppy))
+        module.CurrentImage = FullPath(module, command);
+        const std::string image = module.CurrentImage;
+        if (IsOnFloppy(image) && !PassesFloppyGuard(module, image, ImageOnFloppy))
             module.platform.process.End();
         shown = ShowCurrentImage(view);
     } else if (!command.empty()) {

@@ -103,6 +103,16 @@ TEST(Text, TakesPathsApart) {
     EXPECT_EQ(FileNameOf("b.bmp"), "b.bmp");
 }
 
+TEST(Text, TheNamePartHoldsNoSeparatorOfAnyKind) {
+    for (const char* path : {"a\\b\\c/../../../.bashrc", "C:/.bashrc", "x\\y/.bashrc", "/.bashrc",
+                             "C:.bashrc", "a/b:.bashrc", "a\\b/c:\\.bashrc"}) {
+        EXPECT_EQ(FileNameOf(path), ".bashrc") << path;
+        EXPECT_EQ(FolderOf(path) + FileNameOf(path), path);
+    }
+    EXPECT_EQ(FileNameOf("a\\b/"), "");
+    EXPECT_EQ(FolderOf("a/b.bmp"), "a/");
+}
+
 TEST(Text, ReadsTextFilesInEitherEncoding) {
     EXPECT_EQ(DecodeTextFile("plain"), "plain");
     EXPECT_EQ(DecodeTextFile("caf\xc3\xa9"), "caf\u00e9");

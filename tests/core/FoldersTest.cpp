@@ -91,6 +91,21 @@ TEST_F(FoldersTest, AFilesDriveAndFolderBecomeTheCurrentOnes) {
     EXPECT_THROW(ChangeToFolderOf(module, "Q:\\a.bmp"), RuntimeError);
 }
 
+TEST_F(FoldersTest, APathIsMadeFullFromTheCurrentFolder) {
+    platform.disks.PutFolder("C:\\p\\q");
+    platform.files.ChangeFolder("C:\\p\\q");
+    EXPECT_EQ(FullPath(module, "a.bmp"), "C:\\p\\q\\a.bmp");
+    EXPECT_EQ(FullPath(module, "../a.bmp"), "C:\\p\\a.bmp");
+    EXPECT_EQ(FullPath(module, "\\a.bmp"), "C:\\a.bmp");
+    EXPECT_EQ(FullPath(module, "c:a.bmp"), "C:\\p\\q\\a.bmp");
+    EXPECT_EQ(FullPath(module, "D:a.bmp"), "D:a.bmp");
+    EXPECT_EQ(FullPath(module, "d:/x//a.bmp"), "d:\\x\\a.bmp");
+    EXPECT_EQ(FullPath(module, "//machine/a.bmp"), "\\\\machine\\a.bmp");
+    EXPECT_EQ(FullPath(module, ""), "");
+    platform.files.ChangeFolder("C:\\");
+    EXPECT_EQ(FullPath(module, "a.bmp"), "C:\\a.bmp");
+}
+
 class FindCdRomDriveTest : public ProgramFixture {};
 
 TEST_F(FindCdRomDriveTest, GivesTheFirstCdDrive) {

@@ -39,6 +39,8 @@ class NewFolderTest : public FolderDialogTest {
     static constexpr const char* NoName = "A folder name was not entered, try again...";
     static constexpr const char* Backslash =
         "You may not use the \\ character in a folder name, enter folder name again...";
+    static constexpr const char* Slash =
+        "You may not use the / character in a folder name, enter folder name again...";
     static constexpr const char* Colon =
         "You may not use the : character in a folder name, enter folder name again...";
 };
@@ -81,6 +83,12 @@ TEST_F(NewFolderTest, ANameOfNothingElseIsNone) {
 TEST_F(NewFolderTest, ABackslashWithinTheNameIsRefused) {
     for (const char* answer : {"a\\b", "\\\\a", "a\\\\", "\\\\\\", "a\\b:c"})
         Refused(answer, Backslash);
+}
+
+TEST_F(NewFolderTest, ASlashIsRefused) {
+    for (const char* answer : {"a/b", "/a", "a/", "/", "..//a", "\\a/\\", "a/b:c"})
+        Refused(answer, Slash);
+    EXPECT_FALSE(platform.disks.Exists("C:\\Pictures\\a"));
 }
 
 TEST_F(NewFolderTest, AColonIsRefused) {

@@ -331,9 +331,10 @@ TEST_F(SettingsReadTest, TheThumbnailExtensionIsAtMostThreePlainCharacters) {
 }
 
 TEST_F(SettingsReadTest, PlainTextsAreTrimmed) {
-    for (const auto& [key, field] : {std::pair{"SoundFile", &AppConfig::SoundFile},
-                                     std::pair{"LastCopyToPath", &AppConfig::LastCopyToPath},
-                                     std::pair{"LastSlideShow", &AppConfig::LastSlideShow}}) {
+    using Field = std::pair<const char*, std::string AppConfig::*>;
+    for (const auto& [key, field] :
+         {Field{"SoundFile", &AppConfig::SoundFile}, Field{"LastCopyToPath", &AppConfig::LastCopyToPath},
+          Field{"LastSlideShow", &AppConfig::LastSlideShow}}) {
         SCOPED_TRACE(key);
         Load();
         EXPECT_EQ(module.config.*field, "");

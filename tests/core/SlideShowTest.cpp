@@ -8,6 +8,8 @@
 namespace tavrix::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 SlideTexts TextsOf(const std::vector<std::string>& texts) {
     SlideTexts slides;
     for (std::size_t i = 0; i < texts.size(); ++i)
@@ -15,8 +17,8 @@ SlideTexts TextsOf(const std::vector<std::string>& texts) {
     return slides;
 }
 
-std::vector<std::string> FirstOf(const SlideTexts& slides, int count) {
-    std::vector<std::string> texts;
+Texts FirstOf(const SlideTexts& slides, int count) {
+    Texts texts;
     for (int i = 0; i < count; ++i)
         texts.push_back(slides[i]);
     return texts;
@@ -44,8 +46,6 @@ TEST(SlideTextsTest, AnIndexOutsideFailsAndChangesNothing) {
         SlideTexts slides = TextsOf({"a"});
         EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(slides[index]); }), 9) << index;
         EXPECT_EQ(ErrorOfCall([&] { slides.Set(index, "x"); }), 9) << index;
-        EXPECT_EQ(ErrorOfCall([&] { slides.Insert(index, "x"); }), 9) << index;
-        EXPECT_EQ(ErrorOfCall([&] { slides.Remove(index); }), 9) << index;
         EXPECT_EQ(slides, TextsOf({"a"}));
     }
 }
@@ -53,40 +53,6 @@ TEST(SlideTextsTest, AnIndexOutsideFailsAndChangesNothing) {
 TEST(SlideTextsTest, TheListEndsAtTheFirstEmptyText) {
     EXPECT_EQ(TextsOf({"a", "b"}).FirstEmpty(), 2);
     EXPECT_EQ(TextsOf({"a", "", "c"}).FirstEmpty(), 1);
-}
-
-TEST(SlideTextsTest, InsertingMovesTheRestUp) {
-    SlideTexts slides = TextsOf({"a", "b"});
-    slides.Insert(1, "");
-    EXPECT_EQ(FirstOf(slides, 4), (std::vector<std::string>{"a", "", "b", ""}));
-    slides.Insert(0, "x");
-    EXPECT_EQ(FirstOf(slides, 5), (std::vector<std::string>{"x", "a", "", "b", ""}));
-    slides.Insert(10, "far");
-    EXPECT_EQ(slides[10], "far");
-    EXPECT_EQ(slides[4], "");
-}
-
-TEST(SlideTextsTest, InsertingIntoFullSlotsLosesTheLast) {
-    SlideTexts slides = TextsOf({"a"});
-    slides.Set(29999, "y");
-    slides.Set(30000, "z");
-    slides.Insert(0, "x");
-    EXPECT_EQ(slides[0], "x");
-    EXPECT_EQ(slides[1], "a");
-    EXPECT_EQ(slides[30000], "y");
-    EXPECT_EQ(slides[29999], "");
-}
-
-TEST(SlideTextsTest, RemovingMovesTheRestDown) {
-    SlideTexts slides = TextsOf({"a", "b", "c"});
-    slides.Remove(0);
-    EXPECT_EQ(FirstOf(slides, 3), (std::vector<std::string>{"b", "c", ""}));
-    slides.Remove(17);
-    EXPECT_EQ(FirstOf(slides, 3), (std::vector<std::string>{"b", "c", ""}));
-    slides.Set(30000, "z");
-    slides.Remove(5);
-    EXPECT_EQ(slides[29999], "z");
-    EXPECT_EQ(slides[30000], "");
 }
 
 TEST(SlideTextsTest, ErasedTextsEqualThoseNeverSet) {
@@ -97,6 +63,131 @@ TEST(SlideTextsTest, ErasedTextsEqualThoseNeverSet) {
     slides.Erase();
     EXPECT_EQ(slides, SlideTexts());
     EXPECT_EQ(slides.FirstEmpty(), 0);
+}
+
+/// A show whose descriptions name their slides.
+ShowSlides SlidesOf(const Texts& paths) {
+    ShowSlides slides;
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        slides.SlideFiles.Set(static_cast<int>(i), paths[i]);
+        slides.SlideDescriptions.Set(static_cast<int>(i), "about " + paths[i]);
+    }
+    return slides;
+}
+
+Texts PathsOf(const ShowSlides& slides) {
+    return FirstOf(slides.SlideFiles, slides.Count());
+}
+
+/// Whether each slide has the description that it had in SlidesOf.
+bool BelongTogether(const ShowSlides& slides) {
+    for (int i = 0; i < slides.Count(); ++i) {
+        if (slides.SlideDescriptions[i] != "about " + slides.SlideFiles[i]) return false;
+    }
+    return true;
+}
+
+ShowSlides ManySlides(int count) {
+    Texts paths;
+    for (int i = 0; i < count; ++i)
+        paths.push_back(std::to_string(i));
+    return SlidesOf(paths);
+}
+
+TEST(ShowSlidesTest, InsertedSlidesHaveNoDescriptionsAndMoveTheOthersWithTheirs) {
+    ShowSlides slides = SlidesOf({"a", "b"});
+    slides.InsertSlides(1, Texts{"x", "y"});
+    EXPECT_EQ(PathsOf(slides), (Texts{"a", "x", "y", "b"}));
+    EXPECT_EQ(FirstOf(slides.SlideDescriptions, 5), (Texts{"about a", "", "", "about b", ""}));
+    slides.InsertSlides(0, Texts{"first"});
+    slides.InsertSlides(slides.Count(), Texts{"last"});
+    slides.InsertSlides(2, Texts{});
+    EXPECT_EQ(PathsOf(slides), (Texts{"first", "a", "x", "y", "b", "last"}));
+    EXPECT_EQ(slides.SlideDescriptions[4], "about b");
+}
+
+TEST(ShowSlidesTest, NothingIsInsertedIntoAFullShow) {
+    ShowSlides slides = ManySlides(30'000);
+    const ShowSlides before = slides;
+    EXPECT_EQ(ErrorOfCall([&] { slides.InsertSlides(0, Texts{"x", "y"}); }), 9);
+    EXPECT_EQ(slides, before);
+    slides.InsertSlides(0, Texts{"x"});
+    EXPECT_EQ(slides.Count(), 30'001);
+    EXPECT_EQ(slides.SlideFiles[0], "x");
+    EXPECT_EQ(slides.SlideFiles[30'000], "29999");
+    EXPECT_EQ(slides.SlideDescriptions[30'000], "about 29999");
+    const ShowSlides full = slides;
+    EXPECT_EQ(ErrorOfCall([&] { slides.InsertSlides(5, Texts{"y"}); }), 9);
+    EXPECT_EQ(slides, full);
+    // No slot beyond the last one holds anything that could come back.
+    slides.RemoveSlides(std::vector<int>{0});
+    EXPECT_EQ(slides, before);
+}
+
+TEST(ShowSlidesTest, RemovedSlidesTakeTheirDescriptionsAlong) {
+    ShowSlides slides = SlidesOf({"a", "b", "c", "d", "e"});
+    slides.RemoveSlides(std::vector<int>{0, 2, 4});
+    EXPECT_EQ(PathsOf(slides), (Texts{"b", "d"}));
+    EXPECT_EQ(slides, SlidesOf({"b", "d"}));
+    slides.RemoveSlides(std::vector<int>{});
+    EXPECT_EQ(slides, SlidesOf({"b", "d"}));
+    slides.RemoveSlides(std::vector<int>{0, 1});
+    EXPECT_EQ(slides, ShowSlides());
+}
+
+TEST(ShowSlidesTest, AnOrderMovesEachSlideAsAWhole) {
+    ShowSlides slides = SlidesOf({"a", "b", "c", "d"});
+    slides.ArrangeSlides(std::vector<int>{2, 0, 3, 1});
+    EXPECT_EQ(PathsOf(slides), (Texts{"c", "a", "d", "b"}));
+    EXPECT_TRUE(BelongTogether(slides));
+}
+
+TEST(ShowSlidesTest, WhatIsBehindTheLastSlideDoesNotComeBack) {
+    const auto withRest = [] {
+        ShowSlides slides = SlidesOf({"a", "b"});
+        slides.SlideFiles.Set(3, "behind the end");
+        slides.SlideDescriptions.Set(2, "of none");
+        return slides;
+    };
+    ShowSlides slides = withRest();
+    slides.InsertSlides(2, Texts{"c"});
+    EXPECT_EQ(PathsOf(slides), (Texts{"a", "b", "c"}));
+    EXPECT_EQ(slides.SlideDescriptions[2], "");
+    slides = withRest();
+    slides.RemoveSlides(std::vector<int>{0});
+    EXPECT_EQ(slides, SlidesOf({"b"}));
+    slides = withRest();
+    slides.ArrangeSlides(std::vector<int>{1, 0});
+    EXPECT_EQ(slides, SlidesOf({"b", "a"}));
+}
+
+TEST(ShowSlidesTest, IndicesOutsideOfTheListFailAndChangeNothing) {
+    ShowSlides slides = SlidesOf({"a", "b"});
+    const ShowSlides before = slides;
+    for (const int index : {-1, 3})
+        EXPECT_EQ(ErrorOfCall([&] { slides.InsertSlides(index, Texts{"x"}); }), 9) << index;
+    for (const std::vector<int>& indices : std::vector<std::vector<int>>{{-1}, {2}, {1, 0}, {0, 0}})
+        EXPECT_EQ(ErrorOfCall([&] { slides.RemoveSlides(indices); }), 9);
+    for (const std::vector<int>& order :
+         std::vector<std::vector<int>>{{0}, {0, 1, 1}, {0, 0}, {1, 2}, {-1, 0}})
+        EXPECT_EQ(ErrorOfCall([&] { slides.ArrangeSlides(order); }), 9);
+    EXPECT_EQ(slides, before);
+}
+
+TEST(ShowSlidesTest, TheLongestShowKeepsPairsTogether) {
+    ShowSlides slides = ManySlides(30'001);
+    std::vector<int> everySecond, backwards;
+    for (int i = 0; i < 30'001; ++i) {
+        if (i % 2 == 1) everySecond.push_back(i);
+        backwards.push_back(30'000 - i);
+    }
+    slides.ArrangeSlides(backwards);
+    EXPECT_EQ(slides.SlideFiles[0], "30000");
+    EXPECT_TRUE(BelongTogether(slides));
+    slides.RemoveSlides(everySecond);
+    EXPECT_EQ(slides.Count(), 15'001);
+    EXPECT_EQ(slides.SlideFiles[15'000], "0");
+    EXPECT_TRUE(BelongTogether(slides));
 }
 
 TEST(SlideShowTest, ErasingTheSlidesLeavesTheFlags) {

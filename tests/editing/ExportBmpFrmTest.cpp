@@ -102,7 +102,10 @@ TEST_F(ExportBmpFrmTest, AColonOrABackslashIsRefusedWithTheCaretThere) {
     ASSERT_TRUE(Start(Gif));
     InBmp([this](ExportBmpFrm& dialog) {
         const std::vector<std::tuple<std::string, std::string, const char*, int>> cases{
-            {"a:b", "a:b", Colon, 1}, {"  a\\b ", "a\\b", Backslash, 1}, {"a\\:b", "a\\:b", Colon, 2}};
+            {"a:b", "a:b", Colon, 1},
+            {"  a\\b ", "a\\b", Backslash, 1},
+            {"a\\:b", "a\\:b", Colon, 2},
+            {" ../b", "../b", Slash, 2}};
         for (const auto& [entered, trimmed, text, caret] : cases) {
             Enter(dialog.Target.txtFilename, entered);
             dialog.Target.Dir1.SetFocus();

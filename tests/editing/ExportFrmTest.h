@@ -10,6 +10,7 @@ namespace tavrix::test {
 class ExportFrmTest : public SavingTest {
   protected:
     static constexpr const char* Colon = "A filename may not contain a colon (:), unable to export image...";
+    static constexpr const char* Slash = "A filename may not contain a slash (/), unable to export image...";
     static constexpr const char* Backslash =
         "A filename may not contain a backslash (\\), unable to export image...";
 

@@ -11,6 +11,7 @@ using forms::Answer;
 class SaveCopyFrmTest : public SavingTest {
   protected:
     static constexpr const char* Colon = "A filename may not contain a colon (:), unable to export image...";
+    static constexpr const char* Slash = "A filename may not contain a slash (/), unable to export image...";
     static constexpr const char* Backslash =
         "A filename may not contain a backslash (\\), unable to export image...";
     static constexpr const char* SameFile =
@@ -151,6 +152,8 @@ TEST_F(SaveCopyFrmTest, AColonOrABackslashIsRefusedWithTheCaretThere) {
             {":", Colon, 0},
             {"b\\c.gif", Backslash, 1},
             {"long name\\", Backslash, 9},
+            {"sub/b.gif", Slash, 3},
+            {"/", Slash, 0},
             {"b\\c:d.gif", Colon, 3},  // the colon is looked for first
             {"\xC3\xA4\xC3\xB6:x", Colon, 2},
             {"a:b:c", Colon, 1}};

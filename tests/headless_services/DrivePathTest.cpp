@@ -22,6 +22,22 @@ TEST(DrivePath, IsTakenApart) {
     }
 }
 
+TEST(DrivePath, HasANormalForm) {
+    EXPECT_EQ(NormalPath("C:\\a\\b.bmp"), "C:\\a\\b.bmp");
+    EXPECT_EQ(NormalPath("C:/a/b.bmp"), "C:\\a\\b.bmp");
+    EXPECT_EQ(NormalPath("c:\\a\\\\x\\..\\.\\b.bmp"), "c:\\a\\b.bmp");
+    EXPECT_EQ(NormalPath("C:\\..\\..\\b.bmp"), "C:\\b.bmp");
+    EXPECT_EQ(NormalPath("C:/a/"), "C:\\a\\");
+    EXPECT_EQ(NormalPath("C:/"), "C:\\");
+    EXPECT_EQ(NormalPath("a/../b.bmp"), "a\\..\\b.bmp");
+    EXPECT_EQ(NormalPath("/b.bmp"), "\\b.bmp");
+    EXPECT_EQ(NormalPath("C:a/b"), "C:a\\b");
+    EXPECT_EQ(NormalPath("C:/a/*/../b?"), "C:\\a\\*\\..\\b?");
+    EXPECT_EQ(NormalPath(""), "");
+    for (const char* path : {"C:/a//b/../c", "c:\\", "//machine/x", "C:/a:b/"})
+        EXPECT_EQ(NormalPath(NormalPath(path)), NormalPath(path)) << path;
+}
+
 TEST(DrivePath, IsTakenFromTheCurrentFolders) {
     CurrentFolders current;
     EXPECT_EQ(current.Folder(), "C:\\");

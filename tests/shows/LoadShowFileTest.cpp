@@ -103,6 +103,66 @@ TEST_F(LoadShowFileTest, ThePathMayBeOneOfTheSharedTexts) {
     EXPECT_EQ(module.config.RecentShows[0], "C:\\other.tvs");
 }
 
+TEST_F(LoadShowFileTest, TheShowIsKnownByItsNormalPath) {
+    PutShow(Header());
+    LoadShowFile(module, "C:/Shows/x/..//s.tvs");
+    EXPECT_EQ(module.config.LastSlideShow, ShowPath);
+    EXPECT_EQ(module.config.RecentShows[0], "C:\\other.tvs");  // it is listed already
+    EXPECT_EQ(module.config.RecentShows[2], "");
+}
+
+TEST_F(LoadShowFileTest, AShowIsReadAsAValueAndTheLoadedOneStays) {
+    const SlideShow loaded = module.show;
+    const auto recent = module.config.RecentShows;
+    PutShow(Header() + Slides({"C:\\p\\a.bmp", "About a", "b.bmp", ""}));
+    ShowRecord record;
+    record.slides.SlideFiles.Set(5, "former");
+    EXPECT_EQ(LoadShowRecord(module, ShowPath, record), ShowFileEnd::Complete);
+    EXPECT_EQ(record.slides.Count(), 2);
+    EXPECT_EQ(record.slides.SlideFiles[1], "b.bmp");
+    EXPECT_EQ(record.slides.SlideFiles[5], "");
+    EXPECT_EQ(record.slides.SlideDescriptions[0], "About a");
+    EXPECT_EQ(record.options.SoundFile, "C:\\m\\a.wav");
+    EXPECT_EQ(record.options.SlideInterval, 7);
+
+    EXPECT_EQ(static_cast<const ShowSlides&>(module.show), static_cast<const ShowSlides&>(loaded));
+    EXPECT_TRUE(module.show.ShowChanged);
+    EXPECT_TRUE(SameOptions(module.config, AppConfig()));
+    EXPECT_EQ(module.config.LastSlideShow, "C:\\Shows\\former.tvs");
+    EXPECT_EQ(module.config.RecentShows, recent);
+    EXPECT_TRUE(platform.shell.recent.empty());
+}
+
+TEST_F(LoadShowFileTest, AValueThatCannotBeReadSaysHowFarItCame) {
+    const SlideShow loaded = module.show;
+    const std::string past = "\r\n\r\nInput past end of file...";
+    ShowRecord record;
+    PutShow(Header() + Slides({"a.bmp", "A", "b.bmp"}));
+    ExpectStop("An error occurred while reading Slide Show data." + past, true);
+    EXPECT_EQ(LoadShowRecord(module, ShowPath, record), ShowFileEnd::SlidesFailed);
+    EXPECT_EQ(record.slides.Count(), 2);
+    EXPECT_FALSE(IsListed());
+
+    PutShow("Tavrix Slide Show,Version 1.5,2");
+    ExpectStop("An error occurred while reading the Slide Show file header." + past, true);
+    EXPECT_EQ(LoadShowRecord(module, ShowPath, record), ShowFileEnd::HeaderFailed);
+    EXPECT_EQ(record.options.SoundMode, 2);
+    EXPECT_EQ(record.slides.Count(), 2);  // the former ones go with the options
+
+    PutShow("Tavrix Slide Show,Version 7");
+    ExpectExclamation(
+        "The selected Slide Show file was created with a different release (Version 7) of Tavrix.\r\n\r\nYou "
+        "are currently running:\tVersion: 1.0.0\r\n\r\nUnable to open this Slide Show...");
+    EXPECT_EQ(LoadShowRecord(module, ShowPath, record), ShowFileEnd::OtherRelease);
+
+    ExpectStop("Unable to open Slide Show file.\r\n\r\nFile not found...", true);
+    EXPECT_EQ(LoadShowRecord(module, "C:\\none.tvs", record), ShowFileEnd::NotOpened);
+
+    EXPECT_EQ(static_cast<const ShowSlides&>(module.show), static_cast<const ShowSlides&>(loaded));
+    EXPECT_TRUE(module.show.ShowChanged);
+    EXPECT_TRUE(SameOptions(module.config, AppConfig()));
+}
+
 TEST_F(LoadShowFileTest, OnlyMinusOneIsTrue) {
     PutShow(Lines({"Tavrix Slide Show", "Version 1.5", "0", "", "0", "1", "5", "-2", "0", "-1", "2", "-1"}));
     LoadShowFile(module, ShowPath);
@@ -189,7 +249,13 @@ INSTANTIATE_TEST_SUITE_P(Contents, NoShowTest,
                          ::testing::Values("\"tavrix Slide Show\"\r\n\"Version 1.5\"\r\n",
                                            "\"Tavrix Slide Show \"\r\n", "GIF89a\x01\xFF\r\n", "\r\n",
                                            "Tavrix Slide ShowX", "\"\"\r\n", std::string("\0\0\0\0\r\n", 6),
-                                           "\xEF\xBB\xBF\"Tavrix Slide Show\"\r\n"));
+                                           "\r\n\xEF\xBB\xBF\"Tavrix Slide Show\"\r\n", "\xEF\xBB\xBF\r\n"));
+
+TEST_F(LoadShowFileTest, AByteOrderMarkIsNoPartOfTheSignature) {
+    EXPECT_TRUE(Load("\xEF\xBB\xBF" + Header() + Slides({"\xC3\xA4.bmp", "A"})));
+    EXPECT_EQ(SlideFiles(), (Texts{"\xC3\xA4.bmp"}));
+    EXPECT_FALSE(module.show.ShowChanged);
+}
 
 TEST_F(LoadShowFileTest, ALargeFileThatIsNoShowIsRefusedToo) {
     ExpectWhileListed(

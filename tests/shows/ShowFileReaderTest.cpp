@@ -75,6 +75,32 @@ TEST(ShowFileReaderTest, AnEmptyLineIsAnEmptyItem) {
     EXPECT_EQ(ItemsOf("\"a\"\r\n\r\n"), (Items{"a", ""}));
 }
 
+TEST(ShowFileReaderTest, SoItIsBetweenBareLineEnds) {
+    EXPECT_EQ(ItemsOf("a\n\nb\n\n\n\"c\"\n\n"), (Items{"a", "", "b", "", "", "c", ""}));
+    EXPECT_EQ(ItemsOf("a\r\rb\r\r\n"), (Items{"a", "", "b", ""}));
+    EXPECT_EQ(ItemsOf("\n\n"), (Items{"", ""}));
+    EXPECT_EQ(ItemsOf("a,\nb"), (Items{"a", "", "b"}));
+}
+
+TEST(ShowFileReaderTest, AByteOrderMarkIsSkippedAtTheStartAlone) {
+    const std::string mark = "\xEF\xBB\xBF";
+    for (std::size_t part = 1; part < 6; ++part) {
+        EXPECT_EQ(ItemsOf(mark + "\"a\"\r\n\xC3\xA4," + mark + "b", part),
+                  (Items{"a", "\xC3\xA4", mark + "b"}));
+        EXPECT_TRUE(ReaderOf(mark, part).AtEnd());
+        EXPECT_EQ(ItemsOf(mark + "\r\na", part), (Items{"", "a"}));
+    }
+    EXPECT_EQ(ItemsOf("\"" + mark + "a\""), (Items{mark + "a"}));
+    // It says nothing about bytes that are no UTF-8.
+    EXPECT_EQ(ItemsOf(mark + "a\r\n\xE4"), (Items{"a", "\xC3\xA4"}));
+}
+
+TEST(ShowFileReaderTest, AFailureBehindAByteOrderMarkIsOne) {
+    ShowFileReader reader = ReaderOf("\xEF\xBB\xBF\"a\"\r\n", 100, 71);
+    EXPECT_EQ(reader.Text(), "a");
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(reader.AtEnd()); }), 71);
+}
+
 TEST(ShowFileReaderTest, TheEndIsWhereNothingIsLeft) {
     EXPECT_TRUE(ReaderOf("").AtEnd());
     EXPECT_EQ(ErrorOfCall([] { static_cast<void>(ReaderOf("").Text()); }), 62);
@@ -183,7 +209,7 @@ class StringWriter final : public FileWriter {
     std::string& content_;
 };
 
-std::string Written(const AppConfig& options,
+std::string Written(const ShowOptions& options,
                     const std::vector<std::pair<std::string, std::string>>& slides) {
     ShowFileEncoding encoding;
     encoding.Add(options.SoundFile);
@@ -201,7 +227,7 @@ std::string Written(const AppConfig& options,
 }
 
 TEST(ShowFileWriterTest, WritesAnItemALine) {
-    AppConfig options;
+    ShowOptions options;
     options.SoundMode = 1;
     options.SoundFile = "C:\\Music\\a, b.wav";
     options.CDTrack = 100;

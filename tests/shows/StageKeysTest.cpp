@@ -145,6 +145,19 @@ TEST_F(StageKeysTest, EveryKeyEndsTheViewOfOneImage) {
     }
 }
 
+TEST_F(StageKeysTest, TheOneImageMayBeSeenFromTheCurrentFolder) {
+    PutPicture("C:\\s\\sub\\x.bmp", 100, 80);
+    PutGif("C:\\s\\a.gif");
+    module.StageImage = "sub/x.bmp";
+    ASSERT_FALSE(Open());
+    EXPECT_EQ(Stage().Image1.Picture.Get().Width(), 100);
+    Press(KeyCode::Escape);
+    module.StageImage = "a.gif";
+    module.StageImageAnimated = true;
+    ASSERT_FALSE(Open());
+    EXPECT_EQ(Stage().Gif89a1.FileName.Get(), "C:\\s\\a.gif");
+}
+
 TEST_F(StageKeysTest, EveryKeyEndsASaver) {
     PutSlides(3);
     module.ScreenSaverMode = true;

@@ -3,34 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "shows/FakeEditor.h"
 #include "shows/stage/FullViewFrm.h"
-#include "shows/stage/SlideEditor.h"
 #include "shows/stage/frmToolbar.h"
 #include "support/ProgramFixture.h"
 
 namespace tavrix::test {
-
-/// An editor of shows that is nothing but its rows.
-class FakeEditor final : public forms::Form, public SlideEditor {
-  public:
-    explicit FakeEditor(forms::Application& application) : Form(application, {.name = "SlideLoadFrm"}) {}
-
-    [[nodiscard]] int RowCount() const override { return static_cast<int>(rows.size()); }
-    [[nodiscard]] std::string Row(int index) const override {
-        return rows.at(static_cast<std::size_t>(index));
-    }
-    void RemoveRow(int index) override { rows.erase(rows.begin() + index); }
-    void ShowCount(const std::string& text) override { count = text; }
-    void EditDescriptions() override {
-        ++edits;
-        if (onEdit) onEdit();
-    }
-
-    std::vector<std::string> rows;
-    std::string count;
-    int edits = 0;
-    std::function<void()> onEdit;
-};
 
 /// A stage of 800 by 600 pixels, with slides C:\s\1.bmp and so on, each a pixel wider than the one before.
 class StageTest : public ProgramFixture {
@@ -64,13 +42,7 @@ class StageTest : public ProgramFixture {
         }
     }
     /// An editor whose rows are the slides of the show.
-    FakeEditor& OpenEditor() {
-        auto& editor = app.Load<FakeEditor>();
-        const int count = module.show.SlideFiles.FirstEmpty();
-        for (int i = 0; i < count; ++i)
-            editor.rows.push_back(module.show.SlideFiles[i]);
-        return editor;
-    }
+    FakeEditor& OpenEditor() { return app.Load<FakeEditor>(module); }
 
     /// Shows the stage in the role that the flags say; whether the process ended.
     bool Open() {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "FakeEditor.h"
 #include "ShowsTest.h"
 #include "dialogs/WaitCopyFrm.h"
 #include "shows/files/LoadShowFile.h"
@@ -13,25 +14,9 @@ using forms::BoxIcon;
 using headless::Service;
 using Texts = std::vector<std::string>;
 
-/// An editor as a save sees it.
-class RowsInMemory final : public SlideRows {
-  public:
-    [[nodiscard]] std::string Row(int index) const override {
-        return rows.at(static_cast<std::size_t>(index));
-    }
-    void SetRow(int index, const std::string& path) override {
-        rows.at(static_cast<std::size_t>(index)) = path;
-    }
-    void SetFilename(const std::string& path) override { filename = path; }
-
-    Texts rows;
-    std::string filename = "Untitled.tvs";
-};
-
 constexpr const char* Folder = "C:\\Shows\\";
 constexpr const char* Canceled =
     "Save was canceled before it could complete, slide show file may be corrupt as a result...";
-constexpr const char* Backup = "C:\\Tavrix\\Backup of s.tvs";
 
 class WriteSlideFileTest : public ShowsTest {
   protected:
@@ -46,17 +31,17 @@ class WriteSlideFileTest : public ShowsTest {
         module.config.UseRecentDocuments = false;
     }
 
-    /// The slides of the next save, in the arrays and in the editor.
+    /// The slides of the next save.
     void UseSlides(const Texts& paths, const Texts& descriptions = {}) {
         module.show.EraseSlides();
         for (std::size_t i = 0; i < paths.size(); ++i)
             module.show.SlideFiles.Set(static_cast<int>(i), paths[i]);
         for (std::size_t i = 0; i < descriptions.size(); ++i)
             module.show.SlideDescriptions.Set(static_cast<int>(i), descriptions[i]);
-        editor.rows = paths;
+        editor.ReadRows();
         module.show.SlideCount = static_cast<std::int16_t>(paths.size());
     }
-    void Save(const std::string& name = "s.tvs") { WriteSlideFile(module, Folder, name, &editor); }
+    SaveEnd Save(const std::string& name = "s.tvs") { return WriteSlideFile(module, Folder, name); }
     [[nodiscard]] std::string OnDisk() const { return platform.disks.Content(ShowPath).value_or("none"); }
 
     [[nodiscard]] static std::string DefaultHeader(const std::string& sound = "",
@@ -78,24 +63,41 @@ class WriteSlideFileTest : public ShowsTest {
     }
     void ExpectCanceled() {
         Expect({.text = Canceled, .icon = BoxIcon::Exclamation, .whileOpen = [this] {
-                    EXPECT_EQ(app.FormCount(), 0);
+                    EXPECT_EQ(app.Loaded<WaitCopyFrm>(), nullptr);
                 }});
+    }
+    /// What the program's folder holds beside its own, the user's backups.
+    [[nodiscard]] Texts Backups() { return platform.files.List("C:\\Tavrix", "Backup*"); }
+    [[nodiscard]] std::string BackupContent() {
+        const Texts names = Backups();
+        return names.size() == 1 ? platform.disks.Content("C:\\Tavrix\\" + names.front()).value_or("none")
+                                 : std::to_string(names.size()) + " backups";
+    }
+    /// A show that the next save finds.
+    static std::string FormerShow(const std::string& slide = "old.bmp") {
+        return Header() + Slides({slide, "Old"});
+    }
+    void SaveAndCancelAtYield(int n) {
+        UseSlides({"C:\\p\\b.bmp"});
+        CancelAtYield(n);
+        ExpectCanceled();
+        Save();
     }
     void ExpectCountsAsSaved() {
         EXPECT_FALSE(module.show.ShowChanged);
         EXPECT_EQ(module.config.LastSlideShow, ShowPath);
         EXPECT_EQ(module.config.RecentShows[0], ShowPath);
-        EXPECT_EQ(app.FormCount(), 0);
+        EXPECT_EQ(app.Loaded<WaitCopyFrm>(), nullptr);
     }
     void ExpectNotSaved() {
         EXPECT_TRUE(module.show.ShowChanged);
         EXPECT_EQ(module.config.LastSlideShow, "former.tvs");
         EXPECT_EQ(module.config.RecentShows[0], "");
         EXPECT_EQ(editor.filename, "Untitled.tvs");
-        EXPECT_EQ(app.FormCount(), 0);
+        EXPECT_EQ(app.Loaded<WaitCopyFrm>(), nullptr);
     }
 
-    RowsInMemory editor;
+    FakeEditor& editor = app.Load<FakeEditor>(module);
     Texts labels;
 };
 
@@ -125,7 +127,7 @@ TEST_F(WriteSlideFileTest, TheWindowTellsWhatIsDone) {
     EXPECT_EQ(labels, (Texts{"Tavrix is saving the slide show file, please wait...",
                              "Tavrix is copying the file:\r\n\r\nC:\\m\\a.wav", creating, creating, b, b, b,
                              c, finished, finished}));
-    EXPECT_EQ(app.FormCount(), 0);
+    EXPECT_EQ(app.Loaded<WaitCopyFrm>(), nullptr);
 }
 
 TEST_F(WriteSlideFileTest, ALabelShowsAPathAsItIs) {
@@ -139,13 +141,12 @@ TEST_F(WriteSlideFileTest, ThePathsComeFromTheEditorAndGoBackToIt) {
     module.show.SaveFromArrays = false;
     module.config.SaveSlides = true;
     UseSlides({"C:\\SHOWS\\sub\\a.bmp", "C:\\p\\b.bmp", "d.bmp"}, {"A", "B", "D"});
-    for (int i = 0; i < 3; ++i)
-        module.show.SlideFiles.Set(i, "other");
-    Save();
+    EXPECT_EQ(Save(), SaveEnd::Whole);
     EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"sub\\a.bmp", "A", "b.bmp", "B", "d.bmp", "D"}));
     EXPECT_EQ(editor.rows, (Texts{"sub\\a.bmp", "b.bmp", "d.bmp"}));
     EXPECT_EQ(editor.filename, ShowPath);
-    EXPECT_EQ(SlideFiles(), (Texts{"other", "other", "other"}));
+    EXPECT_EQ(SlideFiles(), editor.rows);
+    EXPECT_EQ(SlideDescriptions(), (Texts{"A", "B", "D"}));
     ExpectCountsAsSaved();
 }
 
@@ -153,20 +154,21 @@ TEST_F(WriteSlideFileTest, FromTheArraysNothingGoesBack) {
     module.config.SaveSlides = true;
     const Texts paths{"C:\\SHOWS\\sub\\a.bmp", "C:\\p\\b.bmp", "d.bmp"};
     UseSlides(paths);
-    editor.rows = {"x", "y", "z"};
-    Save();
+    EXPECT_EQ(Save(), SaveEnd::Whole);
     EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"sub\\a.bmp", "", "b.bmp", "", "d.bmp", ""}));
     EXPECT_EQ(SlideFiles(), paths);
-    EXPECT_EQ(editor.rows, (Texts{"x", "y", "z"}));
+    EXPECT_EQ(editor.rows, paths);
     EXPECT_EQ(editor.filename, "Untitled.tvs");
     ExpectCountsAsSaved();
 }
 
 TEST_F(WriteSlideFileTest, WithoutAnEditorTheArraysServe) {
     module.show.SaveFromArrays = false;
-    UseSlides({"C:\\p\\b.bmp"});
-    WriteSlideFile(module, Folder, "s.tvs", nullptr);
-    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\p\\b.bmp", ""}));
+    UseSlides({"C:\\Shows\\a.bmp"});
+    app.Unload(editor);
+    EXPECT_EQ(Save(), SaveEnd::Whole);
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"a.bmp", ""}));
+    EXPECT_EQ(SlideFiles(), (Texts{"C:\\Shows\\a.bmp"}));
     ExpectCountsAsSaved();
 }
 
@@ -183,7 +185,7 @@ TEST_F(WriteSlideFileTest, CharactersWhoseCasesDifferInLengthAreCutRightly) {
     const std::string folder = "C:\\\xC8\xBA\\";
     platform.disks.PutFolder("C:\\\xC8\xBA");
     UseSlides({"C:\\\xE2\xB1\xA5\\a.bmp"});
-    WriteSlideFile(module, folder, "s.tvs", &editor);
+    WriteSlideFile(module, folder, "s.tvs");
     EXPECT_EQ(platform.disks.Content(folder + "s.tvs"), DefaultHeader() + Slides({"a.bmp", ""}));
 }
 
@@ -260,12 +262,12 @@ TEST_F(WriteSlideFileTest, AProtectedShowIsFoundOutBetweenSoundAndPictures) {
             .whileOpen = [this] {
                 EXPECT_EQ(platform.disks.Content("C:\\Shows\\a.wav"), "sound a");
                 EXPECT_TRUE(module.show.ShowChanged);
-                EXPECT_EQ(app.FormCount(), 1);
+                EXPECT_NE(app.Loaded<WaitCopyFrm>(), nullptr);
             }});
     Save();
     EXPECT_FALSE(platform.disks.Exists("C:\\Shows\\b.bmp"));
     EXPECT_EQ(OnDisk(), "former");
-    EXPECT_FALSE(platform.disks.Exists(Backup));
+    EXPECT_EQ(Backups(), Texts());
     EXPECT_EQ(editor.filename, ShowPath);
     EXPECT_EQ(editor.rows, (Texts{"C:\\p\\b.bmp"}));
     ExpectCountsAsSaved();
@@ -274,7 +276,7 @@ TEST_F(WriteSlideFileTest, AProtectedShowIsFoundOutBetweenSoundAndPictures) {
 TEST_F(WriteSlideFileTest, AMissingFolderIsToldOf) {
     UseSlides({"C:\\p\\b.bmp"});
     ExpectStop("Unable to save slide show.\r\n\r\nPath not found...");
-    WriteSlideFile(module, "C:\\none\\", "s.tvs", &editor);
+    EXPECT_EQ(WriteSlideFile(module, "C:\\none\\", "s.tvs"), SaveEnd::Partial);
     EXPECT_EQ(module.config.LastSlideShow, "C:\\none\\s.tvs");
     EXPECT_FALSE(module.show.ShowChanged);
 }
@@ -284,7 +286,7 @@ TEST_F(WriteSlideFileTest, APictureThatCannotBeCopiedEndsTheFileThere) {
     module.show.SaveFromArrays = false;
     UseSlides({"C:\\p\\b.bmp", "C:\\p\\none.bmp", "C:\\p\\c.bmp"}, {"B", "N", "C"});
     ExpectStop("Unable to copy all images to slide show directory...\r\n\r\nFile not found...");
-    Save();
+    EXPECT_EQ(Save(), SaveEnd::Partial);
     EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"b.bmp", "B"}));
     EXPECT_EQ(editor.rows, (Texts{"b.bmp", "C:\\p\\none.bmp", "C:\\p\\c.bmp"}));
     EXPECT_FALSE(platform.disks.Exists("C:\\Shows\\c.bmp"));
@@ -360,7 +362,7 @@ TEST_F(WriteSlideFileTest, ASaveCanceledBeforeItBeginsLeavesAnEmptyFile) {
     UseSlides({"C:\\p\\b.bmp"});
     CancelAtYield(1);
     ExpectCanceled();
-    Save();
+    EXPECT_EQ(Save(), SaveEnd::Canceled);
     EXPECT_EQ(OnDisk(), "");
     ExpectNotSaved();
     ExpectStop("An error occurred while reading the Slide Show file header.\r\n\r\nInput past end of file...",
@@ -378,8 +380,30 @@ TEST_F(WriteSlideFileTest, ACancelIsSeenBeforeEachSlide) {
     EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"b.bmp", ""}));
     EXPECT_EQ(platform.disks.Content("C:\\Shows\\b.bmp"), "picture b");
     EXPECT_FALSE(platform.disks.Exists("C:\\Shows\\c.bmp"));
-    EXPECT_EQ(editor.rows, (Texts{"b.bmp", "C:\\p\\c.bmp"}));
+    // The show that is being edited has been saved nowhere.
+    EXPECT_EQ(editor.rows, (Texts{"C:\\p\\b.bmp", "C:\\p\\c.bmp"}));
     ExpectNotSaved();
+}
+
+TEST_F(WriteSlideFileTest, ACanceledSaveGivesTheSoundItsFormerPath) {
+    module.config.SaveSlides = true;
+    module.config.SoundMode = 1;
+    module.config.SoundFile = "C:\\m\\a.wav";
+    UseSlides({"C:\\p\\b.bmp"});
+    CancelAtYield(2);
+    ExpectCanceled();
+    Save();
+    EXPECT_EQ(module.config.SoundFile, "C:\\m\\a.wav");
+    ExpectNotSaved();
+}
+
+TEST_F(WriteSlideFileTest, TheEditorMayCloseWhileItSaves) {
+    module.show.SaveFromArrays = false;
+    UseSlides({"C:\\Shows\\a.bmp"});
+    toolkit.AtYield(3, [this] { app.Unload(editor); });
+    Save();
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"a.bmp", ""}));
+    EXPECT_EQ(SlideFiles(), (Texts{"C:\\Shows\\a.bmp"}));
 }
 
 TEST_F(WriteSlideFileTest, ACancelAfterTheLastSlideComesTooLate) {
@@ -406,41 +430,145 @@ TEST_F(WriteSlideFileTest, TheWindowMayBeClosedWhileItSaves) {
 }
 
 TEST_F(WriteSlideFileTest, ACanceledSaveKeepsABackupOfTheFormerShow) {
-    PutShow("good show");
-    for (const int yield : {1, 3}) {
-        UseSlides({"C:\\p\\b.bmp"});
-        CancelAtYield(yield);
-        ExpectCanceled();
-        Save();
-        EXPECT_EQ(platform.disks.Content(Backup), "good show");
-    }
-    // The second one found an empty file, which is not worth a backup.
-    EXPECT_FALSE(platform.disks.Exists("C:\\Tavrix\\Backup (2) of s.tvs"));
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
+    EXPECT_EQ(OnDisk(), "");
+    EXPECT_EQ(BackupContent(), FormerShow());
+}
 
+TEST_F(WriteSlideFileTest, AShowHasOneBackupAndThatIsOfTheLastGoodSave) {
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(3);
+    EXPECT_EQ(OnDisk(), DefaultHeader());  // which reads back, too
+    SaveAndCancelAtYield(3);
+    SaveAndCancelAtYield(1);
+    EXPECT_EQ(BackupContent(), FormerShow());
+}
+
+TEST_F(WriteSlideFileTest, ShowsOfOneNameHaveABackupEach) {
+    platform.disks.PutFile("C:\\Other\\s.tvs", FormerShow("other.bmp"));
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
     UseSlides({"C:\\p\\b.bmp"});
     CancelAtYield(1);
     ExpectCanceled();
+    WriteSlideFile(module, "C:\\Other\\", "s.tvs");
+    EXPECT_EQ(Backups().size(), 2U);
+}
+
+TEST_F(WriteSlideFileTest, WhatDoesNotReadBackIsNotKept) {
+    for (const std::string& content :
+         {std::string("no show"), std::string(), Header() + Slides({"a.bmp", "A", "b.bmp"})}) {
+        PutShow(content);
+        SaveAndCancelAtYield(1);
+        EXPECT_EQ(Backups(), Texts()) << content;
+    }
+}
+
+TEST_F(WriteSlideFileTest, ABackupThatDoesNotReadBackMakesRoom) {
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
+    platform.disks.PutFile("C:\\Tavrix\\" + Backups().at(0), "cut off");
+    PutShow(FormerShow("other.bmp"));
+    SaveAndCancelAtYield(1);
+    EXPECT_EQ(BackupContent(), FormerShow("other.bmp"));
+}
+
+TEST_F(WriteSlideFileTest, ABackupIsNotFoundAmongTheShows) {
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
+    EXPECT_EQ(platform.files.List("C:\\Tavrix", "*.tvs"), Texts());
+}
+
+TEST_F(WriteSlideFileTest, TheNextGoodSaveTakesTheBackupAway) {
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
+    ASSERT_EQ(Backups().size(), 1U);
+    UseSlides({"C:\\p\\b.bmp"});
     Save();
-    EXPECT_EQ(platform.disks.Content(Backup), "good show");
-    EXPECT_EQ(platform.disks.Content("C:\\Tavrix\\Backup (2) of s.tvs"), DefaultHeader());
+    EXPECT_EQ(Backups(), Texts());
 }
 
 TEST_F(WriteSlideFileTest, SoDoesASaveThatFailsAtAPicture) {
-    PutShow("good show");
+    PutShow(FormerShow());
     module.config.SaveSlides = true;
     UseSlides({"C:\\p\\none.bmp"});
     ExpectStop("Unable to copy all images to slide show directory...\r\n\r\nFile not found...");
     Save();
     EXPECT_EQ(OnDisk(), DefaultHeader());
-    EXPECT_EQ(platform.disks.Content(Backup), "good show");
+    EXPECT_EQ(BackupContent(), FormerShow());
 }
 
 TEST_F(WriteSlideFileTest, ASaveThatSucceedsLeavesNoBackup) {
-    PutShow("good show");
+    PutShow(FormerShow());
     UseSlides({"C:\\p\\b.bmp"});
     Save();
-    EXPECT_FALSE(platform.disks.Exists(Backup));
+    EXPECT_EQ(Backups(), Texts());
     ExpectCountsAsSaved();
+}
+
+TEST_F(WriteSlideFileTest, NoCopyLeavesTheFolder) {
+    platform.disks.PutFolder("C:\\Shows\\x\\y");
+    platform.disks.PutFolder("C:\\p\\q\\x\\y");
+    platform.files.ChangeFolder("C:\\p\\q");
+    platform.disks.PutFile("C:\\.bashrc", "mine");
+    module.config.SaveSlides = true;
+    for (const char* path : {"x\\y/../../.bashrc", "C:\\p\\q/../../p/.bashrc", "C:\\p/.bashrc"}) {
+        platform.disks.PutFile("C:\\p\\.bashrc", "foreign");
+        platform.disks.PutFile("C:\\p\\q\\.bashrc", "foreign");
+        UseSlides({path});
+        EXPECT_EQ(Save(), SaveEnd::Whole);
+        EXPECT_EQ(platform.disks.Content("C:\\Shows\\.bashrc"), "foreign") << path;
+        EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({".bashrc", ""})) << path;
+        platform.disks.Remove("C:\\Shows\\.bashrc");
+    }
+    EXPECT_EQ(platform.disks.Content("C:\\.bashrc"), "mine");
+    EXPECT_FALSE(platform.disks.Exists("C:\\Shows\\p"));
+}
+
+TEST_F(WriteSlideFileTest, TheSoundDoesNotLeaveTheFolderEither) {
+    platform.disks.PutFile("C:\\Shows\\.profile", "of the show");
+    platform.disks.PutFile("C:\\.profile", "mine");
+    platform.disks.PutFile("C:\\m\\.profile", "foreign");
+    module.config.SoundMode = 1;
+    module.config.SaveSlides = true;
+    module.config.SoundFile = "C:\\m\\a/../../m/.profile";
+    UseSlides({});
+    Save();
+    EXPECT_EQ(module.config.SoundFile, ".profile");
+    EXPECT_EQ(platform.disks.Content("C:\\.profile"), "mine");
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\.profile"), "foreign");
+}
+
+TEST_F(WriteSlideFileTest, APathWithoutANameIsNotCopied) {
+    module.config.SaveSlides = true;
+    for (const char* path : {"x\\..", "x\\.", "C:\\p\\b.bmp\\", "x/../.."}) {
+        UseSlides({path});
+        ExpectStop("Unable to copy all images to slide show directory...\r\n\r\nBad file name or number...");
+        Save();
+        EXPECT_EQ(OnDisk(), DefaultHeader()) << path;
+    }
+}
+
+TEST_F(WriteSlideFileTest, APathThatLeadsOutOfTheFolderIsNotRelativeToIt) {
+    UseSlides(
+        {"C:\\Shows\\..\\p\\b.bmp", "C:/Shows/sub/a.bmp", "C:\\Shows\\\\d.bmp", "C:\\p\\..\\Shows\\e.bmp"});
+    Save();
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\Shows\\..\\p\\b.bmp", "", "sub\\a.bmp", "", "d.bmp",
+                                                  "", "e.bmp", ""}));
+}
+
+TEST_F(WriteSlideFileTest, ThePlanStandsBeforeTheFileIsOpened) {
+    UseSlides({"C:\\p\\b.bmp"}, {"B"});
+    bool opened = false;
+    platform.faults.AtNth(Service::Files, 1, [&] {
+        opened = platform.faults.Log().back() == "Files.Create C:\\Shows\\s.tvs";
+        module.show.SlideFiles.Set(0, "C:\\other.bmp");
+        module.show.SlideDescriptions.Set(0, "Other");
+    });
+    Save();
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\p\\b.bmp", "B"}));
 }
 
 TEST_F(WriteSlideFileTest, TextsBeyondTheCodePageSurvive) {
@@ -481,34 +609,40 @@ TEST_F(WriteSlideFileTest, WhicheverCallFailsNothingOfTheUsersIsLost) {
             headless::HeadlessToolkit silent;
             forms::Application application{silent};
             MainModule other{application, machine.services};
-            other.AppPath = "C:\\Tavrix\\";
+            other.AppPath = "C:\\";
             other.config.SoundMode = 1;
             other.config.SoundFile = "C:\\m\\a.wav";
             other.config.SaveSlides = true;
             other.config.UseRecentDocuments = false;
             other.show.SlideCount = 3;
-            RowsInMemory rows;
-            rows.rows = {"C:\\p\\b.bmp", "C:\\p\\c.bmp", folder + "own.bmp"};
+            const Texts paths{"C:\\p\\b.bmp", "C:\\p\\c.bmp", folder + "own.bmp"};
+            other.show.InsertSlides(0, paths);
             for (const int i : {0, 1, 2})
                 other.show.SlideDescriptions.Set(i, Texts{"B", "C", "O"}[static_cast<std::size_t>(i)]);
+            application.Load<FakeEditor>(other);
 
             machine.faults.FailNth(Service::Files, call, ErrorNumber::DiskNotReady);
-            EXPECT_NO_THROW(WriteSlideFile(other, folder, "s.tvs", &rows));
+            SaveEnd end{};
+            EXPECT_NO_THROW(end = WriteSlideFile(other, folder, "s.tvs"));
             fired = machine.faults.Fired();
             machine.faults.Clear();
 
             const auto onDisk = machine.disks.Content(folder + "s.tvs");
-            const bool safe = onDisk == former || onDisk == saved || machine.disks.Content(Backup) == former;
+            Texts backups = machine.files.List("C:\\", "Backup*");
+            backups.push_back("none");
+            const bool safe =
+                onDisk == former || onDisk == saved || machine.disks.Content("C:\\" + backups[0]) == former;
+            EXPECT_TRUE(end != SaveEnd::Whole || onDisk == saved) << drive << ", call " << call;
             EXPECT_TRUE(safe) << drive << ", call " << call << ": " << onDisk.value_or("none");
             EXPECT_EQ(machine.disks.Content("C:\\p\\b.bmp"), "picture b");
             EXPECT_EQ(machine.disks.Content("C:\\p\\c.bmp"), "picture c");
             EXPECT_EQ(machine.disks.Content("C:\\m\\a.wav"), "sound a");
             EXPECT_EQ(machine.disks.Content(folder + "own.bmp"), "own");
-            EXPECT_EQ(application.FormCount(), 0);
+            EXPECT_EQ(application.Loaded<WaitCopyFrm>(), nullptr);
             EXPECT_FALSE(other.show.ShowChanged);
 
             // The next save goes through; the sound is taken to be there.
-            WriteSlideFile(other, folder, "s.tvs", &rows);
+            WriteSlideFile(other, folder, "s.tvs");
             EXPECT_EQ(machine.disks.Content(folder + "s.tvs"), saved) << drive << ", call " << call;
         }
         EXPECT_GT(call, 8);

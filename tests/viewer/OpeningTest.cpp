@@ -66,6 +66,19 @@ TEST_F(OpeningTest, TheFirstLetterIsRaisedButTheTitleIsAsItWas) {
     EXPECT_EQ(View().Caption.Get(), "Tavrix - [c:\\other\\y.bmp]");
 }
 
+TEST_F(OpeningTest, TheImageOnShowHasANormalPath) {
+    ASSERT_TRUE(Start());
+    PutPicture(Other, 80, 70);
+    platform.files.ChangeFolder("C:\\other");
+    for (const char* path : {"C:/other/y.bmp", "C:\\other\\..\\other\\\\y.bmp", "y.bmp", "/other/y.bmp"}) {
+        EXPECT_FALSE(Open(path));
+        EXPECT_EQ(module.CurrentImage, Other) << path;
+        EXPECT_EQ(View().Caption.Get(), "Tavrix - [C:\\other\\y.bmp]") << path;
+        EXPECT_EQ(module.config.Recent[0], Other);
+        EXPECT_EQ(module.config.Recent[1], "") << path;
+    }
+}
+
 TEST_F(OpeningTest, TheFrameIsHiddenAndTheProgramBusyMeanwhile) {
     ASSERT_TRUE(Start());
     PutPicture(Other, 80, 70);

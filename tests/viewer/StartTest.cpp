@@ -252,6 +252,17 @@ TEST_F(StartTest, ALowerCaseDriveIsRaisedInTheListAndTheImageStays) {
     EXPECT_FALSE(ShowsDefaultPicture());
 }
 
+TEST_F(StartTest, AnImageIsKnownByItsNormalPathHoweverItWasNamed) {
+    PutPicture("C:\\other\\y.bmp", 80, 70);
+    Setting("Recent1", "C:/other/y.bmp");
+    ASSERT_TRUE(Start("C:/other/x/../y.bmp"));
+    EXPECT_EQ(module.CurrentImage, "C:\\other\\y.bmp");
+    EXPECT_EQ(View().Caption.Get(), "Tavrix - [C:\\other\\y.bmp]");
+    EXPECT_EQ(module.config.Recent[0], "C:\\other\\y.bmp");
+    EXPECT_EQ(module.config.Recent[1], "");
+    EXPECT_EQ(platform.files.CurrentFolder(), "C:\\other");
+}
+
 TEST_F(StartTest, AnImageThatIsListedAlreadyKeepsItsPlaceAndSpelling) {
     Setting("Recent1", "C:\\p\\other.bmp");
     Setting("Recent2", "C:\\P\\X.JPG");

@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 #include "core/Folders.h"
 #include "core/RecentLists.h"
 #include "dialogs/NewFolder.h"
@@ -83,7 +84,8 @@ bool FileTarget::NameIsUsable() {
         return false;
     }
     return HasNo(':', "A filename may not contain a colon (:), unable to export image...") &&
-           HasNo('\\', "A filename may not contain a backslash (\\), unable to export image...");
+           HasNo('\\', "A filename may not contain a backslash (\\), unable to export image...") &&
+           HasNo('/', "A filename may not contain a slash (/), unable to export image...");
 }
 
 bool FileTarget::HasNo(char character, const std::string& refusal) {
@@ -123,9 +125,8 @@ void FileTarget::Save(const std::function<void(const std::string& path)>& write)
     }
     if (failure) {
         busy.Release();
-        form_.App().MessageBox({.text = words_.failure + std::string(NewLine2) + path +
-                                        std::string(NewLine2) + failure->Description() + "...",
-                                .icon = forms::BoxIcon::Stop});
+        form_.App().MessageBox(
+            {.text = FailureText(words_.failure, path, *failure), .icon = forms::BoxIcon::Stop});
     } else {
         module_.CurrentImage = path;
         view_.ShowTitleOf(path);

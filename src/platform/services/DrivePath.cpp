@@ -1,6 +1,7 @@
 #include "platform/services/DrivePath.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -99,6 +100,20 @@ DrivePathParts PartsOf(std::string_view path) {
     parts.letter = UpperCase(path.substr(0, 1))[0];
     Append(parts, path.substr(3));
     return parts;
+}
+
+std::string NormalPath(std::string_view path) {
+    std::string normal(path);
+    std::ranges::replace(normal, '/', '\\');
+    const bool full = normal.size() > 2 && IsDriveLetter(normal[0]) && normal[1] == ':' && normal[2] == '\\';
+    if (!full) return normal;
+    SkipFailure([&] {
+        std::string worked = PartsOf(normal).Text();
+        if (normal.ends_with('\\') && !worked.ends_with('\\')) worked.push_back('\\');
+        worked[0] = normal[0];
+        normal = std::move(worked);
+    });
+    return normal;
 }
 
 // Lists and look-ups go through folders of hundreds of thousands of names: plain ones are compared as they stand.

@@ -21,6 +21,10 @@ struct DrivePathParts {
 
 [[nodiscard]] bool IsDriveLetter(char c);
 
+/// The usual form of a path, in which paths are kept, shown and compared: backslashes alone and, where it is a full one,
+/// "." and ".." worked out. The letter of the drive stays as it is, and so does a path that is malformed otherwise.
+[[nodiscard]] std::string NormalPath(std::string_view path);
+
 /// Whether `a` stands before `b` in lists: sorted without regard to case, then by the exact spelling.
 [[nodiscard]] bool ListsBefore(const std::string& a, const std::string& b);
 

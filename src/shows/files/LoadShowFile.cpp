@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "core/RecentLists.h"
+#include "platform/services/DrivePath.h"
 #include "shows/files/ReadShow.h"
 
 namespace tavrix {
+namespace {
 
-bool LoadShowFile(MainModule& module, std::string path) {
-    SlideShow& show = module.show;
-    show.EraseSlides();
+ReadShowResult ReadInOurWords(MainModule& module, const std::string& path, ShowRecord& record) {
     const std::string showKindName = module.ScreenSaverMode ? "Screen Saver" : "Slide Show";
     const ReadShowWords words{
         .kind = showKindName,
@@ -18,13 +18,28 @@ bool LoadShowFile(MainModule& module, std::string path) {
         .notValid = "This may not be a valid " + showKindName + " file...",
         .whenIsSaved = "When the file is saved",
     };
-    const ReadShowResult result = ReadShow(module, path, words, [&] { RemoveRecentShow(module, path); });
-    if (result.end == ReadShowEnd::Complete) {
-        module.config.LastSlideShow = path;
-        AddRecentShow(module, path);
-        show.ShowChanged = result.upgradeNoteShown;
+    return ReadShow(module, path, words, record, [&] { RemoveRecentShow(module, path); });
+}
+
+}  // namespace
+
+bool LoadShowFile(MainModule& module, const std::string& path) {
+    std::string normal = NormalPath(path);
+    ShowRecord record{.slides = {}, .options = module.config};
+    module.show.EraseSlides();
+    const ReadShowResult result = ReadInOurWords(module, normal, record);
+    module.config.SetShowOptions(record.options);
+    module.show.TakeSlides(std::move(record.slides));
+    if (result.end == ShowFileEnd::Complete) {
+        module.config.LastSlideShow = normal;
+        AddRecentShow(module, normal);
+        module.show.ShowChanged = result.upgradeNoteShown;
     }
-    return !show.Empty();
+    return !module.show.Empty();
+}
+
+ShowFileEnd LoadShowRecord(MainModule& module, const std::string& path, ShowRecord& record) {
+    return ReadInOurWords(module, NormalPath(path), record).end;
 }
 
 }  // namespace tavrix

@@ -1,11 +1,9 @@
 #include "shows/files/ReadShow.h"
 
-#include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 #include "core/NumberText.h"
 #include "core/Version.h"
-#include "shows/files/ShowFileFormat.h"
-#include "shows/files/ShowFileReader.h"
 
 namespace tavrix {
 namespace {
@@ -14,86 +12,18 @@ using forms::BoxIcon;
 
 const std::string Paragraph(NewLine2);
 
-class ReadingShow {
+/// What came of reading a show, in boxes.
+class Telling {
   public:
-    ReadingShow(MainModule& module, const ReadShowWords& words, const std::function<void()>& forget)
-        : module_(module), words_(words), forget_(forget) {}
+    Telling(const MainModule& module, const ReadShowWords& words) : module_(module), words_(words) {}
 
-    ReadShowResult Run(const std::string& path) {
-        try {
-            ShowFileReader file(module_.platform.files.Open(path));
-            stage_ = Stage::Header;
-            if (!ReadHeader(file)) return {ReadShowEnd::Refused, false};
-            stage_ = Stage::Slides;
-            module_.show.EraseSlides();
-            ReadSlides(file);
-        } catch (const RuntimeError& error) {
-            Tell(FailureText(error.Description()), BoxIcon::Stop);
-            forget_();
-            return {ReadShowEnd::Failed, upgradeNoteShown_};
-        }
-        return {ReadShowEnd::Complete, upgradeNoteShown_};
+    void NoShow() const {
+        Tell("The selected file is not a valid Tavrix " + words_.kind + " file..." + Paragraph +
+                 "Filenames with .TVS in the last 4 positions are normally associated with Tavrix files.",
+             BoxIcon::Exclamation);
     }
 
-  private:
-    enum class Stage : std::uint8_t { Open, Header, Slides };
-
-    /// Whether it is a show that can be read.
-    bool ReadHeader(ShowFileReader& file) {
-        if (file.Text() != ShowFileFormat::Signature) {
-            forget_();
-            Tell("The selected file is not a valid Tavrix " + words_.kind + " file..." + Paragraph +
-                     "Filenames with .TVS in the last 4 positions are normally associated with Tavrix files.",
-                 BoxIcon::Exclamation);
-            return false;
-        }
-        const std::string version = file.Text();
-        old_ = version == ShowFileFormat::OldVersion;
-        if (!old_ && version != ShowFileFormat::Version) {
-            forget_();
-            TellOtherRelease(version);
-            return false;
-        }
-        if (old_ && !module_.ScreenSaverMode) TellUpgrade();
-        ReadOptions(file);
-        return true;
-    }
-
-    void ReadOptions(ShowFileReader& file) {
-        AppConfig& options = module_.config;
-        const auto flag = [&file] { return file.Integer() == ShowFileFormat::True; };
-        options.SoundMode = file.Integer();
-        options.SoundFile = file.Text();
-        options.CDTrack = file.Integer();
-        options.SoundLoop = flag();
-        options.SlideInterval = file.Integer();
-        options.RandomSlides = flag();
-        options.ShowFilenames = flag();
-        if (old_) {
-            options.ShowDescription = false;
-            options.LoopSlideShow = true;
-            return;
-        }
-        options.ShowDescription = flag();
-        options.LoopSlideShow = flag();
-        options.AnimateGIF89 = flag();
-    }
-
-    void ReadSlides(ShowFileReader& file) {
-        SlideShow& show = module_.show;
-        for (int index = 0; !file.AtEnd(); ++index) {
-            show.SlideFiles.Set(index, file.Text());
-            if (!old_) {
-                show.SlideDescriptions.Set(index, Left(file.Text(), ShowFileFormat::LongestDescription));
-            }
-            if (index == SlideTexts::LastIndex) {
-                TellMaximum();
-                return;
-            }
-        }
-    }
-
-    void TellOtherRelease(const std::string& version) {
+    void OtherRelease(const std::string& version) const {
         constexpr std::size_t asMuchAsABoxShows = 1000;  // of a damaged file's line
         Tell("The selected " + words_.kind + " file was created with a different release (" +
                  Left(version, asMuchAsABoxShows) + ") of Tavrix." + Paragraph +
@@ -102,8 +32,7 @@ class ReadingShow {
              BoxIcon::Exclamation);
     }
 
-    void TellUpgrade() {
-        upgradeNoteShown_ = true;
+    void Upgrade() const {
         module_.app.MessageBox({.text = "This " + words_.kind +
                                         " file was created with an earlier version of Tavrix." + Paragraph +
                                         "NOTE:" + Paragraph + words_.whenIsSaved +
@@ -111,7 +40,7 @@ class ReadingShow {
     }
 
     /// The number told is one less than the slides that are taken.
-    void TellMaximum() {
+    void Maximum() const {
         const std::string number =
             GroupedNumberOrEmpty(SlideTexts::LastIndex, module_.platform.system.Numbers());
         Tell("The maximum of " + number + " slides has been loaded. Any remaining images in the " +
@@ -119,36 +48,51 @@ class ReadingShow {
              BoxIcon::Exclamation);
     }
 
-    [[nodiscard]] std::string FailureText(const std::string& reason) const {
-        switch (stage_) {
-            case Stage::Open:
-                return words_.openFailed + Paragraph + reason + "...";
-            case Stage::Header:
-                return "An error occurred while reading the " + words_.kind + " file header." + Paragraph +
-                       reason + "...";
-            case Stage::Slides:
-                break;
-        }
-        return words_.dataFailed + Paragraph + (reason.empty() ? words_.notValid : reason + "...");
+    void Failure(ShowFileEnd end, const RuntimeError& why) const {
+        Tell(FailureWords(end, why), BoxIcon::Stop);
     }
 
-    void Tell(const std::string& text, BoxIcon icon) {
+  private:
+    [[nodiscard]] std::string FailureWords(ShowFileEnd end, const RuntimeError& why) const {
+        if (end == ShowFileEnd::NotOpened) return FailureText(words_.openFailed, why);
+        if (end == ShowFileEnd::HeaderFailed) {
+            return FailureText("An error occurred while reading the " + words_.kind + " file header.", why);
+        }
+        if (why.Description().empty()) return words_.dataFailed + Paragraph + words_.notValid;
+        return FailureText(words_.dataFailed, why);
+    }
+
+    void Tell(const std::string& text, BoxIcon icon) const {
         module_.app.MessageBox({.text = text, .icon = icon, .systemModal = true});
     }
 
-    MainModule& module_;
+    const MainModule& module_;
     const ReadShowWords& words_;
-    const std::function<void()>& forget_;
-    Stage stage_ = Stage::Open;
-    bool old_ = false;
-    bool upgradeNoteShown_ = false;
 };
 
 }  // namespace
 
-ReadShowResult ReadShow(MainModule& module, const std::string& path, const ReadShowWords& words,
-                        const std::function<void()>& forget) {
-    return ReadingShow(module, words, forget).Run(path);
+ReadShowResult ReadShow(const MainModule& module, const std::string& path, const ReadShowWords& words,
+                        ShowRecord& record, const std::function<void()>& forget) {
+    const ShowFileReading reading = ReadShowFile(module.platform.files, path, record);
+    ReadShowResult result{.end = reading.end, .upgradeNoteShown = reading.older && !module.ScreenSaverMode};
+    const Telling telling(module, words);
+    if (result.Refused()) {
+        forget();
+        if (reading.end == ShowFileEnd::NoShow) {
+            telling.NoShow();
+        } else {
+            telling.OtherRelease(reading.version);
+        }
+        return result;
+    }
+    if (result.upgradeNoteShown) telling.Upgrade();
+    if (reading.tooLong) telling.Maximum();
+    if (reading.why) {
+        telling.Failure(reading.end, *reading.why);
+        forget();
+    }
+    return result;
 }
 
 }  // namespace tavrix

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 
 #include "core/MainModule.h"
+#include "shows/files/ReadShowFile.h"
 
 namespace tavrix {
 
@@ -17,20 +17,20 @@ struct ReadShowWords {
     std::string whenIsSaved;  ///< how the last paragraph of the upgrade note begins
 };
 
-enum class ReadShowEnd : std::uint8_t {
-    Complete,  ///< all of it is in the shared record
-    Refused,   ///< it is no show, or one of another release; the record is as it was
-    Failed,    ///< a part of it is in the record
-};
-
 struct ReadShowResult {
-    ReadShowEnd end = ReadShowEnd::Complete;
+    ShowFileEnd end = ShowFileEnd::Complete;
     bool upgradeNoteShown = false;
+
+    /// It is no show, or one of another release, and the record is as it was.
+    [[nodiscard]] bool Refused() const {
+        return end == ShowFileEnd::NoShow || end == ShowFileEnd::OtherRelease;
+    }
 };
 
-/// Reads a show's file into the shared record and tells the user what went wrong. The former slides go when the options
-/// have been read. `forget` is called for a file that is not to be listed any more.
-[[nodiscard]] ReadShowResult ReadShow(MainModule& module, const std::string& path, const ReadShowWords& words,
+/// Reads a show's file into a record, as ReadShowFile does, and tells the user what went wrong. `forget` is called for a
+/// file that is not to be listed any more.
+[[nodiscard]] ReadShowResult ReadShow(const MainModule& module, const std::string& path,
+                                      const ReadShowWords& words, ShowRecord& record,
                                       const std::function<void()>& forget);
 
 }  // namespace tavrix

@@ -1,9 +1,10 @@
 #include "shows/files/SaverFile.h"
 
 #include <memory>
+#include <utility>
 
 #include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "core/FailureText.h"
 #include "shows/files/ReadShow.h"
 #include "shows/files/ShowFileWriter.h"
 
@@ -32,7 +33,12 @@ bool ReadSaverFile(MainModule& module, const std::string& path) {
         .notValid = "This may not be a valid screen saver file...",
         .whenIsSaved = "If the file is saved",
     };
-    return ReadShow(module, path, words, [] {}).end != ReadShowEnd::Refused;
+    ShowRecord record{.slides = {}, .options = module.config};
+    const ReadShowResult result = ReadShow(module, path, words, record, [] {});
+    module.config.SetShowOptions(record.options);
+    const bool slidesRead = result.end == ShowFileEnd::Complete || result.end == ShowFileEnd::SlidesFailed;
+    if (slidesRead) module.show.TakeSlides(std::move(record.slides));
+    return !result.Refused();
 }
 
 void WriteSaverFile(const MainModule& module, const std::string& path) {
@@ -49,8 +55,7 @@ void WriteSaverFile(const MainModule& module, const std::string& path) {
             file->WriteSlide(show.SlideFiles[index], show.SlideDescriptions[index]);
         file->Close();
     } catch (const RuntimeError& error) {
-        module.app.MessageBox({.text = failure + std::string(NewLine2) + error.Description() + "...",
-                               .icon = forms::BoxIcon::Stop});
+        TellFailure(module, failure, error);
         if (file) SkipFailure([&] { file->Close(); });
     }
 }

@@ -1,38 +1,77 @@
 #include "shows/files/ShowBackup.h"
 
+#include <cstdint>
+#include <string_view>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/services/DrivePath.h"
+#include "shows/files/ReadShowFile.h"
 
 namespace tavrix {
 namespace {
 
-/// A name in a folder that no file has; empty when there are too many already.
-std::string FreeBackupName(Files& files, const std::string& folder, const std::string& name) {
-    constexpr int mostBackups = 99;
-    for (int number = 1; number <= mostBackups; ++number) {
-        const std::string which = number == 1 ? "" : "(" + std::to_string(number) + ") ";
-        std::string path = folder + "Backup " + which + "of " + name;
-        if (!files.FileExists(path)) return path;
+/// A number that tells shows of one name in different folders apart (FNV-1a, 64 bits, in hexadecimal digits).
+std::string Fingerprint(std::string_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325U;
+    for (const char byte : text)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+    constexpr int bitsOfADigit = 4;
+    std::string digits;
+    for (int shift = 64 - bitsOfADigit; shift >= 0; shift -= bitsOfADigit)
+        digits.push_back("0123456789ABCDEF"[(hash >> static_cast<unsigned>(shift)) & 0xFU]);
+    return digits;
+}
+
+std::string BackupPath(const MainModule& module, const std::string& path) {
+    constexpr std::size_t charactersThatFit = 50;  // into a name of 255 bytes
+    return module.AppPath + "Backup of " + Left(FileNameOf(path), charactersThatFit) + " (" +
+           Fingerprint(UpperCase(NormalPath(path))) + ").bak";
+}
+
+enum class Content : std::uint8_t {
+    Show,    ///< it reads back
+    None,    ///< there is no file, or no whole show in it
+    Unknown  ///< it could not be read
+};
+
+Content ContentOf(const MainModule& module, const std::string& path) {
+    Files& files = module.platform.files;
+    if (!files.FileExists(path)) return Content::None;
+    ShowRecord record;
+    const ShowFileReading reading = ReadShowFile(files, path, record);
+    if (reading.end == ShowFileEnd::Complete) return Content::Show;
+    if (!reading.why) return Content::None;
+    switch (reading.why->Number()) {
+        case ErrorNumber::InputPastEnd:
+        case ErrorNumber::TypeMismatch:
+        case ErrorNumber::Overflow:
+        case ErrorNumber::OutOfMemory:
+            return Content::None;
+        default:
+            return Content::Unknown;
     }
-    return {};
 }
 
 }  // namespace
 
-ShowBackup::ShowBackup(const MainModule& module, const std::string& path) : module_(module) {
-    SkipFailure([&] {
-        Files& files = module_.platform.files;
-        if (!files.FileExists(path) || files.Info(path).length == 0) return;
-        const std::string copy = FreeBackupName(files, module_.AppPath, FileNameOf(path));
-        if (copy.empty()) return;
-        files.Copy(path, copy);
-        copy_ = copy;
+ShowBackup::ShowBackup(const MainModule& module, const std::string& path)
+    : module_(module), copy_(BackupPath(module, path)) {
+    const Content former = ContentOf(module_, path);
+    safe_ = former == Content::None;
+    if (former != Content::Show) return;
+    const Content kept = ContentOf(module_, copy_);
+    safe_ = kept == Content::Show;
+    if (kept != Content::None) return;
+    SkipFailure([&] {  // the show can be saved as a whole all the same
+        module_.platform.files.Copy(path, copy_);
+        safe_ = true;
     });
 }
 
 void ShowBackup::Discard() {
-    if (!copy_.empty()) SkipFailure([&] { module_.platform.files.Delete(copy_); });
-    copy_.clear();
+    Files& files = module_.platform.files;
+    if (files.FileExists(copy_)) SkipFailure([&] { files.Delete(copy_); });
 }
 
 }  // namespace tavrix

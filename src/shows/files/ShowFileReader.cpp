@@ -12,6 +12,8 @@
 namespace tavrix {
 namespace {
 
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";  // of UTF-8
+
 bool IsAsciiText(std::string_view text) {
     return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80U; });
 }
@@ -95,6 +97,8 @@ bool ShowFileReader::ReadMore() {
         failure_ = error;
     }
     file_.reset();
+    // A mark at the start tells the encoding, but is no part of the text.
+    if (text_.starts_with(ByteOrderMark)) text_.erase(0, ByteOrderMark.size());
     text_ = DecodeTextFile(text_);
     return true;
 }

@@ -14,7 +14,7 @@ namespace tavrix {
 /// The items of a show's file, one after the other. An item ends at a comma or the end of its line, blanks before it are
 /// skipped, and one that begins with a quote goes on to the next quote, over commas and line ends.
 ///
-/// The file is taken as UTF-8 if all of it is that, else as Windows-1252. It is read as far as the items need, and to
+/// The file is taken as UTF-8 if all of it is that, else as Windows-1252; a byte order mark before it is skipped. It is read as far as the items need, and to
 /// its end only when a character turns up that tells the two apart.
 class ShowFileReader {
   public:

@@ -17,7 +17,7 @@ std::string ShowFileEncoding::Encode(std::string_view item) const {
     return windows1252_ ? EncodeTextFile(item) : std::string(item);
 }
 
-void ShowFileWriter::WriteHeader(const AppConfig& options) {
+void ShowFileWriter::WriteHeader(const ShowOptions& options) {
     Text(ShowFileFormat::Signature);
     Text(ShowFileFormat::Version);
     Integer(options.SoundMode);

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/AppConfig.h"
+#include "core/ShowOptions.h"
 #include "platform/services/Files.h"
 
 namespace tavrix {
@@ -29,7 +29,7 @@ class ShowFileWriter {
         : file_(std::move(file)), encoding_(encoding) {}
 
     /// Signature, version and options. They have been handed to the file when it returns.
-    void WriteHeader(const AppConfig& options);
+    void WriteHeader(const ShowOptions& options);
     void WriteSlide(std::string_view path, std::string_view description);
     /// Finishes the file; without it, it holds what was handed on until then.
     void Close();

@@ -4,14 +4,17 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/FailureText.h"
 #include "core/RecentLists.h"
+#include "core/ShowFolder.h"
 #include "dialogs/CopyWindow.h"
+#include "platform/services/DrivePath.h"
+#include "shows/SlideEditor.h"
 #include "shows/files/ShowBackup.h"
 #include "shows/files/ShowFileWriter.h"
 
@@ -20,155 +23,168 @@ namespace {
 
 const std::string Paragraph(NewLine2);
 
-/// How a slide is stored.
-struct StoredSlide {
+/// A file that a show refers to, and how the show stores it.
+struct StoredFile {
     enum class Form : std::uint8_t {
         AsItIs,
         Relative,  ///< it lies in the show's folder or below
-        Copied,    ///< its picture is copied there
+        Copied,    ///< it is copied there
     };
     std::string path;
     std::string stored;
     Form form = Form::AsItIs;
 };
 
-/// The folder that a show is saved in.
-class ShowFolder {
-  public:
-    explicit ShowFolder(const std::string& folder)
-        : folder_(folder), upper_(UpperCase(folder)), length_(CharacterCount(folder)) {}
-
-    [[nodiscard]] const std::string& Path() const { return folder_; }
-    /// The path of a file in the folder as it is seen from there.
-    [[nodiscard]] std::optional<std::string> Relative(const std::string& path) const {
-        if (!UpperCase(path).starts_with(upper_)) return std::nullopt;
-        return From(path, length_);
-    }
-    [[nodiscard]] StoredSlide Store(const std::string& path, bool copies) const {
-        if (const auto relative = Relative(path)) return {path, *relative, StoredSlide::Form::Relative};
-        if (!copies || path.find('\\') == std::string::npos) return {path, path, StoredSlide::Form::AsItIs};
-        return {path, FileNameOf(path), StoredSlide::Form::Copied};
-    }
-
-  private:
-    std::string folder_;
-    std::string upper_;
-    std::size_t length_;
+struct StoredSlide {
+    StoredFile file;
+    std::string description;
 };
+
+/// What a save writes. It has to be known before the first of it is written, for the sake of the encoding, and before the
+/// target is touched.
+struct SavePlan {
+    ShowOptions options;  ///< with the sound as it is stored
+    StoredFile sound;
+    std::vector<StoredSlide> slides;
+};
+
+StoredFile Store(const ShowFolder& folder, const std::string& path, bool copies) {
+    if (auto relative = folder.Relative(path))
+        return {path, *std::move(relative), StoredFile::Form::Relative};
+    const bool bareName = NormalPath(path).find('\\') == std::string::npos;
+    if (!copies || bareName) return {path, path, StoredFile::Form::AsItIs};
+    return {path, FileNameOf(path), StoredFile::Form::Copied};
+}
+
+StoredFile StoreSound(const ShowFolder& folder, const AppConfig& config) {
+    const std::string& path = config.SoundFile;
+    if (path.empty() || config.SoundMode != 1 || !config.SaveSlides) {
+        return {path, path, StoredFile::Form::AsItIs};
+    }
+    if (auto relative = folder.Relative(path))
+        return {path, *std::move(relative), StoredFile::Form::Relative};
+    return {path, FileNameOf(path), StoredFile::Form::Copied};
+}
+
+SavePlan PlanOf(const MainModule& module, const ShowFolder& folder) {
+    const SlideShow& show = module.show;
+    SavePlan plan{.options = module.config, .sound = StoreSound(folder, module.config), .slides = {}};
+    plan.options.SoundFile = plan.sound.stored;
+    const int count = std::min<int>(show.SlideCount, SlideTexts::Slots);
+    for (int i = 0; i < count; ++i) {
+        plan.slides.push_back(
+            {Store(folder, show.SlideFiles[i], module.config.SaveSlides), show.SlideDescriptions[i]});
+    }
+    return plan;
+}
+
+ShowFileEncoding EncodingOf(const SavePlan& plan) {
+    ShowFileEncoding encoding;
+    encoding.Add(plan.options.SoundFile);
+    for (const StoredSlide& slide : plan.slides) {
+        encoding.Add(slide.file.stored);
+        encoding.Add(slide.description);
+    }
+    return encoding;
+}
 
 class SavingShow {
   public:
-    SavingShow(MainModule& module, const std::string& folder, const std::string& name, SlideRows* editor)
+    SavingShow(MainModule& module, const std::string& folder, const std::string& name)
         : module_(module),
           show_(module.show),
           folder_(folder),
           path_(folder + name),
-          editor_(module.show.SaveFromArrays ? nullptr : editor),
+          count_(module.show.SlideCount),
+          plan_(PlanOf(module, folder_)),
           window_(module) {}
 
-    void Run() {
+    SaveEnd Run() {
         window_.Tell("Tavrix is saving the slide show file, please wait...");
         SaveSound();
         window_.Tell("Tavrix is creating the file:" + Paragraph + path_);
-        if (Write()) {
-            Finish();
-        } else {
+        const SaveEnd end = Write();
+        if (end == SaveEnd::Canceled) {
             TellCanceled();
+        } else {
+            Finish();
         }
+        return end;
     }
 
   private:
     void SaveSound() {
-        std::string& sound = module_.config.SoundFile;
-        if (sound.empty() || module_.config.SoundMode != 1 || !module_.config.SaveSlides) return;
-        if (auto relative = folder_.Relative(sound)) {
-            sound = *std::move(relative);
-            return;
-        }
-        const std::string source = std::exchange(sound, FileNameOf(sound));
+        module_.config.SoundFile = plan_.sound.stored;
+        if (plan_.sound.form != StoredFile::Form::Copied) return;
         try {
-            CopyIntoFolder(source);
+            CopyIntoFolder(plan_.sound);
         } catch (const RuntimeError& error) {
-            Tell("Unable to copy the sound file to the slide show directory...", error);
+            TellFailure(module_, "Unable to copy the sound file to the slide show directory...", error);
         }
     }
 
-    /// False when the user canceled. A failure is told, and ends the file where it came.
-    bool Write() {
+    /// A failure is told, and ends the file where it came.
+    SaveEnd Write() {
         failure_ = "Unable to save slide show.";
         std::unique_ptr<ShowFileWriter> file;
+        std::optional<ShowBackup> backup;
         try {
-            auto writer = module_.platform.files.Create(path_);
-            ShowBackup backup(module_, path_);
-            PlanSlides();
-            file = std::make_unique<ShowFileWriter>(std::move(writer), EncodingOfPlan());
+            file = std::make_unique<ShowFileWriter>(module_.platform.files.Create(path_), EncodingOf(plan_));
+            backup.emplace(module_, path_);
             failure_ = "An error occurred while trying to write the slide show header.";
             if (module_.CancelCopy || !WriteAll(*file)) {
-                SkipFailure([&] { file->Close(); });
-                return false;
+                PutInPlace(*file, *backup);
+                return SaveEnd::Canceled;
             }
             file->Close();
-            backup.Discard();
+            backup->Discard();
+            return SaveEnd::Whole;
         } catch (const RuntimeError& error) {
-            Tell(failure_, error);
-            if (file) SkipFailure([&] { file->Close(); });
+            TellFailure(module_, failure_, error);
+            if (backup) PutInPlace(*file, *backup);
+            return SaveEnd::Partial;
         }
-        return true;
     }
 
     /// False when the user canceled.
     bool WriteAll(ShowFileWriter& file) {
-        file.WriteHeader(module_.config);
+        file.WriteHeader(plan_.options);
         failure_ = SlidesFailed;
-        for (int index = 0; index < show_.SlideCount; ++index) {
+        for (; written_ < plan_.slides.size(); ++written_) {
             module_.DoEvents();
             if (module_.CancelCopy) return false;
-            WriteSlide(file, index);
+            WriteSlide(file, plan_.slides[written_]);
         }
+        // More than there are slots run past the last one.
+        if (count_ > SlideTexts::Slots) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         return true;
     }
 
-    void WriteSlide(ShowFileWriter& file, int index) {
-        const std::string description = show_.SlideDescriptions[index];
-        const StoredSlide& slide = slides_[static_cast<std::size_t>(index)];
-        if (slide.form == StoredSlide::Form::Copied) {
+    void WriteSlide(ShowFileWriter& file, const StoredSlide& slide) {
+        if (slide.file.form == StoredFile::Form::Copied) {
             failure_ = "Unable to copy all images to slide show directory...";
-            CopyIntoFolder(slide.path);
+            CopyIntoFolder(slide.file);
             failure_ = SlidesFailed;
         }
-        file.WriteSlide(slide.stored, description);
-        if (editor_ != nullptr && slide.form != StoredSlide::Form::AsItIs) {
-            editor_->SetRow(index, slide.stored);
-        }
+        file.WriteSlide(slide.file.stored, slide.description);
     }
 
-    /// What will be stored has to be known before the first of it is written.
-    void PlanSlides() {
-        const int count = std::min<int>(show_.SlideCount, SlideTexts::Slots);
-        for (int index = 0; index < count; ++index) {
-            const std::string path = editor_ != nullptr ? editor_->Row(index) : show_.SlideFiles[index];
-            slides_.push_back(folder_.Store(path, module_.config.SaveSlides));
-        }
+    /// Makes what was written the file, where the former one is not lost by it.
+    static void PutInPlace(ShowFileWriter& file, const ShowBackup& backup) {
+        if (backup.Safe()) SkipFailure([&] { file.Close(); });
     }
 
-    [[nodiscard]] ShowFileEncoding EncodingOfPlan() const {
-        ShowFileEncoding encoding;
-        encoding.Add(module_.config.SoundFile);
-        for (std::size_t i = 0; i < slides_.size(); ++i) {
-            encoding.Add(slides_[i].stored);
-            encoding.Add(show_.SlideDescriptions[static_cast<int>(i)]);
-        }
-        return encoding;
-    }
-
-    void CopyIntoFolder(const std::string& source) {
-        window_.Tell("Tavrix is copying the file:" + Paragraph + source);
-        module_.platform.files.Copy(source, folder_.Path() + FileNameOf(source));
+    void CopyIntoFolder(const StoredFile& file) {
+        window_.Tell("Tavrix is copying the file:" + Paragraph + file.path);
+        const std::string& name = file.stored;
+        // These would be the folder itself, or the one that it lies in.
+        if (name.empty() || name == "." || name == "..") throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+        module_.platform.files.Copy(file.path, folder_.Path() + name);
     }
 
     void Finish() {
         window_.Tell("Tavrix has finished copying files...");
-        if (editor_ != nullptr) editor_->SetFilename(path_);
+        if (SlideEditor* editor = EditorOfShow()) ShowIn(*editor);
         module_.config.LastSlideShow = path_;
         std::string listed = path_;
         AddRecentShow(module_, listed);
@@ -177,7 +193,23 @@ class SavingShow {
         window_.Close();
     }
 
+    /// Null where it is not its show that is saved.
+    [[nodiscard]] SlideEditor* EditorOfShow() const {
+        return show_.SaveFromArrays ? nullptr : LoadedEditor(module_.app);
+    }
+
+    void ShowIn(SlideEditor& editor) {
+        for (std::size_t i = 0; i < written_; ++i) {
+            const StoredFile& file = plan_.slides[i].file;
+            const int row = static_cast<int>(i);
+            if (show_.SlideFiles[row] == file.path) show_.SlideFiles.Set(row, file.stored);
+        }
+        editor.PathsChanged();
+        editor.SetFilename(path_);
+    }
+
     void TellCanceled() {
+        module_.config.SoundFile = plan_.sound.path;
         module_.DoEvents();
         window_.Close();
         module_.app.MessageBox(
@@ -186,28 +218,23 @@ class SavingShow {
              .icon = forms::BoxIcon::Exclamation});
     }
 
-    void Tell(const std::string& text, const RuntimeError& error) {
-        module_.app.MessageBox(
-            {.text = text + Paragraph + error.Description() + "...", .icon = forms::BoxIcon::Stop});
-    }
-
     static constexpr const char* SlidesFailed = "An error occurred while saving slide show data.";
 
     MainModule& module_;
     SlideShow& show_;
     ShowFolder folder_;
     std::string path_;
-    SlideRows* editor_;  ///< null: the paths come from the arrays
+    int count_;  ///< slides that are to be written
+    SavePlan plan_;
     CopyWindow window_;
-    std::vector<StoredSlide> slides_;
+    std::size_t written_ = 0;   ///< slides
     const char* failure_ = "";  ///< what a failure now means
 };
 
 }  // namespace
 
-void WriteSlideFile(MainModule& module, const std::string& folder, const std::string& name,
-                    SlideRows* editor) {
-    SavingShow(module, folder, name, editor).Run();
+SaveEnd WriteSlideFile(MainModule& module, const std::string& folder, const std::string& name) {
+    return SavingShow(module, folder, name).Run();
 }
 
 }  // namespace tavrix

@@ -5,6 +5,7 @@
 #include "base/Rounding.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/Folders.h"
 #include "core/Settings.h"
 #include "platform/forms/Application.h"
 #include "shows/stage/StageOverlay.h"
@@ -89,7 +90,7 @@ void FullViewFrm::LoadOneImage() {
     if (module_.config.ShowFilenames) Image1.ToolTip = module_.StageImage;
     Attempt([this] {
         if (module_.StageImageAnimated) {
-            Gif89a1.FileName = module_.StageImage;
+            Gif89a1.FileName = FullPath(module_, module_.StageImage);
         } else {
             loader_.LoadStill(module_.StageImage);
         }

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "core/FileServices.h"
+#include "core/Folders.h"
 #include "platform/forms/Form.h"
 
 namespace tavrix {
@@ -16,28 +17,23 @@ void SlideLoader::LoadFile(const std::string& path) {
         image_.Picture = {};
         module_.DoEvents();
         image_.Move(0, 0, image_.OwnerForm().Width, image_.OwnerForm().Height);
-        LoadAnimated(FullPath(path));
+        LoadAnimated(path);
     } else {
         player_.FileName = "";
         player_.Visible = false;
         module_.DoEvents();
-        LoadStill(FullPath(path));
+        LoadStill(path);
     }
 }
 
 void SlideLoader::LoadStill(const std::string& path) {
     image_.Picture = {};  // two large pictures at a time would be one too many
-    image_.Picture = module_.platform.pictures.Load(path);
+    image_.Picture = module_.platform.pictures.Load(FullPath(module_, path));
 }
 
 void SlideLoader::LoadAnimated(const std::string& path) {
-    player_.FileName = path;
+    player_.FileName = FullPath(module_, path);
     player_.Visible = true;
-}
-
-std::string SlideLoader::FullPath(const std::string& path) const {
-    const bool full = path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
-    return full ? path : WithBackslash(module_.platform.files.CurrentFolder()) + path;
 }
 
 }  // namespace tavrix

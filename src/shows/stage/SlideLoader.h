@@ -19,14 +19,12 @@ class SlideLoader {
     /// pending messages. Throws RuntimeError when there is no such file or it cannot be shown.
     void LoadSlide(const std::string& storedPath);
 
-    // These two take a full path. They throw RuntimeError.
+    // These two take any path that leads somewhere from the current folder. They throw RuntimeError.
     void LoadStill(const std::string& path);
     void LoadAnimated(const std::string& path);
 
   private:
     void LoadFile(const std::string& path);
-    /// The path from its drive on.
-    [[nodiscard]] std::string FullPath(const std::string& path) const;
 
     MainModule& module_;
     forms::Image& image_;

@@ -104,7 +104,7 @@ void FullViewFrm::RemoveSlide() {
         forms::BusyGuard guard(module_.Screen());
         module_.DoEvents();
         if (Unloaded()) return;
-        if (IsLastSlide(module_)) {
+        if (module_.show.Count() == 1) {
             App().MessageBox({.text = "You may not remove the last picture from the slide show..."});
         } else {
             RemoveSlides(module_, path);

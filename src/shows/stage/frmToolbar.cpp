@@ -4,8 +4,8 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/forms/Application.h"
+#include "shows/SlideEditor.h"
 #include "shows/stage/FullViewFrm.h"
-#include "shows/stage/SlideEditor.h"
 #include "shows/stage/ToolbarPictures.h"
 
 namespace tavrix {

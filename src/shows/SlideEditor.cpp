@@ -1,4 +1,4 @@
-#include "shows/stage/SlideEditor.h"
+#include "shows/SlideEditor.h"
 
 namespace tavrix {
 

@@ -1,0 +1,71 @@
+#include "shows/files/ReadShowFile.h"
+
+#include <memory>
+
+#include "base/Text.h"
+#include "shows/files/ShowFileFormat.h"
+#include "shows/files/ShowFileReader.h"
+
+namespace tavrix {
+namespace {
+
+void ReadOptions(ShowFileReader& file, bool older, ShowOptions& options) {
+    const auto flag = [&file] { return file.Integer() == ShowFileFormat::True; };
+    options.SoundMode = file.Integer();
+    options.SoundFile = file.Text();
+    options.CDTrack = file.Integer();
+    options.SoundLoop = flag();
+    options.SlideInterval = file.Integer();
+    options.RandomSlides = flag();
+    options.ShowFilenames = flag();
+    if (older) {
+        options.ShowDescription = false;
+        options.LoopSlideShow = true;
+        return;
+    }
+    options.ShowDescription = flag();
+    options.LoopSlideShow = flag();
+    options.AnimateGIF89 = flag();
+}
+
+/// Whether there may be more slides than there is room for.
+bool ReadSlides(ShowFileReader& file, bool older, ShowSlides& slides) {
+    for (int index = 0; !file.AtEnd(); ++index) {
+        slides.SlideFiles.Set(index, file.Text());
+        if (!older)
+            slides.SlideDescriptions.Set(index, Left(file.Text(), ShowFileFormat::LongestDescription));
+        if (index == SlideTexts::LastIndex) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+ShowFileReading ReadShowFile(Files& files, const std::string& path, ShowRecord& record) {
+    ShowFileReading reading;
+    ShowFileEnd stage = ShowFileEnd::NotOpened;
+    try {
+        ShowFileReader file(files.Open(path));
+        stage = ShowFileEnd::HeaderFailed;
+        if (file.Text() != ShowFileFormat::Signature) {
+            reading.end = ShowFileEnd::NoShow;
+            return reading;
+        }
+        reading.version = file.Text();
+        reading.older = reading.version == ShowFileFormat::OldVersion;
+        if (!reading.older && reading.version != ShowFileFormat::Version) {
+            reading.end = ShowFileEnd::OtherRelease;
+            return reading;
+        }
+        ReadOptions(file, reading.older, record.options);
+        stage = ShowFileEnd::SlidesFailed;
+        record.slides.EraseSlides();
+        reading.tooLong = ReadSlides(file, reading.older, record.slides);
+    } catch (const RuntimeError& error) {
+        reading.end = stage;
+        reading.why = error;
+    }
+    return reading;
+}
+
+}  // namespace tavrix
