@@ -224,9 +224,9 @@ void MainViewFrm::MainImage_MouseUp(const forms::MouseArguments& mouse) {
         selection.SelectionShown = true;
         return;
     }
-    selection.Erase();
+    selection.WipeForMenu();
     Form_MouseUp(mouse);
-    selection.SelectionShown = false;
+    selection.Drop();
 }
 
 void MainViewFrm::Form_MouseUp(const forms::MouseArguments& mouse) {

@@ -69,7 +69,9 @@ class MainViewFrm final : public forms::Form {
     void Form_MouseUp(const forms::MouseArguments& mouse) override;
     void Form_OLEDragDrop(const std::vector<std::string>& files) override;
 
-    /// Fits the window to the image, where it sizes itself.
+    /// Whether the window takes its size from the image.
+    [[nodiscard]] bool SizesItself() const;
+    /// Fits the window to the image and lays it out, where it sizes itself.
     void MainImage_Resize();
     void MainImage_MouseDown(const forms::MouseArguments& mouse);
     void MainImage_MouseMove(const forms::MouseArguments& mouse);

@@ -69,8 +69,12 @@ void MainViewFrm::PlaceFullScreenButton() {
         [&] { CmdFullScreen.Move(right - BarThickness, bottom - BarThickness, BarThickness, BarThickness); });
 }
 
+bool MainViewFrm::SizesItself() const {
+    return WindowState.Get() == WindowState::Normal && module_.config.AutosizeWindow;
+}
+
 void MainViewFrm::MainImage_Resize() {
-    if (WindowState.Get() != WindowState::Normal || !module_.config.AutosizeWindow) return;
+    if (!SizesItself()) return;
     const forms::Screen& screen = module_.Screen();
     const WindowSize size = AutomaticSize({.imageWidth = MainImage.Width,
                                            .imageHeight = MainImage.Height,

@@ -22,12 +22,18 @@ void Selection::DrawLine(float x1, float y1, float x2, float y2) {
 }
 
 void Selection::Erase() {
-    if (SelectionShown) DrawLine(SelectionStartX, SelectionStartY, SelectionEndX, SelectionEndY);
+    if (SelectionShown && !wiped_) DrawLine(SelectionStartX, SelectionStartY, SelectionEndX, SelectionEndY);
+}
+
+void Selection::WipeForMenu() {
+    Erase();
+    wiped_ = true;
 }
 
 void Selection::Drop() {
     Erase();
     SelectionShown = false;
+    wiped_ = false;
 }
 
 void Selection::Press(const forms::MouseArguments& mouse, bool imageOpen) {
@@ -36,6 +42,7 @@ void Selection::Press(const forms::MouseArguments& mouse, bool imageOpen) {
     SelectionDragging = starts;
     if (!starts) return;
     Erase();
+    wiped_ = false;
     SelectionStartX = SelectionEndX = mouse.x;
     SelectionStartY = SelectionEndY = mouse.y;
 }

@@ -24,12 +24,15 @@ class Selection {
     void DrawLine(float x1, float y1, float x2, float y2);
     /// Draws the outline of the selection over itself, which wipes it; SelectionShown stays.
     void Erase();
+    /// Erase, before a menu opens over the image: what is chosen there finds the selection, and does not draw the outline
+    /// again by another Erase. Ends with Drop, or with a new selection.
+    void WipeForMenu();
     /// Erase, and the selection is forgotten.
     void Drop();
 
     /// Whether the outline of the selection is on the image. One that went with the picture it was drawn on, as that of a
     /// crop does, is not, and Erase would draw it.
-    [[nodiscard]] bool Seen() const { return SelectionShown && drawnOn_ == image_.TimesWiped(); }
+    [[nodiscard]] bool Seen() const { return SelectionShown && !wiped_ && drawnOn_ == image_.TimesWiped(); }
     void EraseWhereSeen() {
         if (Seen()) Erase();
     }
@@ -42,6 +45,7 @@ class Selection {
 
   private:
     forms::PictureBox& image_;
+    bool wiped_ = false;               ///< by WipeForMenu
     std::optional<unsigned> drawnOn_;  ///< what TimesWiped said when the outline was drawn
 };
 

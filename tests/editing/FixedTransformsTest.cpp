@@ -231,6 +231,56 @@ TEST_F(FixedTransforms, AResizeLeavesTheScrollBarsWhereTheyAre) {
     ExpectSize(1500, 1250);
 }
 
+TEST_F(FixedTransforms, AResizeLaysOutAWindowThatDoesNotSizeItself) {
+    StartWithImage(300, 200);
+    Choose(Menus().mnu50Larger);
+    Choose(Menus().mnu50Larger);
+    EXPECT_TRUE(View().hsbPict.Visible) << "675 pixels in 626";
+    EXPECT_TRUE(View().vsbPict.Visible) << "450 pixels in 427";
+    EXPECT_EQ(View().picFrame.Width.Get(), View().ScaleWidth() - MainViewFrm::BarThickness);
+    EXPECT_EQ(View().picFrame.Height.Get(), View().ScaleHeight() - MainViewFrm::BarThickness);
+    EXPECT_EQ(View().hsbPict.Max.Get(), 675 * 15 - static_cast<int>(View().picFrame.Width.Get()));
+}
+
+TEST_F(FixedTransforms, AResizeLaysOutAMaximisedWindow) {
+    StartWithImage(300, 200);
+    module.config.AutosizeWindow = true;
+    Place({0, 0, 1280, 1024}, forms::WindowState::Maximized);
+    Choose(Menus().mnu50Larger);
+    EXPECT_EQ(View().picFrame.PixelBounds().width, 450);
+    EXPECT_EQ(View().picFrame.PixelBounds().height, 300);
+    EXPECT_EQ(View().WindowState.Get(), forms::WindowState::Maximized);
+    ExpectEdited(Stretched(Different(300, 200), 0.5));
+}
+
+TEST_F(FixedTransforms, AResizeBringsTheBarsBackIntoTheirRange) {
+    StartWithImage(1900, 1500);
+    Press(forms::KeyCode::End);
+    Choose(Menus().mnu50Smaller);
+    EXPECT_TRUE(View().hsbPict.Visible);
+    EXPECT_EQ(View().hsbPict.Value.Get(), View().hsbPict.Max.Get());
+    EXPECT_EQ(View().vsbPict.Value.Get(), View().vsbPict.Max.Get());
+    EXPECT_EQ(View().MainImage.Left.Get(), -static_cast<float>(View().hsbPict.Max.Get()));
+    Choose(Menus().mnu50Smaller);
+    EXPECT_FALSE(View().hsbPict.Visible);
+    EXPECT_FALSE(View().vsbPict.Visible);
+    EXPECT_EQ(View().MainImage.Left.Get(), 0);
+    EXPECT_EQ(View().MainImage.Top.Get(), 0);
+    EXPECT_EQ(View().picFrame.PixelBounds().width, 475);
+}
+
+TEST_F(FixedTransforms, AResizeLaysOutOnce) {
+    // Whether the window sizes itself or not: six times messages run, one of them in the layout.
+    StartWithImage(60, 50);
+    View().Move(0, 0, MainViewFrm::MinWidth, MainViewFrm::MinHeight);
+    for (const bool sizesItself : {false, true}) {
+        module.config.AutosizeWindow = sizesItself;
+        const int yields = toolkit.Yields();
+        Choose(Menus().mnu25Larger);
+        EXPECT_EQ(toolkit.Yields() - yields, 6) << "sizes itself: " << sizesItself;
+    }
+}
+
 TEST_F(FixedTransforms, TheKeysRunTheEdits) {
     using namespace forms;
     StartWithImage(64, 96);

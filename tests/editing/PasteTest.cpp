@@ -193,7 +193,8 @@ TEST_F(Paste, CanceledItLeavesThePictureAndOffersTheUndo) {
 
     const std::string before = ContentOf(Opened);
     Choose(Menus().mnuUndo);
-    ExpectUntouched();
+    ExpectEdited(Image());
+    ExpectUndo("Can't Undo", false);
     EXPECT_EQ(ContentOf(Opened), before);
 }
 

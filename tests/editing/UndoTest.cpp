@@ -3,6 +3,8 @@
 #include <string>
 
 #include "EditingTest.h"
+#include "editing/saving/ExportJpgFrm.h"
+#include "editing/saving/SaveCopyFrm.h"
 
 namespace tavrix::test {
 namespace {
@@ -171,29 +173,151 @@ TEST_F(Undo, LeavesTheImageUnsaved) {
     EXPECT_FALSE(Close());
 }
 
+// An undo of what is not the working file by now commits as an edit does.
+
 TEST_F(Undo, OfARefusedEditLeavesTheOpenedFileAlone) {
-    const std::string content = platform.pictures.SetPicture("C:\\p\\x.jpg", PictureOf(Different(20, 20)));
-    ASSERT_TRUE(Start("C:\\p\\x.jpg"));
+    const std::string content = platform.pictures.SetPicture("C:\\p\\x.gif", PictureOf(Different(20, 20)));
+    ASSERT_TRUE(Start("C:\\p\\x.gif"));
+    ASSERT_TRUE(Menus().mnuAnimatedGIF.Enabled);
     Expect({.text = "You may not make the current image any smaller..."});
     Choose(Menus().mnu25Smaller);
     ExpectUndo("&Undo Resize 25% Smaller", true);
     Choose(Menus().mnuUndo);
     ExpectUndo("Can't Undo", false);
-    EXPECT_EQ(ContentOf("C:\\p\\x.jpg"), content);
-    EXPECT_EQ(module.CurrentImage, "C:\\p\\x.jpg");
-    EXPECT_FALSE(platform.disks.Exists(Working));
-    ExpectShown(Different(20, 20));
+    EXPECT_EQ(ContentOf("C:\\p\\x.gif"), content);
+    ExpectEdited(Different(20, 20));
+    EXPECT_FALSE(Menus().mnuAnimatedGIF.Enabled) << "the image is a bitmap now";
     ExpectIdle();
+    ExpectDiscard("Discard changes and exit?", forms::Answer::No);
+    EXPECT_FALSE(Close());
 }
 
-TEST_F(Undo, WritesToTheFileThatTheEditedImageWasSavedAs) {
-    StartWithAnEdit();
-    // Same length as the undo file, other pixels.
-    platform.disks.PutFile("C:\\p\\copy.bmp", ContentOf(Working));
-    module.CurrentImage = "C:\\p\\copy.bmp";
-    View().ShowTitleOf(module.CurrentImage);
+TEST_F(Undo, OfARefusedEditLeavesAFileAloneThatHasChangedMeanwhile) {
+    StartWithImage(20, 20);
+    Expect({.text = "You may not make the current image any smaller..."});
+    Choose(Menus().mnu25Smaller);
+    const std::string changed = BitmapOf(Mirrored(Different(20, 20), true));
+    platform.disks.PutFile(Opened, changed);
     Choose(Menus().mnuUndo);
-    ExpectEdited(Different(40, 30), "C:\\p\\copy.bmp");
+    EXPECT_EQ(ContentOf(Opened), changed);
+    ExpectEdited(Different(20, 20));
+}
+
+TEST_F(Undo, OfACanceledPasteLeavesTheOpenedFileAlone) {
+    StartWithImage(40, 30);
+    const std::string changed = BitmapOf(Mirrored(Different(40, 30), true));
+    platform.clipboard.formats = {ClipboardFormat::Bitmap};
+    platform.clipboard.picture = PictureOf(Different(10, 10));
+    Select(3, 4, 20, 15);
+    Expect({.text = "Stretch clipboard data to fit the selected area?",
+            .icon = BoxIcon::Question,
+            .buttons = forms::BoxButtons::YesNoCancel,
+            .reply = forms::Answer::Cancel});
+    Choose(Menus().mnuPaste);
+    platform.disks.PutFile(Opened, changed);
+    Choose(Menus().mnuUndo);
+    EXPECT_EQ(ContentOf(Opened), changed);
+    ExpectEdited(Different(40, 30));
+    ExpectUndo("Can't Undo", false);
+}
+
+/// An edit that was written to a file of the user's, under this name, by this entry's dialog.
+struct Kept {
+    const char* name;
+    const char* path;
+    void (*keep)(forms::Application& app);
+    const char* dialog;
+    forms::Menu MainMenu::*entry;
+};
+
+void PrintTo(const Kept& kept, std::ostream* out) {
+    *out << kept.name;
+}
+
+class UndoOfKept : public Undo, public ::testing::WithParamInterface<Kept> {
+  protected:
+    /// Makes an edit and keeps it.
+    void KeepAnEdit() {
+        StartWithAnEdit();
+        platform.disks.PutFolder("C:\\p");
+        toolkit.OnModal(GetParam().dialog, [this] { GetParam().keep(app); });
+        Expect({.text = About() + "\r\n\r\n" + GetParam().path + "\r\n\r\nIs this filename OK?",
+                .icon = BoxIcon::Question,
+                .buttons = forms::BoxButtons::YesNo,
+                .reply = forms::Answer::Yes});
+        Choose(Menus().*GetParam().entry);
+        ASSERT_EQ(module.CurrentImage, GetParam().path);
+        ExpectUndo("&Undo Flip Vertically", true);
+        ASSERT_TRUE(platform.disks.Exists(GetParam().path));
+    }
+    static std::string About() {
+        return GetParam().entry == &MainMenu::mnuSaveCopy ? "About to save the image as:"
+                                                          : "About to export the image as:";
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Ways, UndoOfKept,
+                         ::testing::Values(Kept{"save copy", "C:\\p\\kept.bmp",
+                                                [](forms::Application& app) {
+                                                    auto& dialog = *app.Loaded<SaveCopyFrm>();
+                                                    dialog.Target.Lists.GoTo("C:\\p");
+                                                    dialog.Target.txtFilename.Text = "kept.bmp";
+                                                    dialog.CmdSave.Deliver(forms::ClickEvent{});
+                                                },
+                                                "SaveCopyFrm", &MainMenu::mnuSaveCopy},
+                                           Kept{"export", "C:\\p\\kept.JPG",
+                                                [](forms::Application& app) {
+                                                    auto& dialog = *app.Loaded<ExportJpgFrm>();
+                                                    dialog.Target.Lists.GoTo("C:\\p");
+                                                    dialog.Target.txtFilename.Text = "kept";
+                                                    dialog.Buttons.CmdExport.Deliver(forms::ClickEvent{});
+                                                },
+                                                "ExportJpgFrm", &MainMenu::mnuExportJPG}),
+                         [](const auto& way) { return way.index == 0 ? "SaveCopy" : "Export"; });
+
+TEST_P(UndoOfKept, LeavesTheFileThatWasWrittenAlone) {
+    KeepAnEdit();
+    const std::string content = ContentOf(GetParam().path);
+    Choose(Menus().mnuUndo);
+    EXPECT_EQ(ContentOf(GetParam().path), content);
+    ExpectEdited(Different(40, 30));
+    ExpectUndo("Can't Undo", false);
+    ExpectIdle();
+    ExpectDiscard("Discard changes and exit?", forms::Answer::No);
+    EXPECT_FALSE(Close());
+}
+
+TEST_P(UndoOfKept, ThatCannotBeWrittenLeavesTheImageThatItWas) {
+    KeepAnEdit();
+    const std::string content = ContentOf(GetParam().path);
+    const std::string working = ContentOf(Working);
+    platform.faults.FailAlways(Service::Pictures, "SaveBitmap", ErrorNumber::DiskFull);
+    ExpectRefused("Disk full");
+    EXPECT_EQ(module.CurrentImage, GetParam().path);
+    EXPECT_EQ(View().Caption.Get(), "Tavrix - [" + module.CurrentImage + "]");
+    EXPECT_EQ(ContentOf(GetParam().path), content);
+    EXPECT_EQ(ContentOf(Working), working);
+    platform.faults.Clear();
+    Choose(Menus().mnuUndo);
+    ExpectEdited(Different(40, 30));
+}
+
+TEST_F(Undo, ThatCannotBeWrittenShowsWhatTheFileHolds) {
+    StartWithAnEdit();
+    platform.faults.FailAlways(Service::Pictures, "SaveBitmap", ErrorNumber::DiskFull);
+    ExpectRefused("Disk full");
+    ExpectShown(Mirrored(Different(40, 30), false));
+}
+
+TEST_F(Undo, GoesBesideTheProgramWhereTheWorkingFileIsReadOnly) {
+    StartWithImage(20, 20);
+    platform.disks.PutFile(Working, "somebody else's");
+    platform.disks.SetReadOnly(Working, true);
+    Expect({.text = "You may not make the current image any smaller..."});
+    Choose(Menus().mnu25Smaller);
+    Choose(Menus().mnuUndo);
+    EXPECT_EQ(ContentOf(Working), "somebody else's");
+    ExpectEdited(Different(20, 20), WorkingBeside);
 }
 
 TEST_F(Undo, LayersATransparentPictureOverWhite) {

@@ -26,6 +26,16 @@ std::string Difference(const ExpectedBox& expected, const BoxRequest& request) {
     return difference;
 }
 
+/// The entry of a caption in a menu or the menus below it that open from there; null where there is none to choose.
+const HeadlessMenuItemPeer* EntryToChoose(const HeadlessMenuItemPeer& menu, const std::string& caption) {
+    for (const HeadlessMenuItemPeer* entry : menu.entries) {
+        if (!entry->state.enabled || !entry->state.visible) continue;
+        if (entry->entries.empty() && entry->state.caption == caption) return entry;
+        if (const auto* below = EntryToChoose(*entry, caption)) return below;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 std::vector<std::string> HeadlessToolkit::Failures() const {
@@ -120,14 +130,12 @@ void HeadlessToolkit::OpenPopup(MenuItemPeer& subMenu, MenuItemPeer* defaultEntr
     Post([this, menu, choice, closed = std::move(closed)] {
         closed();
         if (choice.empty()) return;
-        const auto found = std::ranges::find_if(menu->entries, [&choice](const HeadlessMenuItemPeer* entry) {
-            return entry->state.caption == choice;
-        });
-        if (found == menu->entries.end() || !(*found)->state.enabled || !(*found)->state.visible) {
+        const HeadlessMenuItemPeer* const entry = EntryToChoose(*menu, choice);
+        if (entry == nullptr) {
             failures_.push_back("the popup offers no entry " + choice);
             return;
         }
-        Post([&sink = (*found)->sink] { sink.Deliver(ClickEvent{}); });
+        Post([&sink = entry->sink] { sink.Deliver(ClickEvent{}); });
     });
 }
 

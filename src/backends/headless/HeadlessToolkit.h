@@ -69,7 +69,7 @@ class HeadlessToolkit final : public forms::Toolkit {
     void OnModal(const std::string& name, std::function<void()> action) {
         modalDrivers_[name] = std::move(action);
     }
-    /// What the user chooses, by caption, from the next popup menu; empty: nothing.
+    /// What the user chooses, by caption, from the next popup menu or a menu below it; empty: nothing.
     void ChooseFromPopup(const std::string& caption) { popupChoice_ = caption; }
     /// Lets virtual time pass; timers tick on the way.
     void Advance(forms::Milliseconds time);

@@ -22,14 +22,19 @@ void SaveUndoCopy(MainViewFrm& view) {
     }
 }
 
+std::string WorkingFileToWrite(const MainModule& module) {
+    Files& files = module.platform.files;
+    std::string path = GetTempFolder(module) + WorkingFile;
+    SkipFailure([&] {
+        if (files.FileExists(path) && files.Info(path).readOnly)
+            path = module.AppPath + "Untitled." + Right(path, 3);
+    });
+    return path;
+}
+
 void CommitWorkingFile(MainViewFrm& view) {
     MainModule& module = view.Module();
-    Files& files = module.platform.files;
-    module.CurrentImage = GetTempFolder(module) + WorkingFile;
-    SkipFailure([&] {
-        if (files.FileExists(module.CurrentImage) && files.Info(module.CurrentImage).readOnly)
-            module.CurrentImage = module.AppPath + "Untitled." + Right(module.CurrentImage, 3);
-    });
+    module.CurrentImage = WorkingFileToWrite(module);
     view.ShowTitleOf(module.CurrentImage);
 }
 

@@ -10,6 +10,7 @@
 namespace tavrix {
 
 class MainViewFrm;
+struct MainModule;
 
 /// What an edit says that cannot write its result.
 inline constexpr const char* EditNotWritten = "Unable to write edited image to a temporary file.";
@@ -22,8 +23,10 @@ inline constexpr const char* WorkingFile = "Untitled.BMP";
 /// mnuUndo; where the copy fails it becomes "Can't Undo", and whether the entry is enabled stays as it was.
 void SaveUndoCopy(MainViewFrm& view);
 
-/// Makes the working file the image on show, with the title. It is the one in the program's folder when that in the
-/// temporary folder is read-only. Nothing is written yet.
+/// The path of the working file: the one in the program's folder when that in the temporary folder is read-only.
+[[nodiscard]] std::string WorkingFileToWrite(const MainModule& module);
+
+/// Makes the working file the image on show, with the title. Nothing is written yet.
 void CommitWorkingFile(MainViewFrm& view);
 
 /// Writes what MainImage shows to the file CurrentImage, as a bitmap. Failures are those of the file service, and

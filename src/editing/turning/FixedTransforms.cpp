@@ -114,6 +114,8 @@ void ResizeImage(MainViewFrm& view, std::int32_t NewWidth, std::int32_t NewHeigh
     const auto width = static_cast<float>(NewWidth);
     const auto height = static_cast<float>(NewHeight);
     SkipFailure([&] { SizeMainImage(view, width, height); });
+    // A window that sizes itself has been laid out with the new size; any other is laid out here.
+    if (!view.SizesItself()) view.Form_Resize();
     SkipFailure([&] { CopyFromPictureTemp(view, 0, 0, width, height); });
     module.DoEvents();
     ClearPictureTemp(view);
