@@ -200,15 +200,18 @@ class Gallery {
         module_.show.SlideDescriptions.Set(
             0, "The test card in its full size, which is larger than any display here");
         auto& stage = app_.Load<FullViewFrm>(module_);
-        auto& toolbar = *app_.Loaded<frmToolbar>();
-        toolbar.Hide();
+        app_.Loaded<frmToolbar>()->Hide();
         stage.Show();
         Settle();
         Save(stage.Name());
         stage.Hide();
+        auto& toolbar = app_.Load<frmToolbar>(module_, stage);
+        toolbar.SizeToContents();
+        toolbar.ShowSlide(stage.CurrentPath(), stage.CurrentDescription());
         toolbar.Show();
         Settle();
         Save(toolbar.Name());
+        app_.Unload(toolbar);
         app_.Unload(stage);
     }
 

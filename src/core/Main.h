@@ -14,8 +14,10 @@ struct Lives {
     std::function<void()> ShowMainView;
     /// Reads a show into the shared state, with all its messages; false when it holds no slide.
     std::function<bool(const std::string& path)> LoadShowFile;
-    /// Shows the stage and returns.
+    /// Shows the stage, in the place of one that is there, and returns.
     std::function<void()> ShowStage;
+    /// Ends the stage that is there, before what it plays is replaced.
+    std::function<void()> EndStage = [] {};
     /// Shows the settings of the screen saver and returns when they are closed.
     std::function<void()> ShowSaverSetup;
 };

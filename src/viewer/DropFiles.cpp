@@ -22,7 +22,10 @@ void PlayDroppedShow(MainViewFrm& view, const std::string& path) {
     const Lives& lives = view.TheLives();
     if (!lives.LoadShowFile || !lives.ShowStage) {
         TellNotYet(module.app, "slide shows");
-    } else if (!lives.LoadShowFile(path)) {
+        return;
+    }
+    lives.EndStage();
+    if (!lives.LoadShowFile(path)) {
         Tell(view, "This slide show file does not contain any images, nothing to show...");
     } else {
         SkipFailure([&] { ChangeToFolderOf(module, path); });

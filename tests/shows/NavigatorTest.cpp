@@ -249,7 +249,7 @@ TEST_F(NavigatorTest, AClickOnTheDescriptionLeadsToItsEditor) {
     PutSlides(3);
     Play();
     bool alone = false;
-    bool busy = false;
+    bool busy = true;
     app.Loaded<FakeEditor>()->onEdit = [&] {
         alone = !Playing() && app.Loaded<frmToolbar>() == nullptr;
         busy = module.Busy();
@@ -257,7 +257,7 @@ TEST_F(NavigatorTest, AClickOnTheDescriptionLeadsToItsEditor) {
     Click(Toolbar().lblDescription);
     EXPECT_EQ(app.Loaded<FakeEditor>()->edits, 1);
     EXPECT_TRUE(alone);
-    EXPECT_TRUE(busy);
+    EXPECT_FALSE(busy);
     EXPECT_FALSE(module.Busy());
 }
 

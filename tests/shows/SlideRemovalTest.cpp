@@ -64,7 +64,7 @@ TEST_F(SlideRemovalTest, NoLeavesAllAsItIsAndTheShowGoesOn) {
     bool standing = false;
     box.whileOpen = [&] {
         pointerShown = !PointerHidden();
-        toolkit.Advance(Milliseconds(60000));
+        toolkit.Advance(Milliseconds(65000));
         standing = Shown() == 0;
     };
     Expect(box);

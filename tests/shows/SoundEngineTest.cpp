@@ -139,11 +139,13 @@ TEST_F(SoundEngineTest, OnlyWhatWasStoppedIsClosed) {
     File("a.mid");
     for (const int result : {0, -1}) {
         platform.sound.results["stop MIDIFile"] = result;
+        engine.Start();
         EXPECT_EQ(Stopping(), (Calls{"Mci stop MIDIFile", "yield"}));
     }
     Cd(0);
     for (const int result : {0, -1}) {
         platform.sound.results["stop CDTrack"] = result;
+        engine.Start();
         EXPECT_EQ(Stopping(), (Calls{"Mci stop CDTrack", "yield"}));
     }
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "shows/AnimatedGif.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/StageCommands.h"
 #include "support/MainViewFixture.h"
@@ -26,6 +27,22 @@ class StageLifeTest : public test::MainViewFixture {
     }
     FullViewFrm& Stage() { return *app.Loaded<FullViewFrm>(); }
     void Key(int keyCode) { Stage().Deliver(forms::KeyEvent{true, keyCode, 0, nullptr}); }
+
+    /// Drops a show of two slides on the main view.
+    void DropShow(const std::string& path, const std::string& sound) {
+        platform.disks.PutFile(path, "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n" +
+                                         std::string(sound.empty() ? "0" : "1") + "\r\n\"" + sound +
+                                         "\"\r\n0\r\n0\r\n5\r\n0\r\n0\r\n0\r\n-1\r\n0\r\n"
+                                         "\"C:\\p\\x.bmp\"\r\n\"\"\r\n\"C:\\p\\y.bmp\"\r\n\"\"\r\n");
+        platform.pictures.SetPicture("C:\\p\\y.bmp", test::PlainPicture(50, 40));
+        View().Deliver(forms::DropEvent{{path}});
+    }
+    [[nodiscard]] int Stages() const {
+        int stages = 0;
+        for (int i = 0; i < app.FormCount(); ++i)
+            stages += dynamic_cast<FullViewFrm*>(&app.FormAt(i)) != nullptr ? 1 : 0;
+        return stages;
+    }
 
     int views = 0;
     std::function<void()> seen = [this] { ++views; };
@@ -172,6 +189,91 @@ TEST_F(StageLifeTest, AShowBesideTheMainViewLeavesTheProcessRunning) {
     }));
     EXPECT_EQ(app.Loaded<FullViewFrm>(), nullptr);
     EXPECT_TRUE(toolkit.VisibleWindow("MainViewFrm")->topmost);
+}
+
+using Texts = std::vector<std::string>;
+
+TEST_F(StageLifeTest, AFullScreenViewEndsTheDroppedShowAndItsSound) {
+    ASSERT_TRUE(Start(Path));
+    DropShow("C:\\shows\\x.tvs", "C:\\shows\\a.wav");
+    EXPECT_TRUE(platform.wakefulness.inhibited);
+    seen = [this] {
+        ++views;
+        EXPECT_EQ(Stages(), 1);
+        EXPECT_EQ(Stage().Image1.Picture.Get().Width(), 100);
+        EXPECT_EQ(platform.sound.calls, (Texts{"PlayWave (C:\\shows\\a.wav, 3)", "PlayWave (, 3)"}));
+        EXPECT_FALSE(platform.wakefulness.inhibited);
+        toolkit.Advance(forms::Milliseconds(5000));
+        EXPECT_EQ(Stage().Image1.Picture.Get().Width(), 100);
+    };
+    Choose(View().menu.mnuFullScreen);
+    EXPECT_EQ(views, 1);
+    EXPECT_EQ(Stages(), 0);
+    EXPECT_EQ(platform.sound.calls.size(), 2U);
+}
+
+TEST_F(StageLifeTest, ASecondDroppedShowTakesThePlaceOfTheFirst) {
+    ASSERT_TRUE(Start(Path));
+    DropShow("C:\\shows\\x.tvs", "C:\\shows\\a.wav");
+    DropShow("C:\\shows\\y.tvs", "");
+    EXPECT_EQ(Stages(), 1);
+    EXPECT_EQ(platform.sound.calls, (Texts{"PlayWave (C:\\shows\\a.wav, 3)", "PlayWave (, 3)"}));
+    EXPECT_TRUE(platform.wakefulness.inhibited);
+    toolkit.Advance(forms::Milliseconds(5000));
+    EXPECT_EQ(Stage().Image1.Picture.Get().Width(), 50);
+    Key(KeyCode::Escape);
+    EXPECT_EQ(Stages(), 0);
+    EXPECT_FALSE(platform.wakefulness.inhibited);
+    EXPECT_FALSE(module.Busy());
+}
+
+TEST_F(StageLifeTest, TheQuestionAboutTheClipboardComesAfterADroppedShow) {
+    ASSERT_TRUE(Start(Path));
+    module.config.ClearClipboard = true;
+    platform.clipboard.Set(test::PlainPicture(3, 3));
+    DropShow("C:\\shows\\x.tvs", "");
+    EXPECT_TRUE(module.StartedAsShow);
+    Key(KeyCode::Escape);
+    EXPECT_FALSE(module.StartedAsShow);
+    Expect({.text = "There is an image on the clipboard.\r\n\r\n"
+                    "Do you want this data to be available to other applications?",
+            .icon = forms::BoxIcon::Question,
+            .buttons = forms::BoxButtons::YesNo,
+            .reply = forms::Answer::No});
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(platform.clipboard.timesCleared, 1);
+}
+
+TEST_F(StageLifeTest, TheViewOfOneImageTouchesNoSound) {
+    ASSERT_TRUE(Start(Path));
+    module.config.SoundMode = 1;
+    module.config.SoundFile = "C:\\shows\\a.wav";
+    module.config.TopMostWindow = true;
+    seen = [this] {
+        ++views;
+        EXPECT_FALSE(toolkit.VisibleWindow("MainViewFrm")->topmost);
+        Key(KeyCode::Escape);
+        EXPECT_FALSE(toolkit.VisibleWindow("MainViewFrm")->topmost);
+    };
+    Choose(View().menu.mnuFullScreen);
+    EXPECT_EQ(views, 1);
+    EXPECT_EQ(platform.sound.calls, Texts{});
+    EXPECT_TRUE(toolkit.VisibleWindow("MainViewFrm")->topmost);
+}
+
+TEST_F(StageLifeTest, AfterAnAnimationImagesAreStillAgain) {
+    const std::string animated = "C:\\p\\a.gif";
+    platform.disks.PutFile(animated, test::AnimatedGif());
+    ASSERT_TRUE(Start(animated));
+    seen = [&] {
+        ++views;
+        EXPECT_EQ(Stage().Gif89a1.FileName.Get(), views == 1 ? animated : "");
+        EXPECT_EQ(Stage().Image1.Picture.Get().Empty(), views == 1);
+    };
+    Choose(View().menu.mnuAnimatedGIF);
+    EXPECT_FALSE(module.StageImageAnimated);
+    Choose(View().menu.mnuFullScreen);
+    EXPECT_EQ(views, 2);
 }
 
 }  // namespace

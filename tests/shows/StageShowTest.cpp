@@ -272,19 +272,52 @@ TEST_F(StageShowTest, TheImageIsHiddenWhileTheNextOneIsDecoded) {
 }
 
 TEST_F(StageShowTest, KeysAndClicksDuringAChangeAreLost) {
-    PutSlides(4);
+    PutSlides(7);
     Play();
-    for (const int yield : {1, 2, 3}) {
-        toolkit.AtYield(yield, [this] {
-            Press(KeyCode::Escape);
-            Press(KeyCode::Left);
-            for (const int button : {1, 2})
+    int lost = 0;
+    for (const int yield : {1, 2, 3, 4}) {
+        toolkit.AtYield(yield, [this, &lost] {
+            const int slide = Stage().CurrentSlide;
+            for (const int key :
+                 {KeyCode::Escape, KeyCode::Left, KeyCode::Right, KeyCode::Home, KeyCode::End,
+                  KeyCode::PageDown, KeyCode::PageUp, KeyCode::Delete, static_cast<int>('P'), KeyCode::Pause})
+                Press(key);
+            for (const int button : {1, 2, 4})
                 Stage().Image1.Deliver(forms::MouseEvent{forms::MouseAction::Up, button, 0, 1, 1});
+            EXPECT_EQ(Stage().CurrentSlide, slide);
+            ++lost;
         });
     }
     Press(KeyCode::Right);
+    EXPECT_EQ(lost, 4);
     EXPECT_TRUE(Playing());
     EXPECT_EQ(Shown(), 1);
+    EXPECT_EQ(toolkit.Beeps(), 0);
+}
+
+TEST_F(StageShowTest, TheRoleOfAStageIsItsOwnFromLoadToUnload) {
+    PutSlides(3);
+    module.config.SoundMode = 1;
+    module.config.SoundFile = "C:\\s\\a.wav";
+    module.config.ShowToolbar = true;
+    Play();
+    // What another window would show next, and other settings.
+    module.SlideShowActive = false;
+    module.StartedAsShow = true;
+    module.StageImage = "C:\\p\\x.bmp";
+    module.config.SoundMode = 0;
+    module.config.SoundFile = "";
+    Press('P');
+    EXPECT_EQ(toolkit.Beeps(), 1);
+    Press(KeyCode::Right);
+    EXPECT_EQ(Shown(), 1);
+    Advance(5000);
+    EXPECT_EQ(Shown(), 2);
+    Press(KeyCode::Escape);
+    EXPECT_FALSE(Playing());
+    EXPECT_EQ(app.Loaded<frmToolbar>(), nullptr);
+    EXPECT_EQ(platform.sound.calls, (Texts{"PlayWave (C:\\s\\a.wav, 3)", "PlayWave (, 3)"}));
+    EXPECT_FALSE(platform.wakefulness.inhibited);
 }
 
 TEST_F(StageShowTest, AStageThatIsClosedDuringAChangeLeavesNoLock) {
@@ -471,6 +504,55 @@ TEST_F(StageShowTest, ASaverResumesWhereItWas) {
     EXPECT_EQ(Saved("ImageLastDisplayed"), "2");
     Advance(5000);
     EXPECT_EQ(Saved("ImageLastDisplayed"), "0");
+}
+
+TEST_F(StageShowTest, OnlyASaverResumesAndRemembers) {
+    PutSlides(3);
+    module.config.ResumeLastDisplayed = true;
+    module.config.ImageLastDisplayed = 1;
+    Play();
+    EXPECT_EQ(Shown(), 0);
+    Advance(5000);
+    EXPECT_EQ(Shown(), 1);
+    EXPECT_EQ(Saved("ImageLastDisplayed"), "");
+}
+
+TEST_F(StageShowTest, ASaverThatDoesNotResumeStartsAtTheFirstSlide) {
+    PutSlides(3);
+    module.ScreenSaverMode = true;
+    module.config.ImageLastDisplayed = 1;
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(Shown(), 0);
+}
+
+TEST_F(StageShowTest, TheSoundOfASaverPlaysAsLongAsTheSaver) {
+    PutSlides(2);
+    module.ScreenSaverMode = true;
+    module.config.SoundMode = 1;
+    module.config.SoundLoop = true;
+    module.config.SoundFile = "C:\\s\\a.wav";
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(platform.sound.calls, (Texts{"PlayWave (C:\\s\\a.wav, 11)"}));
+    Advance(5000);
+    EXPECT_EQ(platform.sound.calls.size(), 1U);
+    EXPECT_TRUE(Press(KeyCode::Right));
+    EXPECT_EQ(platform.sound.calls, (Texts{"PlayWave (C:\\s\\a.wav, 11)", "PlayWave (, 3)"}));
+}
+
+TEST_F(StageShowTest, ASaverShowsNoToolTipsAndNoPointer) {
+    PutSlides(2);
+    module.ScreenSaverMode = true;
+    module.config.ShowFilenames = true;
+    module.config.ShowDescription = true;
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(Stage().Image1.ToolTip.Get(), "");
+    EXPECT_TRUE(PointerHidden());
+    Advance(5000);
+    EXPECT_EQ(Shown(), 1);
+    EXPECT_EQ(Stage().Image1.ToolTip.Get(), "");
+    Stage().Image1.Deliver(forms::MouseEvent{forms::MouseAction::Move, 0, 0, 30, 30});
+    Stage().Deliver(forms::MouseEvent{forms::MouseAction::Move, 0, 0, 31, 30});
+    EXPECT_TRUE(PointerHidden());
 }
 
 TEST_F(StageShowTest, ASaverBeginsAnewWhereItsSlideHasGone) {

@@ -44,14 +44,14 @@ bool CdPlayer::Seek(int track) {
     return true;
 }
 
-bool CdPlayer::Play() {
+CdPlayer::Outcome CdPlayer::Play() {
     Stop();
-    if (!ReadTracks()) return false;
+    if (!ReadTracks()) return Outcome::NoDisc;
     track_ = start_;
     next_ = tracks_[track_].first;
     taken_ = sector_.size();
     running_ = sdl_.Init();
-    if (!running_) return false;
+    if (!running_) return Outcome::NoDevice;
     SDL_AudioSpec wanted{};
     wanted.freq = SamplesASecond;
     wanted.format = AUDIO_S16LSB;
@@ -62,10 +62,10 @@ bool CdPlayer::Play() {
     output_ = sdl_.OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (output_ == 0) {
         Stop();
-        return false;
+        return Outcome::NoDevice;
     }
     sdl_.PauseAudioDevice(output_, 0);
-    return true;
+    return Outcome::Done;
 }
 
 void CdPlayer::Stop() {

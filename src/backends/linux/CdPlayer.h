@@ -16,6 +16,8 @@ namespace tavrix {
 /// in a thread of SDL's; the sound device is open from Play to Stop. All fails in silence.
 class CdPlayer {
   public:
+    enum class Outcome { Done, NoDisc, NoDevice };
+
     /// `device` is the host path of an optical drive, which may be empty, or of a disc image.
     explicit CdPlayer(std::string device) : device_(std::move(device)) {}
     CdPlayer(const CdPlayer&) = delete;
@@ -29,7 +31,7 @@ class CdPlayer {
     /// what plays. False when the disc has no such track, or when there is no disc.
     [[nodiscard]] bool Seek(int track);
     /// Plays on to the end of the disc, leaving out what is no audio.
-    [[nodiscard]] bool Play();
+    [[nodiscard]] Outcome Play();
     void Stop();
     /// Opens or closes the tray. False for images, and where the drive refuses it.
     [[nodiscard]] bool MoveDoor(bool open);

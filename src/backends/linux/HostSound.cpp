@@ -23,6 +23,7 @@
 namespace tavrix {
 namespace {
 
+constexpr const char* CdAudio = "CD audio";
 constexpr const char* NoMidi = "The file holds no MIDI sound";
 
 template <class Wanted>
@@ -79,9 +80,19 @@ bool IsMidi(HostFiles& files, const std::string& path) {
     return text.starts_with("MThd") || (text.starts_with("RIFF") && text.ends_with("RMID"));
 }
 
-/// A text for the box of an `open` that failed.
-std::string CannotOpen(const std::string& what, const std::string& why) {
-    return "Unable to play:" + std::string(NewLine2) + what + std::string(NewLine2) + why + "...";
+/// Why a command failed. What could not be played is named where that says more than the command.
+struct CommandFailure {
+    std::string why;  ///< empty: there is nothing to play on, which nobody is told of
+    std::string what = {};
+};
+
+constexpr const char* NotUnderstood = "The command is not known";
+constexpr const char* NoTrack = "The disc has no such audio track, or there is no disc";
+
+std::string Told(const std::string& command, const CommandFailure& failure) {
+    const bool open = !failure.what.empty();
+    return (open ? "Unable to play:" : "Unable to carry out:") + std::string(NewLine2) +
+           (open ? failure.what : command) + std::string(NewLine2) + failure.why + "...";
 }
 
 }  // namespace
@@ -124,101 +135,114 @@ void HostSound::PlayWave(const std::string& path, unsigned flags) {
 }
 
 int HostSound::Mci(const std::string& command) {
-    const std::vector<std::string> words = UpperWords(command);
-    if (words.size() < 2) return 0;
-    if (words[0] == "OPEN") return Open(command, words.back()) ? 1 : 0;
-    if (!midiAlias_.empty() && words[1] == midiAlias_) return RunMidi(words) ? 1 : 0;
-    if (!cdAlias_.empty() && words[1] == cdAlias_) return RunCd(words) ? 1 : 0;
-    return 0;
+    try {
+        Run(command);
+        return 1;
+    } catch (const CommandFailure& failure) {
+        if (!failure.why.empty()) OnFailure(Told(command, failure));
+        return 0;
+    }
 }
 
-bool HostSound::Open(const std::string& command, const std::string& alias) {
+void HostSound::Run(const std::string& command) {
+    const std::vector<std::string> words = UpperWords(command);
+    if (words.size() < 2) throw CommandFailure{NotUnderstood};
+    if (words[0] == "OPEN") {
+        Open(command, words.back());
+    } else if (!midiAlias_.empty() && words[1] == midiAlias_) {
+        RunMidi(words);
+    } else if (!cdAlias_.empty() && words[1] == cdAlias_) {
+        RunCd(words);
+    } else {
+        throw CommandFailure{"The device is not open"};
+    }
+}
+
+void HostSound::Open(const std::string& command, const std::string& alias) {
     const std::string upper = UpperCase(command);
     const std::string file = QuotedFile(command);
     if (!file.empty() && upper.find("\" TYPE SEQUENCER ALIAS ") != std::string::npos) {
-        if (!OpenMidi(file)) return false;
+        OpenMidi(file);
         midiAlias_ = alias;
     } else if (upper.starts_with("OPEN CDAUDIO ALIAS ")) {
-        if (!OpenCd()) return false;
+        OpenCd();
         cdAlias_ = alias;
     } else {
-        OnFailure(CannotOpen(command, "The command is not known"));
-        return false;
+        throw CommandFailure{NotUnderstood};
     }
-    return true;
 }
 
-bool HostSound::RunMidi(const std::vector<std::string>& words) {
-    if (words[0] == "PLAY") return midi_->Play();
-    if (words[0] == "STOP") {
+void HostSound::RunMidi(const std::vector<std::string>& words) {
+    if (words[0] == "PLAY") {
+        if (!midi_->Play()) throw CommandFailure{"The synthesizer does not play it"};
+    } else if (words[0] == "STOP") {
         midi_->Stop();
-        return true;
+    } else if (words[0] == "CLOSE") {
+        midi_->Close();
+        midiAlias_.clear();
+    } else {
+        throw CommandFailure{NotUnderstood};
     }
-    if (words[0] != "CLOSE") return false;
-    midi_->Close();
-    midiAlias_.clear();
-    return true;
 }
 
-bool HostSound::RunCd(const std::vector<std::string>& words) {
-    const auto rest = [&] { return std::span(words).subspan(2); };
-    const auto is = [&](std::initializer_list<std::string_view> wanted) {
-        return std::ranges::equal(rest(), wanted);
+void HostSound::RunCd(const std::vector<std::string>& words) {
+    const auto is = [&words](std::initializer_list<std::string_view> wanted) {
+        return std::ranges::equal(std::span(words).subspan(2), wanted);
     };
-    if (words[0] == "PLAY") return cd_->Play();
-    if (words[0] == "STOP") {
+    if (words[0] == "PLAY") {
+        const CdPlayer::Outcome outcome = cd_->Play();
+        if (outcome == CdPlayer::Outcome::NoDisc) throw CommandFailure{"There is no audio disc in the drive"};
+        if (outcome == CdPlayer::Outcome::NoDevice) throw CommandFailure{};
+    } else if (words[0] == "STOP") {
         cd_->Stop();
-        return true;
-    }
-    if (words[0] == "CLOSE") {
+    } else if (words[0] == "CLOSE") {
         cd_.reset();
         cdAlias_.clear();
-        return true;
+    } else if (words[0] == "SEEK" && words.size() == 4 && words[2] == "TO") {
+        Seek(words[3]);
+    } else if (words[0] == "SET" && (is({"DOOR", "OPEN"}) || is({"DOOR", "CLOSED"}))) {
+        if (!cd_->MoveDoor(words[3] == "OPEN")) throw CommandFailure{"The drive does not move its door"};
+    } else if (words[0] != "SET" || !is({"TIME", "FORMAT", "TMSF"})) {
+        throw CommandFailure{NotUnderstood};
     }
-    if (words[0] == "SEEK" && is({"TO", "START"})) return cd_->Seek(0);
-    if (words[0] == "SEEK" && words.size() == 4 && words[2] == "TO") {
-        const std::optional<int> track = TrackNumber(words[3]);
-        return track && cd_->Seek(*track);
-    }
-    if (words[0] != "SET") return false;
-    if (is({"DOOR", "OPEN"})) return cd_->MoveDoor(true);
-    if (is({"DOOR", "CLOSED"})) return cd_->MoveDoor(false);
-    return is({"TIME", "FORMAT", "TMSF"});
 }
 
-bool HostSound::OpenCd() {
+void HostSound::Seek(const std::string& place) {
+    const std::optional<int> track = place == "START" ? 0 : TrackNumber(place);
+    if (!track || !cd_->Seek(*track)) throw CommandFailure{NoTrack};
+}
+
+void HostSound::OpenCd() {
     cd_.reset();
     cdAlias_.clear();
     const std::string device = drives_.CdDevice();
     if (device.empty()) {
-        OnFailure(CannotOpen("CD audio", RuntimeError(ErrorNumber::DeviceUnavailable).Description()));
-        return false;
+        throw CommandFailure{RuntimeError(ErrorNumber::DeviceUnavailable).Description(), CdAudio};
     }
-    cd_ = std::make_unique<CdPlayer>(device);
-    if (cd_->Usable()) return true;
-    OnFailure(CannotOpen("CD audio", "The library libcdio is not installed"));
-    cd_.reset();
-    return false;
+    auto player = std::make_unique<CdPlayer>(device);
+    if (!player->Usable()) throw CommandFailure{"The library libcdio is not installed", CdAudio};
+    cd_ = std::move(player);
 }
 
-bool HostSound::OpenMidi(const std::string& path) {
+void HostSound::OpenMidi(const std::string& path) {
     if (midi_) midi_->Close();
     midiAlias_.clear();
     try {
         const std::string hostPath = files_.HostPathOf(path);
-        if (!IsMidi(files_, path)) {
-            OnFailure(CannotOpen(path, NoMidi));
-            return false;
-        }
+        if (!IsMidi(files_, path)) throw CommandFailure{NoMidi, path};
         const std::string soundFont = SoundFont();
-        if (soundFont.empty() || WaveDevices() == 0) return false;
+        if (soundFont.empty() || WaveDevices() == 0) throw CommandFailure{};
         if (!midi_) midi_ = std::make_unique<MidiPlayer>();
-        const MidiPlayer::Outcome outcome = midi_->Open(hostPath, soundFont);
-        if (outcome == MidiPlayer::Outcome::BadFile) OnFailure(CannotOpen(path, NoMidi));
-        return outcome == MidiPlayer::Outcome::Done;
+        switch (midi_->Open(hostPath, soundFont)) {
+            case MidiPlayer::Outcome::Done:
+                return;
+            case MidiPlayer::Outcome::NoDevice:
+                throw CommandFailure{};
+            case MidiPlayer::Outcome::BadFile:
+                throw CommandFailure{NoMidi, path};
+        }
     } catch (const RuntimeError& error) {
-        OnFailure(CannotOpen(path, error.Description()));
-        return false;
+        throw CommandFailure{error.Description(), path};
     }
 }
 

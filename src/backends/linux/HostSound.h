@@ -42,16 +42,19 @@ class HostSound final : public Sound {
     void PlayWave(const std::string& path, unsigned flags) override;
     int Mci(const std::string& command) override;
 
-    /// Tells the user of an `open` that failed.
+    /// Tells the user of a command that failed.
     std::function<void(const std::string& text)> OnFailure = [](const std::string&) {};
 
   private:
-    bool Open(const std::string& command, const std::string& alias);
-    bool OpenMidi(const std::string& path);
-    bool OpenCd();
+    // These throw why the command failed.
+    void Run(const std::string& command);
+    void Open(const std::string& command, const std::string& alias);
+    void OpenMidi(const std::string& path);
+    void OpenCd();
     /// A command for what is open: `words` are its words in upper case.
-    bool RunMidi(const std::vector<std::string>& words);
-    bool RunCd(const std::vector<std::string>& words);
+    void RunMidi(const std::vector<std::string>& words);
+    void RunCd(const std::vector<std::string>& words);
+    void Seek(const std::string& place);
     /// The host path of the instruments; the system's choice before all others, empty when there are none.
     [[nodiscard]] std::string SoundFont() const;
 

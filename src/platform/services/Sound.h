@@ -36,9 +36,9 @@ class Sound {
     ///     set NAME time format tmsf    set NAME door open    set NAME door closed
     ///     seek NAME to start    seek NAME to TRACK
     ///
-    /// Positive when it succeeded, 0 when it failed. Of an `open` that failed the user has been told by a box of the
-    /// system's own, unless the system just has nothing to play on; the other commands fail in silence. Failures that
-    /// are none of the command's are RuntimeError.
+    /// Positive when it succeeded, 0 when it failed. Of a command that failed the user has been told by a box of the
+    /// system's own, unless the system just has nothing to play on. Failures that are none of the command's are
+    /// RuntimeError.
     [[nodiscard]] virtual int Mci(const std::string& command) = 0;
 };
 

@@ -72,14 +72,14 @@ void FullViewFrm::Attempt(Statements statements) {
 }
 
 void FullViewFrm::Form_Load() {
-    if (!module_.ScreenSaverMode) Caption = "Tavrix Full Screen View";
+    if (!role_.saver) Caption = "Tavrix Full Screen View";
     BackColor = BackgroundOf(module_.config.BackgroundColor);
-    if (module_.config.ResumeLastDisplayed && module_.ScreenSaverMode) {
+    if (module_.config.ResumeLastDisplayed && role_.saver) {
         CurrentSlide = module_.config.ImageLastDisplayed;
         const bool slot = CurrentSlide >= 0 && CurrentSlide <= SlideTexts::LastIndex;
         if (!slot || module_.show.SlideFiles[CurrentSlide].empty()) CurrentSlide = 0;
     }
-    if (module_.SlideShowActive) {
+    if (role_.show) {
         LoadFirstSlide();
     } else {
         LoadOneImage();
@@ -130,7 +130,7 @@ void FullViewFrm::ShowOverlay() {
 
 void FullViewFrm::Form_Activate() {
     if (loadFailed_) {
-        const std::string path = module_.SlideShowActive ? CurrentPath() : module_.StageImage;
+        const std::string path = role_.show ? CurrentPath() : module_.StageImage;
         if (auto* toolbar = App().Loaded<frmToolbar>()) toolbar->Hide();
         Hide();
         module_.DoEvents();
@@ -147,7 +147,7 @@ void FullViewFrm::Form_Activate() {
     displayed_ = true;
     SlideChanging = false;
     StartTimer();
-    if (module_.ScreenSaverMode) {
+    if (role_.saver) {
         HidePointer();
         SetTopmost(true);
     } else {
@@ -160,10 +160,10 @@ void FullViewFrm::Form_Activate() {
 }
 
 void FullViewFrm::StartTimer() {
-    if (module_.ScreenSaverMode && module_.config.SlideInterval == 0) {
+    if (role_.saver && module_.config.SlideInterval == 0) {
         module_.config.SlideInterval = SaverInterval;
     }
-    if (module_.config.SlideInterval == 0 || !module_.SlideShowActive) return;
+    if (module_.config.SlideInterval == 0 || !role_.show) return;
     // Above 32 seconds there is no interval, and the show goes on by hand.
     SkipFailure([this] { SlideTimer.Interval = ToInteger16(module_.config.SlideInterval * 1000.0); });
     SlideTimer.Enabled = true;
@@ -207,7 +207,7 @@ void FullViewFrm::FormUnload() {
 
 void FullViewFrm::Form_Unload(bool&) {
     ShowPointer();
-    if (!module_.SlideShowActive) return;
+    if (!role_.show) return;
     if (InShow() && module_.config.ShowToolbar) {
         if (auto* toolbar = App().Loaded<frmToolbar>()) App().Unload(*toolbar);
         module_.DoEvents();
@@ -217,8 +217,9 @@ void FullViewFrm::Form_Unload(bool&) {
     }
     sound_.Stop();
     if (InShow()) module_.platform.wakefulness.Inhibit(false);
-    if (!module_.ScreenSaverMode && !module_.StartedAsShow) return;
+    if (!role_.saver && !role_.startedAsShow) return;
     if (App().Loaded<MainViewFrm>() == nullptr) module_.platform.process.End();
+    module_.StartedAsShow = false;  // the process outlives the show
 }
 
 void FullViewFrm::ReportFailure(const std::string& path, const std::string& errorText) {
@@ -266,7 +267,7 @@ void FullViewFrm::ChooseNextSlide() {
 bool FullViewFrm::ChangeSlide(BusyGuard& guard) {
     if (module_.show.SlideFiles[CurrentSlide].empty()) {
         CurrentSlide = 0;
-        if (!module_.config.LoopSlideShow && !module_.ScreenSaverMode) {
+        if (!module_.config.LoopSlideShow && !role_.saver) {
             guard.Release();
             FormUnload();
             return false;
@@ -284,12 +285,12 @@ bool FullViewFrm::ChangeSlide(BusyGuard& guard) {
         ReportFailure(CurrentPath(), error.Description());
         return false;
     }
-    if (!module_.ScreenSaverMode) ShowOverlay();
+    if (!role_.saver) ShowOverlay();
     return true;
 }
 
 void FullViewFrm::RememberSlide() {
-    if (!module_.config.ResumeLastDisplayed || !module_.ScreenSaverMode) return;
+    if (!module_.config.ResumeLastDisplayed || !role_.saver) return;
     const ProfileEntry entry{"ImageLastDisplayed", std::to_string(CurrentSlide)};
     SkipFailure([&] { module_.platform.profile.Write("Viewer", {&entry, 1}, SettingsFile(module_)); });
 }

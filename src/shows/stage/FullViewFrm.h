@@ -15,8 +15,9 @@
 namespace tavrix {
 
 /// The stage: a window over the whole display. Shared flags decide its role when it is loaded: the view of one image
-/// (StageImage), a slide show (SlideShowActive), or the screen saver (ScreenSaverMode as well). Where there is no main
-/// view, the end of a show is the end of the process.
+/// (StageImage), a slide show (SlideShowActive), or the screen saver (ScreenSaverMode as well). From then on to its
+/// unload the role is its own, whatever becomes of the flags. Where there is no main view, the end of a show is the end
+/// of the process. At most one stage is loaded (EndStage).
 class FullViewFrm final : public forms::Form {
   public:
     static constexpr int MouseInterval = 2000;  ///< milliseconds
@@ -50,7 +51,10 @@ class FullViewFrm final : public forms::Form {
     void ShowPointer();
     void HidePointer();
 
-    [[nodiscard]] bool InShow() const { return module_.SlideShowActive && !module_.ScreenSaverMode; }
+    /// Whether it plays a show and is no saver.
+    [[nodiscard]] bool InShow() const { return role_.show && !role_.saver; }
+    /// Whether it plays the show of an editor, which may be changed.
+    [[nodiscard]] bool Editable() const { return InShow() && !role_.startedAsShow; }
     /// The stored path of the slide on show.
     [[nodiscard]] const std::string& CurrentPath() const;
     [[nodiscard]] const std::string& CurrentDescription() const;
@@ -84,7 +88,14 @@ class FullViewFrm final : public forms::Form {
 
     [[nodiscard]] Extent Size() const { return {Width, Height}; }
 
+    struct Role {
+        bool show = false;
+        bool saver = false;
+        bool startedAsShow = false;
+    };
+
     MainModule& module_;
+    const Role role_{module_.SlideShowActive, module_.ScreenSaverMode, module_.StartedAsShow};
     SlideLoader loader_{module_, Image1, Gif89a1};
     SoundEngine sound_{module_};
     bool loadFailed_ = false;

@@ -35,18 +35,19 @@ bool CdDriveAnswers(const MainModule& module) {
 
 void SoundEngine::Start() {
     NoCdInDrive = false;
-    if (module_.config.SoundMode == 0) return;
+    mode_ = module_.config.SoundMode;
+    kind_ = KindOfSoundFile(module_.config.SoundFile);
+    if (mode_ == 0) return;
     SoundFailed = false;
-    if (module_.config.SoundMode == SoundFromFile) StartFile();
-    if (module_.config.SoundMode == SoundFromCd && module_.CdDevicePresent) StartCd();
+    if (mode_ == SoundFromFile) StartFile();
+    if (mode_ == SoundFromCd && module_.CdDevicePresent) StartCd();
 }
 
 void SoundEngine::StartFile() {
     const std::string& file = module_.config.SoundFile;
-    const SoundFileKind kind = KindOfSoundFile(file);
-    if (kind == SoundFileKind::Wave) {
+    if (kind_ == SoundFileKind::Wave) {
         PlayWave(file, module_.config.SoundLoop ? WaveFlags::Repeated : WaveFlags::Once);
-    } else if (kind == SoundFileKind::Midi && module_.MidiDevicePresent) {
+    } else if (kind_ == SoundFileKind::Midi && module_.MidiDevicePresent) {
         SoundFailed = !Succeeds(MediaCommands::OpenMidi(file));
         if (SoundFailed) return;
         module_.DoEvents();
@@ -71,16 +72,15 @@ void SoundEngine::StartCd() {
 }
 
 void SoundEngine::Stop() {
-    if (module_.config.SoundMode == 0 || NoCdInDrive) return;
-    if (module_.config.SoundMode == SoundFromFile) StopFile();
-    if (module_.config.SoundMode == SoundFromCd) StopCd();
+    if (mode_ == 0 || NoCdInDrive) return;
+    if (mode_ == SoundFromFile) StopFile();
+    if (mode_ == SoundFromCd) StopCd();
 }
 
 void SoundEngine::StopFile() {
-    const SoundFileKind kind = KindOfSoundFile(module_.config.SoundFile);
-    if (kind == SoundFileKind::Wave) {
+    if (kind_ == SoundFileKind::Wave) {
         SkipFailure([&] { module_.platform.sound.PlayWave("", WaveFlags::Once); });
-    } else if (kind == SoundFileKind::Midi && module_.MidiDevicePresent && !SoundFailed) {
+    } else if (kind_ == SoundFileKind::Midi && module_.MidiDevicePresent && !SoundFailed) {
         StopAndClose(MediaCommands::StopMidi, MediaCommands::CloseMidi);
     }
 }

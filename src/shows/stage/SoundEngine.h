@@ -15,15 +15,16 @@ enum class SoundFileKind { None, Wave, Midi };
 /// current drive is the same afterwards.
 [[nodiscard]] bool CdDriveAnswers(const MainModule& module);
 
-/// The sound behind a show, as the settings `SoundMode`, `SoundFile`, `CDTrack` and `SoundLoop` say at the time of
-/// each call. It plays by itself between Start and Stop. Start and Stop run pending events.
+/// The sound behind a show, as the settings `SoundMode`, `SoundFile`, `CDTrack` and `SoundLoop` say when it starts; what
+/// has started is what Stop stops, whatever the settings say by then. It plays by itself between Start and Stop. Start
+/// and Stop run pending events.
 class SoundEngine {
   public:
     explicit SoundEngine(MainModule& module) : module_(module) {}
 
     /// For the stage's load. A failure of the platform is told in a box, and the show goes on without a sound.
     void Start();
-    /// For the stage's unload, after a Start. Shows no box.
+    /// For the stage's unload. Nothing without a Start.
     void Stop();
 
     bool SoundFailed = false;  ///< a device could not be opened or set
@@ -42,6 +43,8 @@ class SoundEngine {
     void TellUnexpected();
 
     MainModule& module_;
+    int mode_ = 0;  ///< SoundMode at the start
+    SoundFileKind kind_ = SoundFileKind::None;
 };
 
 }  // namespace tavrix

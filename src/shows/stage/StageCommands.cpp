@@ -7,10 +7,16 @@
 namespace tavrix {
 
 void InstallStage(MainModule& module, Lives& lives) {
+    lives.EndStage = [&module] { EndStage(module); };
     lives.ShowStage = [&module] {
+        EndStage(module);
         auto& stage = module.app.Load<FullViewFrm>(module);
         if (!stage.Unloaded()) stage.Show();
     };
+}
+
+void EndStage(MainModule& module) {
+    if (auto* stage = module.app.Loaded<FullViewFrm>()) module.app.Unload(*stage);
 }
 
 void InstallStageCommands(MainViewFrm& view) {
@@ -26,6 +32,7 @@ void InstallStageCommands(MainViewFrm& view) {
 
 void ViewFullScreen(MainViewFrm& view) {
     MainModule& module = view.Module();
+    EndStage(module);
     view.selection.Drop();
     module.StageImage = module.CurrentImage;
     module.SlideShowActive = false;

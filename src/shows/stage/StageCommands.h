@@ -9,6 +9,9 @@ class MainViewFrm;
 /// Gives the lives of the process the stage. Both must outlive its use.
 void InstallStage(MainModule& module, Lives& lives);
 
+/// Ends the stage that is loaded, with its sound, so that another one can be opened. Nothing without one.
+void EndStage(MainModule& module);
+
 /// Gives the main view's menu what shows its image on the stage.
 void InstallStageCommands(MainViewFrm& view);
 

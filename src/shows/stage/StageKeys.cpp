@@ -45,12 +45,11 @@ void FullViewFrm::Form_KeyDown(int& keyCode, int) {
     const HandlerScope scope(*this);
     const int code = std::exchange(keyCode, 0);
     if (module_.Busy() || Unloaded()) return;
-    const bool editable = InShow() && !module_.StartedAsShow;
     if (InShow() && Navigates(code)) {
         Navigate(code);
-    } else if (editable && code == KeyCode::Delete) {
+    } else if (Editable() && code == KeyCode::Delete) {
         RemoveSlide();
-    } else if (editable && (code == KeyP || code == KeyCode::Pause)) {
+    } else if (Editable() && (code == KeyP || code == KeyCode::Pause)) {
         Pause();
     } else {
         FormUnload();
@@ -128,7 +127,7 @@ void FullViewFrm::Form_MouseMove(const forms::MouseArguments&) {
     if (InShow() && module_.config.ShowToolbar) {
         if (auto* toolbar = App().Loaded<frmToolbar>()) toolbar->HideHints();
     }
-    if (Image1.Visible && !module_.ScreenSaverMode) ShowPointer();
+    if (Image1.Visible && !role_.saver) ShowPointer();
 }
 
 void FullViewFrm::Form_MouseUp(const forms::MouseArguments& mouse) {

@@ -94,7 +94,7 @@ void frmToolbar::Form_Load() {
         for (forms::Label* hint : {&lblNext, &lblStop})
             hint->Left = HintBesideMessage;
     }
-    if (module_.StartedAsShow) {
+    if (!stage_.Editable()) {
         lblDescription.MousePointer = MousePointer::Arrow;
         lblDescription.ToolTip = "";
     }
@@ -158,7 +158,7 @@ bool frmToolbar::HoldsPointer() const {
 }
 
 void frmToolbar::lblDescription_Click() {
-    if (module_.StartedAsShow || module_.Busy()) return;
+    if (!stage_.Editable() || module_.Busy()) return;
     MainModule& module = module_;  // this window and the stage go
     stage_.SlideTimer.Enabled = false;
     {
@@ -173,8 +173,8 @@ void frmToolbar::lblDescription_Click() {
         module.DoEvents();
         if (Unloaded()) return;
     }
-    stage_.FormUnload();  // which the hourglass would refuse
-    forms::BusyGuard guard(module.Screen());
+    // The hourglass would refuse both the end of the stage and what the user does in the editor.
+    stage_.FormUnload();
     SlideEditor* editor = LoadedEditor(module.app);
     if (editor != nullptr) editor->EditDescriptions();
     module.DoEvents();

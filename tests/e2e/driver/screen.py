@@ -1,7 +1,9 @@
 """A virtual display: an X server of one's own, its windows, its pixels, its keyboard and its pointer."""
 
+import contextlib
 import os
 import select
+import signal
 import time
 from typing import NamedTuple
 
@@ -73,12 +75,21 @@ class Screen:
 
     def _start_window_manager(self, name, rules):
         if name == "metacity":
-            self.start(["metacity", "--sm-disable", "--no-composite"])
+            self._manager = self.start(["metacity", "--sm-disable", "--no-composite"])
             return
         configuration = os.path.join(self.folder, "openbox.xml")
         with open(configuration, "w", encoding="utf-8") as file:
             file.write(_OPENBOX.replace("RULES", rules))
-        self.start(["openbox", "--sm-disable", "--config-file", configuration])
+        self._manager = self.start(["openbox", "--sm-disable", "--config-file", configuration])
+
+    @contextlib.contextmanager
+    def window_manager_standing_still(self):
+        """For the time of the block the window manager does nothing, as on a machine that is busy elsewhere."""
+        self._manager.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self._manager.send_signal(signal.SIGCONT)
 
     def start(self, command):
         return self._children.start(command, self.environment, self._log)
@@ -112,6 +123,10 @@ class Screen:
     def windows(self):
         """All windows on the screen, those below first."""
         return [w for w in map(self._window, self._all()) if w]
+
+    def unmapped(self):
+        """Windows that wait to be mapped, and those that never will be."""
+        return [w for w in (self._window(number, X.IsUnmapped) for number in self._all()) if w]
 
     def active(self):
         """The id of the window that has the keyboard, 0 for none."""
@@ -157,11 +172,11 @@ class Screen:
         top = [w.id for w in self._root.query_tree().children]
         return [*(managed if managed is not None else []), *(w for w in top if w not in (managed or []))]
 
-    def _window(self, number):
+    def _window(self, number, map_state=X.IsViewable):
         window = self._x.create_resource_object("window", number)
         try:
             attributes = window.get_attributes()
-            if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:
+            if attributes.map_state != map_state or attributes.win_class != X.InputOutput:
                 return None
             pid = self._property(window, "_NET_WM_PID")
             size = window.get_geometry()

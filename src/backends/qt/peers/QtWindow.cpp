@@ -56,6 +56,9 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
       resizable_(traits.resizable),
       fullScreen_(traits.fullScreen) {
     Get().onPlaced = [this] { ScheduleReport(true); };
+    Get().onMapped = [this](const QWidget& mapped) {
+        if (waitsForOwner_ && owner_ == &mapped) Map();
+    };
     Get().onPainted = [this] {
         if (!std::exchange(painted_, true)) {
             QMetaObject::invokeMethod(
@@ -106,6 +109,7 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
     outer_ = outer;
     if (fullScreen_) return;
     const Place place = PlaceOf(outer);
+    const bool toBeFramed = old && window.isVisible() && x11::Running() && !IsFramedAt(old->corner);
     if (state == WindowState::Normal || !window.isVisible()) {
         if (before != WindowState::Normal) window.setWindowState(Qt::WindowNoState);
         if (!old || place.corner != old->corner) window.move(place.corner);
@@ -116,6 +120,9 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
         } else {
             window.resize(place.client);
         }
+        // As long as Qt knows no frame it takes the corner for that of the inside, and the window would go up and left
+        // by its frame.
+        if (toBeFramed) window.windowHandle()->setFramePosition(place.corner);
     }
     if (state == WindowState::Maximized) window.setWindowState(Qt::WindowMaximized);
     if (state == WindowState::Minimized) window.setWindowState(Qt::WindowMinimized);
@@ -123,6 +130,11 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
     asked_ = true;
     // Without a change the window system has nothing to say, but forms wait for the answer.
     if (old && *old == place && before == state) ScheduleReport(true);
+}
+
+bool QtWindow::IsFramedAt(const QPoint& corner) const {
+    const QWindow& handle = *Get().windowHandle();
+    return !handle.frameMargins().isNull() && handle.framePosition() == corner;
 }
 
 void QtWindow::SetLayout(const forms::Layout& layout) {
@@ -168,6 +180,11 @@ void QtWindow::Map() {
         mapTimer_.start();  // it would cover the box that somebody is reading
         return;
     }
+    if (owner_ != nullptr && !owner_->isVisible()) {
+        waitsForOwner_ = true;
+        return;
+    }
+    const bool comesWithOwner = std::exchange(waitsForOwner_, false);
     if (window.testAttribute(Qt::WA_WState_Created)) {
         window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost_);
     } else {
@@ -181,25 +198,25 @@ void QtWindow::Map() {
     if (owner != nullptr) owner->winId();
     qt::SetOwner(window, owner);
     if (fullScreen_) CoverDisplay();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, waitWindow_ || comesWithOwner);
     window.show();
     TellPointer();
-    if (!waitWindow_) {
+    if (!waitWindow_ && !comesWithOwner) {
         window.raise();
         window.activateWindow();
     }
-    HoldWhatItOwns();
+    MapWhatWaitsForIt();
     if (!x11::Running()) HoldTitle();
 }
 
-/// Windows that were shown before their owner.
-void QtWindow::HoldWhatItOwns() {
-    const QWindow* handle = Get().windowHandle();
+/// Windows that were shown before their owner. The window manager reads whom a window belongs to when it meets it, and
+/// by then has to know that one.
+void QtWindow::MapWhatWaitsForIt() {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    for (const QWidget* owned : windows) {
-        if (!owned->isVisible() || owned->windowHandle() == nullptr) continue;
-        if (owned->windowHandle()->transientParent() != handle) continue;
-        x11::TellOwner(static_cast<std::uint32_t>(owned->winId()),
-                       static_cast<std::uint32_t>(handle->winId()));
+    for (QWidget* widget : windows) {
+        if (const auto* window = dynamic_cast<WindowWidget*>(widget); window != nullptr && window->onMapped) {
+            window->onMapped(Get());
+        }
     }
 }
 
@@ -225,6 +242,7 @@ void QtWindow::TellPointer() {
 
 void QtWindow::Hide() {
     mapTimer_.stop();
+    waitsForOwner_ = false;
     titleLock_.reset();
     asked_ = false;
     WindowWidget& window = Get();

@@ -56,7 +56,9 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     [[nodiscard]] int FrameHeight() const { return fullScreen_ ? 0 : metrics_.FrameHeight(); }
     void Map();
     void CoverDisplay();
-    void HoldWhatItOwns();
+    /// Whether the window manager has put its frame around the mapped window, at this place.
+    [[nodiscard]] bool IsFramedAt(const QPoint& corner) const;
+    void MapWhatWaitsForIt();
     void TellPointer();
     void ScheduleReport(bool answered);
     void Report();
@@ -71,6 +73,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     bool resizable_;
     bool fullScreen_;
     QPointer<QWidget> owner_;
+    bool waitsForOwner_ = false;  ///< shown, but mapped only behind its owner
     bool hidesPointer_ = false;
     bool toldHiding_ = false;
     bool topmost_ = false;

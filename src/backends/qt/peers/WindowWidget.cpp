@@ -65,7 +65,6 @@ WindowWidget::WindowWidget(const SinkPort& port, const forms::WindowTraits& trai
     setObjectName(name);
     setWindowRole(name);
     setAcceptDrops(traits.acceptsDrops);
-    if (traits.waitWindow) setAttribute(Qt::WA_ShowWithoutActivating);
     if (!traits.menuBar) return;
     menuBar_ = new QMenuBar(this);
     menuBar_->setNativeMenuBar(false);
@@ -74,6 +73,7 @@ WindowWidget::WindowWidget(const SinkPort& port, const forms::WindowTraits& trai
 void WindowWidget::Detach() {
     port_.Detach();
     onPlaced = nullptr;
+    onMapped = nullptr;
     onPainted = nullptr;
 }
 

@@ -44,6 +44,8 @@ class WindowWidget final : public QWidget {
 
     /// The window system told a new place, size or state.
     std::function<void()> onPlaced;
+    /// A window of the program has come to the screen.
+    std::function<void(const QWidget& mapped)> onMapped;
     /// The window was painted.
     std::function<void()> onPainted;
 

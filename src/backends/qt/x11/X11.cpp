@@ -148,14 +148,6 @@ std::optional<FrameExtents> FrameQuestion::Answer() const {
     return std::nullopt;
 }
 
-void TellOwner(std::uint32_t window, std::uint32_t owner) {
-    xcb_connection_t* connection = QtConnection();
-    if (connection == nullptr) return;
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW,
-                        32, 1, &owner);
-    xcb_flush(connection);
-}
-
 void SetAbove(std::uint32_t window, bool above) {
     xcb_connection_t* connection = QtConnection();
     if (connection == nullptr) return;

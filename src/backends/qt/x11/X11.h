@@ -34,9 +34,6 @@ class FrameQuestion {
     std::uint32_t extents_ = 0;
 };
 
-/// Tells the window manager again to keep a window above its owner. It forgets that when the owner is mapped later.
-void TellOwner(std::uint32_t window, std::uint32_t owner);
-
 /// Puts a mapped window above others, or back, without unmapping it.
 void SetAbove(std::uint32_t window, bool above);
 
