@@ -1,16 +1,14 @@
 // tavrix-decode FILE [OUT.bmp]: what the picture loader makes of a file, or the import of a .tga or .pcx. Prints
 // "format width height frames outcome" and writes the picture as a 24-bit bitmap; failures go to standard error, with
-// status 1.
+// status 1, and so does why and where a picture ends early, with status 0.
 
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "backends/linux/FileSource.h"
-#include "backends/linux/PictureLoader.h"
 #include "base/RuntimeError.h"
 #include "imaging/codecs/BmpWriter.h"
 #include "imaging/loading/DecodePicture.h"
@@ -53,22 +51,18 @@ std::string ToHostPath(const std::string& path) {
     return hostPath;
 }
 
-Picture Load(PictureLoader& loader, const std::string& path) {
-    FileSource source(ToHostPath(path));
-    const DecoderEntry* decoder = ImportDecoderFor(source, path);
-    if (decoder == DecoderFor(source)) return loader.Load(path);
-    DecodedPicture decoded = DecodePicture(source, decoder);
-    if (decoded.error) throw RuntimeError(*decoded.error);
-    return std::move(decoded.picture);
-}
-
 int Decode(const std::string& path, const std::string& out) {
-    PictureLoader loader(ToHostPath);
-    const Picture picture = Load(loader, path);
-    const Outcome outcome = picture.pixels->Ending();
+    FileSource source(ToHostPath(path));
+    const DecodedPicture decoded = DecodePicture(source, ImportDecoderFor(source, path));
+    if (decoded.error) throw RuntimeError(*decoded.error);
+    const Picture& picture = decoded.picture;
     if (!out.empty()) Write(picture.pixels->Whole(), out);
     std::printf("%s %d %d %d %s\n", picture.format.c_str(), picture.Width(), picture.Height(), picture.frames,
-                std::string(NameOf(outcome)).c_str());
+                std::string(NameOf(decoded.status.outcome)).c_str());
+    if (decoded.status.outcome != Outcome::Complete) {
+        std::fprintf(stderr, "ends early: %s, at byte %llu\n", std::string(decoded.status.reason).c_str(),
+                     static_cast<unsigned long long>(decoded.status.offset));
+    }
     return 0;
 }
 

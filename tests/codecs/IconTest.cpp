@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "codecs/Decoding.h"
 #include "codecs/IconFile.h"
 #include "codecs/PngFile.h"
@@ -127,6 +129,39 @@ TEST(Icon, OfEquallyDeepOnesTheOneWithMoreColoursOtherwiseTheFirst) {
     file.entries[1].coloursTold = 16;
     file.entries[2].coloursTold = 8;
     ExpectComplete(Decode(file.Make()), Pixels(4, Blue));
+}
+
+/// Of all pairs of kinds, in both orders, and whatever the directory tells.
+TEST(Icon, TheDeepestOfOneSizeAlsoAmongPngOnes) {
+    const auto png = [](int depth, int colourType, std::vector<std::uint8_t> row, Pixel colour) {
+        PngFile file{.width = 2, .height = 2, .depth = depth, .colourType = colourType};
+        file.rows = row;
+        file.rows.insert(file.rows.end(), row.begin(), row.end());
+        if (colourType == 3) file.palette = {colour, colour};
+        return IconEntry{.inside = file.Make()};
+    };
+    // From the shallowest to the deepest.
+    const std::vector<std::pair<IconEntry, Pixel>> images{
+        {png(1, 3, {0}, Red), Red},
+        {OfOneColour(2, 4, Green), Green},
+        {png(8, 3, {0, 1}, Blue), Blue},
+        {png(8, 4, {0, 255, 0, 255}, BlackPixel), BlackPixel},
+        {png(8, 2, {0, 255, 0, 0, 255, 0}, Green), Green},
+        {png(8, 6, {255, 0, 0, 255, 255, 0, 0, 255}, Red), Red},
+        {png(16, 2, {0, 0, 0, 0, 255, 255, 0, 0, 0, 0, 255, 255}, Blue), Blue},
+    };
+    for (std::size_t low = 0; low < images.size(); ++low) {
+        for (std::size_t high = low + 1; high < images.size(); ++high) {
+            SCOPED_TRACE(testing::Message() << low << " and " << high);
+            IconFile file{.entries = {images[low].first, images[high].first}};
+            ExpectComplete(Decode(file.Make()), Pixels(4, images[high].second));
+            std::ranges::reverse(file.entries);
+            ExpectComplete(Decode(file.Make()), Pixels(4, images[high].second));
+            file.entries[1].coloursTold = 255;
+            file.entries[1].sizeTold = 1U << 30U;
+            ExpectComplete(Decode(file.Make()), Pixels(4, images[high].second));
+        }
+    }
 }
 
 TEST(Icon, SizesInTheDirectoryDoNotCount) {

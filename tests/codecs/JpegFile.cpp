@@ -11,7 +11,7 @@
 namespace tavrix::test {
 namespace {
 
-std::vector<JOCTET> ExifSegment(unsigned orientation, bool bigEndian) {
+std::vector<JOCTET> ExifSegment(unsigned orientation, bool bigEndian, unsigned type) {
     std::vector<JOCTET> bytes{'E', 'x', 'i', 'f', 0, 0};
     const auto number = [&](unsigned value, unsigned count) {
         for (unsigned i = 0; i < count; ++i) {
@@ -23,7 +23,8 @@ std::vector<JOCTET> ExifSegment(unsigned orientation, bool bigEndian) {
     number(8, 4);  // the first directory
     number(2, 2);  // two entries
     number(0x0110, 2), number(2, 2), number(3, 4), number(0x41424300, 4);
-    number(0x0112, 2), number(3, 2), number(1, 4), number(orientation, 2), number(0, 2);
+    const unsigned size = type == 4 || type == 9 ? 4 : type == 3 || type == 8 ? 2 : 1;
+    number(0x0112, 2), number(type, 2), number(1, 4), number(orientation, size), number(0, 4 - size);
     number(0, 4);
     return bytes;
 }
@@ -58,7 +59,7 @@ std::vector<std::byte> JpegFile::Make() const {
     info.restart_interval = static_cast<unsigned>(restartBlocks);
     jpeg_start_compress(&info, TRUE);
     if (exif != 0) {
-        const auto segment = ExifSegment(exif, exifBigEndian);
+        const auto segment = ExifSegment(exif, exifBigEndian, exifType);
         jpeg_write_marker(&info, JPEG_APP0 + 1, segment.data(), static_cast<unsigned>(segment.size()));
     }
     std::vector<JSAMPLE> row(static_cast<std::size_t>(width) * static_cast<std::size_t>(components));

@@ -20,7 +20,8 @@ struct JpegFile {
     int restartBlocks = 0;  ///< a restart marker after so many blocks
     unsigned exif = 0;      ///< an Orientation tag with this value; 0: none
     bool exifBigEndian = true;
-    bool adobe = true;  ///< four parts only: the marker that says that the ink is inverted
+    unsigned exifType = 3;  ///< of the tag: 1 and 6 bytes, 3 and 8 short, 4 and 9 long numbers
+    bool adobe = true;      ///< four parts only: the marker that says that the ink is inverted
 
     [[nodiscard]] std::vector<std::byte> Make() const;
 };

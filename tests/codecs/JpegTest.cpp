@@ -163,6 +163,23 @@ TEST(Jpeg, EveryOrientation) {
     }
 }
 
+TEST(Jpeg, AnOrientationOfAnyIntegerType) {
+    for (const bool bigEndian : {false, true}) {
+        for (const unsigned type : {1U, 3U, 4U, 6U, 8U, 9U}) {
+            SCOPED_TRACE(type);
+            JpegFile file = BlockPicture(3, 2, SixColours);
+            file.exif = 6;
+            file.exifType = type;
+            file.exifBigEndian = bigEndian;
+            EXPECT_EQ(Decode(file.Make()).picture.Width(), 16);
+        }
+    }
+    JpegFile text = BlockPicture(3, 2, SixColours);
+    text.exif = 6;
+    text.exifType = 2;
+    EXPECT_EQ(Decode(text.Make()).picture.Width(), 24) << "no number";
+}
+
 /// Turned pictures have the very pixels of the upright one, also where the size is no multiple of anything.
 TEST(Jpeg, OrientationMovesSinglePixels) {
     JpegFile file;

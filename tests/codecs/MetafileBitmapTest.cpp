@@ -477,9 +477,10 @@ TEST(MetafileBitmaps, AFileInsideOfBothFormats) {
 TEST(MetafileBitmaps, OneThatCostsTooMuchIsLeftAway) {
     const Bytes bits = Bytes().Append(BlueJpeg());
     const Bytes header = HeaderOfFile(JpegData, 8000, 8000, bits.Get());
-    const MetafilePicture picture(Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits)
-                                      .Fill(5, 3, 6, 4, RedValue)
-                                      .Make());
+    const auto picture = MetafilePicture::Within<2'000'000'000>(
+        Blit(Emf(), 77, {0, 0, 6, 4}, {0, 0, 16, 16}, SourceCopy, header, bits)
+            .Fill(5, 3, 6, 4, RedValue)
+            .Make());
     EXPECT_EQ(picture.Status().outcome, Outcome::Complete);
     EXPECT_EQ(picture.Count('.'), 23);
     EXPECT_EQ(picture.At(5, 3), Red);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "codecs/Decoding.h"
+#include "imaging/metafile/MetafileDecoder.h"
 
 namespace tavrix::test {
 
@@ -13,6 +14,15 @@ namespace tavrix::test {
 class MetafilePicture {
   public:
     explicit MetafilePicture(const std::vector<std::byte>& file) : decoded_(Decode(file)) {}
+    /// Of an enhanced metafile that may cost no more than this.
+    template <std::int64_t MostWork>
+    [[nodiscard]] static MetafilePicture Within(const std::vector<std::byte>& file) {
+        static constexpr DecoderEntry Decoder{
+            "emf", RecognisesEmf,
+            [](ByteSource& source, PictureSink& sink) { return DecodeEmfWithin(source, sink, MostWork); }};
+        MemorySource source(file);
+        return MetafilePicture(DecodePicture(source, &Decoder));
+    }
 
     [[nodiscard]] const DecodeStatus& Status() const { return decoded_.status; }
     [[nodiscard]] const DecodedPicture& Decoded() const { return decoded_; }
@@ -50,6 +60,8 @@ class MetafilePicture {
     }
 
   private:
+    explicit MetafilePicture(DecodedPicture decoded) : decoded_(std::move(decoded)) {}
+
     static char Letter(Pixel pixel) {
         switch (pixel) {
             case WhitePixel:

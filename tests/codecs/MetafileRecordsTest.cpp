@@ -65,6 +65,20 @@ TEST(MetafileSize, WithoutAWindowIsTheReachOfTheShapes) {
     EXPECT_EQ(SizeOf(WmfFile(std::nullopt).Make()), Size(1, 1));
 }
 
+TEST(MetafileSize, WithoutAWindowIsTheReachOfTheBitmaps) {
+    const Bytes dib =
+        Bytes().U32(40).I32(2).I32(2).U16(1).U16(24).Zeros(24).U32(0xFF).U32(0xFF00).U32(0xFF0000).U32(0);
+    Bytes stretch = Bytes().U32(0x00CC0020U).U16(0);
+    for (const unsigned word : {2U, 2U, 0U, 0U, 30U, 40U, 5U, 6U})
+        stretch.U16(word);
+    EXPECT_EQ(SizeOf(WmfFile(std::nullopt).Record(0x0F43, stretch.Append(dib.Get())).Make()), Size(46, 35));
+    Bytes blit = Bytes().U32(0x00CC0020U);
+    for (const unsigned word : {0U, 0U, 2U, 2U, 7U, 9U})
+        blit.U16(word);
+    EXPECT_EQ(SizeOf(WmfFile(std::nullopt).Record(0x0940, blit.Append(dib.Get())).Make()), Size(11, 9));
+    EXPECT_EQ(SizeOf(WmfFile(std::nullopt).Record(0x061D, {0x21, 0xF0, 20, 30, 2, 3}).Make()), Size(33, 22));
+}
+
 TEST(MetafileSize, OfAnEnhancedMetafileIsItsFrame) {
     EXPECT_EQ(SizeOf(EmfFile({.width = 300, .height = 200, .framed = true}).Make()), Size(300, 200));
     std::vector<std::byte> file = EmfFile({.width = 30, .height = 20}).Make();
@@ -207,7 +221,7 @@ TEST(MetafileRecords, ABlitWithoutABitmapIsTheShortForm) {
 }
 
 /// Each broken in one field; the shape before it stays.
-TEST(MetafileRecords, ABrokenOneEndsTheList) {
+TEST(MetafileRecords, ABrokenOneIsLeftOutOrEndsTheList) {
     const auto counted = [](unsigned type, std::uint32_t count) {
         return EmfFile().Rectangle(0, 0, 9, 9).Record(type, EmfFile::Bounds().U32(count).Zeros(16));
     };

@@ -196,6 +196,40 @@ TEST_F(MetafileText, StaysUprightOnACompatibleDevice) {
     EXPECT_FALSE(footBelow(flipped(2)));
 }
 
+/// Angles run against the clock where y counts downwards, and with it where a map turns y.
+TEST_F(MetafileText, RunsTheOtherWayWhereTheMapTurnsY) {
+    const auto turned = [](unsigned mode, int escapement) {
+        EmfFile file = Wide({.escapement = escapement})
+                           .Record(17, {8})
+                           .Record(9, {200, 100})
+                           .Record(11, {200, -100})
+                           .Record(12, {0, 100})
+                           .Record(22, {24});
+        return InkOf(TextOut(file, 100, 50, u"HHH", {}, 0, {0, 0, 0, 0}, mode));
+    };
+    for (const unsigned mode : {1U, 2U}) {
+        SCOPED_TRACE(mode);
+        const std::vector<int> quarter = turned(mode, 900);
+        EXPECT_GT(quarter[Bottom] - quarter[Top], 2 * (quarter[Right] - quarter[Left]));
+        EXPECT_GE(quarter[Top], 50) << "downwards";
+        EXPECT_LE(turned(mode, 2700)[Bottom], 51) << "upwards";
+    }
+    const WmfFile plain = WmfFile({{.left = 0, .top = 100, .right = 200, .bottom = 0}})
+                              .Window(0, 100, 200, -100)
+                              .Record(0x02FB, PlainFont({.escapement = 900}))
+                              .Select(0)
+                              .Record(0x012E, {24});
+    EXPECT_GE(InkOf(TextOut(plain, 100, 50, "HHH"))[Top], 50);
+    // Both axes turned: the picture lies on its head, and angles run as ever.
+    const EmfFile both = Wide({.escapement = 900})
+                             .Record(17, {8})
+                             .Record(9, {200, 100})
+                             .Record(11, {-200, -100})
+                             .Record(12, {200, 100})
+                             .Record(22, {24});
+    EXPECT_LE(InkOf(TextOut(both, 100, 50, u"HHH", {}, 0, {0, 0, 0, 0}, 1))[Bottom], 51);
+}
+
 TEST_F(MetafileText, GrowsWithTheMap) {
     const WmfFile twice = WmfFile({{.right = 200, .bottom = 100}})
                               .Window(0, 0, 100, 50)
@@ -204,6 +238,22 @@ TEST_F(MetafileText, GrowsWithTheMap) {
                               .Record(0x0102, {1});
     const std::vector<int> ink = InkOf(TextOut(twice, 5, 5, "H"));
     EXPECT_NEAR(ink[Bottom] - ink[Top], 29, 3);
+}
+
+TEST_F(MetafileText, AFileWithoutSizesHasRoomForIt) {
+    const WmfFile file = WmfFile(std::nullopt).Record(0x02FB, PlainFont({})).Select(0).Record(0x0102, {1});
+    const MetafilePicture picture(TextOut(file, 10, 20, "Hill").Make());
+    const std::vector<int> whole = InkOf(TextOut(Plain(), 10, 20, "Hill"));
+    EXPECT_EQ(picture.Ink(), whole) << "at the very place, nothing cut";
+    EXPECT_GE(picture.Decoded().picture.Width(), whole[Right]);
+    EXPECT_LE(picture.Decoded().picture.Width(), whole[Right] + 4);
+    EXPECT_GE(picture.Decoded().picture.Height(), 40);
+    EXPECT_LE(picture.Decoded().picture.Height(), 46);
+    // By the current position, and with a font that was there before.
+    const MetafilePicture moved(
+        TextOut(WmfFile(file).Record(0x012E, {1}).Record(0x0214, {20, 110}), 0, 0, "Hill").Make());
+    EXPECT_EQ(moved.Ink()[Left], whole[Left] + 100);
+    EXPECT_EQ(moved.Ink()[Right], whole[Right] + 100);
 }
 
 TEST_F(MetafileText, IsUnderlined) {

@@ -46,10 +46,40 @@ TEST(Tga, SixteenBits) {
     const Pixels opaque{Red, Green, Blue, 0xFF848484U};
     EXPECT_EQ(PixelsOfFile({.bits = 16, .pixels = stored}), opaque);
     EXPECT_EQ(PixelsOfFile({.bits = 15, .pixels = stored}), opaque);
-    // One attribute bit is alpha; eight cannot be meant.
-    EXPECT_EQ(PixelsOfFile({.bits = 16, .descriptor = 0x21, .pixels = stored}),
-              (Pixels{0x00FF0000U, Green, 0x000000FFU, 0x00848484U}));
     EXPECT_EQ(PixelsOfFile({.bits = 16, .descriptor = 0x28, .pixels = stored}), opaque);
+}
+
+TEST(Tga, TheBitOfSixteenIsAlphaOnlyWhereTheFileSaysSo) {
+    const Bytes stored = Bytes().U16(0x7C00).U16(0x83E0).U16(0x001F).U16(0x4210);
+    const Pixels opaque{Red, Green, Blue, 0xFF848484U};
+    const Pixels alpha{0x00FF0000U, Green, 0x000000FFU, 0x00848484U};
+    const auto with = [&](std::optional<unsigned> attributes, unsigned descriptor = 0x21) {
+        return PixelsOfFile(
+            {.bits = 16, .descriptor = descriptor, .pixels = stored, .attributes = attributes});
+    };
+    EXPECT_EQ(with(std::nullopt), opaque);
+    EXPECT_FALSE(DecodeTgaFile({.bits = 16, .descriptor = 0x21, .pixels = stored}).picture.transparent);
+    EXPECT_EQ(with(0), opaque);
+    EXPECT_EQ(with(2), opaque);
+    EXPECT_EQ(with(3), alpha);
+    EXPECT_EQ(with(4), alpha);
+    EXPECT_EQ(with(3, 0x28), opaque) << "eight bits cannot be meant";
+}
+
+TEST(Tga, TheBitOfAMapsEntriesIsAlphaOnlyWhereTheFileSaysSo) {
+    const TgaFile file{.type = 1,
+                       .width = 2,
+                       .height = 1,
+                       .bits = 8,
+                       .descriptor = 0x21,
+                       .mapLength = 2,
+                       .mapBits = 16,
+                       .map = Bytes().U16(0x7C00).U16(0x83E0),
+                       .pixels = Bytes().U8({0, 1})};
+    EXPECT_EQ(PixelsOfFile(file), (Pixels{Red, Green}));
+    TgaFile told = file;
+    told.attributes = 3;
+    EXPECT_EQ(PixelsOfFile(told), (Pixels{0x00FF0000U, Green}));
 }
 
 TEST(Tga, ThirtyTwoBitsAndTheAttributeBits) {
@@ -112,7 +142,7 @@ TEST(Tga, ColourMapsOfEachDepth) {
     const Bytes packed16 = Bytes().U16(0x7C00).U16(0x83E0).U16(0x1F);
     EXPECT_EQ(with(15, packed16), expected);
     EXPECT_EQ(with(16, packed16), expected);
-    EXPECT_EQ(with(16, packed16, 0x21), (Pixels{0x00FF0000U, Green, 0x000000FFU, 0x00FF0000U}));
+    EXPECT_EQ(with(16, packed16, 0x21), expected);
     EXPECT_EQ(with(24, Bytes().U8({0, 0, 255, 0, 255, 0, 255, 0, 0})), expected);
     const Bytes packed32 = Bytes().U32(0x10FF0000).U32(0x2000FF00).U32(0x300000FF);
     EXPECT_EQ(with(32, packed32), expected);

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "imaging/vector/FontFamilies.h"
@@ -8,6 +10,7 @@
 #include "imaging/vector/FontFinder.h"
 #include "imaging/vector/TextRun.h"
 #include "vector/Canvas.h"
+#include "vector/CffFont.h"
 
 namespace tavrix {
 namespace {
@@ -369,6 +372,79 @@ TEST(TextWithoutFonts, DrawsNothing) {
     EXPECT_EQ(canvas.Art(), test::Rows(4, "...."));
     EXPECT_TRUE(CellsOf(run, {}).Empty());
     EXPECT_EQ(AdvanceOf(run, {}), Point{});
+}
+
+/// The area of the figures by their corners and curves' ends: above 0 where they run against the clock, y upwards.
+double AreaOf(const Path& path) {
+    double area = 0;
+    Point start;
+    Point last;
+    std::size_t at = 0;
+    const auto to = [&](Point point) {
+        area += (last.x * point.y - point.x * last.y) / 2;
+        last = point;
+    };
+    for (const Path::Verb verb : path.Verbs()) {
+        switch (verb) {
+            case Path::Verb::Move:
+                last = start = path.Points()[at++];
+                break;
+            case Path::Verb::Line:
+                to(path.Points()[at++]);
+                break;
+            case Path::Verb::Cubic:
+                to(path.Points()[at + 2]);
+                at += 3;
+                break;
+            case Path::Verb::Close:
+                to(start);
+                break;
+        }
+    }
+    return area;
+}
+
+/// Figures that end with a curve, as those of half the letters do.
+TEST(CurvedFont, LosesNoGlyph) {
+    using test::CffFont;
+    const auto circle = [] {
+        return CffFont::Glyph()
+            .Move(100, 250)
+            .Curve({0, -83, 67, -67, 83, 0})
+            .Curve({83, 0, 67, 67, 0, 83})
+            .Curve({0, 83, -67, 67, -83, 0})
+            .Curve({-83, 0, -67, -67, 0, -83});
+    };
+    const CffFont font = CffFont()
+                             .Add(CffFont::Glyph().Move(100, 100).Line(300, 0).Line(0, 300).Line(-300, 0))
+                             .Add(circle())
+                             .Add(circle().Move(50, 0).Line(0, 50).Line(200, 0).Line(0, -100).Line(-200, 0));
+    const auto path =
+        std::filesystem::temp_directory_path() / ("tavrix-curved-" + std::to_string(getpid()) + ".cff");
+    const std::vector<std::byte> bytes = font.Make();
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    const auto file = FontFile::Open(OpenFontLibrary(), path.string(), 0);
+    std::filesystem::remove(path);
+    ASSERT_NE(file, nullptr);
+    ASSERT_EQ(file->GlyphCount(), 4U);
+    for (const std::uint32_t glyph : {1U, 2U, 3U}) {
+        SCOPED_TRACE(glyph);
+        const Path outline = file->Load(glyph).outline;
+        ASSERT_FALSE(outline.Empty());
+        const Box bounds = outline.Bounds();
+        EXPECT_EQ(bounds.left, 100);
+        EXPECT_EQ(bounds.top, 100);
+        EXPECT_EQ(bounds.right, 400);
+        EXPECT_EQ(bounds.bottom, 400);
+        EXPECT_EQ(outline.Verbs().back(), Path::Verb::Close);
+    }
+    EXPECT_EQ(AreaOf(file->Load(1).outline), -90'000) << "with the clock, as those of the other fonts";
+    EXPECT_EQ(AreaOf(file->Load(2).outline), -45'000);
+    // The hole is where it was.
+    const double hole = AreaOf(file->Load(3).outline) + 45'000;
+    EXPECT_EQ(std::abs(hole), 20'000);
+    EXPECT_GT(hole, 0);
 }
 
 }  // namespace

@@ -33,10 +33,25 @@ class TiffBlock {
     bool bigEndian_ = false;
 };
 
+/// Bytes of one number of an integer type; 0 for any other.
+std::size_t SizeOfInteger(unsigned type) {
+    switch (type) {
+        case 1:  // unsigned, then signed
+        case 6:
+            return 1;
+        case 3:
+        case 8:
+            return 2;
+        case 4:
+        case 9:
+            return 4;
+        default:
+            return 0;
+    }
+}
+
 Orientation OrientationOf(std::span<const std::byte> bytes) {
     constexpr unsigned OrientationTag = 0x0112;
-    constexpr unsigned ShortType = 3;
-    constexpr unsigned LongType = 4;
     constexpr std::size_t EntrySize = 12;
 
     const TiffBlock tiff(bytes);
@@ -47,9 +62,7 @@ Orientation OrientationOf(std::span<const std::byte> bytes) {
         const std::size_t entry = directory + 2 + i * EntrySize;
         if (entry >= bytes.size()) break;
         if (tiff.Number(entry, 2) != OrientationTag) continue;
-        const unsigned type = tiff.Number(entry + 2, 2);
-        if (type != ShortType && type != LongType) break;
-        const unsigned value = tiff.Number(entry + 8, type == ShortType ? 2 : 4);
+        const unsigned value = tiff.Number(entry + 8, SizeOfInteger(tiff.Number(entry + 2, 2)));
         if (value >= 1 && value <= 8) return static_cast<Orientation>(value);
         break;
     }

@@ -27,7 +27,9 @@ class GifReader {
         const GifImageDesc& image = stream_.Image();
         const bool covers = left_ == 0 && top_ == 0 && image.Width >= width_ && image.Height >= height_;
         const bool transparent = !covers || (stream_.Control() && stream_.Control()->transparent);
-        frames_ = images_ + CountGifImagesBehind(source_, stream_.Offset(), sink_);
+        const GifImagesBehind behind = LookBehindGifImage(source_, stream_.Offset(), sink_);
+        frames_ = images_ + behind.images;
+        laysNextOn_ = behind.timed;
         surface_ =
             sink_.Begin({.width = width_, .height = height_, .frames = frames_, .transparent = transparent});
         if (surface_ == nullptr) return {Outcome::Corrupt, stream_.Offset(), "surface refused", false};
@@ -38,9 +40,10 @@ class GifReader {
     DecodeStatus ReadFirstView() {
         std::int64_t pixelsLeft = std::int64_t{width_} * height_ + MostHiddenGifPixels;
         bool somePixels = false;
-        // An image without a control extension has no time of its own: the next one belongs to the same view.
+        // In a file that gives times, an image without one belongs to the same view as the next. Where none has one, each
+        // is a view of its own.
         for (int parts = 1;; ++parts) {
-            const bool last = stream_.Control() || images_ >= frames_;
+            const bool last = !laysNextOn_ || stream_.Control() || images_ >= frames_;
             std::function<void(int)> rowsReady;
             if (last) rowsReady = [this](int count) { sink_.RowsReady(count); };
             DecodeStatus status = stream_.ReadImage({.into = *surface_,
@@ -87,13 +90,14 @@ class GifReader {
     PictureSink& sink_;
     GifStream stream_;
 
-    int images_ = 0;  ///< up to the one to show
-    int frames_ = 0;  ///< images in the file
-    int passed_ = 0;  ///< images that showed nothing
-    int width_ = 0;   ///< of the screen
-    int height_ = 0;  ///< of the screen
-    int left_ = 0;    ///< of the image on the screen
-    int top_ = 0;     ///< of the image on the screen
+    int images_ = 0;           ///< up to the one to show
+    int frames_ = 0;           ///< images in the file
+    int passed_ = 0;           ///< images that showed nothing
+    bool laysNextOn_ = false;  ///< behind the first image stand some with a time
+    int width_ = 0;            ///< of the screen
+    int height_ = 0;           ///< of the screen
+    int left_ = 0;             ///< of the image on the screen
+    int top_ = 0;              ///< of the image on the screen
     Surface* surface_ = nullptr;
 };
 

@@ -6,6 +6,7 @@ namespace tavrix {
 namespace {
 
 constexpr std::uint64_t MostBytes = 256U << 20U;
+constexpr unsigned ControlExtension = 0xF9;
 
 /// Passes over a chain of blocks, each behind its length; an empty one ends it.
 void SkipBlocks(ByteReader& reader, std::uint64_t end) {
@@ -28,25 +29,25 @@ bool SkipImageHeader(ByteReader& reader) {
 
 }  // namespace
 
-int CountGifImagesBehind(ByteSource& source, std::uint64_t offset, const PictureSink& sink) {
+GifImagesBehind LookBehindGifImage(ByteSource& source, std::uint64_t offset, const PictureSink& sink) {
     ByteReader reader(source, offset);
     const std::uint64_t end = offset + MostBytes;
     SkipBlocks(reader, end);
-    int images = 0;
+    GifImagesBehind behind;
     while (reader.Offset() < end && !sink.Cancelled()) {
         const auto kind = reader.Next();
         if (!kind) break;
         if (*kind == 0) continue;  // some writers pad
         if (*kind == '!') {
-            reader.Skip(1);
+            behind.timed = reader.Next() == ControlExtension || behind.timed;
         } else if (*kind == ',' && SkipImageHeader(reader)) {
-            ++images;
+            ++behind.images;
         } else {
             break;
         }
         SkipBlocks(reader, end);
     }
-    return images;
+    return behind;
 }
 
 }  // namespace tavrix

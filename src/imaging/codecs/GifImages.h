@@ -6,9 +6,16 @@
 
 namespace tavrix {
 
-/// How many images follow in a GIF file, from the pixel data of one of them on, which start at `offset`. An image
-/// counts when its header is there. Looks at 256 MiB at most, and stops early when the sink is cancelled.
+/// What follows an image in a GIF file.
+struct GifImagesBehind {
+    int images = 0;      ///< an image counts when its header is there
+    bool timed = false;  ///< control extensions give times to some of them
+};
+
+/// Looks from the pixel data of an image on, which start at `offset`, at 256 MiB at most, and stops early when the sink
+/// is cancelled.
 /// Source: the block structure in the GIF 89a specification.
-[[nodiscard]] int CountGifImagesBehind(ByteSource& source, std::uint64_t offset, const PictureSink& sink);
+[[nodiscard]] GifImagesBehind LookBehindGifImage(ByteSource& source, std::uint64_t offset,
+                                                 const PictureSink& sink);
 
 }  // namespace tavrix

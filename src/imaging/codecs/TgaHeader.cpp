@@ -73,12 +73,17 @@ TgaPixels KindOf(unsigned imageType) {
     }
 }
 
-/// Whether as many attribute bits are told as the pixel has besides its colour. Files that tell another number
-/// use the word loosely and mean opaque pixels.
-bool TellsAlpha(const Fields& fields, TgaPixels kind) {
+/// Whether as many attribute bits are told as the pixel has besides its colour, and they are alpha. Files that tell
+/// another number use the word loosely and mean opaque pixels. The one bit of 16-bit colour is an overlay's in most
+/// files, so it is alpha only where the extension area says so.
+bool TellsAlpha(const Fields& fields, TgaPixels kind, Attributes attributes) {
+    if (attributes == Attributes::Undefined || attributes == Attributes::Retained) return false;
     const unsigned depth = kind == TgaPixels::Mapped ? fields.mapBits : fields.bits;
-    if (depth == 16) return fields.AttributeBits() == (kind == TgaPixels::Grey ? 8U : 1U);
-    return depth == 32 && fields.AttributeBits() == 8;
+    if (depth == 16 && kind != TgaPixels::Grey) {
+        const bool meant = attributes == Attributes::Alpha || attributes == Attributes::Premultiplied;
+        return meant && fields.AttributeBits() == 1;
+    }
+    return (depth == 16 || depth == 32) && fields.AttributeBits() == 8;
 }
 
 Attributes AttributesOf(ByteSource& source) {
@@ -141,8 +146,7 @@ TgaHeader ReadTgaHeader(ByteSource& source) {
     header.fromTop = (fields.descriptor & 0x20U) != 0;
 
     const Attributes attributes = AttributesOf(source);
-    header.alpha = TellsAlpha(fields, header.kind) && attributes != Attributes::Undefined &&
-                   attributes != Attributes::Retained;
+    header.alpha = TellsAlpha(fields, header.kind, attributes);
     header.premultiplied = attributes == Attributes::Premultiplied;
 
     const std::uint64_t mapOffset = HeaderSize + fields.idLength;

@@ -52,8 +52,9 @@ void UseMonoColours(const BitmapColours& colours, BmpHeader& header) {
 
 /// A bitmap whose alpha counts, and is 0 throughout, is seen through; decoding takes it for opaque.
 void ClearAlpha(Surface& pixels) {
+    // Pixels that were not reached are 0, and cost no memory as long as they are not written.
     for (Pixel& pixel : pixels.Pixels())
-        pixel &= 0xFFFFFFU;
+        if (pixel != 0) pixel &= 0xFFFFFFU;
 }
 
 /// Bitmaps are drawn without a look at their alpha, for which a PNG file may have any colour where it is seen through.

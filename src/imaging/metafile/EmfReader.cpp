@@ -83,6 +83,18 @@ Recording Refused(Outcome outcome, std::uint64_t offset, std::string_view why) {
     return recording;
 }
 
+/// Whether a record's length can be believed: it leads to something that starts as a record does.
+bool LeadsToARecord(RecordStream& stream) {
+    constexpr std::uint32_t LastType = 122;
+    std::array<std::byte, RecordHead> bytes{};
+    std::optional<RecordBytes> next = stream.HeadBehind(bytes);
+    if (!next) return false;
+    const std::uint32_t type = next->U32(0);
+    const std::uint32_t length = next->U32(4);
+    return type > 0 && type <= LastType && length >= RecordHead && length % 4 == 0 &&
+           (type == EndRecord || length <= stream.BytesBehind());
+}
+
 /// Keeps the next record. False when the list ends with it.
 bool TakeRecord(RecordStream& stream) {
     const std::optional<RecordBytes> head = stream.Head(RecordHead);
@@ -101,6 +113,10 @@ bool TakeRecord(RecordStream& stream) {
     if (!body) return false;
     std::optional<Record> record = ReadRecord(type, *body);
     if (body->Broken()) {
+        if (LeadsToARecord(stream)) {
+            stream.LeaveOut();
+            return true;
+        }
         stream.EndBefore(Outcome::Corrupt, "broken record");
         return false;
     }

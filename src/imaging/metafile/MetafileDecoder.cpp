@@ -1,6 +1,7 @@
 #include "imaging/metafile/MetafileDecoder.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <new>
 #include <variant>
@@ -17,8 +18,11 @@ namespace {
 using metafile::Record;
 using metafile::Recording;
 
-/// Nanoseconds, roughly, that a drawing may cost.
-constexpr std::int64_t MostWork = 2'000'000'000;
+/// Nanoseconds, roughly, that a drawing may cost: seconds, so that none that a person made is cut.
+constexpr std::int64_t MostWork = 8'000'000'000;
+/// A drawing has no pixels of its own. One that would be larger at its size is drawn smaller, so that a few bytes do
+/// not take a gigabyte; posters of two metres still have all of theirs.
+constexpr std::int64_t MostDrawnPixels = 64LL << 20U;
 /// What a record costs besides what it draws.
 constexpr std::int64_t RecordWork = 200;
 
@@ -39,8 +43,26 @@ bool Draws(const Record& record) {
 /// window, while black lines on a dark one would not be seen.
 constexpr Pixel Paper = 0xFFFFFFFFU;
 
-DecodeStatus Play(ByteSource& source, const Recording& recording, PictureSink& sink) {
-    const metafile::Placement& place = recording.placement;
+/// The placement on no more pixels than are drawn. What is absurd stays so, to be refused.
+metafile::Placement OnPixelsThatAreDrawn(metafile::Placement place) {
+    if (place.width > MaxPictureSide || place.height > MaxPictureSide ||
+        place.width * place.height <= MostDrawnPixels)
+        return place;
+    const double former = double(place.width) * double(place.height);
+    const double scale = std::sqrt(double(MostDrawnPixels) / former);
+    const auto scaled = [scale](std::int64_t side) {
+        return std::max<std::int64_t>(static_cast<std::int64_t>(double(side) * scale), 1);
+    };
+    const metafile::Placement full = place;
+    place.width = scaled(full.width);
+    place.height = scaled(full.height);
+    place.deviceToPicture = place.deviceToPicture.Then(vector::Affine::Scale(
+        double(place.width) / double(full.width), double(place.height) / double(full.height)));
+    return place;
+}
+
+DecodeStatus Play(ByteSource& source, const Recording& recording, PictureSink& sink, std::int64_t mostWork) {
+    const metafile::Placement place = OnPixelsThatAreDrawn(recording.placement);
     constexpr std::int64_t Most = std::numeric_limits<int>::max();
     const bool complete = recording.ending.outcome == Outcome::Complete;
     if (!complete && std::ranges::none_of(recording.records, Draws)) {
@@ -53,29 +75,27 @@ DecodeStatus Play(ByteSource& source, const Recording& recording, PictureSink& s
     if (surface == nullptr) return {Outcome::Corrupt, 0, "surface refused", false};
     surface->Fill(Paper);
 
-    vector::WorkBudget budget(MostWork);
+    vector::WorkBudget budget(mostWork);
     vector::Painter painter(*surface, budget);
     metafile::DeviceContext context(painter, place, source, sink);
     DecodeStatus ending = recording.ending;
     for (const Record& record : recording.records) {
         if (sink.Cancelled()) return {Outcome::Truncated, 0, "cancelled", true};
-        if (!budget.Spend(RecordWork)) {
-            ending = {Outcome::Truncated, source.Size(), "more work than is done", true};
-            break;
-        }
+        if (!budget.Spend(RecordWork)) break;
         std::visit([&](const auto& one) { Replay(context, one); }, record);
     }
+    if (budget.Exhausted()) ending = {Outcome::Truncated, source.Size(), "more work than is done", true};
     sink.RowsReady(surface->Height());
     ending.someRows = true;
     return ending;
 }
 
-DecodeStatus Decode(Recording (*read)(ByteSource&, const PictureSink&), ByteSource& source,
-                    PictureSink& sink) {
+DecodeStatus Decode(Recording (*read)(ByteSource&, const PictureSink&), ByteSource& source, PictureSink& sink,
+                    std::int64_t mostWork) {
     try {
         const Recording recording = read(source, sink);
         if (!recording.trouble.empty()) return recording.ending;
-        return Play(source, recording, sink);
+        return Play(source, recording, sink, mostWork);
     } catch (const std::bad_alloc&) {
         return {Outcome::Corrupt, 0, "memory refused", false};
     } catch (const RuntimeError&) {
@@ -90,7 +110,7 @@ bool RecognisesWmf(std::span<const std::byte> start) {
 }
 
 DecodeStatus DecodeWmf(ByteSource& source, PictureSink& sink) {
-    return Decode(metafile::ReadWmf, source, sink);
+    return Decode(metafile::ReadWmf, source, sink, MostWork);
 }
 
 bool RecognisesEmf(std::span<const std::byte> start) {
@@ -100,7 +120,11 @@ bool RecognisesEmf(std::span<const std::byte> start) {
 }
 
 DecodeStatus DecodeEmf(ByteSource& source, PictureSink& sink) {
-    return Decode(metafile::ReadEmf, source, sink);
+    return DecodeEmfWithin(source, sink, MostWork);
+}
+
+DecodeStatus DecodeEmfWithin(ByteSource& source, PictureSink& sink, std::int64_t mostWork) {
+    return Decode(metafile::ReadEmf, source, sink, mostWork);
 }
 
 }  // namespace tavrix

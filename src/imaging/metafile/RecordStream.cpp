@@ -46,6 +46,16 @@ std::optional<RecordBytes> RecordStream::Body(std::uint64_t length) {
     return RecordBytes(bytes_, offset_, length);
 }
 
+std::optional<RecordBytes> RecordStream::HeadBehind(std::span<std::byte> into) {
+    const std::uint64_t offset = reader_.Offset();
+    if (source_.ReadAt(offset, into) < into.size()) return std::nullopt;
+    return RecordBytes(into, offset, into.size());
+}
+
+void RecordStream::LeaveOut() {
+    if (!leftOut_) leftOut_ = DecodeStatus{Outcome::Corrupt, offset_, "broken record", true};
+}
+
 bool RecordStream::Keep(Record record) {
     if (!LeavesItsBytesInTheFile(record)) kept_ += bytes_.size();
     if (records_.size() == MostRecords || kept_ > MostBytesKept) {

@@ -28,7 +28,8 @@ struct Recording {
     Placement placement;
     std::vector<Record> records;
     std::string_view trouble;  ///< why there is no picture at all; empty when there is one
-    /// How the list ended: Complete at the end record, otherwise before the record that is broken.
+    /// How the list ended: Complete at the end record, otherwise before a record that is broken. One that is broken in
+    /// itself, and whose length leads to the next, is left out; then this is Corrupt, although the list goes on.
     DecodeStatus ending;
 };
 

@@ -120,8 +120,10 @@ vector::FontRequest RequestOf(DeviceContext& context, const Font& font, const Te
         request.kind = vector::FontKind::Unknown;
     request.symbol = IsSymbolic(font, request.family);
     request.escapement = font.escapement / TenthsOfDegree;
-    // A compatible device turns each character as it turns the line.
+    // A compatible device turns each character as it turns the line. Where the map turns one axis, so that y counts
+    // upwards, angles run clockwise.
     const bool compatible = !context.Place().enhanced || text.compatible;
+    if (compatible && context.ToPicture().Determinant() < 0) request.escapement = -request.escapement;
     request.orientation = compatible ? request.escapement : font.orientation / TenthsOfDegree;
     return request;
 }

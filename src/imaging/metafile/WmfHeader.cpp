@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "imaging/metafile/Reach.h"
 #include "imaging/metafile/RecordBytes.h"
 
 namespace tavrix::metafile {
@@ -58,43 +59,6 @@ std::optional<Point> FirstExtent(std::span<const Record> records) {
     return std::nullopt;
 }
 
-/// The corners of the box around all places that records draw at.
-class Reach {
-  public:
-    void Add(Point point) {
-        box_.left = std::min(box_.left, point.x);
-        box_.top = std::min(box_.top, point.y);
-        box_.right = std::max(box_.right, point.x);
-        box_.bottom = std::max(box_.bottom, point.y);
-    }
-    void Add(const Box& box) {
-        Add(Point{box.left, box.top});
-        Add(Point{box.right, box.bottom});
-    }
-    void Add(std::span<const Point> points) {
-        for (const Point point : points)
-            Add(point);
-    }
-    [[nodiscard]] const Box& Get() const { return box_; }
-
-  private:
-    Box box_;
-};
-
-Box ReachOf(std::span<const Record> records) {
-    Reach reach;
-    for (const Record& record : records) {
-        if (const auto* move = std::get_if<MoveTo>(&record)) reach.Add(move->to);
-        if (const auto* line = std::get_if<LineTo>(&record)) reach.Add(line->to);
-        if (const auto* poly = std::get_if<PolyShape>(&record)) reach.Add(poly->points);
-        if (const auto* several = std::get_if<PolyPolyShape>(&record)) reach.Add(several->points);
-        if (const auto* box = std::get_if<BoxShape>(&record)) reach.Add(box->box);
-        if (const auto* round = std::get_if<RoundBox>(&record)) reach.Add(round->box);
-        if (const auto* arc = std::get_if<ArcShape>(&record)) reach.Add(arc->box);
-    }
-    return reach.Get();
-}
-
 std::int64_t Pixels(double size) {
     return std::max<std::int64_t>(std::llround(std::abs(size)), 1);
 }
@@ -128,7 +92,8 @@ WmfHeader ReadWmfHeader(ByteSource& source) {
     return header;
 }
 
-Placement PlacementOf(const WmfHeader& header, std::span<const Record> records) {
+Placement PlacementOf(const WmfHeader& header, std::span<const Record> records, ByteSource& source,
+                      const PictureSink& sink) {
     if (header.placeable) {
         const Box& bounds = header.placeable->bounds;
         const std::uint16_t told = header.placeable->unitsPerInch;
@@ -142,7 +107,7 @@ Placement PlacementOf(const WmfHeader& header, std::span<const Record> records) 
     if (const std::optional<Point> extent = FirstExtent(records)) {
         window = {0, 0, double(extent->x), double(extent->y)};
     } else {
-        const Box reach = ReachOf(records);
+        const Box reach = ReachOf(records, source, sink);
         window = {double(reach.left), double(reach.top), reach.right + 1.0, reach.bottom + 1.0};
     }
     const double longest = std::max(std::abs(window.Width()), std::abs(window.Height()));

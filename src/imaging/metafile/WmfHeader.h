@@ -29,7 +29,8 @@ struct WmfHeader {
 [[nodiscard]] bool StartsLikeWmf(std::span<const std::byte> start);
 
 /// A placeable metafile has its bounds' size at 96 dots an inch. Of others the first window extent tells the size, a
-/// unit a pixel, or where there is none, the shapes; both within what a screen shows.
-[[nodiscard]] Placement PlacementOf(const WmfHeader& header, std::span<const Record> records);
+/// unit a pixel, or where there is none, what is drawn; both within what a screen shows.
+[[nodiscard]] Placement PlacementOf(const WmfHeader& header, std::span<const Record> records,
+                                    ByteSource& source, const PictureSink& sink);
 
 }  // namespace tavrix::metafile

@@ -55,6 +55,15 @@ class Places {
     Handle next_ = 0;
 };
 
+/// Whether a record's length can be believed: it leads to something that starts as a record does.
+bool LeadsToARecord(RecordStream& stream) {
+    std::array<std::byte, RecordHead> bytes{};
+    std::optional<RecordBytes> next = stream.HeadBehind(bytes);
+    if (!next) return false;
+    const std::uint64_t length = std::uint64_t{2} * next->U32(0);
+    return next->U16(4) == EndRecord || (length >= SmallestRecord && length <= stream.BytesBehind());
+}
+
 /// Keeps the next record. False when the list ends with it.
 bool TakeRecord(RecordStream& stream, Places& places) {
     const std::optional<RecordBytes> head = stream.Head(RecordHead);
@@ -76,11 +85,15 @@ bool TakeRecord(RecordStream& stream, Places& places) {
         if (auto* create = std::get_if<CreateObject>(&*record)) {
             create->handle = places.Take();
             if (create->handle == MostHandles) body->Break();
-        } else if (const auto* freed = std::get_if<DeleteObject>(&*record)) {
+        } else if (const auto* freed = std::get_if<DeleteObject>(&*record); freed && !body->Broken()) {
             places.Free(freed->handle);
         }
     }
     if (body->Broken()) {
+        if (LeadsToARecord(stream)) {
+            stream.LeaveOut();
+            return true;
+        }
         stream.EndBefore(Outcome::Corrupt, "broken record");
         return false;
     }
@@ -108,7 +121,7 @@ Recording ReadWmf(ByteSource& source, const PictureSink& sink) {
     }
     recording.records = stream.Take();
     recording.ending = stream.Ending();
-    recording.placement = PlacementOf(header, recording.records);
+    recording.placement = PlacementOf(header, recording.records, source, sink);
     return recording;
 }
 

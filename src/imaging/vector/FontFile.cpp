@@ -138,13 +138,13 @@ class OutlineFontFile : public FontFile {
         if (face_->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return result;
         const FT_Outline_Funcs steps{
             OutlineTaker::MoveTo, OutlineTaker::LineTo, OutlineTaker::ConicTo, OutlineTaker::CubicTo, 0, 0};
-        // All fonts alike, so that overlapping outlines of several add up.
-        if (FT_Outline_Get_Orientation(&face_->glyph->outline) == FT_ORIENTATION_POSTSCRIPT)
-            FT_Outline_Reverse(&face_->glyph->outline);
         OutlineTaker taker;
         if (FT_Outline_Decompose(&face_->glyph->outline, &steps, &taker) != 0) return result;
         taker.path.Close();
-        result.outline = std::move(taker.path);
+        // All fonts alike, so that overlapping outlines of several add up. The library's own reversal would let a
+        // figure that ends with a curve start with one of its control points, which no decomposing takes.
+        const bool turned = FT_Outline_Get_Orientation(&face_->glyph->outline) == FT_ORIENTATION_POSTSCRIPT;
+        result.outline = turned ? taker.path.Reversed() : std::move(taker.path);
         return result;
     }
 

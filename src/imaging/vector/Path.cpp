@@ -90,6 +90,34 @@ Path Path::Transformed(const Affine& map) const {
     return result;
 }
 
+Path Path::Reversed() const {
+    Path result;
+    std::size_t point = 0;
+    for (std::size_t verb = 0; verb < verbs_.size();) {
+        // From a move to the next one.
+        ++point;
+        const std::size_t firstVerb = ++verb;
+        bool closed = false;
+        for (; verb < verbs_.size() && verbs_[verb] != Verb::Move; ++verb) {
+            closed = closed || verbs_[verb] == Verb::Close;
+            if (verbs_[verb] != Verb::Close) point += verbs_[verb] == Verb::Cubic ? 3 : 1;
+        }
+        std::size_t at = point - 1;
+        result.MoveTo(points_[at]);
+        for (std::size_t step = verb; step-- > firstVerb;) {
+            if (verbs_[step] == Verb::Close) continue;
+            if (verbs_[step] == Verb::Cubic) {
+                result.CubicTo(points_[at - 1], points_[at - 2], points_[at - 3]);
+                at -= 3;
+            } else {
+                result.LineTo(points_[--at]);
+            }
+        }
+        if (closed) result.Close();
+    }
+    return result;
+}
+
 Box Path::Bounds() const {
     if (points_.empty()) return {};
     Box box{points_[0].x, points_[0].y, points_[0].x, points_[0].y};

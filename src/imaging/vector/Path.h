@@ -49,6 +49,8 @@ class Path {
     [[nodiscard]] std::span<const Verb> Verbs() const { return verbs_; }
     [[nodiscard]] std::span<const Point> Points() const { return points_; }
     [[nodiscard]] Path Transformed(const Affine& map) const;
+    /// The same figures, each run through from its end to its start.
+    [[nodiscard]] Path Reversed() const;
     /// The smallest box around all points, control points included; all 0 for an empty path.
     [[nodiscard]] Box Bounds() const;
 

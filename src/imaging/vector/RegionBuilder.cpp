@@ -7,8 +7,8 @@ namespace tavrix::vector {
 namespace {
 
 // Much more than the time that it takes, since the memory stays for as long as the clip is kept.
-constexpr std::int64_t SpanCost = 64;
-constexpr std::int64_t RowCost = 16;
+constexpr std::int64_t SpanCost = 256;
+constexpr std::int64_t RowCost = 64;
 
 }  // namespace
 
