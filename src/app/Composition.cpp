@@ -1,6 +1,7 @@
 #include "app/Composition.h"
 
 #include "program/WireProgram.h"
+#include "viewer/EndOfSession.h"
 
 namespace tavrix {
 namespace {
@@ -33,6 +34,15 @@ Composition::Composition(HostPlatform& host)
 void Composition::Run() {
     Main(module_, lives_);
     app_.Run();
+    host_.process.End();
+}
+
+void Composition::Save() {
+    SaveForEndOfSession(module_);
+}
+
+void Composition::EndFromOutside() {
+    Save();
     host_.process.End();
 }
 

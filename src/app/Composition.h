@@ -26,6 +26,11 @@ class Composition {
     /// Leads the process's life until its last window is gone.
     void Run();
 
+    /// Keeps what an end from outside would lose: see SaveForEndOfSession.
+    void Save();
+    /// Save, and the end of the process.
+    [[noreturn]] void EndFromOutside();
+
   private:
     HostPlatform& host_;
     qt::QtToolkit toolkit_;

@@ -1,12 +1,21 @@
 #include "app/Composition.h"
 #include "app/HostPlatform.h"
+#include "backends/linux/EndSignals.h"
 #include "backends/qt/QtProcess.h"
+#include "backends/qt/SessionEnd.h"
 
 int main(int argc, char** argv) {
+    const tavrix::EndSignals endSignals;
     tavrix::HostPlatform host({argv + 1, argv + argc});
     host.PrefetchPicture();
     const tavrix::qt::QtProcess windowSystem(argv[0]);
     tavrix::Composition program(host);
+    const auto end = [&] {
+        endSignals.LetThrough();
+        program.EndFromOutside();
+    };
+    const tavrix::qt::SessionEnd sessionEnd(endSignals.Descriptor(),
+                                            {.save = [&] { program.Save(); }, .end = end});
     program.Run();
     return 0;
 }

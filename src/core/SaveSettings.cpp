@@ -142,6 +142,11 @@ void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>&
     SkipFailure([&] { WriteLists(module); });
 }
 
+void SaveSessionSettings(const MainModule& module, const std::optional<MainViewPlacement>& placement) {
+    SkipFailure([&] { WriteStateOfSession(module, placement, GetTempFolder(module)); });
+    SkipFailure([&] { WriteLists(module); });
+}
+
 void WritePackageSettings(const MainModule& module, const std::string& folder) {
     const AppConfig& c = module.config;
     const std::string file = folder + "tavrix.ini";

@@ -32,6 +32,9 @@ void SaveSlideSettings(const MainModule& module);
 /// Failures are skipped: the process ends all the same.
 void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>& placement);
 
+/// Writes what is saved at exit, and no more: nothing is removed or asked. Failures are skipped.
+void SaveSessionSettings(const MainModule& module, const std::optional<MainViewPlacement>& placement);
+
 /// Writes a fresh settings file for a slide show package into a folder (with a backslash at the end). Failures are
 /// those of Profile::Write.
 void WritePackageSettings(const MainModule& module, const std::string& folder);

@@ -61,7 +61,9 @@ void FolderChooser::Start(const std::string& folder) {
 
 void FolderChooser::ShowFreeSpace() {
     const std::string drive = Left(Drive1.Drive.Get(), 1);
-    const std::int32_t bytes = GetDiskFreeBytes(module_, drive + ":\\");
+    // No 32-bit figure here: the format has room for whatever is free, and a disk of today has more than that.
+    std::int64_t bytes = 0;
+    SkipFailure([&] { bytes = module_.platform.drives.FreeBytes(drive + ":\\"); });
     lblFreeSpace.Caption = "Free Space on Drive " + drive +
                            ":\\  =" + GroupedNumberOrEmpty(bytes, module_.platform.system.Numbers()) +
                            " bytes...";

@@ -25,6 +25,8 @@ std::string_view NameOf(Outcome outcome) {
             return "truncated";
         case Outcome::Corrupt:
             return "corrupt";
+        case Outcome::Unread:
+            return "unread";
     }
     return "";
 }

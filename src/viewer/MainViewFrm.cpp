@@ -179,10 +179,13 @@ void MainViewFrm::Form_Unload(bool&) {
     module_.Screen().MousePointer = MousePointer::Hourglass;
     module_.DoEvents();
     CloseHelp(module_);
-    std::optional<MainViewPlacement> placement;
-    if (WindowState.Get() == WindowState::Normal) placement = MainViewPlacement{Left, Top, Width, Height};
-    SaveAllSettings(module_, placement);
+    SaveAllSettings(module_, Placement());
     module_.platform.process.End();
+}
+
+std::optional<MainViewPlacement> MainViewFrm::Placement() const {
+    if (WindowState.Get() != WindowState::Normal) return std::nullopt;
+    return MainViewPlacement{Left, Top, Width, Height};
 }
 
 void MainViewFrm::ShowTitleOf(const std::string& path) {

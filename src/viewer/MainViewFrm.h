@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,8 @@ class MainViewFrm final : public forms::Form {
 
     void Form_Load() override;
     void Form_Activate() override;
+    /// Where the window stands; nothing while it is minimised or maximised.
+    [[nodiscard]] std::optional<MainViewPlacement> Placement() const;
     /// Lays the window out. Everything that changes the picture calls it.
     void Form_Resize() override;
     void Form_QueryUnload(bool& cancel) override;

@@ -239,7 +239,8 @@ TEST(BmpKinds, GapBeforeThePixels) {
 }
 
 TEST(BmpKinds, OffsetThatLies) {
-    for (const std::uint32_t offset : {0U, 10U, 53U, 70'000U, 0xFFFFFFFFU}) {
+    const auto end = static_cast<std::uint32_t>(BmpFile{.pixels = FourColours24()}.Make().size());
+    for (const std::uint32_t offset : {0U, 10U, 53U, end, 70'000U, 0xFFFFFFFFU}) {
         SCOPED_TRACE(offset);
         ExpectComplete({.pixels = FourColours24(), .offset = offset}, FourColours);
     }

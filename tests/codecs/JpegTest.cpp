@@ -180,6 +180,24 @@ TEST(Jpeg, AnOrientationOfAnyIntegerType) {
     EXPECT_EQ(Decode(text.Make()).picture.Width(), 24) << "no number";
 }
 
+/// Any number of fill bytes may stand before a marker.
+TEST(Jpeg, AnOrientationBehindFillBytes) {
+    JpegFile file = BlockPicture(3, 2, SixColours);
+    file.exif = 6;
+    for (const std::size_t fill : {1U, 2U, 5U}) {
+        std::vector<std::byte> bytes = file.Make();
+        const std::array<std::byte, 2> marker{std::byte{0xFF}, std::byte{0xE1}};
+        const auto exif = std::ranges::search(bytes, marker).begin();
+        ASSERT_NE(exif, bytes.end());
+        bytes.insert(exif, fill, std::byte{0xFF});
+        const DecodedPicture decoded = Decode(bytes);
+        ASSERT_FALSE(decoded.error.has_value());
+        EXPECT_EQ(decoded.status.outcome, Outcome::Complete);
+        EXPECT_EQ(decoded.picture.Width(), 16);
+        EXPECT_EQ(decoded.picture.Height(), 24);
+    }
+}
+
 /// Turned pictures have the very pixels of the upright one, also where the size is no multiple of anything.
 TEST(Jpeg, OrientationMovesSinglePixels) {
     JpegFile file;

@@ -139,6 +139,7 @@ class SpaceDrives final : public Drives {
     std::string Roots() override { return {}; }
     DriveType Type(const std::string&) override { return DriveType::Fixed; }
     DiskSpace Space(const std::string&) override { return space; }
+    std::int64_t FreeBytes(const std::string&) override { return 0; }
 
     DiskSpace space;
 };

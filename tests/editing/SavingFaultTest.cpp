@@ -30,7 +30,10 @@ void Push(forms::CommandButton& button) {
 }
 
 void AgreeTo(OneProcess& program, const std::string& question, const std::string& path) {
-    program.toolkit.Expect({.text = question + "\r\n\r\n" + path + "\r\n\r\nIs this filename OK?",
+    const bool exists = program.module.platform.files.FileExists(path);
+    program.toolkit.Expect({.text = exists ? "The following filename already exists:\r\n\r\n" + path +
+                                                 "\r\n\r\nReplace this file?"
+                                           : question + "\r\n\r\n" + path + "\r\n\r\nIs this filename OK?",
                             .icon = forms::BoxIcon::Question,
                             .buttons = forms::BoxButtons::YesNo,
                             .reply = forms::Answer::Yes});
@@ -58,9 +61,10 @@ void SaveCopy(OneProcess& program, const std::string& name) {
 }
 
 template <class Dialog>
-void Export(OneProcess& program, const char* name, forms::Menu& entry) {
+void Export(OneProcess& program, const char* name, forms::Menu& entry, const std::string& file = {}) {
     InDialog<Dialog>(program, name, entry, [&](Dialog& dialog) {
         SkipFailure([&] { dialog.Target.Lists.GoTo("C:\\q"); });
+        if (!file.empty()) dialog.Target.txtFilename.Text = file;
         AgreeTo(program, "About to export the image as:", dialog.Target.FullName());
         Push(dialog.Buttons.CmdExport);
     });
@@ -78,13 +82,14 @@ struct Doing {
     void (*run)(OneProcess&);
     bool asksPictures = false;
     bool asksLibrary = false;
+    const char* over = "";  ///< a file of the user's that is replaced
 };
 
 void PrintTo(const Doing& doing, std::ostream* out) {
     *out << doing.name;
 }
 
-constexpr std::array<Doing, 8> Doings{{
+constexpr std::array<Doing, 11> Doings{{
     {"save copy", [](OneProcess& program) { SaveCopy(program, "copy.gif"); }},
     {"export bmp",
      [](OneProcess& program) {
@@ -103,6 +108,18 @@ constexpr std::array<Doing, 8> Doings{{
          Export<ExportJpgFrm>(program, "ExportJpgFrm", program.View().menu.mnuExportJPG);
      },
      true, true},
+    {"save copy over a file", [](OneProcess& program) { SaveCopy(program, "old.gif"); }, false, false,
+     "C:\\q\\old.gif"},
+    {"export bmp over a file",
+     [](OneProcess& program) {
+         Export<ExportBmpFrm>(program, "ExportBmpFrm", program.View().menu.mnuExportBMP, "old.bmp");
+     },
+     true, false, "C:\\q\\old.bmp"},
+    {"export jpg over a file",
+     [](OneProcess& program) {
+         Export<ExportJpgFrm>(program, "ExportJpgFrm", program.View().menu.mnuExportJPG, "old.jpg");
+     },
+     false, true, "C:\\q\\old.jpg"},
     {"import tga", [](OneProcess& program) { Import(program, program.View().menu.mnuImportTGA); }, true,
      true},
     {"import pcx", [](OneProcess& program) { Import(program, program.View().menu.mnuImportPCX); }, true,
@@ -146,7 +163,8 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         machine.store.Set("Show Tips at Startup", "0");
         machine.disks.PutFile("C:\\Tavrix\\tavrix.ini",
                               "[Viewer]\r\nStartupDialog=0\r\nAutosizeWindow=False\r\n");
-        machine.disks.PutFolder("C:\\q");
+        for (const char* name : {"old.gif", "old.bmp", "old.jpg"})
+            machine.disks.PutFile(std::string("C:\\q\\") + name, std::string("the user's ") + name);
         machine.disks.PutFile(Opened, PlainGif(30, 20, Blue));
         machine.disks.PutFile("C:\\p\\t.tga", PlainTga(5, 4, 0xFFFFFFFFU, 0xFF000000U));
         machine.disks.PutFile("C:\\p\\x.pcx", PlainPcx(Blue));
@@ -168,13 +186,29 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
                   current.empty());
     }
 
-    /// Every file of the user's is there as it was; the program may have made others.
+    /// Every file of the user's is there as it was, or wholly replaced where that was wished; the program may have made
+    /// others.
     static void ExpectIntact(const headless::HeadlessServices& machine,
-                             const std::map<std::string, std::string>& before) {
+                             const std::map<std::string, std::string>& before, const Doing& doing,
+                             const std::string& wanted) {
         for (const auto& [path, content] : before) {
             const bool own = path.starts_with("C:\\Temp\\") || path.starts_with("C:\\Tavrix\\");
-            EXPECT_TRUE(own || machine.disks.Content(path) == content) << path;
+            const bool replaced = path == doing.over && machine.disks.Content(path) == wanted;
+            EXPECT_TRUE(own || replaced || machine.disks.Content(path) == content) << path;
         }
+    }
+
+    /// What stands in the file that is replaced when nothing fails.
+    static std::string Replacement(const Doing& doing) {
+        if (*doing.over == '\0') return {};
+        headless::HeadlessServices machine;
+        SetUpMachine(machine);
+        OneProcess program(machine);
+        EXPECT_TRUE(program.Start(Opened));
+        const auto before = machine.disks.Content(doing.over);
+        doing.run(program);
+        EXPECT_NE(machine.disks.Content(doing.over), before);
+        return machine.disks.Content(doing.over).value_or(std::string());
     }
 
     static bool StillExpectsBoxes(const headless::HeadlessToolkit& toolkit) {
@@ -214,7 +248,7 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
     }
 
     /// Whether a fault came.
-    static bool RunWithFault(const Doing& doing, Service service, int call) {
+    static bool RunWithFault(const Doing& doing, const std::string& wanted, Service service, int call) {
         headless::HeadlessServices machine;
         SetUpMachine(machine);
         const auto before = machine.disks.AllFiles();
@@ -227,7 +261,7 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         machine.faults.Clear();
 
         ExpectConsistent(program);
-        ExpectIntact(machine, before);
+        ExpectIntact(machine, before, doing, wanted);
         EXPECT_TRUE(service == Service::Files || !machine.disks.Exists("C:\\Temp\\~temp.BMP"));
         EXPECT_EQ(StrangeBoxes(program.toolkit), std::vector<std::string>{});
 
@@ -235,15 +269,17 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         while (StillExpectsBoxes(program.toolkit))
             program.app.MessageBox({.text = "left"});
         ExpectUsable(machine, program);
-        ExpectIntact(machine, before);
+        ExpectIntact(machine, before, doing, wanted);
         return fired;
     }
 };
 
 TEST_P(SavingFault, TheUsersFilesStayAndTheNextCommandWorks) {
     const auto& [doing, service] = GetParam();
-    const int faults = SweepFaults(
-        [&](int call) { return RunWithFault(std::get<0>(GetParam()), std::get<1>(GetParam()), call); });
+    const std::string wanted = Replacement(doing);
+    const int faults = SweepFaults([&](int call) {
+        return RunWithFault(std::get<0>(GetParam()), wanted, std::get<1>(GetParam()), call);
+    });
     const bool asks = service == Service::Files || (service == Service::Pictures && doing.asksPictures) ||
                       (service == Service::NViewLib && doing.asksLibrary);
     if (asks) {

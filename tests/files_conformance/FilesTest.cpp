@@ -99,11 +99,19 @@ TEST_P(FilesConformance, AWriterPutsTheWholeInPlaceOnClose) {
     writer->Close();
     EXPECT_EQ(backend->Content("C:\\a.txt"), "new");
     EXPECT_FALSE(backend->Content("C:\\A.TXT"));
+}
 
-    writer = files.Create("C:\\a.txt");
-    writer->Write(std::as_bytes(std::span("dropped", 7)));
-    writer.reset();
-    EXPECT_EQ(backend->Content("C:\\a.txt"), "dropped");
+TEST_P(FilesConformance, AWriterThatIsDroppedLeavesTheFormerFile) {
+    backend->InsertDisk();
+    for (const char* path : {"C:\\a.txt", "A:\\a.txt"}) {
+        backend->PutFile(path, "old");
+        auto writer = files.Create(path);
+        writer->Write(std::as_bytes(std::span("dropped", 7)));
+        writer.reset();
+        EXPECT_EQ(backend->Content(path), "old");
+    }
+    files.Create("A:\\new.txt")->Write(std::as_bytes(std::span("dropped", 7)));
+    EXPECT_FALSE(backend->Content("A:\\new.txt"));
 }
 
 }  // namespace

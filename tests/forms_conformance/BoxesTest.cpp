@@ -1,4 +1,8 @@
+#include <algorithm>
+
+#include "base/Text.h"
 #include "forms_conformance/ConformanceTest.h"
+#include "platform/forms/BoxText.h"
 
 namespace tavrix::conformance {
 namespace {
@@ -43,6 +47,28 @@ TEST_F(BoxesTest, TextAndTitleAreShownAsTheyAre) {
                    .systemModal = true},
                   Answer::Ok),
               Answer::Ok);
+}
+
+TEST_F(BoxesTest, ATextThatAFileMadeLongIsShortened) {
+    const std::string told = "Unable to find the file:\r\n\r\n";
+    const auto shown = [&](const std::string& brought, const std::string& expected) {
+        driver->ScriptNextBox({.expected = {.text = told + expected}, .reply = Answer::Ok});
+        EXPECT_EQ(app.MessageBox({.text = told + brought}), Answer::Ok);
+    };
+    const std::string path = "C:\\" + std::string(256, 'p');
+    shown(path, path);
+    const std::string sentence(30, 'w');
+    shown(sentence + " " + sentence, sentence + " " + sentence);
+    shown("C:\\" + std::string(397, 'p'), "C:\\" + std::string(146, 'p') + "..." + std::string(148, 'p'));
+    for (const char* piece : {"C:\\p\\", "ab cd ", "\u00e4 ", "\n", "line\r\n", " "}) {
+        std::string endless;
+        while (endless.size() < 1'000'000)
+            endless += piece;
+        const std::string fitting = FittingInABox(told + endless);
+        EXPECT_LE(CharacterCount(fitting), 4000U) << piece;
+        EXPECT_LE(std::ranges::count(fitting, '\n'), 41) << piece;
+        EXPECT_TRUE(fitting.starts_with(told)) << piece;
+    }
 }
 
 TEST_F(BoxesTest, HelpDoesNotCloseTheBox) {

@@ -111,13 +111,26 @@ TEST_F(MemoryFilesTest, FullDisksKeepTheFormerFile) {
     EXPECT_FALSE(disks.Exists("C:\\b.bmp"));
 }
 
-TEST_F(MemoryFilesTest, FloppiesAreWrittenInPlace) {
+TEST_F(MemoryFilesTest, AWriteThatFailedIsNotPutInPlace) {
+    disks.PutFile("C:\\a.bmp", "12345");
+    for (const int call : {1, 2}) {
+        const auto writer = files.Create("C:\\a.bmp");
+        platform.faults.FailNth(Service::Files, call, ErrorNumber::DiskFull);
+        const int ofWrite = ErrorOfCall([&] { writer->Write(std::as_bytes(std::span("x", 1))); });
+        EXPECT_EQ(ofWrite, call == 1 ? 61 : 0);
+        EXPECT_EQ(ErrorOfCall([&] { writer->Close(); }), 61);
+        EXPECT_EQ(ErrorOfCall([&] { writer->Close(); }), 61);
+    }
+    EXPECT_EQ(disks.Content("C:\\a.bmp"), "12345");
+}
+
+TEST_F(MemoryFilesTest, AFloppyNeedsNoRoomForTwo) {
     disks.InsertDisk('A');
     disks.PutFile("A:\\a.bmp", "12345");
     disks.SetCapacity('A', 8);
     EXPECT_EQ(ErrorOfCall([&] { Write("A:\\a.bmp", "12345678"); }), 0);
     EXPECT_EQ(ErrorOfCall([&] { Write("A:\\a.bmp", "123456789"); }), 61);
-    EXPECT_EQ(disks.Content("A:\\a.bmp"), "");
+    EXPECT_EQ(disks.Content("A:\\a.bmp"), "12345678");
 }
 
 TEST_F(MemoryFilesTest, ADiskPulledWhileWritingIsNoticed) {

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -280,12 +281,14 @@ TEST_F(HostFilesTest, AFloppyIsWrittenInPlaceAndHasItsSize) {
     auto writer = files.Create("A:\\a.txt");
     EXPECT_EQ(folder.Content("a/a.txt"), "old content");
     writer->Write(std::as_bytes(std::span("new", 3)));
-    EXPECT_EQ(folder.Content("a/a.txt"), "new");
+    EXPECT_EQ(folder.Content("a/a.txt"), "old content");
     writer->Close();
+    EXPECT_EQ(folder.Content("a/a.txt"), "new");
     EXPECT_EQ(StatusOf("a/a.txt").st_ino, inode);
 
     Write("A:\\large", std::string(1'457'000, 'x'));
     EXPECT_EQ(ErrorOfCall([&] { Write("A:\\more", std::string(1'000, 'x')); }), 61);
+    EXPECT_FALSE(folder.Has("a/more"));
     folder.Put("c/more", std::string(1'000, 'x'));
     EXPECT_EQ(ErrorOfCall([&] { files.Copy("C:\\more", "A:\\copy"); }), 61);
     Write("A:\\large", std::string(1'457'000, 'y'));  // its own room counts as free
@@ -335,6 +338,40 @@ TEST_F(HostFilesTest, AFolderThatTakesNoNewFilesKeepsItsOldOnesWritable) {
     EXPECT_EQ(WEXITSTATUS(status), 70);
     EXPECT_EQ(folder.Content("c/closed/a.txt"), "new");
     ::chmod(folder.At("c/closed").c_str(), 0755);
+}
+
+TEST_F(HostFilesTest, AFullDiskKeepsTheFormerFileOfAFolderThatTakesNoNewOnes) {
+    folder.Put("c/closed/a.txt", std::string(3000, 'o'));
+    ::chmod(folder.At("c/closed/a.txt").c_str(), 0666);
+    ::chmod(folder.At("c/closed").c_str(), 0555);
+    ::chmod(folder.Path().c_str(), 0755);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && ::seteuid(Nobody) != 0) ::_exit(99);
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::_exit(ErrorOfCall([&] { Write("C:\\closed\\a.txt", std::string(100'000, 'x')); }));
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 61);
+    EXPECT_EQ(folder.Content("c/closed/a.txt"), std::string(3000, 'o'));
+    ::chmod(folder.At("c/closed").c_str(), 0755);
+}
+
+TEST_F(HostFilesTest, WhatAKillLeftIsGoneAfterTheNextWrite) {
+    folder.Put("c/.tavrix-abcdefghijkl", "left by a kill");
+    folder.Put("c/.tavrix-bcdefghijklm", "being written");
+    folder.Put("c/.tavrix-notes", "the user's own");
+    folder.Put("c/.tavrix-xdefghijklmnop", "the user's own");
+    const FileDescriptor writing(::open(folder.At("c/.tavrix-bcdefghijklm").c_str(), O_WRONLY));
+    ASSERT_EQ(::flock(writing.Number(), LOCK_EX), 0);
+    Write("C:\\a.txt", "new");
+    EXPECT_FALSE(folder.Has("c/.tavrix-abcdefghijkl"));
+    EXPECT_EQ(folder.Content("c/.tavrix-bcdefghijklm"), "being written");
+    EXPECT_EQ(EntriesIn("c"), 4);
 }
 
 TEST_F(HostFilesTest, SharedFilesAreSeenThroughTheProgramsFolder) {

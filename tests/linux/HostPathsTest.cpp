@@ -85,12 +85,34 @@ TEST(TemporaryFolder, IsPrivate) {
     EXPECT_EQ(ModeOf(temporary.Path()), 0700U);
 }
 
-TEST(TemporaryFolder, ClosesAnOpenFolderOfTheUser) {
+TEST(TemporaryFolder, IsAPrivateOneInAFolderThatOthersMayEnter) {
     const TestFolder folder;
     folder.PutFolder("temp");
-    ::chmod(folder.At("temp").c_str(), 0777);
-    const TemporaryFolder temporary(folder.At("temp"));
-    EXPECT_EQ(ModeOf(temporary.Path()), 0700U);
+    for (const mode_t mode : {0777U, 01777U, 0750U, 0711U}) {
+        ::chmod(folder.At("temp").c_str(), mode);
+        const TemporaryFolder temporary(folder.At("temp"));
+        EXPECT_EQ(temporary.Path(), folder.At("temp/tavrix-" + std::to_string(::geteuid())));
+        EXPECT_EQ(ModeOf(temporary.Path()), 0700U);
+        EXPECT_EQ(ModeOf(folder.At("temp")), mode) << "its permissions are not ours to change";
+    }
+}
+
+TEST(TemporaryFolder, LeavesThePermissionsInItAlone) {
+    const TestFolder folder;
+    folder.PutFolder("t/2");
+    ::chmod(folder.At("t").c_str(), 0700);
+    ::chmod(folder.At("t/2").c_str(), 0755);
+    const TemporaryFolder first(folder.At("t"));
+    const TemporaryFolder second(folder.At("t"));
+    EXPECT_EQ(first.Path(), folder.At("t"));
+    EXPECT_EQ(second.Path(), folder.At("t/3"));
+    EXPECT_EQ(ModeOf(folder.At("t/2")), 0755U);
+}
+
+TEST(TemporaryFolder, LeavesNothingButWhatWasPutThere) {
+    const TestFolder folder;
+    { const TemporaryFolder temporary(folder.At("t")); }
+    EXPECT_TRUE(std::filesystem::is_empty(folder.At("t")));
 }
 
 TEST(TemporaryFolder, IsNeverReachedThroughALink) {

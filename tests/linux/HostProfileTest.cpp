@@ -1,11 +1,14 @@
 #include "backends/linux/HostProfile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -217,6 +220,25 @@ TEST_F(HostProfileTest, TwoWritersLoseNothing) {
     }
     EXPECT_TRUE(folder.Content("tavrix.ini").starts_with("; foreign\r\n"));
     EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(HostProfileTest, ALockThatIsHeldForEverIsWaitedForOnce) {
+    const FileDescriptor lock(::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY));
+    ASSERT_EQ(::flock(lock.Number(), LOCK_EX), 0);
+    const auto start = std::chrono::steady_clock::now();
+    for (const char* key : {"First", "Second", "Third"})
+        Write(key, "kept");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2500));
+    EXPECT_EQ(profile.Read("Viewer", "C:\\tavrix.ini").Read("First"), "kept");
+    EXPECT_EQ(profile.Read("Viewer", "C:\\tavrix.ini").Read("Third"), "kept");
+}
+
+TEST_F(HostProfileTest, AFileOfNoReasonableSizeIsNeitherReadNorWritten) {
+    folder.Put("tavrix.ini", "[Viewer]\r\nKey=value\r\n;" + std::string(std::size_t{2} << 20U, 'x'));
+    const std::uintmax_t size = std::filesystem::file_size(folder.At("tavrix.ini"));
+    EXPECT_EQ(profile.Read("Viewer", "C:\\tavrix.ini").Read("Key"), "");
+    EXPECT_NE(ErrorOfCall([&] { Write("Key", "other"); }), 0);
+    EXPECT_EQ(std::filesystem::file_size(folder.At("tavrix.ini")), size);
 }
 
 TEST_F(HostProfileTest, TheStoreKeepsNamesWithBlanks) {

@@ -9,6 +9,7 @@
 
 #include "LinkBytes.h"
 #include "TestFolder.h"
+#include "backends/linux/HostFile.h"
 #include "backends/linux/Programs.h"
 #include "support/IoCount.h"
 
@@ -83,6 +84,17 @@ TEST_F(HostShellTest, AddsToAUsualListWithOneReadingAndOneWriting) {
     EXPECT_LT(took.written, size + size / 10);
 }
 
+TEST_F(HostShellTest, AListOfNoReasonableSizeStaysAsItIs) {
+    const std::string huge(LargestWholeFile + 1, ' ');
+    folder.Put("data/recently-used.xbel", huge);
+    folder.Put("a.bmp", "");
+    const IoCount before = IoCount::Now();
+    shell.AddRecent("C:\\a.bmp");
+    const IoCount took = IoCount::Now() - before;
+    EXPECT_LT(took.read, huge.size() / 10);
+    EXPECT_EQ(std::filesystem::file_size(folder.At("data/recently-used.xbel")), huge.size());
+}
+
 TEST_F(HostShellTest, RunsTheDesktopsOwnPrograms) {
     const ScopedVariable path("PATH", folder.At("bin") + ":/usr/bin:/bin");
     PutProgram("xfce4-display-settings");
@@ -96,6 +108,25 @@ TEST_F(HostShellTest, RunsTheDesktopsOwnPrograms) {
     EXPECT_EQ(Called(), folder.At("bin/xdg-open") + " " + folder.At("My Pictures; rm -rf $HOME") + "\n");
     EXPECT_TRUE(shell.Run("C:\\Tavrix\\TAVRIX.EXE /C"));
     EXPECT_EQ(Called(), folder.At("bin/tavrix") + " /C\n");
+}
+
+TEST_F(HostShellTest, AMessengerThatFailsAtOnceHasOpenedNothing) {
+    const ScopedVariable path("PATH", folder.At("bin") + ":/usr/bin:/bin");
+    const auto put = [this](const std::string& name, const std::string& script) {
+        folder.Put("bin/" + name, "#!/bin/sh\n" + script + "\n");
+        ::chmod(folder.At("bin/" + name).c_str(), 0755);
+    };
+    folder.PutFolder("Pictures");
+    put("xdg-open", "exit 3");
+    put("gio", "exit 2");
+    EXPECT_FALSE(shell.Run("explorer.exe C:\\Pictures"));
+    EXPECT_FALSE(shell.Run("explorer.exe"));
+    put("gio", "exit 0");
+    EXPECT_TRUE(shell.Run("explorer.exe C:\\Pictures"));
+    // A file manager that is started itself goes on running.
+    put("xdg-open", "exec sleep 30");
+    put("gio", "exit 2");
+    EXPECT_TRUE(shell.Run("explorer.exe C:\\Pictures"));
 }
 
 TEST_F(HostShellTest, TellsWhenNothingCanBeStarted) {

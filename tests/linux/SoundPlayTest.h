@@ -42,8 +42,22 @@ class SoundPlayTest : public testing::Test {
         const std::string all = folder.Content("played");
         return all.substr(std::min(all.find_first_not_of(silence), all.size()));
     }
+    /// The file grows while it is waited for, and is begun anew with each device: so it is read again only once it has
+    /// grown by a half, or grows no more.
     [[nodiscard]] bool ComesToPlay(std::size_t bytes, char silence = '\0') const {
-        return Comes([&] { return Played(silence).size() >= bytes; });
+        std::uintmax_t next = bytes;
+        std::uintmax_t last = 0;
+        int still = 0;
+        return Comes([&] {
+            constexpr int Ended = 100;  // milliseconds
+            std::error_code error;
+            const std::uintmax_t size = std::filesystem::file_size(folder.At("played"), error);
+            still = size == last ? still + 1 : 0;
+            last = size;
+            if (error || size < bytes || (size < next && still != Ended)) return false;
+            next = size + size / 2;
+            return Played(silence).size() >= bytes;
+        });
     }
     /// 16-bit samples that all differ, so that a shift by one shows.
     static std::string Samples(int count, int first = 1) {

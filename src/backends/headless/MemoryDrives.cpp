@@ -31,10 +31,19 @@ DriveType MemoryDrives::Type(const std::string& root) {
 
 DiskSpace MemoryDrives::Space(const std::string& root) {
     faults_.Enter(Service::Drives, "Space", root);
+    return SpaceOfBytes(DiskOf(root).FreeBytes());
+}
+
+std::int64_t MemoryDrives::FreeBytes(const std::string& root) {
+    faults_.Enter(Service::Drives, "FreeBytes", root);
+    return WholeSectors(DiskOf(root).FreeBytes());
+}
+
+const MemoryDisk& MemoryDrives::DiskOf(const std::string& root) const {
     const MemoryDrive* const drive = DriveOf(disks_, root);
     if (drive == nullptr) throw RuntimeError(ErrorNumber::DeviceUnavailable);
     if (!drive->disk) throw RuntimeError(ErrorNumber::DiskNotReady);
-    return SpaceOfBytes(drive->disk->FreeBytes());
+    return *drive->disk;
 }
 
 }  // namespace tavrix::headless

@@ -15,8 +15,11 @@ class MemoryDrives final : public Drives {
     std::string Roots() override;
     DriveType Type(const std::string& root) override;
     DiskSpace Space(const std::string& root) override;
+    std::int64_t FreeBytes(const std::string& root) override;
 
   private:
+    [[nodiscard]] const MemoryDisk& DiskOf(const std::string& root) const;
+
     const MemoryDisks& disks_;
     FaultPlan& faults_;
 };

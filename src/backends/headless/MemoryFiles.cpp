@@ -67,71 +67,56 @@ class MemoryReader final : public FileReader {
 class MemoryWriter final : public FileWriter {
   public:
     MemoryWriter(MemoryPlace place, const MemoryDisks& disks, FaultPlan& faults)
-        : place_(std::move(place)), disks_(disks), faults_(faults) {
-        if (IsInPlace(place_) && !place_.node) place_.node = FileAt(place_, disks_.Now());
-    }
-    MemoryWriter(const MemoryWriter&) = delete;
-    MemoryWriter& operator=(const MemoryWriter&) = delete;
-    MemoryWriter(MemoryWriter&&) = delete;
-    MemoryWriter& operator=(MemoryWriter&&) = delete;
-    ~MemoryWriter() override {
-        SkipFailure([this] { Commit(); });
-    }
+        : place_(std::move(place)), disks_(disks), faults_(faults) {}
 
     void Write(std::span<const std::byte> bytes) override {
-        TestDisk("Write");
-        if (IsInPlace(place_)) Begin();
-        const auto size = static_cast<std::int64_t>(bytes.size());
-        const std::int64_t pending = IsInPlace(place_) ? 0 : static_cast<std::int64_t>(content_.size());
-        if (pending + size > place_.disk->FreeBytes()) {
-            failed_ = true;
-            throw RuntimeError(ErrorNumber::DiskFull);
-        }
-        std::string& content = IsInPlace(place_) ? place_.node->content : content_;
-        content.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        Try("Write", [&] {
+            content_.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+            if (static_cast<std::int64_t>(content_.size()) > Room())
+                throw RuntimeError(ErrorNumber::DiskFull);
+        });
     }
 
     void Close() override {
-        TestDisk("Close");
-        Commit();
+        if (done_) return;
+        Try("Close", [this] {
+            const auto file = FileAt(place_, disks_.Now());
+            file->content = content_;
+            file->modified = disks_.Now();
+        });
+        done_ = true;
     }
 
   private:
-    void TestDisk(const std::string& operation) {
+    /// Runs a step; a failure of it is one of the whole.
+    template <class Step>
+    void Try(const std::string& operation, Step&& step) {
+        if (failure_) throw RuntimeError(*failure_);
         try {
             faults_.Enter(Service::Files, operation);
             const auto drive = disks_.Drives().find(place_.letter);
             if (drive == disks_.Drives().end() || drive->second.disk != place_.disk) {
                 throw RuntimeError(ErrorNumber::DiskNotReady);
             }
-        } catch (const RuntimeError&) {
-            failed_ = true;
+            step();
+        } catch (const RuntimeError& error) {
+            failure_ = error;
             throw;
         }
     }
 
-    void Begin() {
-        if (!std::exchange(begun_, true)) place_.node->content.clear();
-    }
-
-    void Commit() {
-        if (failed_ || std::exchange(done_, true)) return;
-        if (IsInPlace(place_)) {
-            Begin();
-            place_.node->modified = disks_.Now();
-            return;
-        }
-        const auto file = FileAt(place_, disks_.Now());
-        file->content = content_;
-        file->modified = disks_.Now();
+    /// Bytes that the content may have.
+    [[nodiscard]] std::int64_t Room() const {
+        const bool former = IsInPlace(place_) && place_.node;
+        return place_.disk->FreeBytes() +
+               (former ? static_cast<std::int64_t>(place_.node->content.size()) : 0);
     }
 
     MemoryPlace place_;
     const MemoryDisks& disks_;
     FaultPlan& faults_;
     std::string content_;
-    bool begun_ = false;
-    bool failed_ = false;
+    std::optional<RuntimeError> failure_;
     bool done_ = false;
 };
 

@@ -12,8 +12,8 @@
 
 namespace tavrix::headless {
 
-/// Files on disks in memory. As on a real system, new content replaces the old as a whole on Close, except on A: and
-/// B:, where it is written in place.
+/// Files on disks in memory. As on a real system, new content replaces the old as a whole on Close; on A: and B: the room
+/// of the old one counts as free meanwhile, elsewhere there must be room for both.
 class MemoryFiles final : public Files {
   public:
     MemoryFiles(MemoryDisks& disks, FaultPlan& faults) : disks_(disks), faults_(faults) {}

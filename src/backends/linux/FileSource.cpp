@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <limits>
 
+#include "backends/linux/HostFile.h"
 #include "base/RuntimeError.h"
 
 namespace tavrix {
@@ -77,6 +78,7 @@ std::size_t FileSource::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
         const ssize_t count =
             pread(descriptor_, into.data() + got, into.size() - got, static_cast<off_t>(offset + got));
         if (count < 0 && errno == EINTR) continue;
+        if (count < 0 && !error_) error_ = ErrorOf(errno).Number();
         if (count <= 0) break;
         got += static_cast<std::size_t>(count);
     }

@@ -34,10 +34,12 @@ class FileSource final : public ByteSource {
 
     [[nodiscard]] std::uint64_t Size() const override { return identity_.size; }
     std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> into) override;
+    [[nodiscard]] std::optional<ErrorNumber> Error() const override { return error_; }
 
   private:
     int descriptor_ = -1;
     FileIdentity identity_;
+    std::optional<ErrorNumber> error_;
 };
 
 }  // namespace tavrix

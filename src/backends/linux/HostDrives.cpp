@@ -30,10 +30,14 @@ DriveType HostDrives::Type(const std::string& root) {
 }
 
 DiskSpace HostDrives::Space(const std::string& root) {
+    return SpaceOfBytes(FreeBytes(root));
+}
+
+std::int64_t HostDrives::FreeBytes(const std::string& root) {
     const std::optional<HostDrive> drive = DriveOf(drives_, root);
     if (!drive) throw RuntimeError(ErrorNumber::DeviceUnavailable);
     if (!DriveMap::HasDisk(*drive)) throw RuntimeError(ErrorNumber::DiskNotReady);
-    return SpaceOfBytes(DriveMap::FreeBytes(*drive));
+    return WholeSectors(DriveMap::FreeBytes(*drive));
 }
 
 }  // namespace tavrix

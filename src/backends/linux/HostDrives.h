@@ -14,6 +14,7 @@ class HostDrives final : public Drives {
     std::string Roots() override;
     DriveType Type(const std::string& root) override;
     DiskSpace Space(const std::string& root) override;
+    std::int64_t FreeBytes(const std::string& root) override;
 
   private:
     DriveMap& drives_;

@@ -1,7 +1,9 @@
 #include "backends/linux/HostFile.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <array>
@@ -9,10 +11,13 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <memory>
 #include <random>
 #include <system_error>
 #include <utility>
 #include <vector>
+
+#include "backends/linux/HostPaths.h"
 
 namespace tavrix {
 namespace {
@@ -21,13 +26,74 @@ namespace {
     throw ErrorOf(systemError);
 }
 
+/// Names of files that are being written: this and so many letters.
+constexpr std::string_view BesidePrefix = ".tavrix-";
+constexpr std::size_t BesideLetters = 12;
+
 std::string NameBeside(const std::string& path) {
     constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz0123456789";
     std::random_device random;
-    std::string name = HostFolderOf(path) + "/.tavrix-";
-    for (int i = 0; i < 12; ++i)
+    std::string name = HostFolderOf(path) + "/" + std::string(BesidePrefix);
+    for (std::size_t i = 0; i < BesideLetters; ++i)
         name.push_back(Letters[random() % Letters.size()]);
     return name;
+}
+
+/// Whether nobody else held the lock of a file; where there are no locks, nobody does.
+bool TryLock(const FileDescriptor& file) {
+    return ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR);
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// A file without a name, not in the target's folder.
+FileDescriptor UnnamedElsewhere() {
+    const std::string place = EnvironmentValue("TMPDIR", "/tmp");
+    FileDescriptor file(::open(place.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
+    if (!file) file = FileDescriptor(::memfd_create("tavrix", MFD_CLOEXEC));
+    if (!file) Fail(errno);
+    return file;
+}
+
+/// Fails with ErrorOf(errno).
+void WriteAll(const FileDescriptor& file, std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file.Number(), bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Fail(errno);
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+/// Writes the rest of a file to another one.
+void Pour(const FileDescriptor& from, const FileDescriptor& to) {
+    constexpr std::size_t BufferSize = std::size_t{1} << 16U;
+    std::vector<std::byte> buffer(BufferSize);
+    for (;;) {
+        const ssize_t count = ::read(from.Number(), buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Fail(errno);
+        if (count == 0) return;
+        WriteAll(to, std::span(buffer).first(static_cast<std::size_t>(count)));
+    }
+}
+
+/// Writes one file over another; a failure leaves whatever stands then.
+void WriteOver(const FileDescriptor& from, const FileDescriptor& to, off_t length) {
+    if (::lseek(from.Number(), 0, SEEK_SET) < 0 || ::lseek(to.Number(), 0, SEEK_SET) < 0) Fail(errno);
+    Pour(from, to);
+    if (::ftruncate(to.Number(), length) != 0) Fail(errno);
+}
+
+/// Takes the room for a longer content, without touching what stands there. File systems that cannot tell have room.
+void TakeRoom(const FileDescriptor& file, off_t from, off_t to) {
+    if (to <= from) return;
+    const int error = ::posix_fallocate(file.Number(), from, to - from);
+    if (error == 0 || error == EINVAL || error == EOPNOTSUPP || error == ENOSYS) return;
+    [[maybe_unused]] const int ignored = ::ftruncate(file.Number(), from);
+    Fail(error);
 }
 
 bool CannotCreate(int systemError) {
@@ -113,13 +179,15 @@ FileDescriptor OpenForReading(const std::string& path) {
     return file;
 }
 
-std::optional<std::string> ReadWholeFile(const std::string& path) {
+std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t largest) {
     try {
         const FileDescriptor file = OpenForReading(path);
         std::string content;
         struct stat status {};
-        if (::fstat(file.Number(), &status) == 0)
+        if (::fstat(file.Number(), &status) == 0) {
+            if (static_cast<std::uint64_t>(status.st_size) > largest) return std::nullopt;
             content.reserve(static_cast<std::size_t>(status.st_size) + 1);
+        }
         std::array<char, 65536> part;
         for (;;) {
             const ssize_t count = ::read(file.Number(), part.data(), part.size());
@@ -127,6 +195,7 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
             if (count < 0) return std::nullopt;
             if (count == 0) return content;
             content.append(part.data(), static_cast<std::size_t>(count));
+            if (content.size() > largest) return std::nullopt;
         }
     } catch (const RuntimeError&) {
         return std::nullopt;
@@ -139,15 +208,35 @@ void MakeFolders(const std::string& path) {
     ::mkdir(path.c_str(), 0700);
 }
 
-FolderLock::FolderLock(const std::string& folder)
+FolderLock::FolderLock(const std::string& folder, std::chrono::milliseconds patience)
     : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     if (!folder_) return;
-    constexpr int MostWaits = 5000;
-    for (int i = 0; ::flock(folder_.Number(), LOCK_EX | LOCK_NB) != 0; ++i) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (::flock(folder_.Number(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR) return;
-        if (i == MostWaits) throw RuntimeError(ErrorNumber::PermissionDenied);
+        if (std::chrono::steady_clock::now() >= end) {
+            had_ = false;
+            return;
+        }
         const timespec millisecond{0, 1'000'000};
         ::nanosleep(&millisecond, nullptr);
+    }
+}
+
+void RemoveLeftovers(const std::string& folder) {
+    const std::unique_ptr<DIR, CloseFolder> entries(::opendir(folder.c_str()));
+    if (!entries) return;
+    while (const dirent* const entry = ::readdir(entries.get())) {
+        const std::string_view name = entry->d_name;
+        if (!name.starts_with(BesidePrefix) || name.size() != BesidePrefix.size() + BesideLetters) continue;
+        const std::string path = (folder == "/" ? "/" : folder + "/") + std::string(name);
+        const FileDescriptor file(
+            ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+        struct stat status {};
+        const bool ours = file && ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode) &&
+                          status.st_uid == ::geteuid();
+        // Whoever is writing holds its lock.
+        if (ours && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0) ::unlink(path.c_str());
     }
 }
 
@@ -164,8 +253,9 @@ TargetFile::TargetFile(const std::string& path, Options options)
         // The superuser may open what is marked as protected; the mark counts all the same.
         if ((former_.st_mode & 0222U) == 0) throw RuntimeError(ErrorNumber::PermissionDenied);
     }
+    if (options_.cleanFolder) RemoveLeftovers(HostFolderOf(path_));
     if (options_.inPlace) {
-        BeginInPlace();
+        OpenElsewhere();
     } else {
         OpenBeside();
     }
@@ -175,105 +265,107 @@ TargetFile::~TargetFile() {
     if (!besideName_.empty() && !done_) ::unlink(besideName_.c_str());
 }
 
-void TargetFile::BeginInPlace() {
+void TargetFile::OpenElsewhere() {
     options_.inPlace = true;
-    if (target_) {
-        content_ = std::move(target_);
-        return;
-    }
-    content_ = FileDescriptor(
-        ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, options_.newMode));
-    if (!content_) {
+    if (!target_ && ::access(HostFolderOf(path_).c_str(), W_OK | X_OK) != 0) {
         if (errno == ENOENT) throw RuntimeError(ErrorNumber::PathNotFound);
         Fail(errno);
     }
-    emptied_ = true;
+    content_ = UnnamedElsewhere();
 }
 
 void TargetFile::OpenBeside() {
     const std::string folder = HostFolderOf(path_);
     content_ = FileDescriptor(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, options_.newMode));
-    if (content_) return;
+    if (content_) {
+        TryLock(content_);
+        return;
+    }
     if (errno == ENOENT) throw RuntimeError(ErrorNumber::PathNotFound);
 
     // Some file systems know no unnamed files.
-    besideName_ = NameBeside(path_);
-    content_ = FileDescriptor(
-        ::open(besideName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, options_.newMode));
-    if (content_) return;
-    const int error = errno;
+    constexpr int MostTries = 5;
+    for (int i = 0; i < MostTries; ++i) {
+        besideName_ = NameBeside(path_);
+        content_ = FileDescriptor(::open(
+            besideName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, options_.newMode));
+        if (!content_) break;
+        // Somebody who cleans up may have come between.
+        struct stat status {};
+        if (TryLock(content_) && ::fstat(content_.Number(), &status) == 0 && status.st_nlink > 0) return;
+    }
+    const int error = content_ ? EBUSY : errno;
+    content_.Close();
     besideName_.clear();
     if (error == ENOENT) throw RuntimeError(ErrorNumber::PathNotFound);
     if (!target_ || !CannotCreate(error)) Fail(error);
-    BeginInPlace();
+    OpenElsewhere();
+}
+
+template <class Step>
+void TargetFile::Try(Step&& step) {
+    if (failure_) throw RuntimeError(*failure_);
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        failure_ = error;
+        throw;
+    }
 }
 
 void TargetFile::Count(std::uint64_t bytes) {
-    if (options_.inPlace && !emptied_) {
-        if (::ftruncate(content_.Number(), 0) != 0) Fail(errno);
-        emptied_ = true;
-    }
     written_ += bytes;
-    if (options_.limit && written_ > *options_.limit) {
-        failed_ = true;
-        throw RuntimeError(ErrorNumber::DiskFull);
-    }
+    if (options_.limit && written_ > *options_.limit) throw RuntimeError(ErrorNumber::DiskFull);
 }
 
 void TargetFile::Write(std::span<const std::byte> bytes) {
-    Count(bytes.size());
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(content_.Number(), bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) {
-            failed_ = true;
-            Fail(errno);
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
+    Try([&] {
+        Count(bytes.size());
+        WriteAll(content_, bytes);
+    });
 }
 
 void TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& status) {
-    Count(static_cast<std::uint64_t>(status.st_size));
+    Try([&] {
+        Count(static_cast<std::uint64_t>(status.st_size));
+        TakeOver(source);
+        times_ = {status.st_atim, status.st_mtim};
+    });
+}
+
+void TargetFile::TakeOver(const FileDescriptor& source) {
     for (;;) {
         constexpr std::size_t Part = std::size_t{1} << 26U;
         const ssize_t count =
             ::copy_file_range(source.Number(), nullptr, content_.Number(), nullptr, Part, 0);
-        if (count > 0) continue;
+        if (count > 0 || (count < 0 && errno == EINTR)) continue;
         if (count == 0) break;
-        if (errno == EINTR) continue;
         if (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EPERM)
             break;
-        failed_ = true;
         Fail(errno);
     }
     // What the system could not copy by itself, and what has been added meanwhile.
-    constexpr std::size_t BufferSize = std::size_t{1} << 16U;
-    std::vector<std::byte> buffer(BufferSize);
-    for (;;) {
-        const ssize_t count = ::read(source.Number(), buffer.data(), buffer.size());
-        if (count == 0) break;
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) {
-            failed_ = true;
-            Fail(errno);
-        }
-        const std::uint64_t before = written_;
-        Write(std::span(buffer).first(static_cast<std::size_t>(count)));
-        written_ = before;  // counted above, by the file's length
-    }
-    const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
-    ::futimens(content_.Number(), times.data());
+    Pour(source, content_);
 }
 
 void TargetFile::Commit() {
-    if (done_ || failed_) return;
-    Count(0);
-    if (options_.inPlace) {
-        done_ = true;
-        if (options_.sync && ::fsync(content_.Number()) != 0 && errno != EINVAL) Fail(errno);
-        return;
-    }
+    if (done_) return;
+    Try([&] {
+        if (options_.inPlace) {
+            CommitInPlace();
+        } else {
+            CommitBeside();
+        }
+    });
+    done_ = true;
+}
+
+void TargetFile::Sync() const {
+    if (times_) ::futimens(content_.Number(), times_->data());
+    if (options_.sync && ::fsync(content_.Number()) != 0 && errno != EINVAL) Fail(errno);
+}
+
+void TargetFile::CommitBeside() {
     if (target_) {
         // Ownership is kept where the user may give it; the mode comes last, since a change of owner alters it.
         if (former_.st_uid != ::geteuid() || former_.st_gid != ::getegid()) {
@@ -284,7 +376,7 @@ void TargetFile::Commit() {
         }
         if (options_.keepMode) ::fchmod(content_.Number(), former_.st_mode & 07777U);
     }
-    if (options_.sync && ::fsync(content_.Number()) != 0 && errno != EINVAL) Fail(errno);
+    Sync();
     if (besideName_.empty()) {
         const std::string name = NameBeside(path_);
         const std::string unnamed = "/proc/self/fd/" + std::to_string(content_.Number());
@@ -295,7 +387,38 @@ void TargetFile::Commit() {
         if (errno == EISDIR) throw RuntimeError(ErrorNumber::PathFileAccessError);
         Fail(errno);
     }
-    done_ = true;
+}
+
+void TargetFile::CommitInPlace() {
+    const FileDescriptor content = std::exchange(content_, FileDescriptor());
+    const off_t length = ::lseek(content.Number(), 0, SEEK_END);
+    if (length < 0) Fail(errno);
+    const bool made = !target_;
+    FileDescriptor former;
+    if (made) {
+        content_ = FileDescriptor(
+            ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, options_.newMode));
+        if (!content_) Fail(errno);
+        former_.st_size = 0;
+    } else {
+        content_ = std::move(target_);
+        if (::fstat(content_.Number(), &former_) != 0) Fail(errno);
+        // A file that its user may write and not read is not brought back.
+        const FileDescriptor readable(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+        if (readable) {
+            former = UnnamedElsewhere();
+            Pour(readable, former);
+        }
+    }
+    try {
+        TakeRoom(content_, former_.st_size, length);
+        WriteOver(content, content_, length);
+        Sync();
+    } catch (const RuntimeError&) {
+        if (made) ::unlink(path_.c_str());
+        if (former) SkipFailure([&] { WriteOver(former, content_, former_.st_size); });
+        throw;
+    }
 }
 
 }  // namespace tavrix

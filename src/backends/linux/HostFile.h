@@ -2,11 +2,15 @@
 
 #include <sys/stat.h>
 
+#include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "base/RuntimeError.h"
 
@@ -44,8 +48,12 @@ class FileDescriptor {
 /// Opens a normal file for reading. Devices, pipes and folders fail with 75 and are never waited for.
 [[nodiscard]] FileDescriptor OpenForReading(const std::string& path);
 
-/// The whole content of a file; empty when there is none or it cannot be read.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
+/// The largest file that is read as a whole where nobody says otherwise, in bytes.
+inline constexpr std::size_t LargestWholeFile = std::size_t{16} << 20U;
+
+/// The whole content of a file; empty when there is none, it cannot be read, or it is larger than `largest`.
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path,
+                                                       std::size_t largest = LargestWholeFile);
 
 /// Makes a folder and the missing ones above it, private to the user (mode 0700). Failures are left to whoever uses
 /// the folder.
@@ -55,16 +63,32 @@ void MakeFolders(const std::string& path);
 /// the folder itself and leaves no file behind; where the file system knows no locks there is none.
 class FolderLock {
   public:
-    /// Waits up to five seconds, then throws 70.
-    explicit FolderLock(const std::string& folder);
+    /// How long a healthy program may hold a lock.
+    static constexpr std::chrono::milliseconds Patience{1000};
+
+    /// Waits for other programs as long as that. One that holds the lock longer hangs, and is not waited for any more:
+    /// what is written under the lock is replaced as a whole, so that without it a change of the other may be lost at
+    /// worst.
+    explicit FolderLock(const std::string& folder, std::chrono::milliseconds patience = Patience);
+
+    /// Whether nobody held it longer than we waited.
+    [[nodiscard]] bool Had() const { return had_; }
 
   private:
     FileDescriptor folder_;
+    bool had_ = true;
 };
+
+/// Removes what programs of this kind that were killed have left in a folder while they wrote there. What a live one is
+/// writing stays.
+void RemoveLeftovers(const std::string& folder);
 
 /// A file that is written as a whole. The content goes to an unnamed file in the same folder and replaces the target
 /// on Commit; links are followed, owner and mode are kept. Where the folder takes no new file but the target can
-/// be written, and where there is no room for two, it is written in place.
+/// be written, and where there is no room for two, it is kept elsewhere, and written over the target on Commit: not before
+/// it is known to fit, and on a failure the former content comes back.
+///
+/// What was not committed, or could not be, is dropped.
 class TargetFile {
   public:
     struct Options {
@@ -73,6 +97,7 @@ class TargetFile {
         mode_t newMode = 0666;               ///< of a new file, less the user's mask
         bool keepMode = true;                ///< of the file that is replaced; else newMode counts for it too
         std::optional<std::uint64_t> limit;  ///< most bytes that the disk takes; beyond it 61
+        bool cleanFolder = true;             ///< by RemoveLeftovers
     };
 
     /// Tests the target for writing without changing it. Throws 70 when it is protected, 75 when it is no normal
@@ -83,29 +108,36 @@ class TargetFile {
     void Write(std::string_view text) { Write(std::as_bytes(std::span(text))); }
     /// Takes over the rest of an open file, and its date.
     void CopyFrom(const FileDescriptor& source, const struct stat& status);
-    /// Puts the content in place. After a failed Write nothing is put in place.
+    /// Puts the content in place. After a failure, of a Write too, nothing is put in place, and each further call fails
+    /// likewise.
     void Commit();
 
   private:
     void OpenBeside();
-    void BeginInPlace();
+    void OpenElsewhere();
+    /// Runs a step; a failure of it is one of the whole.
+    template <class Step>
+    void Try(Step&& step);
     void Count(std::uint64_t bytes);
+    void TakeOver(const FileDescriptor& source);
+    void CommitBeside();
+    void CommitInPlace();
+    void Sync() const;
 
     std::string path_;
     Options options_;
     FileDescriptor target_;  ///< the file as it stands, if there is one
     struct stat former_ {};
-    FileDescriptor content_;  ///< the new content; target_ holds it when written in place
-    std::string besideName_;  ///< of the content, where it could not be left unnamed
+    FileDescriptor content_;                        ///< the new content
+    std::string besideName_;                        ///< of the content, once it has a name
+    std::optional<std::array<timespec, 2>> times_;  ///< that the file gets
     std::uint64_t written_ = 0;
-    bool emptied_ = false;
-    bool failed_ = false;
+    std::optional<RuntimeError> failure_;
     bool done_ = false;
 
   public:
     TargetFile(const TargetFile&) = delete;
     TargetFile& operator=(const TargetFile&) = delete;
-    /// Takes back what was not committed.
     ~TargetFile();
 };
 

@@ -36,13 +36,6 @@ class HostReader final : public FileReader {
 class HostWriter final : public FileWriter {
   public:
     HostWriter(const std::string& path, TargetFile::Options options) : target_(path, options) {}
-    HostWriter(const HostWriter&) = delete;
-    HostWriter& operator=(const HostWriter&) = delete;
-    HostWriter(HostWriter&&) = delete;
-    HostWriter& operator=(HostWriter&&) = delete;
-    ~HostWriter() override {
-        SkipFailure([&] { target_.Commit(); });
-    }
 
     void Write(std::span<const std::byte> bytes) override { target_.Write(bytes); }
     void Close() override { target_.Commit(); }
@@ -183,8 +176,10 @@ std::vector<std::string> HostFiles::Folders(const std::string& folder) {
     return paths;
 }
 
-TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) const {
+TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) {
     TargetFile::Options options;
+    // Large folders are not gone through for each file that is written there.
+    options.cleanFolder = cleaned_.insert(HostFolderOf(location.path)).second;
     options.inPlace = location.drive.letter == 'A' || location.drive.letter == 'B';
     if (temporary_ && !temporary_->Path().empty()) {
         options.sync = !location.path.starts_with(temporary_->Path() + "/");
@@ -277,6 +272,15 @@ std::string HostFiles::ShortPath(const std::string& folder) {
     }
 }
 
+const std::string& HostFiles::TemporaryPath() {
+    if (!temporary_) {
+        // It stays locked, and the settings' folder is locked for each write.
+        const bool settings = paths_.temporary == paths_.program || paths_.temporary == paths_.config;
+        temporary_.emplace(paths_.temporary + (settings && !paths_.temporary.empty() ? "/temp" : ""));
+    }
+    return temporary_->Path();
+}
+
 std::string HostFiles::Folder(KnownFolder folder) {
     const auto ifThere = [this](const std::string& path) {
         struct stat status {};
@@ -285,8 +289,7 @@ std::string HostFiles::Folder(KnownFolder folder) {
     };
     switch (folder) {
         case KnownFolder::Temporary:
-            if (!temporary_) temporary_.emplace(paths_.temporary);
-            return ifThere(temporary_->Path());
+            return ifThere(TemporaryPath());
         case KnownFolder::Windows:
             // There is none on this system, so it is made when it is asked for.
             if (!paths_.data.empty()) MakeFolders(paths_.data + "/tavrix/windows");

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,8 @@
 
 namespace tavrix {
 
-/// The files of this system behind drive letters. On A: and B: files are written in place; elsewhere a new content
-/// replaces the old as a whole. Files in the temporary folder are not synced to the disk.
+/// The files of this system behind drive letters. On A: and B: a new content is written over the old one once it is
+/// whole and known to fit; elsewhere it takes its place. Files in the temporary folder are not synced to the disk.
 class HostFiles final : public Files {
   public:
     HostFiles(DriveMap& drives, HostPaths paths);
@@ -48,7 +49,8 @@ class HostFiles final : public Files {
     [[nodiscard]] HostLocation Locate(const std::string& path);
     [[nodiscard]] HostLocation LocateFile(const std::string& path);
     [[nodiscard]] HostLocation LocateForWriting(const std::string& path);
-    [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location) const;
+    [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location);
+    [[nodiscard]] const std::string& TemporaryPath();
     [[nodiscard]] HostLocation LocateToList(const std::string& folder);
     /// The folder's drive path in its canonical spelling.
     [[nodiscard]] std::string Spelled(const HostLocation& location, const std::string& folder);
@@ -61,6 +63,7 @@ class HostFiles final : public Files {
     HostPaths paths_;
     std::optional<TemporaryFolder> temporary_;
     std::optional<CurrentFolders> current_;
+    std::set<std::string> cleaned_;  ///< the folders where RemoveLeftovers has run
 };
 
 }  // namespace tavrix

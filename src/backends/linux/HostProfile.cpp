@@ -18,31 +18,32 @@ bool IsThere(const std::string& path) {
 
 }  // namespace
 
-void MergeIntoProfile(const std::string& hostPath, const std::string& section,
+bool MergeIntoProfile(const std::string& hostPath, const std::string& section,
                       std::span<const ProfileEntry> entries, TargetFile::Options options,
-                      const std::string& initial) {
+                      const std::string& initial, std::chrono::milliseconds patience) {
     const std::string path = FollowLinks(hostPath);
-    const FolderLock lock(HostFolderOf(path));
+    const FolderLock lock(HostFolderOf(path), patience);
     TargetFile target(path, options);
     std::string before = initial;
     struct stat status {};
     const bool exists = ::stat(path.c_str(), &status) == 0;
     if (exists) {
-        const std::optional<std::string> content = ReadWholeFile(path);
+        const std::optional<std::string> content = ReadWholeFile(path, LargestProfile);
         // Taking an unreadable file for an empty one would throw its lines away.
         if (!content) throw RuntimeError(ErrorNumber::PathFileAccessError);
         before = *content;
     }
     const std::string after = MergeProfileText(before, section, entries);
-    if (exists && after == before) return;
+    if (exists && after == before) return lock.Had();
     target.Write(after);
     target.Commit();
+    return lock.Had();
 }
 
 ProfileSection HostProfile::Read(const std::string& section, const std::string& file) {
     try {
         const std::string path = drives_.Locate(file).path;
-        const std::optional<std::string> content = ReadWholeFile(path);
+        const std::optional<std::string> content = ReadWholeFile(path, LargestProfile);
         if (content) return ReadProfileSection(*content, section);
         if (IsThere(path)) unread_.insert(UpperCase(file));
         return {};
@@ -64,7 +65,8 @@ void HostProfile::Write(const std::string& section, std::span<const ProfileEntry
         shared.empty() ? std::string() : ReadWholeFile(shared).value_or(std::string());
     TargetFile::Options options;
     options.inPlace = location.drive.letter == 'A' || location.drive.letter == 'B';
-    MergeIntoProfile(location.path, section, entries, options, initial);
+    const bool had = MergeIntoProfile(location.path, section, entries, options, initial, patience_);
+    patience_ = had ? FolderLock::Patience : std::chrono::milliseconds(0);
 }
 
 }  // namespace tavrix

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <set>
 #include <span>
 #include <string>
@@ -12,11 +13,16 @@
 
 namespace tavrix {
 
-/// Sets keys in a profile at a host path: waits for other writers, reads the file again, merges and replaces it. A
-/// failure changes nothing. `initial` is the content to start from where there is no file yet.
-void MergeIntoProfile(const std::string& hostPath, const std::string& section,
+/// The largest file that counts as a profile, in bytes.
+inline constexpr std::size_t LargestProfile = std::size_t{1} << 20U;
+
+/// Sets keys in a profile at a host path: waits for other writers (see FolderLock), reads the file again, merges and
+/// replaces it. A failure changes nothing. `initial` is the content to start from where there is no file yet. Whether the
+/// lock was had.
+bool MergeIntoProfile(const std::string& hostPath, const std::string& section,
                       std::span<const ProfileEntry> entries, TargetFile::Options options,
-                      const std::string& initial = {});
+                      const std::string& initial = {},
+                      std::chrono::milliseconds patience = FolderLock::Patience);
 
 /// Profiles under drive paths.
 class HostProfile final : public Profile {
@@ -30,6 +36,8 @@ class HostProfile final : public Profile {
   private:
     DriveMap& drives_;
     std::set<std::string> unread_;  ///< the files that were there and could not be read, in upper case
+    /// A program that holds the lock for ever is waited for once, and not at each write.
+    std::chrono::milliseconds patience_ = FolderLock::Patience;
 };
 
 }  // namespace tavrix

@@ -10,7 +10,7 @@
 namespace tavrix {
 
 std::optional<RegistryValue> HostRegistry::Read(const std::string& key, const std::string& name) {
-    const std::optional<std::string> content = ReadWholeFile(file_);
+    const std::optional<std::string> content = ReadWholeFile(file_, LargestProfile);
     if (!content) return std::nullopt;
     const ProfileSection section = ReadProfileSection(*content, key);
     if (!section.Has(name)) return std::nullopt;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <chrono>
 #include <ctime>
 #include <filesystem>
 #include <optional>
@@ -78,7 +79,8 @@ void HostShell::AddRecent(const std::string& path) {
 bool HostShell::Run(const std::string& commandLine) {
     std::string folder;
     const std::string line = Trim(commandLine);
-    if (EqualIgnoringCase(Left(line, ExplorerLength), "explorer.exe") && line.size() > ExplorerLength) {
+    const bool explorer = EqualIgnoringCase(Left(line, ExplorerLength), "explorer.exe");
+    if (explorer && line.size() > ExplorerLength) {
         try {
             const HostLocation location = drives_.Locate(Trim(line.substr(ExplorerLength)));
             if (!location.exists) return false;
@@ -87,7 +89,10 @@ bool HostShell::Run(const std::string& commandLine) {
             return false;
         }
     }
-    return StartFirst(CallsFor(line, EnvironmentValue("XDG_CURRENT_DESKTOP"), paths_.executable, folder));
+    // What opens a folder is a messenger, which soon knows whether there is a file manager.
+    constexpr std::chrono::milliseconds MessengerTime(1000);
+    return StartFirst(CallsFor(line, EnvironmentValue("XDG_CURRENT_DESKTOP"), paths_.executable, folder),
+                      explorer ? MessengerTime : std::chrono::milliseconds(0));
 }
 
 std::string HostShell::ResolveLink(const std::string& path) {

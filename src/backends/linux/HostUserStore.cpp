@@ -15,7 +15,7 @@ constexpr const char* Section = "Settings";
 }  // namespace
 
 std::string HostUserStore::Get(const std::string& name, const std::string& fallback) {
-    const std::optional<std::string> content = ReadWholeFile(file_);
+    const std::optional<std::string> content = ReadWholeFile(file_, LargestProfile);
     if (!content) return fallback;
     const ProfileSection section = ReadProfileSection(*content, Section);
     return section.Has(name) ? section.Read(name, std::numeric_limits<std::size_t>::max()) : fallback;

@@ -66,7 +66,7 @@ class PictureLoader::Job final : public PictureSink {
         const auto stands = [this, until] { return until == Until::Header ? held_ != nullptr : rowsStand_; };
         changed_.wait(lock, [this, &stands] { return stands() || ended_; });
         if (refused_) throw RuntimeError(ErrorNumber::OutOfMemory);
-        if (!stands()) throw RuntimeError(ErrorNumber::InvalidPicture);
+        if (!stands()) throw NoPicture();
         // The caller's copies alone keep the picture wanted from here on.
         return MakePicture(*decoder_, info_, std::exchange(held_, nullptr));
     }
@@ -76,6 +76,11 @@ class PictureLoader::Job final : public PictureSink {
         abandoned_ = true;
         if (pixels_) pixels_->Abandon();
         held_ = nullptr;
+    }
+
+    /// Why there is no picture. While a worker reads, it alone may ask.
+    [[nodiscard]] RuntimeError NoPicture() const {
+        return RuntimeError(source_.Error().value_or(ErrorNumber::InvalidPicture));
     }
 
     [[nodiscard]] bool Ended() {
@@ -125,7 +130,7 @@ class PictureLoader::Job final : public PictureSink {
         const std::scoped_lock lock(mutex_);
         rowsStand_ = rowsStand_ || (status.someRows && pixels_ != nullptr);
         ended_ = true;
-        if (pixels_) pixels_->Finish(status.outcome, !rowsStand_);
+        if (pixels_) pixels_->Finish(EndingOf(source_, status), !rowsStand_);
         pixels_ = nullptr;
         if (!rowsStand_) held_ = nullptr;
         changed_.notify_all();
@@ -169,7 +174,7 @@ Picture PictureLoader::LoadUntil(const std::string& path, Until until) {
     const std::string hostPath = toHostPath_(path);
     ForgetEnded();
     const auto job = std::make_shared<Job>(hostPath);
-    if (job->Decoder() == nullptr) throw RuntimeError(ErrorNumber::InvalidPicture);
+    if (job->Decoder() == nullptr) throw job->NoPicture();
     if (const auto prefetched = TakePrefetched(hostPath, *job)) return prefetched->Await(until);
 
     SizeProbe probe;

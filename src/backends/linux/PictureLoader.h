@@ -27,7 +27,7 @@ class PictureLoader {
     PictureLoader& operator=(const PictureLoader&) = delete;
 
     /// As Pictures says; besides, 75 for a folder or anything else that is no ordinary file. Decoding that ends
-    /// without a row is 481.
+    /// without a row is 481, and the system's error where the file could not be read.
     [[nodiscard]] Picture Load(const std::string& path);
     [[nodiscard]] Picture LoadInBackground(const std::string& path);
 

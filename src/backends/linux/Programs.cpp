@@ -8,6 +8,8 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <ctime>
+#include <optional>
 #include <sstream>
 #include <system_error>
 #include <thread>
@@ -81,7 +83,21 @@ std::string FindProgram(const std::string& name) {
     return {};
 }
 
-bool Start(const std::string& path, const ProgramCall& call) {
+/// The end of a child process within some time; nothing while it runs.
+std::optional<int> EndOf(pid_t child, std::chrono::milliseconds within) {
+    const auto limit = std::chrono::steady_clock::now() + within;
+    for (;;) {
+        int status = 0;
+        const pid_t ended = ::waitpid(child, &status, WNOHANG);
+        if (ended == child) return status;
+        if (ended < 0 && errno != EINTR) return 0;
+        if (std::chrono::steady_clock::now() >= limit) return std::nullopt;
+        const timespec pause{0, 2'000'000};
+        ::nanosleep(&pause, nullptr);
+    }
+}
+
+bool Start(const std::string& path, const ProgramCall& call, std::chrono::milliseconds failsWithin) {
     std::vector<std::string> texts = call;
     std::vector<char*> arguments;
     arguments.reserve(texts.size() + 1);
@@ -103,6 +119,9 @@ bool Start(const std::string& path, const ProgramCall& call) {
     const int error = ::posix_spawn(&child, path.c_str(), nullptr, &attributes, arguments.data(), environ);
     ::posix_spawnattr_destroy(&attributes);
     if (error != 0) return false;
+    if (failsWithin.count() > 0) {
+        if (const std::optional<int> status = EndOf(child, failsWithin)) return *status == 0;
+    }
     try {
         // Somebody has to take note of its end, or it stays in the table of processes.
         std::thread([child] {
@@ -136,10 +155,10 @@ std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::str
     return {};
 }
 
-bool StartFirst(const std::vector<ProgramCall>& calls) {
-    return std::ranges::any_of(calls, [](const ProgramCall& call) {
+bool StartFirst(const std::vector<ProgramCall>& calls, std::chrono::milliseconds failsWithin) {
+    return std::ranges::any_of(calls, [failsWithin](const ProgramCall& call) {
         const std::string path = call.empty() ? std::string() : FindProgram(call.front());
-        return !path.empty() && Start(path, call);
+        return !path.empty() && Start(path, call, failsWithin);
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,10 @@ using ProgramCall = std::vector<std::string>;
 [[nodiscard]] std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::string& desktop,
                                                 const std::string& executable, const std::string& folder);
 
-/// Starts the first of the calls whose program is found (in PATH, or by a path), without waiting for its end.
+/// Starts the first of the calls whose program is found (in PATH, or by a path), without waiting for its end. One that ends
+/// with an error within that time is as good as none: it was the next program's to start, and found nothing to start.
 /// False when none could be started.
-[[nodiscard]] bool StartFirst(const std::vector<ProgramCall>& calls);
+[[nodiscard]] bool StartFirst(const std::vector<ProgramCall>& calls,
+                              std::chrono::milliseconds failsWithin = std::chrono::milliseconds(0));
 
 }  // namespace tavrix

@@ -12,8 +12,9 @@ namespace tavrix {
 /// behind waits for the next one that gets its folder.
 class TemporaryFolder {
   public:
-    /// `wanted` may be empty: then it is tavrix-<user id> below TMPDIR or /tmp, and where somebody else has taken that
-    /// name, tavrix below XDG_RUNTIME_DIR.
+    /// `wanted` is made where it is missing; where it is there and others may enter it, tavrix-<user id> in it is taken.
+    /// It may be empty: then it is tavrix-<user id> below TMPDIR or /tmp, and where somebody else has taken that name,
+    /// tavrix below XDG_RUNTIME_DIR.
     explicit TemporaryFolder(const std::string& wanted);
 
     /// The host path, without a slash at the end; empty when no folder can be had.

@@ -23,7 +23,6 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_
     arguments_[0] = program_.data();
     // Nothing here draws with OpenGL, and loading its libraries costs more than the rest of the start together.
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
-    QCoreApplication::setAttribute(Qt::AA_DisableSessionManager);
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     // Whole factors keep a picture's pixel on a pixel of the screen.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);

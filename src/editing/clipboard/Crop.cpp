@@ -12,6 +12,8 @@
 namespace tavrix {
 namespace {
 
+constexpr const char* NotWritten = "Unable to write new image data to a temporary file.";
+
 void TellNothingSelected(const MainViewFrm& view) {
     view.App().MessageBox(
         {.text =
@@ -35,6 +37,7 @@ void mnuCrop_Click(MainViewFrm& view) {
         TellNothingSelected(view);
         return;
     }
+    if (RefuseUnread(view, NotWritten)) return;
     view.menu.mnuUndo.Caption = "&Undo Crop";
     SaveUndoCopy(view);
     SkipFailure([&] { TakeWidthOfSelection(view); });
@@ -46,7 +49,7 @@ void mnuCrop_Click(MainViewFrm& view) {
     module.DoEvents();
     view.Form_Resize();
     view.ScrollHome();
-    CommitEdit(view, "Unable to write new image data to a temporary file.");
+    CommitEdit(view, NotWritten);
 }
 
 }  // namespace tavrix

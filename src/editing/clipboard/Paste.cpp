@@ -16,6 +16,8 @@ namespace {
 
 using forms::Answer;
 
+constexpr const char* NotWritten = "Unable to write clipboard data to a temporary file.";
+
 enum class Fit { Stretched, Cut };
 
 void TakeClipboardToPictureTemp(MainViewFrm& view) {
@@ -89,6 +91,7 @@ void mnuPaste_Click(MainViewFrm& view) {
                                        "An image has not been copied to the clipboard yet..."});
         return;
     }
+    if (RefuseUnread(view, NotWritten)) return;
     view.menu.mnuUndo.Caption = "&Undo Paste";
     SaveUndoCopy(view);
     std::optional<Fit> fit;
@@ -101,7 +104,7 @@ void mnuPaste_Click(MainViewFrm& view) {
         EndWithoutImage(view, "Unable to get image from the clipboard.", *error);
         return;
     }
-    CommitEdit(view, "Unable to write clipboard data to a temporary file.");
+    CommitEdit(view, NotWritten);
 }
 
 }  // namespace tavrix

@@ -65,6 +65,15 @@ void EndWithoutImage(MainViewFrm& view, const std::string& failure, const Runtim
     EndWithoutImage(view, failure + std::string(NewLine2) + error.Description() + "...");
 }
 
+bool RefuseUnread(MainViewFrm& view, const std::string& failure) {
+    const Picture& picture = view.MainImage.Picture;
+    if (picture.Empty() || picture.pixels->Ending() != Outcome::Unread) return false;
+    view.App().MessageBox(
+        {.text = failure + std::string(NewLine2) + DescriptionOf(ErrorNumber::PathFileAccessError) + "...",
+         .icon = forms::BoxIcon::Stop});
+    return true;
+}
+
 void CommitEdit(MainViewFrm& view, const std::string& failure) {
     CommitWorkingFile(view);
     if (WriteWorkingFile(view, failure)) view.menu.mnuAnimatedGIF.Enabled = false;
@@ -107,6 +116,7 @@ void RunEditCommand(MainViewFrm& view, const std::string& undoCaption, const std
     if (module.Busy() || module.CurrentImage.empty()) return;
     const forms::BusyGuard busy(module.Screen());
     module.DoEvents();
+    if (RefuseUnread(view)) return;
     view.menu.mnuUndo.Caption = undoCaption;
     SaveUndoCopy(view);
     SkipFailure([&] { view.selection.Erase(); });

@@ -41,6 +41,10 @@ void EndWithoutImage(MainViewFrm& view, const std::string& text);
 /// The same; the text is this one, the error's own, three points.
 void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error);
 
+/// Whether the picture on show came without a part of its file that could not be read; that is told then, and the picture
+/// stays on show. No edit takes it for the whole.
+[[nodiscard]] bool RefuseUnread(MainViewFrm& view, const std::string& failure = EditNotWritten);
+
 /// The end of an edit: CommitWorkingFile, WriteWorkingFile, and mnuAnimatedGIF disabled.
 void CommitEdit(MainViewFrm& view, const std::string& failure = EditNotWritten);
 

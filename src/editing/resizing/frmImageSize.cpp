@@ -188,6 +188,7 @@ void frmImageSize::CmdSize_Click() {
 }
 
 void frmImageSize::Resize(int width, int height) {
+    if (RefuseUnread(view_)) return;
     view_.menu.mnuUndo.Caption = "&Undo Resize Arbitrary...";
     SaveUndoCopy(view_);
     module_.config.ImageSizeAspect = CheckAspect.Value;

@@ -152,6 +152,7 @@ void frmRotateImg::CmdRotate_Click() {
 }
 
 void frmRotateImg::Rotate(int degrees) {
+    if (RefuseUnread(view_)) return;
     view_.menu.mnuUndo.Caption = "&Undo Rotate Arbitrary...";
     SaveUndoCopy(view_);
     CopyToPictureTemp(view_);

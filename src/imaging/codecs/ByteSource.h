@@ -4,7 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <span>
+
+#include "base/RuntimeError.h"
 
 namespace tavrix {
 
@@ -17,8 +20,10 @@ class ByteSource {
     /// Length in bytes.
     [[nodiscard]] virtual std::uint64_t Size() const = 0;
     /// Copies up to into.size() bytes from `offset` on and gives how many there were. Fewer only at the end of
-    /// the data or after a read error, which counts as the end.
+    /// the data or after a read error, which Error tells from the end.
     virtual std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> into) = 0;
+    /// The first error that a ReadAt has met so far: whatever is made of the bytes since then is not all of the data.
+    [[nodiscard]] virtual std::optional<ErrorNumber> Error() const { return std::nullopt; }
 };
 
 /// Bytes in memory, which must outlive the source.

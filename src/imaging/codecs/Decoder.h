@@ -38,11 +38,16 @@ class PictureSink {
 
 /// How a decoder ended. Decoders do not throw.
 struct DecodeStatus {
-    Outcome outcome = Outcome::Complete;
+    Outcome outcome = Outcome::Complete;  ///< as far as the decoder knows, see EndingOf
     std::uint64_t offset = 0;  ///< bytes from the start of the data where the trouble is; 0 when complete
     std::string_view reason;   ///< a few words for developers, e.g. "palette outside the file"
     bool someRows = false;     ///< pixels were decoded, so that there is something to show
 };
+
+/// How a picture ended: a read error goes before whatever the decoder made of it.
+[[nodiscard]] inline Outcome EndingOf(const ByteSource& source, const DecodeStatus& status) {
+    return source.Error() ? Outcome::Unread : status.outcome;
+}
 
 /// One format. `Recognises` looks at the first bytes of the data (up to SniffLength, fewer for a short file).
 struct DecoderEntry {

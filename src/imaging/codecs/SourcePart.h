@@ -21,6 +21,7 @@ class SourcePart final : public ByteSource {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(into.size(), length_ - offset));
         return whole_.ReadAt(start_ + offset, into.first(count));
     }
+    [[nodiscard]] std::optional<ErrorNumber> Error() const override { return whole_.Error(); }
 
   private:
     ByteSource& whole_;

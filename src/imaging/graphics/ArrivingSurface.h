@@ -13,6 +13,7 @@ enum class Outcome : std::uint8_t {
     Complete,
     Truncated,  ///< the data ended early; the pixels up to there are right
     Corrupt,    ///< the data make no sense from some point on
+    Unread,     ///< some of the data could not be read: nobody knows what they hold
 };
 
 /// A surface whose rows may still be arriving from a worker. The reader says how far down it needs them and

@@ -45,15 +45,16 @@ DecodedPicture DecodePicture(ByteSource& source, const DecoderEntry* decoder) no
     DecodedPicture result;
     if (decoder == nullptr) {
         result.status = {Outcome::Corrupt, 0, "no known format", false};
-        result.error = ErrorNumber::InvalidPicture;
+        result.error = source.Error().value_or(ErrorNumber::InvalidPicture);
         return result;
     }
     WholePicture sink;
     result.status = decoder->Decode(source, sink);
+    result.status.outcome = EndingOf(source, result.status);
     if (sink.Refused()) {
         result.error = ErrorNumber::OutOfMemory;
     } else if (sink.Pixels() == nullptr || !result.status.someRows) {
-        result.error = ErrorNumber::InvalidPicture;
+        result.error = source.Error().value_or(ErrorNumber::InvalidPicture);
     } else {
         sink.Pixels()->Finish(result.status.outcome);
         result.picture = MakePicture(*decoder, sink.Info(), sink.Pixels());

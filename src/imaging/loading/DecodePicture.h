@@ -12,7 +12,8 @@ namespace tavrix {
 struct DecodedPicture {
     Picture picture;
     DecodeStatus status;
-    /// InvalidPicture for content that is no picture or has nothing to show, OutOfMemory above the limits.
+    /// InvalidPicture for content that is no picture or has nothing to show, OutOfMemory above the limits; the source's
+    /// own error where one came before anything could be shown.
     std::optional<ErrorNumber> error;
 };
 

@@ -13,7 +13,7 @@ bool ImportedImage::Load(ByteSource& source, std::string_view name) noexcept {
     Clear();
     try {
         const DecodedPicture decoded = DecodePicture(source, ImportDecoderFor(source, name));
-        if (decoded.error) return false;
+        if (decoded.error || decoded.status.outcome == Outcome::Unread) return false;
         picture_ = Flattened(decoded.picture);
         return true;
     } catch (const RuntimeError&) {

@@ -11,7 +11,7 @@ namespace tavrix {
 class ImportedImage {
   public:
     /// Decodes the data, by the import decoder of the name if there is one. False for data that are no picture, above
-    /// the limits and where memory is refused; the image is empty then. Throws nothing.
+    /// the limits or not to be read to their end, and where memory is refused; the image is empty then. Throws nothing.
     [[nodiscard]] bool Load(ByteSource& source, std::string_view name) noexcept;
     void Clear() { picture_ = {}; }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/forms/BoxText.h"
+
 namespace tavrix::forms {
 
 Application::Application(Toolkit& toolkit) : toolkit_(toolkit), screen_(toolkit), timers_(toolkit) {
@@ -41,8 +43,10 @@ void Application::DoEvents() {
 Answer Application::MessageBox(const BoxRequest& request) {
     std::optional<Answer> answer;
     ++openBoxes_;
+    BoxRequest shown = request;
+    shown.text = FittingInABox(request.text);
     const auto box = toolkit_.OpenBox(
-        request, [&answer](Answer given) { answer = given; },
+        shown, [&answer](Answer given) { answer = given; },
         [this, &request] {
             if (OnHelp) OnHelp(request);
         });

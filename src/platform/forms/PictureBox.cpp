@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/RuntimeError.h"
 #include "imaging/graphics/Draw.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
@@ -56,7 +57,9 @@ tavrix::Picture PictureBox::Image() const {
     const PixelRect bounds = PixelBounds();
     const bool plain = !bitmap_ && !picture.Empty() && !picture.transparent &&
                        picture.Width() == bounds.width && picture.Height() == bounds.height;
-    if (plain && picture.pixels->Ending() == Outcome::Complete) return picture;
+    const Outcome ending = picture.Empty() ? Outcome::Complete : picture.pixels->Ending();
+    if (ending == Outcome::Unread) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (plain && ending == Outcome::Complete) return picture;
     if (bounds.width == 0 || bounds.height == 0) return {};
     if (!bitmap_) return PictureOf(Compose());
     tavrix::Picture snapshot;

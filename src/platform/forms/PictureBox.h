@@ -30,7 +30,8 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     [[nodiscard]] float ScaleHeight() const { return Height; }
 
     /// A snapshot of the bitmap: the picture and what was drawn on it, opaque. It costs nothing until something is
-    /// drawn again.
+    /// drawn again. Throws RuntimeError 75 for a picture whose file could not be read to its end (Outcome::Unread): it
+    /// may be shown, but nobody takes it for the whole.
     [[nodiscard]] tavrix::Picture Image() const;
     /// The bitmap to draw on, until the next snapshot or new size. Changes show after Refresh or at the next painting.
     [[nodiscard]] Surface& Bitmap();

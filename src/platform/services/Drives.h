@@ -22,6 +22,11 @@ struct DiskSpace {
     std::int32_t freeClusters = 0;
 };
 
+/// The bytes in the whole sectors of so many.
+[[nodiscard]] constexpr std::int64_t WholeSectors(std::int64_t bytes) {
+    return bytes > 0 ? bytes / 512 * 512 : 0;
+}
+
 /// The figures for a number of free bytes, cut to 2,147,450,880.
 [[nodiscard]] constexpr DiskSpace SpaceOfBytes(std::int64_t freeBytes) {
     constexpr DiskSpace Most{64, 512, 65535};
@@ -39,6 +44,8 @@ class Drives {
     [[nodiscard]] virtual DriveType Type(const std::string& root) = 0;
     /// Free space never exceeds 2,147,450,880 bytes. Throws RuntimeError 71 when the drive has no disk.
     [[nodiscard]] virtual DiskSpace Space(const std::string& root) = 0;
+    /// The free space of a disk of any size, in bytes of whole sectors. Throws as Space does.
+    [[nodiscard]] virtual std::int64_t FreeBytes(const std::string& root) = 0;
 };
 
 }  // namespace tavrix

@@ -39,12 +39,13 @@ class FileReader {
     virtual std::size_t Read(std::span<std::byte> into) = 0;
 };
 
-/// A file that is being written. Dropping the writer without Close leaves what Close would leave.
+/// A file that is being written. A writer that is dropped without Close leaves the former file as it was.
 class FileWriter {
   public:
     virtual ~FileWriter() = default;
     virtual void Write(std::span<const std::byte> bytes) = 0;
-    /// Puts what was written in the place of the former file, as a whole.
+    /// Puts what was written in the place of the former file, as a whole; the word for a part that shall stand, too. After
+    /// a Write or a Close that failed it fails again, and the former file stands.
     virtual void Close() = 0;
 };
 

@@ -115,6 +115,11 @@ class Screen:
             os.close(reader)
         return ":" + number.decode().strip()
 
+    def end_server(self):
+        """Ends the X server, as the end of a session may, under the programs that still run."""
+        self._server.kill()
+        self._server.wait()
+
     def close(self):
         self._x.close()
 
