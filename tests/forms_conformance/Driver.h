@@ -11,10 +11,10 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/ListControl.h"
 #include "platform/forms/Menu.h"
 #include "platform/forms/OptionButton.h"
 #include "platform/forms/PictureBox.h"
-#include "platform/forms/RowControl.h"
 #include "platform/forms/ScrollBar.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
@@ -78,7 +78,26 @@ class Driver {
     virtual void UserSelects(forms::TextBox& field, Selection selection) = 0;
     virtual void UserChoosesRow(forms::RowControl& list, int row, int button = forms::MouseButton::Left) = 0;
     virtual void UserDoubleClicks(forms::RowControl& list, int row) = 0;
-    virtual void UserDrops(forms::Control& canvas, const std::vector<std::string>& hostPaths) = 0;
+    // The mouse over a list, in its single moves; `shift` is held meanwhile. A row that is not there is a place below the
+    // last one. Between a press and its release the left button is held.
+    virtual void UserPressesRow(forms::ListControl& list, int row, int button, int shift) = 0;
+    virtual void UserMovesToRow(forms::ListControl& list, int row, int shift) = 0;
+    virtual void UserReleasesRow(forms::ListControl& list, int row, int button, int shift) = 0;
+    /// While a control is dragged: moves the pointer, with the button held, over the middle of a control or of the row
+    /// of a list, or over the form's background; or lets go there.
+    virtual void UserDragsOver(forms::Control& target, int row = -1) = 0;
+    virtual void UserDragsOver(forms::Form& form) = 0;
+    virtual void UserLetsGo() = 0;
+    /// Escape, with the button held, and then the release.
+    virtual void UserGivesUpDrag() = 0;
+    /// Enters characters over a list. It has the focus.
+    virtual void UserTypesAhead(forms::ListControl& list, const std::string& text) = 0;
+    virtual void UserScrollsTo(forms::ListControl& list, int row) = 0;
+    /// Whether the control takes the files that are dragged over it; -1: not over a row.
+    virtual bool UserDragsFilesOver(forms::Control& control, int row = -1) = 0;
+    /// The files leave the control again.
+    virtual void UserDragsFilesAway(forms::Control& control) = 0;
+    virtual void UserDrops(forms::Control& control, const std::vector<std::string>& hostPaths) = 0;
     virtual void ScriptNextBox(const BoxScript& script) = 0;
     virtual void ScriptNextInput(const InputScript& script) = 0;
     /// Chooses an entry of the next popup menu, or closes it by Escape (null).
@@ -113,6 +132,11 @@ class Driver {
     [[nodiscard]] virtual std::vector<std::string> ShownRows(forms::RowControl& list) = 0;
     /// The current row; -1 for none.
     [[nodiscard]] virtual int ShownCurrent(forms::RowControl& list) = 0;
+    [[nodiscard]] virtual std::vector<int> ShownSelected(forms::ListControl& list) = 0;
+    /// The first row that can be seen.
+    [[nodiscard]] virtual int ShownTop(forms::ListControl& list) = 0;
+    /// The row before which a mark stands.
+    [[nodiscard]] virtual std::optional<int> ShownInsertionMark(forms::ListControl& list) = 0;
     [[nodiscard]] virtual forms::MenuItemState Shown(forms::Menu& entry) = 0;
     /// A pixel of the visible part of a picture box or an image, in device pixels, without its alpha.
     [[nodiscard]] virtual Pixel ShownPixel(forms::Control& canvas, int x, int y) = 0;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "backends/headless/HeadlessToolkit.h"
@@ -147,10 +148,13 @@ class HeadlessDriver final : public Driver {
     void UserChoosesRow(RowControl& list, int row, int button) override {
         auto& peer = PeerOf<HeadlessListPeer>(list);
         if (!peer.enabled) return;
-        toolkit_.Post([&peer, row, button] {
+        if (auto* rows = dynamic_cast<ListControl*>(&list)) {
+            UserPressesRow(*rows, row, button, ShiftMask::None);
+            UserReleasesRow(*rows, row, button, ShiftMask::None);
+            return;
+        }
+        toolkit_.Post([&peer, row] {
             peer.sink.Deliver(FocusEvent{});
-            if (peer.current == row && button != MouseButton::Left) return;
-            peer.current = row;
             peer.sink.Deliver(RowEvent{row});
         });
     }
@@ -158,15 +162,100 @@ class HeadlessDriver final : public Driver {
         UserChoosesRow(list, row, MouseButton::Left);
         auto& peer = PeerOf<HeadlessListPeer>(list);
         if (!peer.enabled) return;
-        toolkit_.Post([&peer, row] {
-            if (peer.current == row) peer.sink.Deliver(DoubleClickEvent{});
+        toolkit_.Post([this, &peer, row] {
+            if (peer.content.CurrentRow() != row) return;
+            peer.sink.Deliver(DoubleClickEvent{});
+            peer.sink.Deliver(Mouse(MouseAction::Up, row, MouseButton::Left, ShiftMask::None));
         });
     }
-    void UserDrops(Control& canvas, const std::vector<std::string>& hostPaths) override {
+    void UserPressesRow(ListControl& list, int row, int button, int shift) override {
+        toolkit_.Post([this, &list, row, button, shift] {
+            auto& peer = PeerOf<HeadlessListPeer>(list);
+            if (!peer.enabled) return;
+            mouseIn_ = &list;
+            dragsBefore_ = Drags(list);
+            list.Deliver(FocusEvent{});
+            list.Deliver(Mouse(MouseAction::Down, RowOrNone(peer, row), button, shift, row));
+        });
+    }
+    void UserMovesToRow(ListControl& list, int row, int shift) override {
+        toolkit_.Post([this, &list, row, shift] {
+            const auto& peer = PeerOf<HeadlessListPeer>(list);
+            const int nearest = std::min(row, peer.content.RowCount() - 1);
+            list.Deliver(Mouse(MouseAction::Move, nearest, MouseButton::Left, shift, row));
+        });
+    }
+    void UserReleasesRow(ListControl& list, int row, int button, int shift) override {
+        toolkit_.Post([this, &list, row, button, shift] {
+            const auto& peer = PeerOf<HeadlessListPeer>(list);
+            mouseIn_ = nullptr;
+            list.Deliver(Mouse(MouseAction::Up, RowOrNone(peer, row), button, shift, row));
+        });
+    }
+    void UserDragsOver(Control& target, int row) override {
+        toolkit_.Post([this, &target, row] {
+            auto* list = dynamic_cast<HeadlessListPeer*>(target.Peer());
+            DragTo(target, &target, list != nullptr ? RowOrNone(*list, row) : -1);
+        });
+    }
+    void UserDragsOver(Form& form) override {
+        toolkit_.Post([this, &form] { DragTo(form, nullptr, -1); });
+    }
+    void UserLetsGo() override {
+        toolkit_.Post([this] {
+            Control* const source = std::exchange(mouseIn_, nullptr);
+            EventSink* const target = std::exchange(over_, nullptr);
+            if (source == nullptr) return;
+            const Form::HandlerScope scope(source->OwnerForm());
+            source->Deliver(Mouse(MouseAction::Up, -1, MouseButton::Left, ShiftMask::None));
+            if (Drags(*source) == dragsBefore_) return;
+            DragEvent drop = Dragged(DragAction::Drop);
+            drop.row = overRow_;
+            if (target != nullptr) target->Deliver(drop);
+            source->Deliver(Dragged(DragAction::Ended));
+        });
+    }
+    void UserGivesUpDrag() override {
+        toolkit_.Post([this] {
+            Control* const source = std::exchange(mouseIn_, nullptr);
+            EventSink* const target = std::exchange(over_, nullptr);
+            if (source == nullptr) return;
+            if (target != nullptr) target->Deliver(Dragged(DragAction::Leave));
+            source->Deliver(Dragged(DragAction::Ended));
+            source->Deliver(Mouse(MouseAction::Up, -1, MouseButton::Left, ShiftMask::None));
+        });
+    }
+    void UserTypesAhead(ListControl& list, const std::string& text) override {
+        toolkit_.Post([&list, text] {
+            for (const char c : text) {
+                bool handled = false;
+                list.OwnerForm().Deliver(
+                    KeyEvent{true, c == ' ' ? int{KeyCode::Space} : int{c}, 0, &handled});
+                if (!handled) list.Deliver(CharacterEvent{std::string(1, c), nullptr});
+            }
+        });
+    }
+    void UserScrollsTo(ListControl& list, int row) override { PeerOf<HeadlessListPeer>(list).ScrollTo(row); }
+    bool UserDragsFilesOver(Control& control, int row) override {
+        bool wanted = false;
+        DragEvent drag = Dragged(DragAction::Over);
+        drag.files = true;
+        drag.row = row;
+        drag.wanted = &wanted;
+        control.Deliver(drag);
+        return wanted;
+    }
+    void UserDragsFilesAway(Control& control) override { control.Deliver(Dragged(DragAction::Leave)); }
+    void UserDrops(Control& control, const std::vector<std::string>& hostPaths) override {
         DropEvent drop;
         for (const std::string& path : hostPaths)
             drop.files.push_back("C:" + path);
-        toolkit_.Post([&canvas, drop] { canvas.Deliver(drop); });
+        toolkit_.Post([this, &control, drop] {
+            EventSink* const target =
+                UserDragsFilesOver(control, -1) ? static_cast<EventSink*>(&control) : &control.OwnerForm();
+            control.Deliver(Dragged(DragAction::Leave));
+            target->Deliver(drop);
+        });
     }
     void ScriptNextBox(const BoxScript& script) override {
         headless::ExpectedBox box;
@@ -233,7 +322,21 @@ class HeadlessDriver final : public Driver {
     std::vector<std::string> ShownRows(RowControl& list) override {
         return PeerOf<HeadlessListPeer>(list).Texts();
     }
-    int ShownCurrent(RowControl& list) override { return PeerOf<HeadlessListPeer>(list).current; }
+    int ShownCurrent(RowControl& list) override {
+        return PeerOf<HeadlessListPeer>(list).content.CurrentRow();
+    }
+    std::vector<int> ShownSelected(ListControl& list) override {
+        const auto& content = PeerOf<HeadlessListPeer>(list).content;
+        std::vector<int> selected;
+        for (int row = 0; row < content.RowCount(); ++row) {
+            if (content.RowSelected(row)) selected.push_back(row);
+        }
+        return selected;
+    }
+    int ShownTop(ListControl& list) override { return PeerOf<HeadlessListPeer>(list).top; }
+    std::optional<int> ShownInsertionMark(ListControl& list) override {
+        return PeerOf<HeadlessListPeer>(list).insertionMark;
+    }
     MenuItemState Shown(Menu& entry) override {
         return dynamic_cast<HeadlessMenuItemPeer&>(*entry.Peer()).state;
     }
@@ -243,7 +346,44 @@ class HeadlessDriver final : public Driver {
     std::vector<std::string> Failures() override { return toolkit_.Failures(); }
 
   private:
+    static constexpr int RowHeight = 16;
+
+    static int RowOrNone(const HeadlessListPeer& peer, int row) {
+        return row >= 0 && row < peer.content.RowCount() ? row : -1;
+    }
+    /// `line`: where on the list the mouse is, counted in rows.
+    static MouseEvent Mouse(MouseAction action, int row, int button, int shift, int line = 0) {
+        return {action, button, shift, 5, line * RowHeight + RowHeight / 2, row};
+    }
+    static DragEvent Dragged(DragAction action) {
+        DragEvent drag;
+        drag.action = action;
+        return drag;
+    }
+    static int Drags(const Control& source) {
+        return WithPeer(source, [](const auto& peer) { return peer.drags; });
+    }
+    /// The mouse goes on with its button held: over what it is dragged, if it is.
+    void DragTo(EventSink& target, const Control* control, int row) {
+        if (mouseIn_ == nullptr) return;
+        mouseIn_->Deliver(Mouse(MouseAction::Move, mouseIn_ == control ? row : -1, MouseButton::Left,
+                                ShiftMask::None, row + 100));
+        if (Drags(*mouseIn_) == dragsBefore_) return;
+        if (over_ != nullptr && over_ != &target) over_->Deliver(Dragged(DragAction::Leave));
+        over_ = &target;
+        overRow_ = row;
+        bool wanted = false;
+        DragEvent drag = Dragged(DragAction::Over);
+        drag.row = row;
+        drag.wanted = &wanted;
+        target.Deliver(drag);
+    }
+
     headless::HeadlessToolkit toolkit_;
+    Control* mouseIn_ = nullptr;  ///< where a button was pressed, and is held
+    EventSink* over_ = nullptr;   ///< over what that control is dragged
+    int overRow_ = -1;
+    int dragsBefore_ = 0;  ///< of that control, until the button went down
 };
 
 }  // namespace

@@ -182,6 +182,57 @@ TEST_F(ListsTest, RefreshingTheFilesLeavesNoRowCurrent) {
     EXPECT_EQ(log, std::vector<std::string>{});
 }
 
+TEST_F(ListsTest, RefreshingCanKeepTheFilesThatAreCurrentAndSelected) {
+    for (const char* name : {"b.bmp", "c.bmp", "d.bmp", "e.bmp"})
+        platform.disks.PutFile("C:\\Toggled\\" + std::string(name), "");
+    form.File1.MultiSelect = MultiSelect::Toggling;
+    form.File1.Path = "C:\\Toggled";
+    Open();
+    const auto row = [this](const std::string& name) {
+        int found = 0;
+        while (form.File1.List(found) != name)
+            ++found;
+        return found;
+    };
+    const auto selected = [this] {
+        std::vector<std::string> names;
+        for (const int index : driver->ShownSelected(form.File1))
+            names.push_back(form.File1.List(index));
+        return names;
+    };
+    const int rows = form.File1.ListCount();
+    for (const char* name : {"b.bmp", "d.bmp"}) {
+        driver->UserChoosesRow(form.File1, row(name));
+        driver->Settle();
+    }
+    log.clear();
+    platform.disks.PutFile("C:\\Toggled\\a.bmp", "");
+    platform.disks.Remove("C:\\Toggled\\c.bmp");
+    form.File1.RefreshKeepingRows();
+    driver->Settle();
+    EXPECT_EQ(form.File1.ListCount(), rows);
+    EXPECT_EQ(selected(), (std::vector<std::string>{"b.bmp", "d.bmp"}));
+    EXPECT_EQ(form.File1.FileName(), "d.bmp");
+    EXPECT_EQ(driver->ShownCurrent(form.File1), row("d.bmp"));
+    platform.disks.Remove("C:\\Toggled\\d.bmp");
+    form.File1.RefreshKeepingRows();
+    EXPECT_EQ(selected(), (std::vector<std::string>{"b.bmp"}));
+    EXPECT_EQ(form.File1.ListIndex, -1);
+    EXPECT_EQ(log, std::vector<std::string>{});
+    form.File1.Refresh();
+    EXPECT_EQ(selected(), std::vector<std::string>{});
+}
+
+TEST_F(ListsTest, AnotherFolderLeavesNothingSelected) {
+    form.File1.MultiSelect = MultiSelect::Extended;
+    Open();
+    form.File1.SelectAll();
+    EXPECT_EQ(driver->ShownSelected(form.File1), (std::vector<int>{0, 1}));
+    form.Dir1.Path = "C:\\Pictures\\Sea";
+    EXPECT_EQ(form.File1.SelectedCount(), 0);
+    EXPECT_EQ(driver->ShownSelected(form.File1), std::vector<int>{});
+}
+
 TEST_F(ListsTest, AFileListRefusesWhatIsNoFolder) {
     EXPECT_THROW(form.File1.Path = "C:\\Pictures\\A.jpg", RuntimeError);
     EXPECT_THROW(form.File1.Path = "C:\\Missing", RuntimeError);

@@ -2,17 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -32,6 +34,7 @@
 #include "backends/qt/QtToolkit.h"
 #include "backends/qt/peers/CanvasWidget.h"
 #include "backends/qt/peers/CodePoints.h"
+#include "backends/qt/peers/QtList.h"
 #include "backends/qt/peers/QtMenuItem.h"
 
 namespace tavrix::conformance {
@@ -83,6 +86,10 @@ Qt::Key KeyOf(int keyCode) {
             return Qt::Key_Backspace;
         case KeyCode::Delete:
             return Qt::Key_Delete;
+        case KeyCode::Apps:
+            return Qt::Key_Menu;
+        case KeyCode::F10:
+            return Qt::Key_F10;
         default:
             return static_cast<Qt::Key>(keyCode);
     }
@@ -218,7 +225,6 @@ class QtDriver final : public Driver {
             QTest::keyClick(window, Qt::Key_Right, Qt::ShiftModifier);
     }
     void UserChoosesRow(RowControl& list, int row, int button) override {
-        const Qt::MouseButton pressed = button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
         if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) {
             if (!combo->isEnabled()) return;
             combo->setFocus(Qt::MouseFocusReason);
@@ -227,26 +233,67 @@ class QtDriver final : public Driver {
             QTest::keyClick(combo->view(), Qt::Key_Return);
             return;
         }
-        QTest::mouseClick(WidgetOf(list).window()->windowHandle(), pressed, {}, PlaceOfRow(list, row));
+        QTest::mouseClick(WidgetOf(list).window()->windowHandle(), QtButtonOf(button), {},
+                          PlaceOfRow(list, row));
     }
     void UserDoubleClicks(RowControl& list, int row) override {
         QWindow* window = WidgetOf(list).window()->windowHandle();
         const QPoint place = PlaceOfRow(list, row);
         QTest::mouseDClick(window, Qt::LeftButton, {}, place);
     }
-    void UserDrops(Control& canvas, const std::vector<std::string>& hostPaths) override {
+    void UserPressesRow(ListControl& list, int row, int button, int shift) override {
+        mouseIn_ = WidgetOf(list).window();
+        QTest::mousePress(mouseIn_->windowHandle(), QtButtonOf(button), ModifiersOf(shift),
+                          PlaceOfRow(list, row));
+    }
+    void UserMovesToRow(ListControl& list, int row, int shift) override {
+        MoveHeld(list, PlaceOfRow(list, row), shift);
+    }
+    void UserReleasesRow(ListControl& list, int row, int button, int shift) override {
+        QTest::mouseRelease(WidgetOf(list).window()->windowHandle(), QtButtonOf(button), ModifiersOf(shift),
+                            PlaceOfRow(list, row));
+    }
+    void UserDragsOver(Control& target, int row) override {
+        QWidget& widget = WidgetOf(target);
+        const auto* list = dynamic_cast<ListControl*>(&target);
+        Held(widget, list != nullptr ? PlaceOfRow(*list, row)
+                                     : widget.mapTo(widget.window(), widget.rect().center()));
+    }
+    void UserDragsOver(Form& form) override {
+        QWidget& window = WidgetOf(form);
+        Held(window, QPoint(window.width() - 3, window.height() - 3));
+    }
+    void UserLetsGo() override { QTest::mouseRelease(mouseIn_->windowHandle(), Qt::LeftButton, {}, heldAt_); }
+    void UserGivesUpDrag() override {
+        QTest::keyClick(mouseIn_->windowHandle(), Qt::Key_Escape);
+        UserLetsGo();
+    }
+    void UserTypesAhead(ListControl& list, const std::string& text) override {
+        for (const char c : text)
+            QTest::keyClick(WidgetOf(list).window()->windowHandle(), c);
+    }
+    void UserScrollsTo(ListControl& list, int row) override {
+        ListOf(list).verticalScrollBar()->setValue(row);
+    }
+    bool UserDragsFilesOver(Control& control, int row) override {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QStringLiteral("/a.bmp"))});
+        return EnterWith(data, control, row);
+    }
+    void UserDragsFilesAway(Control& control) override {
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(WidgetOf(control).window()->windowHandle(), &leave);
+    }
+    void UserDrops(Control& control, const std::vector<std::string>& hostPaths) override {
         QMimeData data;
         QList<QUrl> urls;
         for (const std::string& path : hostPaths)
             urls.push_back(QUrl::fromLocalFile(QString::fromStdString(path)));
         data.setUrls(urls);
-        QWidget& widget = WidgetOf(canvas);
-        ASSERT_TRUE(widget.acceptDrops());
-        QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&widget, &enter);
-        ASSERT_TRUE(enter.isAccepted());
-        QDropEvent drop(QPointF(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&widget, &drop);
+        if (!EnterWith(data, control, -1)) return;
+        QWidget& window = *WidgetOf(control).window();
+        QDropEvent drop(PlaceToDrop(control, -1), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window.windowHandle(), &drop);
         ASSERT_TRUE(drop.isAccepted());
     }
     void ScriptNextBox(const BoxScript& script) override { boxes_.push_back(script); }
@@ -312,22 +359,40 @@ class QtDriver final : public Driver {
         return {qt::ToCharacters(text, start), qt::ToCharacters(text, end) - qt::ToCharacters(text, start)};
     }
     std::vector<std::string> ShownRows(RowControl& list) override {
-        const QAbstractItemModel& model = ModelOf(list);
         std::vector<std::string> rows;
-        for (int row = 0; row < model.rowCount(); ++row)
-            rows.push_back(model.index(row, 0).data().toString().toStdString());
+        if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) {
+            for (int row = 0; row < combo->count(); ++row)
+                rows.push_back(combo->itemText(row).toStdString());
+            return rows;
+        }
+        const QAccessibleInterface& seen = Seen(list);
+        for (int row = 0; row < seen.childCount(); ++row)
+            rows.push_back(seen.child(row)->text(QAccessible::Name).toStdString());
         return rows;
     }
     int ShownCurrent(RowControl& list) override {
         if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) return combo->currentIndex();
-        const auto& view = dynamic_cast<QListView&>(WidgetOf(list));
-        const QModelIndex current = view.currentIndex();
-        const QModelIndexList chosen = view.selectionModel()->selectedIndexes();
-        if (chosen != (current.isValid() ? QModelIndexList{current} : QModelIndexList())) {
+        const QAccessibleInterface& seen = Seen(list);
+        const QAccessibleInterface* row = seen.focusChild();
+        const int current = row != nullptr ? seen.indexOfChild(row) : -1;
+        auto& rows = dynamic_cast<ListControl&>(list);
+        if (rows.MultiSelect.Get() == MultiSelect::None &&
+            ShownSelected(rows) != (current >= 0 ? std::vector<int>{current} : std::vector<int>())) {
             failures_.push_back("another row is highlighted than the current one");
         }
-        return current.row();
+        return current;
     }
+    std::vector<int> ShownSelected(ListControl& list) override {
+        std::vector<int> selected;
+        const QAccessibleInterface& seen = Seen(list);
+        for (int row = 0; row < seen.childCount(); ++row) {
+            const bool told = seen.child(row)->state().selected;
+            if (told) selected.push_back(row);
+        }
+        return selected;
+    }
+    int ShownTop(ListControl& list) override { return ListOf(list).Top(); }
+    std::optional<int> ShownInsertionMark(ListControl& list) override { return ListOf(list).InsertionMark(); }
     MenuItemState Shown(Menu& entry) override {
         const QAction& action = ActionOf(entry);
         MenuItemState state;
@@ -379,14 +444,48 @@ class QtDriver final : public Driver {
         if (action == nullptr) throw std::logic_error("the menu has not been filled: " + entry.Name());
         return *action;
     }
-    static const QAbstractItemModel& ModelOf(const RowControl& list) {
-        if (auto* combo = qobject_cast<QComboBox*>(&WidgetOf(list))) return *combo->model();
-        return *dynamic_cast<QListView&>(WidgetOf(list)).model();
+    static QAccessibleInterface& Seen(const Control& control) {
+        return *QAccessible::queryAccessibleInterface(&WidgetOf(control));
     }
+    static qt::ListWidget& ListOf(const Control& list) {
+        return dynamic_cast<qt::ListWidget&>(WidgetOf(list));
+    }
+    static Qt::MouseButton QtButtonOf(int button) {
+        return button == MouseButton::Right ? Qt::RightButton : Qt::LeftButton;
+    }
+    /// In the window. A row that is not there: below the last one.
     static QPoint PlaceOfRow(const RowControl& list, int row) {
-        auto& view = dynamic_cast<QListView&>(WidgetOf(list));
-        const QRect place = view.visualRect(view.model()->index(row, 0));
-        return view.viewport()->mapTo(view.window(), place.center());
+        auto& view = ListOf(list);
+        const bool there = row >= 0 && row < view.RowCount();
+        const QPoint place = there ? view.PlaceOfRow(row).center()
+                                   : QPoint(view.viewport()->width() / 2, view.viewport()->height() - 2);
+        return view.viewport()->mapTo(view.window(), place);
+    }
+    static QPoint PlaceToDrop(const Control& control, int row) {
+        if (const auto* list = dynamic_cast<const ListControl*>(&control)) return PlaceOfRow(*list, row);
+        QWidget& widget = WidgetOf(control);
+        return widget.mapTo(widget.window(), QPoint(3, 3));
+    }
+    void MoveHeld(const Control& control, QPoint place, int shift) { Held(WidgetOf(control), place, shift); }
+    /// Moves the pointer with the left button held, as from outside.
+    void Held(const QWidget& inWindow, QPoint place, int shift = ShiftMask::None) {
+        heldAt_ = place;
+        QWindow* window = inWindow.window()->windowHandle();
+        for (const QPoint step : {place - QPoint(1, 0), place}) {  // no mouse comes in one jump
+            qt_handleMouseEvent(window, step, window->mapToGlobal(step), Qt::LeftButton, Qt::NoButton,
+                                QEvent::MouseMove, ModifiersOf(shift), QTest::lastMouseTimestamp);
+            QCoreApplication::processEvents();
+        }
+    }
+    /// A drag comes into a window from outside; whether it would be taken.
+    static bool EnterWith(QMimeData& data, const Control& control, int row) {
+        QWindow* window = WidgetOf(control).window()->windowHandle();
+        const QPoint place = PlaceToDrop(control, row);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
+        QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &move);
+        return move.isAccepted();
     }
     static QPoint PlaceOf(const PictureBox& box, int x, int y) {
         QWidget& widget = WidgetOf(box);
@@ -497,6 +596,8 @@ class QtDriver final : public Driver {
               "default button");
     }
 
+    QWidget* mouseIn_ = nullptr;  ///< the window in which a button is held
+    QPoint heldAt_;               ///< where, in that window
     qt::QtToolkit toolkit_{[](const std::string& path) { return "C:" + path; }};
     QTimer watch_;
     std::deque<BoxScript> boxes_;

@@ -4,6 +4,7 @@
 
 #include "backends/headless/HeadlessToolkit.h"
 #include "base/Text.h"
+#include "platform/forms/RowWindow.h"
 
 namespace tavrix::headless {
 
@@ -30,6 +31,27 @@ std::vector<std::string> HeadlessListPeer::Texts() const {
     for (int row = 0; row < content.RowCount(); ++row)
         texts.push_back(content.Row(row).text);
     return texts;
+}
+
+void HeadlessListPeer::ScrollTo(int row) {
+    top = forms::TopWithin(row, Page, content.RowCount());
+}
+
+void HeadlessListPeer::RowsInserted(int at, int count) {
+    ScrollTo(forms::TopAfterInsertion(top, at, count));
+}
+
+void HeadlessListPeer::RowsRemoved(const forms::RowRanges& gone) {
+    ScrollTo(forms::TopAfterRemoval(top, gone));
+}
+
+void HeadlessListPeer::RowsReset(bool keepPlace) {
+    ++resets;
+    ScrollTo(keepPlace ? top : 0);
+}
+
+void HeadlessListPeer::CurrentChanged() {
+    ScrollTo(forms::TopShowing(content.CurrentRow(), top, Page));
 }
 
 void HeadlessTextPeer::UserTypes(const std::string& characters) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ class HeadlessControlPeer : public Interface {
     void SetPointer(forms::MousePointer value) override { pointer = value; }
     void SetAccessibleName(const std::string& name) override { accessibleName = name; }
     void TakeFocus() override { ++focusRequests; }
+    void BeginDrag(const Surface* icon) override {
+        ++drags;
+        dragIcon = icon;
+    }
 
     forms::EventSink& sink;
     PixelRect bounds;
@@ -33,6 +38,8 @@ class HeadlessControlPeer : public Interface {
     forms::MousePointer pointer = forms::MousePointer::Default;
     std::string accessibleName;
     int focusRequests = 0;
+    int drags = 0;                      ///< how many the user has begun
+    const Surface* dragIcon = nullptr;  ///< of the last one
 };
 
 class HeadlessLabelPeer final : public HeadlessControlPeer<forms::LabelPeer> {
@@ -92,17 +99,24 @@ class HeadlessListPeer final : public HeadlessControlPeer<forms::ListPeer> {
   public:
     HeadlessListPeer(forms::EventSink& events, const forms::ListContent& listContent)
         : HeadlessControlPeer(events), content(listContent) {}
-    void ResetRows() override {
-        ++resets;
-        current = -1;
-    }
-    void SetCurrent(int row) override { current = row; }
+    void RowsInserted(int at, int count) override;
+    void RowsRemoved(const forms::RowRanges& gone) override;
+    void RowsChanged(int, int) override { ++changes; }
+    void RowsReset(bool keepPlace) override;
+    void CurrentChanged() override;
+    void SetInsertionMark(std::optional<int> row) override { insertionMark = row; }
     /// The texts of all rows.
     [[nodiscard]] std::vector<std::string> Texts() const;
+    /// The user scrolls.
+    void ScrollTo(int row);
+
+    static constexpr int Page = 10;  ///< rows that can be seen
 
     const forms::ListContent& content;
-    int current = -1;
+    int top = 0;
     int resets = 0;
+    int changes = 0;
+    std::optional<int> insertionMark;
 };
 
 class HeadlessButtonPeer final : public HeadlessControlPeer<forms::ButtonPeer> {

@@ -50,6 +50,15 @@ struct QtToolkit::State {
         if (calls.None()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
+    /// Makes a peer that hears of what is dragged over it.
+    template <class Peer, class... Arguments>
+    std::unique_ptr<Peer> Make(EventSink& sink, Arguments&&... arguments) {
+        const SinkPort port(sink, calls);
+        auto peer = std::make_unique<Peer>(port, std::forward<Arguments>(arguments)...);
+        peer->OpenDoor(port, toDrivePath);
+        return peer;
+    }
+
     ToDrivePath toDrivePath;
     LogicCalls calls;
     ToolkitEvents* events = nullptr;
@@ -72,49 +81,47 @@ void QtToolkit::Attach(ToolkitEvents& events) {
 }
 
 std::unique_ptr<WindowPeer> QtToolkit::CreateWindowPeer(EventSink& sink, const WindowTraits& traits) {
-    return std::make_unique<QtWindow>(SinkPort(sink, state_->calls), traits, state_->SystemMetrics(),
-                                      state_->toDrivePath, state_->pointer);
+    return state_->Make<QtWindow>(sink, traits, state_->SystemMetrics(), state_->pointer);
 }
 
 std::unique_ptr<LabelPeer> QtToolkit::CreateLabel(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtLabel>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtLabel>(sink, NativeOf(container));
 }
 
 std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtButton>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtButton>(sink, NativeOf(container));
 }
 
 std::unique_ptr<CheckPeer> QtToolkit::CreateCheckBox(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtCheckBox>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtCheckBox>(sink, NativeOf(container));
 }
 
 std::unique_ptr<OptionPeer> QtToolkit::CreateOptionButton(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtOptionButton>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtOptionButton>(sink, NativeOf(container));
 }
 
 std::unique_ptr<TextPeer> QtToolkit::CreateTextBox(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtTextBox>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtTextBox>(sink, NativeOf(container));
 }
 
 std::unique_ptr<ListPeer> QtToolkit::CreateList(EventSink& sink, ControlPeer& container,
                                                 const ListContent& content) {
-    return std::make_unique<QtList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+    return state_->Make<QtList>(sink, NativeOf(container), content);
 }
 
 std::unique_ptr<ListPeer> QtToolkit::CreateDropDownList(EventSink& sink, ControlPeer& container,
                                                         const ListContent& content) {
-    return std::make_unique<QtDropDownList>(SinkPort(sink, state_->calls), NativeOf(container), content);
+    return state_->Make<QtDropDownList>(sink, NativeOf(container), content);
 }
 
 std::unique_ptr<ScrollBarPeer> QtToolkit::CreateScrollBar(EventSink& sink, ControlPeer& container,
                                                           bool vertical) {
-    return std::make_unique<QtScrollBar>(SinkPort(sink, state_->calls), NativeOf(container), vertical);
+    return state_->Make<QtScrollBar>(sink, NativeOf(container), vertical);
 }
 
 std::unique_ptr<CanvasPeer> QtToolkit::CreateCanvas(EventSink& sink, ControlPeer& container,
                                                     const CanvasContent& content) {
-    return std::make_unique<QtCanvas>(SinkPort(sink, state_->calls), NativeOf(container), content,
-                                      state_->toDrivePath);
+    return state_->Make<QtCanvas>(sink, NativeOf(container), content);
 }
 
 std::unique_ptr<MenuItemPeer> QtToolkit::CreateMenuItem(EventSink& sink, WindowPeer& window,

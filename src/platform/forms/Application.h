@@ -84,6 +84,7 @@ class Application final : private ToolkitEvents {
     std::function<void(unsigned context)> OnHelpKey;
 
   private:
+    friend class Control;
     friend class Form;
     friend class Form::HandlerScope;
 
@@ -96,6 +97,12 @@ class Application final : private ToolkitEvents {
     /// The form has gone from the screen: the one that was active before it becomes so again.
     void ReturnFrom(Form& form);
     void DestroyUnloaded();
+    void BeginDrag(Control& control) { dragged_ = &control; }
+    /// The control that is dragged, which from now on none is; null where none was.
+    [[nodiscard]] Control* TakeDragged() { return std::exchange(dragged_, nullptr); }
+    void ForgetDragged(const Control& control) {
+        if (dragged_ == &control) dragged_ = nullptr;
+    }
 
     Toolkit& toolkit_;
     forms::Screen screen_;
@@ -104,6 +111,7 @@ class Application final : private ToolkitEvents {
     std::vector<std::unique_ptr<Form>> unloaded_;  ///< waiting until no handler of theirs runs
     std::vector<Form*> activated_;                 ///< the active form last, before it those active earlier
     int openBoxes_ = 0;
+    Control* dragged_ = nullptr;
 };
 
 /// Takes a window out of the topmost band while a dialog is open, where it is in it.

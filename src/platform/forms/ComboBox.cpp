@@ -4,7 +4,12 @@ namespace tavrix::forms {
 
 void ComboBox::AddItem(const std::string& text) {
     items_.push_back(text);
-    RowsChanged(ListIndex);
+    RowsInserted(ListCount() - 1, 1);
+}
+
+void ComboBox::Clear() {
+    items_.clear();
+    RowsReset(-1);
 }
 
 }  // namespace tavrix::forms

@@ -15,6 +15,8 @@ class ComboBox final : public RowControl {
 
     /// Adds a row at the end; the current row stays.
     void AddItem(const std::string& text);
+    /// Takes all rows away; none is current then.
+    void Clear();
     [[nodiscard]] int ListCount() const { return RowCount(); }
     /// `index`: 0 to ListCount() - 1.
     [[nodiscard]] const std::string& List(int index) const {

@@ -23,7 +23,9 @@ Control::Control(Container& container, std::string name)
     container.controls_.push_back(this);
 }
 
-Control::~Control() = default;
+Control::~Control() {
+    form_.App().ForgetDragged(*this);
+}
 
 void Control::Realize(Toolkit& toolkit, ControlPeer& container) {
     peer_ = &CreatePeer(toolkit, container);
@@ -75,7 +77,52 @@ void Control::Dispatch(const Event& event) {
         form_.Deliver(event);
         return;
     }
+    if (const auto* drag = std::get_if<DragEvent>(&event)) {
+        HandleDrag(*drag);
+        return;
+    }
+    if (const auto* drop = std::get_if<DropEvent>(&event)) {
+        if (Enabled && OnOLEDragDrop) OnOLEDragDrop(drop->files);
+        return;
+    }
+    if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
+        if (mouse->action == MouseAction::Down) dragged_ = false;
+        if (dragged_) return;
+    }
+    if (dragged_ && std::holds_alternative<ClickEvent>(event)) return;
     Handle(event);
+}
+
+void Control::Drag() {
+    if (peer_ == nullptr) return;
+    dragged_ = true;
+    form_.App().BeginDrag(*this);
+    peer_->BeginDrag(DragIcon.Empty() ? nullptr : &DragIcon.pixels->Whole());
+}
+
+void Control::HandleDrag(const DragEvent& drag) {
+    const bool wanted = Enabled && (drag.files ? OnOLEDragDrop != nullptr : OnDragDrop != nullptr);
+    switch (drag.action) {
+        case DragAction::Over:
+            ShowDropPlace(wanted ? std::optional(drag.row) : std::nullopt);
+            if (wanted && drag.wanted != nullptr) *drag.wanted = true;
+            break;
+        case DragAction::Leave:
+            ShowDropPlace(std::nullopt);
+            break;
+        case DragAction::Drop: {
+            ShowDropPlace(std::nullopt);
+            Control* const source = form_.App().TakeDragged();
+            const ScreenInfo screen = form_.App().GetToolkit().Screen();
+            if (source != nullptr && wanted)
+                OnDragDrop({*source, ToTwips(drag.x, screen.twipsPerPixelX),
+                            ToTwips(drag.y, screen.twipsPerPixelY), drag.row});
+            break;
+        }
+        case DragAction::Ended:
+            form_.App().ForgetDragged(*this);
+            break;
+    }
 }
 
 void Control::AssignLeft(const float& value) {

@@ -2,10 +2,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "imaging/graphics/Picture.h"
 #include "platform/forms/Events.h"
+#include "platform/forms/Mouse.h"
 #include "platform/forms/Peers.h"
 #include "platform/forms/Property.h"
 #include "platform/forms/Toolkit.h"
@@ -68,6 +71,17 @@ class Control : public FormObject, public EventSink {
     std::function<void(int& keyCode, int shift)> OnKeyDown;
     std::function<void(int keyCode, int shift)> OnKeyUp;
 
+    /// Drags this control over the program's windows, until the mouse button that is held goes up or Escape is
+    /// pressed. For the handlers of a press or a move of its mouse; the control hears no more of that button.
+    void Drag();
+    /// What is seen at the pointer while this control is dragged; empty: the toolkit's own pointer.
+    Picture DragIcon;
+    /// A control that was dragged is let go here. Without a handler that only ends the drag.
+    std::function<void(const DragArguments&)> OnDragDrop;
+    /// Files of another program were dropped here, as drive paths. Without a handler they fall to what the control lies
+    /// in, and to the form in the end.
+    std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
+
     void Deliver(const Event& event) final;
 
     /// For the form, which sees the keys first.
@@ -90,9 +104,15 @@ class Control : public FormObject, public EventSink {
     virtual void KeyPressed(int& /*keyCode*/, int /*shift*/) {}
     /// An event that is not handled by all controls alike.
     virtual void Handle(const Event& event) = 0;
+    /// Where something that is dragged would go if it was dropped now: before this row of a list. Nothing: it is not
+    /// here, or would not be taken.
+    virtual void ShowDropPlace(std::optional<int> /*row*/) {}
+    /// Whether the control is being dragged, or was by the button that is held.
+    [[nodiscard]] bool Dragged() const { return dragged_; }
 
   private:
     void Dispatch(const Event& event);
+    void HandleDrag(const DragEvent& drag);
     void AssignLeft(const float& value);
     void AssignTop(const float& value);
     void AssignWidth(const float& value);
@@ -110,6 +130,7 @@ class Control : public FormObject, public EventSink {
     bool inPictureBox_;  ///< placed by its bounds even where the form has a layout
     std::string name_;
     ControlPeer* peer_ = nullptr;
+    bool dragged_ = false;
 };
 
 }  // namespace tavrix::forms

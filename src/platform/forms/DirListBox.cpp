@@ -30,7 +30,7 @@ bool IsDriveAlone(const std::string& path) {
 }  // namespace
 
 DirListBox::DirListBox(Container& container, std::string name, Files& files)
-    : RowControl(container, std::move(name), Look::List), files_(files) {
+    : ListControl(container, std::move(name)), files_(files) {
     Path.Store(StartFolder(files));
     above_ = WayTo(Path);
     Refresh();
@@ -49,7 +49,7 @@ void DirListBox::Refresh() {
     // The drive itself has gone: the user still sees where the list was.
     folders_.clear();
     above_ = way;
-    RowsChanged(static_cast<int>(above_.size()) - 1);
+    RowsReset(static_cast<int>(above_.size()) - 1);
 }
 
 int DirListBox::RowCount() const {
@@ -72,12 +72,13 @@ ListRow DirListBox::Row(int row) const {
 }
 
 void DirListBox::RowDoubleClicked() {
-    RowControl::RowDoubleClicked();
+    ListControl::RowDoubleClicked();
     OpenRow(ListIndex);
 }
 
 void DirListBox::KeyPressed(int& keyCode, int shift) {
     // On the folder that is open already, Enter is left for the window's default button.
+    ListControl::KeyPressed(keyCode, shift);
     if (keyCode != KeyCode::Return || shift != ShiftMask::None || ListIndex < 0) return;
     if (PathOfRow(ListIndex) == Path.Get()) return;
     keyCode = 0;
@@ -111,7 +112,7 @@ void DirListBox::Show(const std::string& path) {
     folders_ = files_.Folders(path);
     above_ = WayTo(path);
     Path.Store(path);
-    RowsChanged(static_cast<int>(above_.size()) - 1);
+    RowsReset(static_cast<int>(above_.size()) - 1);
 }
 
 }  // namespace tavrix::forms

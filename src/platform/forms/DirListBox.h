@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "platform/forms/RowControl.h"
+#include "platform/forms/ListControl.h"
 #include "platform/services/Files.h"
 
 namespace tavrix::forms {
 
 /// A folder with the folders above it, from the root of its drive down, and its subfolders. At first it shows the
 /// current folder. A double click or Enter opens the folder of the current row.
-class DirListBox final : public RowControl {
+class DirListBox final : public ListControl {
   public:
     DirListBox(Container& container, std::string name, Files& files);
 

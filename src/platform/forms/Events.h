@@ -45,10 +45,12 @@ inline constexpr int Down = 40;
 inline constexpr int Insert = 45;
 inline constexpr int Delete = 46;
 inline constexpr int Digit0 = 48;
+inline constexpr int Apps = 93;  ///< the menu key
 inline constexpr int Numpad0 = 96;
 inline constexpr int Add = 107;
 inline constexpr int Subtract = 109;
 inline constexpr int F1 = 112;
+inline constexpr int F10 = 121;
 inline constexpr int F12 = 123;
 inline constexpr int Equals = 187;
 inline constexpr int Minus = 189;
@@ -78,6 +80,8 @@ struct MouseEvent {
     int shift = 0;
     int x = 0;
     int y = 0;
+    int row =
+        -1;  ///< of a list: the row under the point; while the left button is held, the nearest one. -1: none
 };
 
 /// The user moved a scroll bar: while the thumb is dragged, or for good.
@@ -86,9 +90,18 @@ struct ScrollEvent {
     bool tracking = false;
 };
 
-/// The user made a row of a list the current one, or pressed the one that is current already.
+/// The user chose a row, of a list by a click or what amounts to one. Screen readers also select rows of lists with
+/// several selected ones, and take them out again, without making them the current one.
 struct RowEvent {
+    enum class How : std::uint8_t { Click, Select, Deselect };
+
     int row = -1;
+    How how = How::Click;
+};
+
+/// A list has room for this many rows.
+struct PageEvent {
+    int rows = 1;
 };
 
 /// Two quick clicks on the current row.
@@ -135,11 +148,29 @@ struct DropEvent {
     std::vector<std::string> files;
     int x = 0;
     int y = 0;
+    int row = -1;  ///< of a list: the row under the pointer; -1: below the last one
+};
+
+enum class DragAction : std::uint8_t {
+    Over,   ///< it is here now
+    Leave,  ///< it is here no longer
+    Drop,   ///< it is let go here; files come as a DropEvent instead
+    Ended   ///< for the control that was dragged: it is over, dropped or not
+};
+
+/// Something is dragged over a control: another control, or files of another program.
+struct DragEvent {
+    DragAction action = DragAction::Over;
+    bool files = false;
+    int x = 0;  ///< device pixels of the control
+    int y = 0;
+    int row = -1;            ///< as in a DropEvent
+    bool* wanted = nullptr;  ///< Over: set where a drop here would be taken
 };
 
 using Event = std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent,
                            TextEvent, CheckEvent, CharacterEvent, FocusEvent, PlacementEvent, ActivateEvent,
-                           CloseEvent, DropEvent>;
+                           CloseEvent, DropEvent, DragEvent, PageEvent>;
 
 /// The one door through which the user's doings arrive.
 class EventSink {

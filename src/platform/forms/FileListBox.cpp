@@ -5,20 +5,32 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/forms/SameRows.h"
 #include "platform/forms/StartFolder.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::forms {
 
 FileListBox::FileListBox(Container& container, std::string name, Files& files, const std::string& pattern)
-    : RowControl(container, std::move(name), Look::List), files_(files) {
+    : ListControl(container, std::move(name)), files_(files) {
     Path.Store(StartFolder(files));
     Pattern.Store(pattern);
 }
 
 void FileListBox::Refresh() {
     names_.reset();
-    RowsChanged(-1);
+    RowsReset(-1);
+}
+
+void FileListBox::RefreshKeepingRows() {
+    if (!names_ && ListIndex < 0) {
+        Refresh();
+        return;
+    }
+    const std::vector<std::string> before = Names();
+    names_.reset();
+    const SameRows same(before, Names());
+    RowsRenewed(same.Of(ListIndex), same.Of(Selection()));
 }
 
 const std::string& FileListBox::List(int index) const {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms/RowControl.h"
+#include "platform/forms/ListControl.h"
 #include "platform/services/Files.h"
 
 namespace tavrix::forms {
@@ -13,7 +13,7 @@ namespace tavrix::forms {
 ///
 /// The folder is read when a row is first asked for, so that a folder of many thousand files that is passed on the way
 /// costs nothing.
-class FileListBox final : public RowControl {
+class FileListBox final : public ListControl {
   public:
     FileListBox(Container& container, std::string name, Files& files, const std::string& pattern = "*.*");
 
@@ -23,8 +23,11 @@ class FileListBox final : public RowControl {
     /// Several patterns are separated by semicolons.
     Property<std::string> Pattern{this, &FileListBox::AssignPattern, "*.*"};
 
-    /// Reads the folder again; no row is current then. A folder that cannot be read any more has no files.
+    /// Reads the folder again; no row is current or selected then. A folder that cannot be read any more has no files.
     void Refresh();
+    /// The same, but the current file and the selected ones stay so where they are still there, told by their exact
+    /// names, and the list stays where it is.
+    void RefreshKeepingRows();
 
     [[nodiscard]] int ListCount() const { return RowCount(); }
     /// A name; `index`: 0 to ListCount() - 1.

@@ -195,7 +195,20 @@ void Form::Dispatch(const Event& event) {
         if (mouse->action == MouseAction::Up) Form_MouseUp(arguments);
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
         Form_OLEDragDrop(drop->files);
+    } else if (const auto* drag = std::get_if<DragEvent>(&event)) {
+        HandleDrag(*drag);
     }
+}
+
+void Form::HandleDrag(const DragEvent& drag) {
+    if (drag.action == DragAction::Over && drag.files && traits_.acceptsDrops && drag.wanted != nullptr)
+        *drag.wanted = true;
+    if (drag.action != DragAction::Drop) return;
+    Control* const source = app_.TakeDragged();
+    const ScreenInfo screen = app_.GetToolkit().Screen();
+    if (source != nullptr)
+        Form_DragDrop({*source, ToTwips(drag.x, screen.twipsPerPixelX),
+                       ToTwips(drag.y, screen.twipsPerPixelY), drag.row});
 }
 
 void Form::HandlePlacement(const PlacementEvent& placement) {

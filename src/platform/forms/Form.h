@@ -79,6 +79,7 @@ class Form : public FormObject, public Container, public EventSink {
     virtual void Form_KeyDown([[maybe_unused]] int& keyCode, [[maybe_unused]] int shift) {}
     virtual void Form_MouseMove([[maybe_unused]] const MouseArguments& mouse) {}
     virtual void Form_MouseUp([[maybe_unused]] const MouseArguments& mouse) {}
+    virtual void Form_DragDrop([[maybe_unused]] const DragArguments& drag) {}
     virtual void Form_OLEDragDrop([[maybe_unused]] const std::vector<std::string>& files) {}
 
     void Deliver(const Event& event) final;
@@ -141,6 +142,7 @@ class Form : public FormObject, public Container, public EventSink {
     void Dispatch(const Event& event);
     void HandlePlacement(const PlacementEvent& placement);
     void HandleKey(const KeyEvent& key);
+    void HandleDrag(const DragEvent& drag);
     [[nodiscard]] PixelRect OuterPixels() const;
     [[nodiscard]] PixelSize FramePixels() const;
 

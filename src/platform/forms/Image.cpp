@@ -33,8 +33,6 @@ void Image::Handle(const Event& event) {
         Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
     } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
-    } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
-        if (OnOLEDragDrop) OnOLEDragDrop(drop->files);
     }
 }
 

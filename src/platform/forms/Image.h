@@ -24,8 +24,6 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     Property<bool> Stretch{this, &Image::AssignStretch};
 
     std::function<void()> OnClick;
-    /// Files were dropped here, as drive paths.
-    std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
     /// The decoding of a picture that was still arriving when it was assigned has ended.
     std::function<void()> OnArrived;
 

@@ -6,7 +6,7 @@ namespace tavrix::forms {
 
 MouseArguments InTwips(const MouseEvent& event, const ScreenInfo& screen) {
     return {event.button, event.shift, ToTwips(event.x, screen.twipsPerPixelX),
-            ToTwips(event.y, screen.twipsPerPixelY)};
+            ToTwips(event.y, screen.twipsPerPixelY), event.row};
 }
 
 void MouseHandlers::Raise(const MouseEvent& event, const ScreenInfo& screen) const {

@@ -13,6 +13,18 @@ struct MouseArguments {
     int shift = 0;
     float x = 0;
     float y = 0;
+    int row =
+        -1;  ///< of a list: the row under the point; while the left button is held, the nearest one. -1: none
+};
+
+class Control;
+
+/// A control is let go over another one, or over the form.
+struct DragArguments {
+    Control& source;
+    float x = 0;   ///< twips of the control that it is dropped on
+    float y = 0;   ///< likewise
+    int row = -1;  ///< of a list: the row under the pointer; -1: below the last one
 };
 
 [[nodiscard]] MouseArguments InTwips(const MouseEvent& event, const ScreenInfo& screen);

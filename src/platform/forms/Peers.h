@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "imaging/graphics/Colour.h"
 #include "imaging/graphics/Surface.h"
 #include "platform/forms/Events.h"
 #include "platform/forms/Layout.h"
+#include "platform/forms/RowRanges.h"
 
 namespace tavrix::forms {
 
@@ -25,6 +27,10 @@ class ControlPeer {
     virtual void SetAccessibleName(const std::string& name) = 0;
     /// Gives the control the keyboard. A window gives it to itself, for the hidden holders of the focus.
     virtual void TakeFocus() = 0;
+    /// The control is dragged from here on, until the mouse button that is held goes up or Escape is pressed. What it
+    /// comes over gets DragEvents, and in the end so does the control itself; without a button it ends at once.
+    /// `icon`: what is seen at the pointer; null: the toolkit's own.
+    virtual void BeginDrag(const Surface* icon) = 0;
 };
 
 class LabelPeer : public ControlPeer {
@@ -83,18 +89,33 @@ class ListContent {
     [[nodiscard]] virtual int RowCount() const = 0;
     /// `row`: 0 to RowCount() - 1.
     [[nodiscard]] virtual ListRow Row(int row) const = 0;
+    /// -1: none.
+    [[nodiscard]] virtual int CurrentRow() const = 0;
+    /// Whether the row is highlighted. `row`: as above.
+    [[nodiscard]] virtual bool RowSelected(int row) const = 0;
+    /// Whether several rows can be selected, apart from the current one.
+    [[nodiscard]] virtual bool ManySelected() const = 0;
 
   protected:
     ~ListContent() = default;
 };
 
-/// A list, or a list that drops down. One row at most is the current one.
+/// A list, or a list that drops down. What is told has happened in the content already. The rows that can be seen stay
+/// where they are on the screen as far as possible.
 class ListPeer : public ControlPeer {
   public:
-    /// All rows are others now, and none is current.
-    virtual void ResetRows() = 0;
-    /// -1: none. A list scrolls so that the row can be seen.
-    virtual void SetCurrent(int row) = 0;
+    /// Rows came before the row that was `at`.
+    virtual void RowsInserted(int at, int count) = 0;
+    /// These rows, as they were counted before, are gone.
+    virtual void RowsRemoved(const RowRanges& gone) = 0;
+    /// The rows from `first` on, `end` exclusive, look otherwise: their texts, or whether they are selected.
+    virtual void RowsChanged(int first, int end) = 0;
+    /// All rows are others now. `keepPlace`: the list goes on showing the same places; else it begins at the top.
+    virtual void RowsReset(bool keepPlace) = 0;
+    /// The current row is another one. A list scrolls so that it can be seen.
+    virtual void CurrentChanged() = 0;
+    /// Marks where something that is dragged would go: before this row (RowCount(): below the last one).
+    virtual void SetInsertionMark(std::optional<int> row) = 0;
 };
 
 class ButtonPeer : public ControlPeer {
@@ -167,7 +188,7 @@ struct WindowTraits {
     std::string name;        ///< the name of its class, for the window system's own records
     bool resizable = false;  ///< sizable frame with minimise and maximise buttons; else a dialog frame
     bool menuBar = false;
-    bool acceptsDrops = false;
+    bool acceptsDrops = false;  ///< files of other programs may be dropped on the window itself
     float minimumWidth =
         0;  ///< outer, twips; the window manager is told, and the form insists where it does not obey
     float minimumHeight = 0;  ///< likewise

@@ -45,8 +45,6 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
 
     std::function<void()> OnResize;
     std::function<void()> OnClick;
-    /// Files were dropped here, as drive paths.
-    std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
 
     [[nodiscard]] Form& OwnerForm() override { return Control::OwnerForm(); }
 

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
+#include "backends/qt/peers/AccessibleList.h"
 #include "backends/qt/peers/AccessibleTick.h"
 #include "backends/qt/peers/CanvasWidget.h"
 #include "backends/qt/peers/QtCheckBox.h"
@@ -22,6 +23,9 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     if (className == QLatin1String("QCheckBox")) {
         if (auto* box = dynamic_cast<CheckWidget*>(object))
             return new AccessibleTick(*box, QAccessible::CheckBox);
+    }
+    if (className == QLatin1String("QAbstractScrollArea")) {
+        if (auto* list = dynamic_cast<ListWidget*>(object)) return new AccessibleList(*list);
     }
     if (className != QLatin1String("QWidget")) return nullptr;
     if (auto* canvas = dynamic_cast<CanvasWidget*>(object))

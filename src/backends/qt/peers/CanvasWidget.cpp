@@ -1,6 +1,5 @@
 #include "backends/qt/peers/CanvasWidget.h"
 
-#include <QDragEnterEvent>
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
@@ -23,9 +22,8 @@ QImage Wrap(const Surface& surface, const QRect& part, bool transparent) {
 
 }  // namespace
 
-CanvasWidget::CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content,
-                           const ToDrivePath& toDrivePath)
-    : QWidget(&parent), port_(port), content_(&content), toDrivePath_(toDrivePath) {
+CanvasWidget::CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content)
+    : QWidget(&parent), port_(port), content_(&content) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_NoMousePropagation);
@@ -112,14 +110,6 @@ void CanvasWidget::paintEvent(QPaintEvent* event) {
         painter.drawImage(place,
                           Wrap(pixels, QRect(0, 0, pixels.Width(), pixels.Height()), view.transparent));
     }
-}
-
-void CanvasWidget::dragEnterEvent(QDragEnterEvent* event) {
-    if (CarriesFiles(*event)) event->acceptProposedAction();
-}
-
-void CanvasWidget::dropEvent(QDropEvent* event) {
-    AcceptFiles(*event, *this, port_, toDrivePath_);
 }
 
 }  // namespace tavrix::qt

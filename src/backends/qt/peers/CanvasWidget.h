@@ -2,7 +2,6 @@
 
 #include <QWidget>
 
-#include "backends/qt/peers/FileDrop.h"
 #include "backends/qt/peers/MouseRelay.h"
 #include "backends/qt/peers/SinkPort.h"
 #include "platform/forms/Peers.h"
@@ -12,8 +11,7 @@ namespace tavrix::qt {
 /// The widget of a picture box or an image. It paints from what the content says at that moment, pixel for pixel.
 class CanvasWidget final : public QWidget {
   public:
-    CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content,
-                 const ToDrivePath& toDrivePath);
+    CanvasWidget(QWidget& parent, const SinkPort& port, const forms::CanvasContent& content);
 
     /// The peer has gone.
     void Detach();
@@ -33,15 +31,12 @@ class CanvasWidget final : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.Press(*event); }
     void mouseMoveEvent(QMouseEvent* event) override { mouse_.Move(*event); }
     void mouseReleaseEvent(QMouseEvent* event) override { mouse_.Release(*event, *this); }
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     [[nodiscard]] QColor ColourOf(Colour colour) const;
 
     SinkPort port_;
     const forms::CanvasContent* content_;
-    const ToDrivePath& toDrivePath_;
     MouseRelay mouse_{port_};
     QSize deviceSize_;
     QRegion invalid_;

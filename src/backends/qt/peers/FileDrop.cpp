@@ -3,10 +3,8 @@
 #include <QDropEvent>
 #include <QMetaObject>
 #include <QMimeData>
+#include <QObject>
 #include <QUrl>
-#include <QWidget>
-
-#include "backends/qt/peers/Scale.h"
 
 namespace tavrix::qt {
 
@@ -14,8 +12,8 @@ bool CarriesFiles(const QDropEvent& event) {
     return event.mimeData() != nullptr && event.mimeData()->hasUrls();
 }
 
-void AcceptFiles(QDropEvent& event, QWidget& receiver, const SinkPort& port, const ToDrivePath& toDrivePath) {
-    forms::DropEvent drop;
+void AcceptFiles(QDropEvent& event, QObject& receiver, const SinkPort& port, forms::DropEvent drop,
+                 const ToDrivePath& toDrivePath) {
     const QList<QUrl> urls = event.mimeData()->urls();
     for (const QUrl& url : urls) {
         if (url.isLocalFile()) drop.files.push_back(toDrivePath(url.toLocalFile().toStdString()));
@@ -23,9 +21,6 @@ void AcceptFiles(QDropEvent& event, QWidget& receiver, const SinkPort& port, con
     event.setDropAction(Qt::CopyAction);
     event.accept();
     if (drop.files.empty()) return;
-    const double ratio = DeviceRatio();
-    drop.x = ToDevice(event.position().x(), ratio);
-    drop.y = ToDevice(event.position().y(), ratio);
     QMetaObject::invokeMethod(
         &receiver, [&port, drop] { port.Deliver(drop); }, Qt::QueuedConnection);
 }

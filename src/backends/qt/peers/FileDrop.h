@@ -6,7 +6,7 @@
 #include "backends/qt/peers/SinkPort.h"
 
 class QDropEvent;
-class QWidget;
+class QObject;
 
 namespace tavrix::qt {
 
@@ -16,8 +16,9 @@ using ToDrivePath = std::function<std::string(const std::string& hostPath)>;
 /// Whether a drag carries files.
 [[nodiscard]] bool CarriesFiles(const QDropEvent& event);
 
-/// Answers the drop and delivers its files once the drag is over, since handlers open windows. `port` belongs to
-/// `receiver`; nothing is delivered when that has gone by then.
-void AcceptFiles(QDropEvent& event, QWidget& receiver, const SinkPort& port, const ToDrivePath& toDrivePath);
+/// Answers the drop and delivers its files once the drag is over, since handlers open windows. `drop` tells the place.
+/// `port` belongs to `receiver`; nothing is delivered when that has gone by then.
+void AcceptFiles(QDropEvent& event, QObject& receiver, const SinkPort& port, forms::DropEvent drop,
+                 const ToDrivePath& toDrivePath);
 
 }  // namespace tavrix::qt

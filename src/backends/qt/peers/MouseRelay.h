@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QWidget>
+#include <functional>
 
 #include "backends/qt/peers/InputMap.h"
 #include "backends/qt/peers/Scale.h"
@@ -18,6 +19,8 @@ class MouseRelay {
     bool tellsClicks = true;
     /// What of the upper left corner of the widget, in device pixels, is not the control's.
     QPoint offset;
+    /// Of a list: the row that an event is told with.
+    std::function<int(const QMouseEvent& event)> rowFor;
 
     void Press(const QMouseEvent& event) {
         const int button = ButtonOf(event.button());
@@ -25,6 +28,8 @@ class MouseRelay {
         pressed_ |= button;
         port_.Deliver(Make(forms::MouseAction::Down, button, event));
     }
+    /// The press is told in another way; its release is told.
+    void PressUntold(const QMouseEvent& event) { pressed_ |= ButtonOf(event.button()); }
     void Move(const QMouseEvent& event) {
         port_.Deliver(Make(forms::MouseAction::Move, ButtonMaskOf(event.buttons()), event));
     }
@@ -48,7 +53,9 @@ class MouseRelay {
   private:
     [[nodiscard]] forms::MouseEvent Make(forms::MouseAction action, int button,
                                          const QMouseEvent& event) const {
-        return Make(action, button, ShiftMaskOf(event.modifiers()), event.position());
+        forms::MouseEvent told = Make(action, button, ShiftMaskOf(event.modifiers()), event.position());
+        if (rowFor) told.row = rowFor(event);
+        return told;
     }
     [[nodiscard]] forms::MouseEvent Make(forms::MouseAction action, int button, int shift, QPointF at) const {
         const double ratio = DeviceRatio();

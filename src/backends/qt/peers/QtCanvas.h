@@ -7,18 +7,13 @@ namespace tavrix::qt {
 
 class QtCanvas final : public QtControl<forms::CanvasPeer, CanvasWidget> {
   public:
-    QtCanvas(const SinkPort& port, const NativePeer& container, const forms::CanvasContent& content,
-             const ToDrivePath& toDrivePath)
-        : QtControl(new CanvasWidget(*container.ControlParent(), port, content, toDrivePath)) {
-        Get().setAcceptDrops(container.AcceptsDrops());
-    }
+    QtCanvas(const SinkPort& port, const NativePeer& container, const forms::CanvasContent& content)
+        : QtControl(new CanvasWidget(*container.ControlParent(), port, content)) {}
 
     void SetBounds(const PixelRect& bounds) override { Get().SetDeviceBounds(bounds); }
     void Invalidate(const PixelRect& part) override { Get().Invalidate(part); }
     void PaintNow() override { Get().PaintNow(); }
     void SetSeeThrough(bool seeThrough) override { Get().SetSeeThrough(seeThrough); }
-
-    [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
 };
 
 }  // namespace tavrix::qt

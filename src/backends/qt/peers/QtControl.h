@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 
+#include "backends/qt/peers/DropDoor.h"
 #include "backends/qt/peers/PlainToolTip.h"
 #include "backends/qt/peers/Pointers.h"
 #include "backends/qt/peers/Scale.h"
@@ -20,8 +21,11 @@ class NativePeer {
     [[nodiscard]] virtual QWidget* Native() const = 0;
     /// The parent of the controls inside.
     [[nodiscard]] virtual QWidget* ControlParent() const { return Native(); }
-    /// Whether files may be dropped.
-    [[nodiscard]] virtual bool AcceptsDrops() const { return false; }
+    /// The widget that has the mouse while it is over the control.
+    [[nodiscard]] virtual QWidget* MouseWidget() const { return Native(); }
+    /// The row of a list under something that is dragged at this place of the widget, which makes the list scroll at
+    /// its ends; -1: none.
+    [[nodiscard]] virtual int RowUnderDrag(QPoint /*place*/) const { return -1; }
 
   protected:
     ~NativePeer() = default;
@@ -37,6 +41,7 @@ template <class Interface, class Widget>
 class QtControl : public Interface, public NativePeer {
   public:
     ~QtControl() override {
+        if (door_) door_->Detach();
         if (!widget_) return;
         widget_->Detach();
         widget_->hide();
@@ -59,6 +64,14 @@ class QtControl : public Interface, public NativePeer {
     }
     void TakeFocus() override { widget_->setFocus(Qt::OtherFocusReason); }
 
+    void BeginDrag(const Surface* icon) override {
+        if (door_) door_->BeginDrag(icon);
+    }
+    /// To be called once, when the control has been made.
+    void OpenDoor(const SinkPort& port, const ToDrivePath& toDrivePath) {
+        door_ = new DropDoor(*this, port, toDrivePath);
+    }
+
     [[nodiscard]] QWidget* Native() const override { return widget_; }
 
   protected:
@@ -68,6 +81,7 @@ class QtControl : public Interface, public NativePeer {
 
   private:
     QPointer<Widget> widget_;  ///< owned by its parent widget
+    QPointer<DropDoor> door_;  ///< owned by the widget
 };
 
 /// Whether the user moved the focus, and not the program or the desktop.

@@ -5,7 +5,7 @@
 namespace tavrix::qt {
 
 DropDownWidget::DropDownWidget(QWidget& parent, const SinkPort& port, const forms::ListContent& content)
-    : SinkWidget(port, &parent), rows_(content) {
+    : SinkWidget(port, &parent), content_(content), rows_(content) {
     setFocusPolicy(Qt::StrongFocus);
     setModel(&rows_);
     setCurrentIndex(-1);
@@ -18,10 +18,14 @@ void DropDownWidget::Detach() {
     rows_.Detach();
 }
 
-void DropDownWidget::ResetRows() {
+void DropDownWidget::RowsReset() {
     hidePopup();
     rows_.Reset();
-    setCurrentIndex(-1);  // Qt has taken the first one
+    CurrentChanged();  // Qt has taken the first one
+}
+
+void DropDownWidget::CurrentChanged() {
+    setCurrentIndex(content_.CurrentRow());
 }
 
 void DropDownWidget::wheelEvent(QWheelEvent* event) {

@@ -13,12 +13,16 @@ class DropDownWidget final : public SinkWidget<QComboBox> {
     DropDownWidget(QWidget& parent, const SinkPort& port, const forms::ListContent& content);
     void Detach();
 
-    void ResetRows();
+    /// There are other rows now; which one is current is told by the content.
+    void RowsReset();
+    void RowsChanged(int first, int end) { rows_.Changed(first, end); }
+    void CurrentChanged();
 
   protected:
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    const forms::ListContent& content_;
     RowModel rows_;
 };
 
@@ -27,8 +31,12 @@ class QtDropDownList final : public QtControl<forms::ListPeer, DropDownWidget> {
     QtDropDownList(const SinkPort& port, const NativePeer& container, const forms::ListContent& content)
         : QtControl(new DropDownWidget(*container.ControlParent(), port, content)) {}
 
-    void ResetRows() override { Get().ResetRows(); }
-    void SetCurrent(int row) override { Get().setCurrentIndex(row); }
+    void RowsInserted(int, int) override { Get().RowsReset(); }
+    void RowsRemoved(const forms::RowRanges&) override { Get().RowsReset(); }
+    void RowsChanged(int first, int end) override { Get().RowsChanged(first, end); }
+    void RowsReset(bool) override { Get().RowsReset(); }
+    void CurrentChanged() override { Get().CurrentChanged(); }
+    void SetInsertionMark(std::optional<int>) override {}
 };
 
 }  // namespace tavrix::qt

@@ -48,8 +48,8 @@ bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
 }  // namespace
 
 QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
-                   const ToDrivePath& toDrivePath, ScreenPointer& pointer)
-    : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical(), toDrivePath)),
+                   ScreenPointer& pointer)
+    : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical())),
       metrics_(metrics),
       pointer_(pointer),
       waitWindow_(traits.waitWindow),

@@ -18,7 +18,7 @@ class QtMenuItem;
 class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
   public:
     QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
-             const ToDrivePath& toDrivePath, ScreenPointer& pointer);
+             ScreenPointer& pointer);
     ~QtWindow() override;
 
     void SetTitle(const std::string& title) override;
@@ -33,7 +33,6 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     void SetPointer(forms::MousePointer pointer) override;
 
     [[nodiscard]] QWidget* ControlParent() const override { return &Get().Content(); }
-    [[nodiscard]] bool AcceptsDrops() const override { return Get().acceptDrops(); }
     /// What the menus of the form lie in: the menu bar, or the window, where they only open as popups.
     [[nodiscard]] QWidget* MenuParent() const {
         return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();

@@ -1,22 +1,21 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QIcon>
-#include <array>
 
+#include "backends/qt/peers/RowIcons.h"
 #include "platform/forms/Peers.h"
 
 namespace tavrix::qt {
 
-/// The rows of a list, read from forms as they are needed.
+/// The rows of a list that drops down, read from forms as they are needed.
 class RowModel final : public QAbstractListModel {
   public:
-    static constexpr int IndentRole = Qt::UserRole;  ///< steps to the right
-
     explicit RowModel(const forms::ListContent& content) : content_(&content) {}
 
     /// All rows are others now.
     void Reset();
+    /// Rows look otherwise; `end` exclusive.
+    void Changed(int first, int end);
     /// The content goes; there are no rows from here on.
     void Detach();
 
@@ -24,10 +23,8 @@ class RowModel final : public QAbstractListModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   private:
-    [[nodiscard]] const QIcon& IconOf(forms::RowIcon icon) const;
-
     const forms::ListContent* content_;
-    mutable std::array<QIcon, 8> icons_;  ///< each made when a row first shows it
+    RowIcons icons_;
 };
 
 }  // namespace tavrix::qt

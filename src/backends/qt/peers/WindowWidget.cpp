@@ -3,7 +3,6 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QComboBox>
-#include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
 #include <QWindow>
@@ -54,17 +53,14 @@ ContentWidget::ContentWidget(QWidget& parent, SinkPort& port) : QWidget(&parent)
     setMouseTracking(true);
 }
 
-WindowWidget::WindowWidget(const SinkPort& port, const forms::WindowTraits& traits, int menuBarHeight,
-                           const ToDrivePath& toDrivePath)
+WindowWidget::WindowWidget(const SinkPort& port, const forms::WindowTraits& traits, int menuBarHeight)
     : QWidget(nullptr, FlagsOf(traits)),
       port_(port),
-      toDrivePath_(toDrivePath),
       menuBarHeight_(menuBarHeight),
       content_(new ContentWidget(*this, port_)) {
     const QString name = QString::fromStdString(traits.name);
     setObjectName(name);
     setWindowRole(name);
-    setAcceptDrops(traits.acceptsDrops);
     if (!traits.menuBar) return;
     menuBar_ = new QMenuBar(this);
     menuBar_->setNativeMenuBar(false);
@@ -158,14 +154,6 @@ void WindowWidget::paintEvent(QPaintEvent* event) {
 void WindowWidget::closeEvent(QCloseEvent* event) {
     event->ignore();
     port_.Deliver(forms::CloseEvent{});
-}
-
-void WindowWidget::dragEnterEvent(QDragEnterEvent* event) {
-    if (CarriesFiles(*event)) event->acceptProposedAction();
-}
-
-void WindowWidget::dropEvent(QDropEvent* event) {
-    AcceptFiles(*event, *this, port_, toDrivePath_);
 }
 
 }  // namespace tavrix::qt

@@ -4,7 +4,6 @@
 #include <QWidget>
 #include <functional>
 
-#include "backends/qt/peers/FileDrop.h"
 #include "backends/qt/peers/KeyDoor.h"
 #include "backends/qt/peers/MouseRelay.h"
 #include "backends/qt/peers/SinkPort.h"
@@ -30,8 +29,7 @@ class ContentWidget final : public QWidget {
 /// A top-level widget: a menu bar, placed by hand, and the content below it.
 class WindowWidget final : public QWidget {
   public:
-    WindowWidget(const SinkPort& port, const forms::WindowTraits& traits, int menuBarHeight,
-                 const ToDrivePath& toDrivePath);
+    WindowWidget(const SinkPort& port, const forms::WindowTraits& traits, int menuBarHeight);
 
     void Detach();
     /// Watches the native window, once there is one.
@@ -56,14 +54,11 @@ class WindowWidget final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     bool TurnWheel(const QWheelEvent& wheel);
 
     SinkPort port_;
-    const ToDrivePath& toDrivePath_;
     KeyDoor keys_{port_, *this};
     int menuBarHeight_ = 0;
     QMenuBar* menuBar_ = nullptr;
