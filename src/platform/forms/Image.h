@@ -26,6 +26,8 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     std::function<void()> OnClick;
     /// Files were dropped here, as drive paths.
     std::function<void(const std::vector<std::string>&)> OnOLEDragDrop;
+    /// The first rows of a picture that was still arriving when it was assigned have come.
+    std::function<void()> OnFirstRows;
     /// The decoding of a picture that was still arriving when it was assigned has ended.
     std::function<void()> OnArrived;
 
@@ -41,6 +43,7 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     void LookAtArrival();
 
     Timer arrival_;
+    bool rowsAwaited_ = false;
     mutable FittedPixels fitted_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };

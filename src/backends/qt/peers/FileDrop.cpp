@@ -22,7 +22,6 @@ void AcceptFiles(QDropEvent& event, QWidget& receiver, const SinkPort& port, con
     }
     event.setDropAction(Qt::CopyAction);
     event.accept();
-    if (drop.files.empty()) return;
     const double ratio = DeviceRatio();
     drop.x = ToDevice(event.position().x(), ratio);
     drop.y = ToDevice(event.position().y(), ratio);

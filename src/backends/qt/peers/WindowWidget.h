@@ -59,6 +59,7 @@ class WindowWidget final : public QWidget {
 
   private:
     bool TurnWheel(const QWheelEvent& wheel);
+    void OpenMenuBar();
 
     SinkPort port_;
     const ToDrivePath& toDrivePath_;
