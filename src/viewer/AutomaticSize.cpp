@@ -1,5 +1,7 @@
 #include "viewer/AutomaticSize.h"
 
+#include <algorithm>
+
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -27,6 +29,15 @@ WindowSize AutomaticSize(const AutomaticSizeInput& in) {
         return in.screenWidth < withBar ? wholeScreen : WindowSize{withBar, in.screenHeight};
     }
     return {neededWidth + in.twipsPerPixelX, neededHeight + in.twipsPerPixelY};
+}
+
+forms::TwipRect KeptInside(const forms::TwipRect& window, const forms::TwipRect& area) {
+    forms::TwipRect kept = window;
+    kept.width = std::min(window.width, area.width);
+    kept.height = std::min(window.height, area.height);
+    kept.left = std::clamp(window.left, area.left, area.left + area.width - kept.width);
+    kept.top = std::clamp(window.top, area.top, area.top + area.height - kept.height);
+    return kept;
 }
 
 }  // namespace tavrix

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/forms/Screen.h"
+
 namespace tavrix {
 
 /// What the automatic size of the main view follows from. All in twips.
@@ -24,5 +26,8 @@ struct WindowSize {
 
 /// The size that the main view takes for an image.
 [[nodiscard]] WindowSize AutomaticSize(const AutomaticSizeInput& input);
+
+/// A window that is no larger than an area of the screen and lies in it.
+[[nodiscard]] forms::TwipRect KeptInside(const forms::TwipRect& window, const forms::TwipRect& area);
 
 }  // namespace tavrix

@@ -59,7 +59,7 @@ struct MainMenu {
     forms::Menu mnuDelImgOnFloppy{mnuDeleteMenu, "mnuDelImgOnFloppy", "Images &On Floppy"};
     forms::Menu mnuDelEmptyFolder{mnuDeleteMenu, "mnuDelEmptyFolder", "Empty &Folder"};
 
-    forms::Menu mnuExplore{mnuFile, "mnuExplore", "E&xplore"};
+    forms::Menu mnuExplore{mnuFile, "mnuExplore", "Ex&plore"};
     forms::Menu mnuExploreFolder{mnuExplore, "mnuExploreFolder", "&Current Image Folder"};
     forms::Menu mnuExplorer{mnuExplore, "mnuExplorer", "&Drive(s)"};
     forms::Menu mnuExploreFloppy{mnuExplore, "mnuExploreFloppy", "Floppy Dis&k"};
@@ -112,7 +112,7 @@ struct MainMenu {
     forms::Menu mnu90CCW{mnuRotate, "mnu90CCW", "90° CCW          [Alt+Left Arrow]"};
     forms::Menu mnu180Degrees{mnuRotate, "mnu180Degrees", "180°          [Alt+Down Arrow]"};
     forms::Menu mnuArbitrary{mnuRotate, "mnuArbitrary", "Arbitrary...          [Alt+Up Arrow]"};
-    forms::Menu mnuResize{mnuEdit, "mnuResize", "Re&size"};
+    forms::Menu mnuResize{mnuEdit, "mnuResize", "R&esize"};
     forms::Menu mnu25Smaller{mnuResize, "mnu25Smaller", "25% Smaller          [1 Key]"};
     forms::Menu mnu25Larger{mnuResize, "mnu25Larger", "25% Larger          [2 Key]"};
     forms::Menu mnu50Smaller{mnuResize, "mnu50Smaller", "50% Smaller          [3 Key]"};

@@ -10,6 +10,7 @@
 #include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
+#include "viewer/AutomaticSize.h"
 #include "viewer/DefaultPicture.h"
 #include "viewer/DropFiles.h"
 #include "viewer/MenuState.h"
@@ -59,6 +60,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
     MainImage.OnMouseDown = [this](const forms::MouseArguments& mouse) { MainImage_MouseDown(mouse); };
     MainImage.OnMouseMove = [this](const forms::MouseArguments& mouse) { MainImage_MouseMove(mouse); };
     MainImage.OnMouseUp = [this](const forms::MouseArguments& mouse) { MainImage_MouseUp(mouse); };
+    picFrame.OnMouseMove = [this](const forms::MouseArguments& mouse) { fullScreenCorner.PointAt(mouse); };
     picFrame.OnMouseUp = [this](const forms::MouseArguments& mouse) { Form_MouseUp(mouse); };
     const auto dropped = [this](const std::vector<std::string>& files) {
         MainImage_OLEDragDrop(*this, files);
@@ -69,6 +71,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
     vsbPict.OnChange = vsbPict.OnScroll = [this] { vsbPict_Change(); };
     CmdFullScreen.OnClick = [this] { CmdFullScreen_Click(); };
     CmdFullScreen.OnMouseUp = [this](const forms::MouseEvent&) { PictureTemp.SetFocus(); };
+    menu.mnuTopmost.Checkable = true;
     menu.mnuTopmost.Install([this] { mnuTopmost_Click(); });
     menu.mnuExit.Install([this] { mnuExit_Click(); });
     module_.RefreshRecentMenu = [this] { RefreshRecentMenu(menu, module_.config); };
@@ -109,11 +112,11 @@ void MainViewFrm::PlaceWindow() {
     const bool saved = c.SaveWindowSize && posX >= 0 && posY >= 0 && sizeX >= MinWidth &&
                        sizeY >= MinHeight && posX + sizeX <= module_.Screen().Width() &&
                        posY + sizeY <= module_.Screen().Height();
-    if (saved) {
-        Move(posX, posY, sizeX, sizeY);
-    } else {
-        Move(0, 0, StartWidth, StartHeight);
-    }
+    const forms::TwipRect area = module_.Screen().UsableArea();
+    const forms::TwipRect place = KeptInside(
+        saved ? forms::TwipRect{posX, posY, sizeX, sizeY} : forms::TwipRect{0, 0, StartWidth, StartHeight},
+        area);
+    Move(place.left, place.top, place.width, place.height);
 }
 
 void MainViewFrm::ShowBackgroundColor() {
@@ -220,6 +223,7 @@ void MainViewFrm::MainImage_MouseDown(const forms::MouseArguments& mouse) {
 
 void MainViewFrm::MainImage_MouseMove(const forms::MouseArguments& mouse) {
     selection.Drag(mouse);
+    fullScreenCorner.PointAt(mouse);
 }
 
 void MainViewFrm::MainImage_MouseUp(const forms::MouseArguments& mouse) {

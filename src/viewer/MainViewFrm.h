@@ -13,6 +13,7 @@
 #include "platform/forms/Image.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/ScrollBar.h"
+#include "viewer/FullScreenCorner.h"
 #include "viewer/MainMenu.h"
 #include "viewer/Selection.h"
 
@@ -44,14 +45,15 @@ class MainViewFrm final : public forms::Form {
 
     MainMenu menu{*this};
 
-    // The button lies below the viewport, which it must not cover where no bars are shown.
-    forms::CommandButton CmdFullScreen{*this, "CmdFullScreen"};
     forms::PictureBox picFrame{*this, "picFrame"};
     forms::PictureBox MainImage{picFrame, "MainImage"};
     forms::PictureBox PictureTemp{*this, "PictureTemp"};
     forms::Image ImageDefault{*this, "ImageDefault"};
     forms::ScrollBar hsbPict{*this, "hsbPict", false};
     forms::ScrollBar vsbPict{*this, "vsbPict", true};
+    // Above all the others, since its corner may be theirs too.
+    forms::CommandButton CmdFullScreen{*this, "CmdFullScreen"};
+    FullScreenCorner fullScreenCorner{*this};
 
     Selection selection{MainImage};
     StartDialog StartAction = StartDialog::None;
@@ -69,6 +71,7 @@ class MainViewFrm final : public forms::Form {
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload(bool& cancel) override;
     void Form_KeyDown(int& keyCode, int shift) override;
+    void Form_MouseMove(const forms::MouseArguments& mouse) override { fullScreenCorner.PointAt(mouse); }
     void Form_MouseUp(const forms::MouseArguments& mouse) override;
     void Form_OLEDragDrop(const std::vector<std::string>& files) override;
 

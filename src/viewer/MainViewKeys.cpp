@@ -57,6 +57,9 @@ void MainViewFrm::Form_KeyDown(int& keyCode, int shift) {
             return ScrollByArrow(hsbPict, 1, shift);
         case KeyCode::Escape:
             return command(menu.mnuExit);
+        case KeyCode::Tab:
+            if (shift == ShiftMask::None && fullScreenCorner.StepByTab()) keyCode = 0;
+            return;
         default:
             break;
     }

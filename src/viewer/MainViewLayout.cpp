@@ -67,6 +67,7 @@ void MainViewFrm::PlaceFullScreenButton() {
     const float bottom = roomBeside ? ScaleHeight() : picFrame.ScaleHeight();
     SkipFailure(
         [&] { CmdFullScreen.Move(right - BarThickness, bottom - BarThickness, BarThickness, BarThickness); });
+    fullScreenCorner.Update();
 }
 
 bool MainViewFrm::SizesItself() const {
@@ -85,7 +86,10 @@ void MainViewFrm::MainImage_Resize() {
                                            .screenHeight = screen.Height(),
                                            .twipsPerPixelX = screen.TwipsPerPixelX(),
                                            .twipsPerPixelY = screen.TwipsPerPixelY()});
-    SkipFailure([&] { Move(0, 0, size.width, size.height); });
+    // What the sizes above ask for may be more than the desktop leaves to windows.
+    const forms::TwipRect area = screen.UsableArea();
+    const forms::TwipRect place = KeptInside({area.left, area.top, size.width, size.height}, area);
+    SkipFailure([&] { Move(place.left, place.top, place.width, place.height); });
     Form_Resize();
 }
 

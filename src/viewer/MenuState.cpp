@@ -58,7 +58,7 @@ void ResetEmptyView(MainViewFrm& view) {
         entry->Enabled = false;
     view.menu.mnuAnimatedGIF.Enabled = false;
     view.menu.mnuEdit.Visible = false;
-    view.CmdFullScreen.Visible = false;
+    view.fullScreenCorner.SetWanted(false);
     view.Caption = ProductName;
 }
 
@@ -69,7 +69,7 @@ void SetImageLoadedMenus(MainViewFrm& view) {
     for (forms::Menu* entry : ImageEntries(view.menu))
         entry->Enabled = true;
     view.menu.mnuEdit.Visible = true;
-    view.CmdFullScreen.Visible = true;
+    view.fullScreenCorner.SetWanted(true);
 }
 
 }  // namespace tavrix

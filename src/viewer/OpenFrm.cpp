@@ -44,6 +44,7 @@ OpenFrm::OpenFrm(forms::Application& application, MainViewFrm& view)
     picPreview.AccessibleName = "Preview picture";
     picPreview.Visible = false;
     picPreview.OnOLEDragDrop = [this](const auto& files) { picPreview_OLEDragDrop(files); };
+    picPreview.OnFirstRows = [this] { picPreview_FirstRows(); };
     picPreview.OnArrived = [this] { picPreview_Arrived(); };
     lblMsg.Caption = "Generating thumbnail...";
     lblMsg.Visible = false;
@@ -102,6 +103,7 @@ void OpenFrm::Form_Activate() {
 }
 
 void OpenFrm::Form_Unload(bool&) {
+    EndWaiting();
     SkipFailure([this] { module_.platform.files.ChangeDrive(Drive1.Drive); });
     SkipFailure([this] { module_.platform.files.ChangeFolder(Dir1.Path); });
     module_.config.OpenShowPreview = ChkPreview.Value;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,7 @@ class OpenFrm final : public forms::Form {
     void File1_PathChange();
     void File1_KeyUp(int keyCode);
     void picPreview_OLEDragDrop(const std::vector<std::string>& files);
+    void picPreview_FirstRows();
     void picPreview_Arrived();
 
     void BuildLayout();
@@ -78,10 +80,16 @@ class OpenFrm final : public forms::Form {
     /// Makes the next file in this direction the selected one, the first when none is.
     void Step(int direction);
     void ClearPreview();
+    /// Nothing is being previewed any more: the message and the hourglass go.
+    void EndWaiting();
     void FitPreview();
     void TellPreviewFailure(const RuntimeError& error);
     /// Previews a file that was dropped; false when it is not in a list that it could be opened from.
     bool ShowDropped(const std::string& path);
+
+    std::optional<forms::BusyGuard> waiting_;  ///< from the wish for a preview until its first rows stand
+    std::string
+        previewed_;  ///< the file that the preview shows, or waits for; empty until it is being loaded
 };
 
 /// The Open Image command.

@@ -22,12 +22,18 @@ constexpr const char* NoFiles = "There are no files in the selected directory to
 }  // namespace
 
 void OpenFrm::ClearPreview() {
+    EndWaiting();
     picPreview.Visible = false;
     picPreview.Picture = Picture();
     picPreview.ToolTip = "";
     CmdPrevious.Enabled = false;
     CmdNext.Enabled = false;
     picHoldPreview.ToolTip = HolderToolTip;
+}
+
+void OpenFrm::EndWaiting() {
+    waiting_.reset();
+    lblMsg.Visible = false;
 }
 
 void OpenFrm::ChkPreview_Click() {
@@ -42,7 +48,9 @@ void OpenFrm::ChkPreview_Click() {
 void OpenFrm::TimerPreview_Timer() {
     TimerPreview.Enabled = false;
     // A hidden dialog is still there while the image that it opened is viewed full screen.
-    if (ChkPreview.Value && Visible()) CmdPreview_Click();
+    if (!ChkPreview.Value || !Visible()) return;
+    EndWaiting();  // for another file
+    CmdPreview_Click();
 }
 
 void OpenFrm::CmdPreview_Click() {
@@ -55,17 +63,19 @@ void OpenFrm::CmdPreview_Click() {
         Tell("Select a file to preview first...");
         return;
     }
-    forms::BusyGuard busy(module_.Screen());
+    waiting_.emplace(module_.Screen());
+    previewed_.clear();
     lblMsg.Visible = true;
     module_.DoEvents();
-    if (Unloaded()) return;
+    if (Unloaded() || !waiting_) return;
     if (File1.ListIndex < 0) {  // the user has gone to another folder
-        lblMsg.Visible = false;
+        EndWaiting();
         return;
     }
     picPreview.Visible = false;
     picPreview.Picture = Picture();
     picPreview.Stretch = false;
+    previewed_ = File1.FileName();
     std::optional<RuntimeError> failure;
     try {
         picPreview.Picture = module_.platform.pictures.LoadInBackground(SelectedPath());
@@ -73,13 +83,16 @@ void OpenFrm::CmdPreview_Click() {
     } catch (const RuntimeError& error) {
         failure = error;
     }
-    lblMsg.Visible = false;
-    busy.Release();
     if (failure) {
         TellPreviewFailure(*failure);
-        return;
+    } else if (picPreview.Picture.Get().pixels->RowsReady() > 0) {
+        picPreview_FirstRows();
     }
-    picPreview.ToolTip = File1.FileName();
+}
+
+void OpenFrm::picPreview_FirstRows() {
+    EndWaiting();
+    picPreview.ToolTip = previewed_;
     picHoldPreview.ToolTip = "";
     picPreview.Visible = true;
     CmdPrevious.Enabled = true;
@@ -127,6 +140,11 @@ void OpenFrm::TellPreviewFailure(const RuntimeError& error) {
 
 void OpenFrm::picPreview_Arrived() {
     if (picPreview.Picture.Get().Empty() || !picPreview.Picture.Get().pixels->Blank()) return;
+    if (waiting_ && previewed_.empty()) {  // it is the former preview, and the next is about to be loaded
+        picPreview.Picture = Picture();
+        return;
+    }
+    EndWaiting();
     if (!Visible() || module_.Busy()) {
         ClearPreview();  // the next preview, or an image, is being loaded: nobody waits for this one
         return;

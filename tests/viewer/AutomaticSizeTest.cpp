@@ -98,6 +98,45 @@ TEST_F(AutomaticSizeTest, AnImageLargerThanTheScreenFillsIt) {
     EXPECT_TRUE(View().vsbPict.Visible);
 }
 
+TEST_F(AutomaticSizeTest, NoImageMakesItLargerThanTheScreen) {
+    ASSERT_TRUE(Start());
+    Show(250, 3000);
+    ExpectWindow(0, 0, 4565, 15360);
+    EXPECT_TRUE(View().vsbPict.Visible);
+    EXPECT_FALSE(View().hsbPict.Visible);
+    EXPECT_FLOAT_EQ(static_cast<float>(View().vsbPict.Max) + View().picFrame.Height, 3000 * 15);
+    Show(3000, 250);
+    ExpectWindow(0, 0, 19200, 4645);
+    EXPECT_TRUE(View().hsbPict.Visible);
+    Show(1272, 977);  // fits, but for the pixel that is added each way
+    ExpectWindow(0, 0, 19200, 15360);
+}
+
+TEST_F(AutomaticSizeTest, ItKeepsClearOfThePanelsOfTheDesktop) {
+    toolkit.usableArea = PixelRect{60, 40, 1200, 900};
+    ASSERT_TRUE(Start());
+    ExpectWindow(900, 600, 9510, 7110);
+    Show(2000, 1500);
+    ExpectWindow(900, 600, 18000, 13500);
+    Show(250, 3000);
+    ExpectWindow(900, 600, 4565, 13500);
+    Show(640, 480);
+    ExpectWindow(900, 600, 9735, 7920);
+    Show(600, 950);
+    ExpectWindow(900, 600, 9135, 13500);
+}
+
+TEST_F(AutomaticSizeTest, ASavedPlaceKeepsClearOfThemToo) {
+    toolkit.usableArea = PixelRect{0, 40, 1280, 944};
+    Setting("SaveWindowSize", "True");
+    Setting("MainPosX", "9000");
+    Setting("MainPosY", "0");
+    Setting("MainSizeX", "10200");
+    Setting("MainSizeY", "15360");
+    ASSERT_TRUE(Start());
+    ExpectWindow(9000, 600, 10200, 14160);
+}
+
 TEST_F(AutomaticSizeTest, TheSettingSwitchesItOff) {
     Setting("AutosizeWindow", "False");
     ASSERT_TRUE(Start());

@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <cctype>
+#include <functional>
+#include <map>
 
 #include "ViewerTest.h"
 #include "viewer/MenuState.h"
@@ -241,6 +244,60 @@ TEST_F(MenuTreeTest, LengthsCountCharactersAndNotBytes) {
     RefreshRecentMenu(View().menu, module.config);
     EXPECT_EQ(View().menu.mnuLast1.Caption.Get(), "  ..." + Right(path, 57));
     EXPECT_EQ(CharacterCount(View().menu.mnuLast1.Caption.Get()), 62U);
+}
+
+/// The letter that an entry is shown with; 0 without one.
+char ShownLetter(const forms::Menu& entry) {
+    const forms::MenuItemState state = entry.State();
+    const std::size_t mark = state.literal ? std::string::npos : state.caption.find('&');
+    return mark != std::string::npos ? static_cast<char>(std::toupper(state.caption[mark + 1])) : '\0';
+}
+
+/// Goes through a menu and those below it: no two of its entries are shown with the same letter.
+void ExpectOneEntryALetter(const std::vector<forms::Menu*>& entries, const std::string& where) {
+    std::map<char, std::string> taken;
+    for (const forms::Menu* entry : entries) {
+        if (const char letter = ShownLetter(*entry); letter != '\0') {
+            const auto [holder, free] = taken.emplace(letter, entry->Name());
+            EXPECT_TRUE(free) << where << ": " << entry->Name() << " has the letter of " << holder->second;
+        }
+        ExpectOneEntryALetter(entry->Entries(), entry->Name());
+    }
+}
+
+TEST_F(MenuTreeTest, ALetterLeadsToOneEntry) {
+    StartWithPicture(10, 10);
+    ExpectOneEntryALetter(View().MenuBar(), "the menu bar");
+    // Of the menus that were given the same letter the first one has it.
+    EXPECT_EQ(ShownLetter(View().menu.mnuFile), 'F');
+    EXPECT_EQ(ShownLetter(View().menu.mnuFavorites), '\0');
+    EXPECT_EQ(View().menu.mnuFavorites.State().caption, "Favorites");
+    EXPECT_EQ(View().menu.mnuFavorites.Caption.Get(), "&Favorites");
+}
+
+TEST_F(MenuTreeTest, NoEntryTakesTheLetterOfAnother) {
+    StartWithPicture(10, 10);
+    // Every letter that a caption names is the one that is shown, but for the second "F" of the bar.
+    const std::function<void(const std::vector<forms::Menu*>&)> look =
+        [&](const std::vector<forms::Menu*>& entries) {
+            for (const forms::Menu* entry : entries) {
+                const bool named = !entry->Literal && entry->Caption.Get().find('&') != std::string::npos;
+                if (entry != &View().menu.mnuFavorites) {
+                    EXPECT_EQ(ShownLetter(*entry) != 0, named) << entry->Name();
+                }
+                look(entry->Entries());
+            }
+        };
+    look(View().MenuBar());
+    EXPECT_EQ(ShownLetter(View().menu.mnuExit), 'X');
+    EXPECT_EQ(ShownLetter(View().menu.mnuClear), 'S');
+}
+
+TEST_F(MenuTreeTest, TopmostIsSomethingToCheckAlsoWhileItIsOff) {
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(View().menu.mnuTopmost.State().checkable);
+    EXPECT_FALSE(View().menu.mnuTopmost.State().checked);
+    EXPECT_FALSE(View().menu.mnuOpen.State().checkable);
 }
 
 TEST_F(MenuTreeTest, WithoutRecentFilesTheirLineIsHiddenToo) {

@@ -441,14 +441,69 @@ class ArrivalTest : public OpenFrmTest {
         picture.pixels = arriving;
         platform.pictures.SetPicture("C:\\p\\a.bmp", picture);
     }
+    /// The preview of a.bmp is being made, and has no rows yet.
+    void ExpectAwaited(const OpenFrm& dialog) const {
+        EXPECT_TRUE(dialog.lblMsg.Visible);
+        EXPECT_EQ(toolkit.ScreenPointer(), forms::MousePointer::Hourglass);
+        EXPECT_FALSE(dialog.picPreview.Visible);
+    }
+    /// Its first rows have come.
+    void PushPreview(OpenFrm& dialog) {
+        Push(dialog.CmdPreview);
+        arriving->TellReady(1);
+        Pass(100);
+        ExpectPreview(dialog, "a.bmp");
+    }
     const std::shared_ptr<ArrivingSurface> arriving = std::make_shared<ArrivingSurface>(4000, 3000);
 };
+
+TEST_F(ArrivalTest, TheMessageAndTheHourglassStayUntilTheFirstRows) {
+    ASSERT_TRUE(Start());
+    InDialog([&](OpenFrm& dialog) {
+        Push(dialog.CmdPreview);
+        ExpectAwaited(dialog);
+        Pass(5000);
+        ExpectAwaited(dialog);
+        arriving->TellReady(1);
+        Pass(100);
+        ExpectPreview(dialog, "a.bmp");
+    });
+}
+
+TEST_F(ArrivalTest, AnotherFileIsPreviewedInThePlaceOfOneWithoutRows) {
+    platform.pictures.SetPicture("C:\\p\\a.bmp", PlainPicture(20, 20));
+    ASSERT_TRUE(Start());
+    Picture picture;
+    picture.pixels = arriving;
+    platform.pictures.SetPicture("C:\\p\\b.bmp", picture);
+    InTickedDialog([&](OpenFrm& dialog) {
+        Select(dialog, 1);
+        Pass(5000);
+        ExpectAwaited(dialog);
+        Select(dialog, 2);
+        Pass(5000);
+        ExpectPreview(dialog, "c.bmp");
+    });
+}
+
+TEST_F(ArrivalTest, TheEndOfThePreviewEndsTheHourglass) {
+    module.config.OpenShowPreview = true;
+    ASSERT_TRUE(Start());
+    InDialog([&](OpenFrm& dialog) {
+        dialog.ChkPreview.Value = true;
+        ExpectAwaited(dialog);
+        Tick(dialog, false);
+        ExpectNoPreview(dialog);
+        arriving->TellReady(1);
+        Pass(5000);
+        ExpectNoPreview(dialog);
+    });
+}
 
 TEST_F(ArrivalTest, IsShownWhileItArrives) {
     ASSERT_TRUE(Start());
     InDialog([&](OpenFrm& dialog) {
-        Push(dialog.CmdPreview);
-        ExpectPreview(dialog, "a.bmp");
+        PushPreview(dialog);
         EXPECT_FLOAT_EQ(dialog.picPreview.Width, 160 * 15);
         auto& peer = *static_cast<headless::HeadlessCanvasPeer*>(dialog.picPreview.Peer());
         peer.invalid.clear();
@@ -504,7 +559,7 @@ TEST_F(ArrivalTest, ItIsToldEvenIfTheUserHasMovedOn) {
 TEST_F(ArrivalTest, OneThatWasReplacedIsForgotten) {
     ASSERT_TRUE(Start());
     InDialog([&](OpenFrm& dialog) {
-        Push(dialog.CmdPreview);
+        PushPreview(dialog);
         Push(dialog.CmdNext);
         arriving->Finish(Outcome::Corrupt, true);
         Pass(10000);
@@ -514,6 +569,7 @@ TEST_F(ArrivalTest, OneThatWasReplacedIsForgotten) {
 
 TEST_F(ArrivalTest, OneThatWasClearedIsForgotten) {
     ASSERT_TRUE(Start());
+    arriving->TellReady(1);
     InTickedDialog([&](OpenFrm& dialog) {
         Tick(dialog, false);
         arriving->Finish(Outcome::Corrupt, true);
@@ -525,7 +581,7 @@ TEST_F(ArrivalTest, OneThatWasClearedIsForgotten) {
 TEST_F(ArrivalTest, OneThatEndsWhileTheNextIsMadeIsForgotten) {
     ASSERT_TRUE(Start());
     InDialog([&](OpenFrm& dialog) {
-        Push(dialog.CmdPreview);
+        PushPreview(dialog);
         toolkit.AtYield(1, [this] {
             arriving->Finish(Outcome::Corrupt, true);
             Pass(100);
@@ -550,7 +606,7 @@ TEST_F(ArrivalTest, OneThatEndsWhileTheDialogIsHiddenIsNotTold) {
     ASSERT_TRUE(Start());
     module.CurrentImage = "C:\\p\\a.bmp";
     InDialogs({[&](OpenFrm& dialog) {
-                   Push(dialog.CmdPreview);
+                   PushPreview(dialog);
                    ExpectQuestion(AlreadyOpen, Answer::No, [this] {
                        arriving->Finish(Outcome::Corrupt, true);
                        Pass(100);
@@ -563,7 +619,7 @@ TEST_F(ArrivalTest, OneThatEndsWhileTheDialogIsHiddenIsNotTold) {
 TEST_F(ArrivalTest, OneThatEndsWhileAnImageIsBeingOpenedIsNotTold) {
     ASSERT_TRUE(Start());
     InDialog([&](OpenFrm& dialog) {
-        Push(dialog.CmdPreview);
+        PushPreview(dialog);
         Select(dialog, 1);
         toolkit.AtYield(3, [this] {
             arriving->Finish(Outcome::Corrupt, true);

@@ -47,6 +47,8 @@ class HeadlessToolkit final : public forms::Toolkit {
 
     // The machine that the tests make.
     forms::ScreenInfo screen{1280, 1024, 15, 15, 24};
+    /// The part of the screen without panels; unset: the whole screen.
+    std::optional<PixelRect> usableArea;
     /// Where a window that covers a display goes; unset: the whole screen.
     std::optional<PixelRect> fullScreenPlace;
     forms::ScreenPoint pointerPlace;
@@ -130,6 +132,9 @@ class HeadlessToolkit final : public forms::Toolkit {
     void SetWakeUp(std::optional<forms::Milliseconds> after) override;
     [[nodiscard]] forms::Milliseconds Now() const override { return now_; }
     [[nodiscard]] forms::ScreenInfo Screen() const override { return screen; }
+    [[nodiscard]] PixelRect UsableArea() const override {
+        return usableArea.value_or(PixelRect{0, 0, screen.width, screen.height});
+    }
     [[nodiscard]] PixelRect FullScreenPlace() const override {
         return fullScreenPlace.value_or(PixelRect{0, 0, screen.width, screen.height});
     }

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "backends/qt/Displays.h"
+#include "backends/qt/peers/HeldKeys.h"
 #include "backends/qt/peers/Metrics.h"
 #include "backends/qt/peers/Popups.h"
 #include "backends/qt/peers/QtBox.h"
@@ -66,6 +67,7 @@ struct QtToolkit::State {
     Popups popups{calls};
     ScreenPointer pointer;
     std::optional<Metrics> metrics;
+    HeldKeys heldKeys;
 };
 
 QtToolkit::QtToolkit(ToDrivePath toDrivePath) : state_(std::make_unique<State>(std::move(toDrivePath))) {}
@@ -184,6 +186,15 @@ ScreenInfo QtToolkit::Screen() const {
     info.twipsPerPixelX = info.twipsPerPixelY = static_cast<float>(TwipsPerLogicalPixel / ratio);
     info.bitsPerPixel = screen->depth();
     return info;
+}
+
+PixelRect QtToolkit::UsableArea() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr) return {};
+    const double ratio = screen->devicePixelRatio();
+    const QRect area = screen->availableGeometry();
+    return {ToDevice(area.x(), ratio), ToDevice(area.y(), ratio), ToDevice(area.width(), ratio),
+            ToDevice(area.height(), ratio)};
 }
 
 PixelRect QtToolkit::FullScreenPlace() const {

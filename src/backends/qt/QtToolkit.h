@@ -58,6 +58,7 @@ class QtToolkit final : public forms::Toolkit {
     [[nodiscard]] forms::Milliseconds Now() const override;
 
     [[nodiscard]] forms::ScreenInfo Screen() const override;
+    [[nodiscard]] PixelRect UsableArea() const override;
     [[nodiscard]] PixelRect FullScreenPlace() const override;
     [[nodiscard]] forms::ScreenPoint PointerPlace() const override;
     [[nodiscard]] int Metric(forms::SystemMetric metric) const override;

@@ -29,9 +29,9 @@ BackColorFrm::BackColorFrm(forms::Application& application, MainModule& module,
     SetUp(lblRed, "&Red:", HScrollR, lblValueR);
     SetUp(lblGreen, "&Green:", HScrollG, lblValueG);
     SetUp(lblBlue, "B&lue:", HScrollB, lblValueB);
-    HScrollR.OnChange = [this] { HScrollR_Change(); };
-    HScrollG.OnChange = [this] { HScrollG_Change(); };
-    HScrollB.OnChange = [this] { HScrollB_Change(); };
+    HScrollR.OnChange = HScrollR.OnScroll = [this] { HScrollR_Change(); };
+    HScrollG.OnChange = HScrollG.OnScroll = [this] { HScrollG_Change(); };
+    HScrollB.OnChange = HScrollB.OnScroll = [this] { HScrollB_Change(); };
     Picture1.Move(0, 0, 1440, 960);
     Picture1.AccessibleName = "Selected background color";
     CmdBlack.Caption = "&Black";

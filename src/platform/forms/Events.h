@@ -23,7 +23,8 @@ inline constexpr int Right = 2;
 inline constexpr int Middle = 4;
 }  // namespace MouseButton
 
-/// Virtual key codes. Letters and the digits of the top row are their ASCII codes.
+/// Virtual key codes. Letters and the digits of the top row are their ASCII codes. A key of another script has the code
+/// that the same key has on a Latin layout of the keyboard.
 namespace KeyCode {
 inline constexpr int Back = 8;
 inline constexpr int Tab = 9;
@@ -45,6 +46,8 @@ inline constexpr int Down = 40;
 inline constexpr int Insert = 45;
 inline constexpr int Delete = 46;
 inline constexpr int Digit0 = 48;
+inline constexpr int LeftSuper = 91;
+inline constexpr int RightSuper = 92;
 inline constexpr int Apps = 93;  ///< the menu key
 inline constexpr int Numpad0 = 96;
 inline constexpr int Add = 107;
@@ -55,6 +58,9 @@ inline constexpr int F12 = 123;
 inline constexpr int Equals = 187;
 inline constexpr int Minus = 189;
 inline constexpr int Tilde = 192;
+inline constexpr int LeftBracket = 219;
+inline constexpr int RightBracket = 221;
+inline constexpr int Other = 255;  ///< a key that has no code of its own; every press reaches the form
 }  // namespace KeyCode
 
 enum class MousePointer : std::uint8_t { Default, Arrow, Hourglass, ArrowHourglass, Hand, Hidden };

@@ -59,6 +59,7 @@ void Image::AssignPicture(const tavrix::Picture& value) {
     if (!Picture.Store(value)) return;
     fitted_.Reset();
     arrival_.Enabled = !value.Empty() && !value.pixels->Ended();
+    rowsAwaited_ = arrival_.Enabled && value.pixels->RowsReady() == 0;
     if (canvasPeer_) canvasPeer_->SetSeeThrough(value.Empty());
     InvalidateAll();
     if (!Stretch) TakePictureSize();
@@ -79,6 +80,11 @@ void Image::LookAtArrival() {
     const bool ended = Picture.Get().Empty() || Picture.Get().pixels->Ended();
     if (ended) arrival_.Enabled = false;
     InvalidateAll();
+    const tavrix::Picture shown = Picture;  // a handler may take it away
+    if (rowsAwaited_ && !shown.Empty() && shown.pixels->RowsReady() > 0 && !shown.pixels->Blank()) {
+        rowsAwaited_ = false;
+        if (OnFirstRows) OnFirstRows();
+    }
     if (ended && OnArrived) OnArrived();
 }
 

@@ -24,6 +24,8 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     Property<bool> Stretch{this, &Image::AssignStretch};
 
     std::function<void()> OnClick;
+    /// The first rows of a picture that was still arriving when it was assigned have come.
+    std::function<void()> OnFirstRows;
     /// The decoding of a picture that was still arriving when it was assigned has ended.
     std::function<void()> OnArrived;
 
@@ -39,6 +41,7 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     void LookAtArrival();
 
     Timer arrival_;
+    bool rowsAwaited_ = false;
     mutable FittedPixels fitted_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
 };

@@ -29,6 +29,8 @@ class Menu final : public FormObject, public EventSink {
     Property<bool> Enabled{this, &Menu::AssignEnabled, true};
     Property<bool> Visible{this, &Menu::AssignVisible, true};
     Property<bool> Checked{this, &Menu::AssignChecked};
+    /// The entry stands for something that is on or off, also while it is off.
+    Property<bool> Checkable{this, &Menu::AssignCheckable};
     /// The caption is data, such as a path: its ampersands are shown as they are.
     Property<bool> Literal{this, &Menu::AssignLiteral};
 
@@ -44,7 +46,8 @@ class Menu final : public FormObject, public EventSink {
 
     void Deliver(const Event& event) override;
 
-    /// How the entry is shown.
+    /// How the entry is shown. Of several entries of one menu with the same letter the first one has it; the others are
+    /// shown without, so that the letter always leads to the same entry.
     [[nodiscard]] MenuItemState State() const;
     /// For the form: makes the peers of the entry and of those below it.
     void Realize(Toolkit& toolkit, WindowPeer& window, MenuItemPeer* parent);
@@ -55,10 +58,14 @@ class Menu final : public FormObject, public EventSink {
     void AssignEnabled(const bool& value);
     void AssignVisible(const bool& value);
     void AssignChecked(const bool& value);
+    void AssignCheckable(const bool& value);
     void AssignLiteral(const bool& value);
     void Push();
+    [[nodiscard]] const std::vector<Menu*>& Siblings() const;
+    [[nodiscard]] bool LetterIsTaken() const;
 
     Form& form_;
+    Menu* parent_ = nullptr;
     std::string name_;
     std::vector<Menu*> entries_;
     std::function<void()> handler_;

@@ -172,6 +172,7 @@ struct MenuItemState {
     bool literal = false;  ///< the caption is data (a path): ampersands are shown as they are
     bool enabled = true;
     bool visible = true;
+    bool checkable = false;  ///< an entry that is checked and cleared, whether it is checked now or not
     bool checked = false;
 
     friend bool operator==(const MenuItemState&, const MenuItemState&) = default;

@@ -14,4 +14,11 @@ float Screen::Height() const {
     return ToTwips(info.height, info.twipsPerPixelY);
 }
 
+TwipRect Screen::UsableArea() const {
+    const ScreenInfo info = toolkit_.Screen();
+    const PixelRect area = toolkit_.UsableArea();
+    return {ToTwips(area.left, info.twipsPerPixelX), ToTwips(area.top, info.twipsPerPixelY),
+            ToTwips(area.width, info.twipsPerPixelX), ToTwips(area.height, info.twipsPerPixelY)};
+}
+
 }  // namespace tavrix::forms

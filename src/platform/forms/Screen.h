@@ -5,6 +5,16 @@
 
 namespace tavrix::forms {
 
+/// A rectangle on the screen in twips.
+struct TwipRect {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+
+    friend bool operator==(const TwipRect&, const TwipRect&) = default;
+};
+
 /// The screen, and with its mouse pointer the program's only lock: while it is not the default one, handlers that
 /// start work return at once.
 class Screen final : public FormObject {
@@ -17,6 +27,8 @@ class Screen final : public FormObject {
     /// Size in twips, as it is now.
     [[nodiscard]] float Width() const;
     [[nodiscard]] float Height() const;
+    /// The part of the screen that is for windows: without the desktop's panels.
+    [[nodiscard]] TwipRect UsableArea() const;
     [[nodiscard]] float TwipsPerPixelX() const { return toolkit_.Screen().twipsPerPixelX; }
     [[nodiscard]] float TwipsPerPixelY() const { return toolkit_.Screen().twipsPerPixelY; }
     /// Where the pointer is, in device pixels.

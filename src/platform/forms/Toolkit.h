@@ -101,6 +101,8 @@ class Toolkit {
     [[nodiscard]] virtual Milliseconds Now() const = 0;
 
     [[nodiscard]] virtual ScreenInfo Screen() const = 0;
+    /// The part of the screen that is for windows: without the desktop's panels. Device pixels.
+    [[nodiscard]] virtual PixelRect UsableArea() const = 0;
     /// The whole of the display for a window that covers one: where the program's active window is, else a visible one
     /// of its windows, else the pointer. Device pixels.
     [[nodiscard]] virtual PixelRect FullScreenPlace() const = 0;

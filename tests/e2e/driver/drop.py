@@ -1,4 +1,4 @@
-"""Drops files on a window, as a file manager does: the source's side of the XDND protocol, version 5."""
+"""Drops files, or other addresses, on a window, as a file manager does: the source's side of the XDND protocol, version 5."""
 
 from urllib.parse import quote
 
@@ -9,10 +9,11 @@ from .waiting import wait_until
 
 
 class DropSource:
-    def __init__(self, screen, paths):
+    def __init__(self, screen, paths, addresses=()):
         self._screen = screen
         self._x, self._root, self._window = screen.new_window()
-        self._list = "".join(f"file://{quote(path)}\r\n" for path in paths).encode()
+        files = [f"file://{quote(path)}" for path in paths]
+        self._list = "".join(f"{address}\r\n" for address in [*files, *addresses]).encode()
         self._uris = screen.atom("text/uri-list")
 
     def drop_on(self, window):

@@ -4,11 +4,12 @@ import contextlib
 import os
 import select
 import signal
+import subprocess
 import time
 from typing import NamedTuple
 
 from PIL import Image
-from Xlib import XK, X, display, error
+from Xlib import XK, X, Xatom, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event
 
@@ -56,14 +57,15 @@ class Window(NamedTuple):
 
 class Screen:
     """Starts the X server and, unless told otherwise (None), a window manager: "openbox", or "metacity", which places
-    and stacks windows by rules of its own. Its `environment` leads programs to it."""
+    and stacks windows by rules of its own. Its `environment` leads programs to it. `repeat`: after how many milliseconds a
+    held key repeats, and how often."""
 
     def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager="openbox", rules="",
-                 depth=24):
+                 depth=24, repeat=None):
         self.folder = folder
         self._children = children
         self._log = os.path.join(folder, "screen.log")
-        name = self._start_server(size, depth, environment or {})
+        name = self._start_server(size, depth, repeat, environment or {})
         self.environment = {**(environment or {}), "DISPLAY": name}
         self._x = display.Display(name)
         self._x.set_error_handler(lambda *_: None)  # windows come and go while they are being looked at
@@ -94,11 +96,12 @@ class Screen:
     def start(self, command):
         return self._children.start(command, self.environment, self._log)
 
-    def _start_server(self, size, depth, environment):
+    def _start_server(self, size, depth, repeat, environment):
         reader, writer = os.pipe()
         self._server = self._children.start(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size[0]}x{size[1]}x{depth}", "-dpi", "96", "-s", "0",
-             "-nolisten", "tcp", "-noreset"],
+             "-nolisten", "tcp", "-noreset",
+             *(["-ardelay", str(repeat[0]), "-arinterval", str(repeat[1])] if repeat else [])],
             environment, self._log, pass_fds=(writer,))
         os.close(writer)
         number = b""
@@ -245,6 +248,32 @@ class Screen:
             for up in [code] + codes[::-1]:
                 self._input(X.KeyRelease, up)
 
+    def set_keyboard(self, layouts):
+        """Gives the keyboard these layouts, such as "ru" or "us,ru"; the first is in use."""
+        subprocess.run(["setxkbmap", "-display", self.environment["DISPLAY"], "-layout", layouts, "-option", ""],
+                       check=True, env={**os.environ, **self.environment}, stderr=subprocess.DEVNULL)
+        self._x.close()  # the connection knows the former table of keys
+        self._x = display.Display(self.environment["DISPLAY"])
+        self._x.set_error_handler(lambda *_: None)
+        self._root = self._x.screen().root
+
+    def press_place(self, *codes):
+        """Presses keys by their places on the keyboard, whatever they give; several at once are a combination."""
+        for down in codes:
+            self._input(X.KeyPress, down)
+        for up in codes[::-1]:
+            self._input(X.KeyRelease, up)
+
+    @contextlib.contextmanager
+    def held(self, key):
+        """A key that stays down meanwhile, and repeats."""
+        code, _ = self._key(XK.string_to_keysym(key))
+        self._input(X.KeyPress, code)
+        try:
+            yield
+        finally:
+            self._input(X.KeyRelease, code)
+
     def type(self, text):
         for character in text:
             code, shifted = self._key(ord(character))
@@ -286,6 +315,20 @@ class Screen:
         self._input(X.ButtonRelease, button)
         for code in codes[::-1]:
             self._input(X.KeyRelease, code)
+
+    def add_panel(self, height, at_top=True):
+        """A desktop's panel along the whole width of the screen, for which the window manager keeps place."""
+        y = 0 if at_top else self.height - height
+        panel = self._root.create_window(0, y, self.width, height, 0, X.CopyFromParent, background_pixel=0x808080)
+        atom = self._x.get_atom
+        panel.change_property(atom("_NET_WM_WINDOW_TYPE"), Xatom.ATOM, 32, [atom("_NET_WM_WINDOW_TYPE_DOCK")])
+        sides = [0, 0, height, 0] if at_top else [0, 0, 0, height]
+        ends = [0, self.width - 1, 0, 0] if at_top else [0, 0, 0, self.width - 1]
+        panel.change_property(atom("_NET_WM_STRUT_PARTIAL"), Xatom.CARDINAL, 32, sides + [0, 0, 0, 0] + ends)
+        panel.map()
+        wanted = [0, height if at_top else 0, self.width, self.height - height]
+        wait_until(lambda: (self._property(self._root, "_NET_WORKAREA") or [])[:4] == wanted, "the place for windows")
+        return panel
 
     def new_window(self):
         """An unmapped window of the driver's own, and the connection that it lives on."""

@@ -20,7 +20,6 @@ void AcceptFiles(QDropEvent& event, QObject& receiver, const SinkPort& port, for
     }
     event.setDropAction(Qt::CopyAction);
     event.accept();
-    if (drop.files.empty()) return;
     QMetaObject::invokeMethod(
         &receiver, [&port, drop] { port.Deliver(drop); }, Qt::QueuedConnection);
 }

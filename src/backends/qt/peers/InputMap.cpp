@@ -1,7 +1,11 @@
 #include "backends/qt/peers/InputMap.h"
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
+
+#include "backends/qt/x11/LatinKeys.h"
 
 namespace tavrix::qt {
 
@@ -10,7 +14,7 @@ using namespace forms;
 namespace {
 
 /// Keys whose code does not depend on the keypad.
-constexpr std::array<std::pair<int, int>, 45> Keys{{
+constexpr std::array<std::pair<int, int>, 54> Keys{{
     {Qt::Key_Backspace, KeyCode::Back},
     {Qt::Key_Tab, KeyCode::Tab},
     {Qt::Key_Backtab, KeyCode::Tab},
@@ -20,6 +24,10 @@ constexpr std::array<std::pair<int, int>, 45> Keys{{
     {Qt::Key_Shift, KeyCode::Shift},
     {Qt::Key_Control, KeyCode::Control},
     {Qt::Key_Alt, KeyCode::Menu},
+    {Qt::Key_AltGr, KeyCode::Menu},
+    {Qt::Key_Super_L, KeyCode::LeftSuper},
+    {Qt::Key_Super_R, KeyCode::RightSuper},
+    {Qt::Key_Meta, KeyCode::LeftSuper},
     {Qt::Key_Pause, KeyCode::Pause},
     {Qt::Key_CapsLock, 20},
     {Qt::Key_Escape, KeyCode::Escape},
@@ -53,12 +61,17 @@ constexpr std::array<std::pair<int, int>, 45> Keys{{
     {Qt::Key_Question, 191},
     {Qt::Key_QuoteLeft, KeyCode::Tilde},
     {Qt::Key_AsciiTilde, KeyCode::Tilde},
+    {Qt::Key_BracketLeft, KeyCode::LeftBracket},
+    {Qt::Key_BraceLeft, KeyCode::LeftBracket},
     {Qt::Key_Backslash, 220},
+    {Qt::Key_Bar, 220},
+    {Qt::Key_BracketRight, KeyCode::RightBracket},
+    {Qt::Key_BraceRight, KeyCode::RightBracket},
     {Qt::Key_Apostrophe, 222},
     {Qt::Key_QuoteDbl, 222},
 }};
 
-/// What the top row gives with Shift, from the key 1 on, on a keyboard that does not tell which key it was.
+/// What the top row gives with Shift, from the key 1 on, where nothing tells which key it was.
 constexpr std::array<int, 10> ShiftedDigits{
     Qt::Key_Exclam,      Qt::Key_At,        Qt::Key_NumberSign, Qt::Key_Dollar,    Qt::Key_Percent,
     Qt::Key_AsciiCircum, Qt::Key_Ampersand, Qt::Key_Asterisk,   Qt::Key_ParenLeft, Qt::Key_ParenRight};
@@ -90,6 +103,39 @@ int TopRowPlace(const QKeyEvent& event) {
     return code >= First && code < First + 10 ? static_cast<int>(code - First) + 1 : 0;
 }
 
+int TableCode(int key) {
+    const auto* const found = std::ranges::find(Keys, key, &std::pair<int, int>::first);
+    return found != Keys.end() ? found->second : 0;
+}
+
+/// What the keys of the typewriter rows print on a common Latin keyboard, by their places: those of a row follow each
+/// other. A blank: another kind of key.
+char LatinAtPlace(quint32 scanCode) {
+    constexpr quint32 First = 24;
+    constexpr std::string_view Printed = "QWERTYUIOP[]  ASDFGHJKL;'` \\ZXCVBNM,./";
+    if (scanCode < First || scanCode - First >= Printed.size()) return 0;
+    const char printed = Printed[scanCode - First];
+    return printed != ' ' ? printed : '\0';
+}
+
+/// Whether a key writes another script than Latin.
+bool IsForeign(int key) {
+    if (key <= 0x7F || key >= Qt::Key_Escape) return false;
+    const QChar::Script script = QChar::script(static_cast<char32_t>(key));
+    return script != QChar::Script_Latin && script != QChar::Script_Common &&
+           script != QChar::Script_Inherited && script != QChar::Script_Unknown;
+}
+
+/// The code that a key of another script has where the same keyboard is used with a Latin layout.
+int LatinCode(const QKeyEvent& event) {
+    if (!IsForeign(event.key())) return 0;
+    char latin = x11::LatinOfKey(event.nativeScanCode());
+    if (latin == 0) latin = LatinAtPlace(event.nativeScanCode());
+    if (latin >= 'a' && latin <= 'z') return latin - 'a' + 'A';
+    if ((latin >= 'A' && latin <= 'Z') || (latin >= '0' && latin <= '9')) return latin;
+    return TableCode(latin);
+}
+
 }  // namespace
 
 int VirtualKeyCode(const QKeyEvent& event) {
@@ -100,14 +146,16 @@ int VirtualKeyCode(const QKeyEvent& event) {
     if (key >= Qt::Key_0 && key <= Qt::Key_9) return key;
     if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
     if (const int place = TopRowPlace(event); place != 0) return KeyCode::Digit0 + place % 10;
-    for (std::size_t i = 0; i < ShiftedDigits.size(); ++i) {
-        if (ShiftedDigits[i] == key) return KeyCode::Digit0 + static_cast<int>(i + 1) % 10;
+    if (event.nativeScanCode() == 0) {
+        const auto* const shifted = std::ranges::find(ShiftedDigits, key);
+        if (shifted != ShiftedDigits.end()) {
+            return KeyCode::Digit0 + static_cast<int>(shifted - ShiftedDigits.begin() + 1) % 10;
+        }
     }
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return KeyCode::F1 + key - Qt::Key_F1;
-    for (const auto& [qtKey, code] : Keys) {
-        if (qtKey == key) return code;
-    }
-    return 0;
+    if (const int code = TableCode(key); code != 0) return code;
+    const int code = LatinCode(event);
+    return code != 0 ? code : KeyCode::Other;
 }
 
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {

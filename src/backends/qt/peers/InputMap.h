@@ -7,7 +7,8 @@
 
 namespace tavrix::qt {
 
-/// The classic virtual code of a key; 0 for one that has none.
+/// The classic virtual code of a key. Keys of another script have that of the same key on a Latin layout, and keys
+/// without a code have KeyCode::Other.
 [[nodiscard]] int VirtualKeyCode(const QKeyEvent& event);
 /// The shift mask that belongs to a key event; a shift key that goes down counts itself.
 [[nodiscard]] int ShiftMaskOf(const QKeyEvent& event);

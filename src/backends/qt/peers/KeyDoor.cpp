@@ -21,10 +21,9 @@ bool KeyDoor::MenusHaveKeys() const {
 }
 
 bool KeyDoor::Tell(const QKeyEvent& key) {
-    const int code = VirtualKeyCode(key);
-    if (code == 0) return false;
     bool handled = false;
-    port_.Deliver(forms::KeyEvent{key.type() != QEvent::KeyRelease, code, ShiftMaskOf(key), &handled});
+    port_.Deliver(
+        forms::KeyEvent{key.type() != QEvent::KeyRelease, VirtualKeyCode(key), ShiftMaskOf(key), &handled});
     return handled;
 }
 

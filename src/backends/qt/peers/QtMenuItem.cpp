@@ -1,6 +1,7 @@
 #include "backends/qt/peers/QtMenuItem.h"
 
 #include <QMenuBar>
+#include <algorithm>
 #include <utility>
 
 #include "backends/qt/peers/QtWindow.h"
@@ -62,20 +63,37 @@ void QtMenuItem::MakeAction(QWidget& container) {
             if (!popups_.Note(*this)) DeliverClick();
         });
     }
+    container_ = &container;
     Push();
-    container.addAction(action_);
+}
+
+/// Entries that have never had a name are not listed, since a screen reader would find them there.
+void QtMenuItem::List() {
+    if (listed_ || !container_ || (!state_.visible && state_.caption.empty())) return;
+    listed_ = true;
+    QAction* next = nullptr;
+    if (parent_ != nullptr) {
+        auto at = std::ranges::find(parent_->entries_, this);
+        while (at != parent_->entries_.end() && (*at == this || !(*at)->listed_))
+            ++at;
+        if (at != parent_->entries_.end()) next = (*at)->action_;
+    }
+    container_->insertAction(next, action_);
 }
 
 void QtMenuItem::Push() {
     if (!action_) return;
     QString text = QString::fromStdString(state_.caption);
     if (state_.literal) text.replace(QLatin1Char('&'), QLatin1String("&&"));
-    action_->setText(text);
-    action_->setSeparator(state_.kind == MenuItemState::Kind::Separator);
+    const bool separator = state_.kind == MenuItemState::Kind::Separator;
+    // A line with a text would be drawn as the heading of what follows.
+    action_->setText(separator ? QString() : text);
+    action_->setSeparator(separator);
     action_->setEnabled(state_.enabled);
     action_->setVisible(state_.visible);
-    action_->setCheckable(state_.checked);
+    action_->setCheckable(state_.checkable);
     action_->setChecked(state_.checked);
+    List();
 }
 
 void QtMenuItem::Fill() {

@@ -35,6 +35,7 @@ class QtMenuItem final : public forms::MenuItemPeer {
   private:
     void MakeAction(QWidget& container);
     void Push();
+    void List();
 
     SinkPort port_;
     QtWindow& window_;
@@ -44,6 +45,8 @@ class QtMenuItem final : public forms::MenuItemPeer {
     Popups& popups_;
     QPointer<QAction> action_;
     QPointer<QMenu> menu_;
+    QPointer<QWidget> container_;
+    bool listed_ = false;
     bool filled_ = false;
 };
 

@@ -1,38 +1,44 @@
 #include "backends/qt/peers/Style.h"
 
+#include <QGuiApplication>
 #include <QIcon>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPixmap>
+#include <QPalette>
 
 namespace tavrix::qt {
 
 namespace {
 
-/// Two arrow heads that point to the right.
-QIcon MoreToTheRight(const QColor& colour) {
-    constexpr int Side = 16;
-    QPixmap pixmap(Side, Side);
-    pixmap.fill(Qt::transparent);
-    QPainterPath heads;
-    for (const int x : {3, 8}) {
-        heads.moveTo(x, 4);
-        heads.lineTo(x + 4, 8);
-        heads.lineTo(x, 12);
+/// Two arrow heads that point to the right, in the colour that texts have when they are painted.
+class MoreToTheRight final : public QIconEngine {
+  public:
+    [[nodiscard]] QIconEngine* clone() const override { return new MoreToTheRight(*this); }
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
+        constexpr double Side = 16;
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        QPainterPath heads;
+        for (const int x : {3, 8}) {
+            heads.moveTo(x, 4);
+            heads.lineTo(x + 4, 8);
+            heads.lineTo(x, 12);
+        }
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(place.topLeft());
+        painter->scale(place.width() / Side, place.height() / Side);
+        painter->setPen(QPen(QGuiApplication::palette().color(group, QPalette::ButtonText), 1.5));
+        painter->drawPath(heads);
+        painter->restore();
     }
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.5));
-    painter.drawPath(heads);
-    painter.end();
-    return QIcon(pixmap);
-}
+};
 
 }  // namespace
 
 QIcon Style::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
     if (which == SP_ToolBarHorizontalExtensionButton) {
-        return MoreToTheRight(standardPalette().color(QPalette::ButtonText));
+        return QIcon(new MoreToTheRight);  // which owns it
     }
     return QProxyStyle::standardIcon(which, option, widget);
 }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QWheelEvent>
 #include <QWindow>
+#include <algorithm>
 
 #include "backends/qt/peers/QtButton.h"
 #include "backends/qt/peers/QtScrollBar.h"
@@ -122,6 +123,10 @@ bool WindowWidget::TurnWheel(const QWheelEvent& wheel) {
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::NoModifier && menuBar_ != nullptr) {
+        OpenMenuBar();
+        return;
+    }
     ButtonWidget* pressed = nullptr;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         pressed = dynamic_cast<ButtonWidget*>(focusWidget());
@@ -136,6 +141,13 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
     } else {
         QWidget::keyPressEvent(event);
     }
+}
+
+void WindowWidget::OpenMenuBar() {
+    const QList<QAction*> menus = menuBar_->actions();
+    const auto first = std::ranges::find_if(
+        menus, [](const QAction* action) { return action->isVisible() && action->isEnabled(); });
+    if (first != menus.end()) menuBar_->setActiveAction(*first);
 }
 
 void WindowWidget::resizeEvent(QResizeEvent* event) {

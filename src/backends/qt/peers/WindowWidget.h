@@ -57,6 +57,7 @@ class WindowWidget final : public QWidget {
 
   private:
     bool TurnWheel(const QWheelEvent& wheel);
+    void OpenMenuBar();
 
     SinkPort port_;
     KeyDoor keys_{port_, *this};
