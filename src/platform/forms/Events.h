@@ -55,7 +55,15 @@ inline constexpr int Minus = 189;
 inline constexpr int Tilde = 192;
 }  // namespace KeyCode
 
-enum class MousePointer : std::uint8_t { Default, Arrow, Hourglass, ArrowHourglass, Hand, Hidden };
+enum class MousePointer : std::uint8_t {
+    Default,
+    Arrow,
+    Hourglass,
+    ArrowHourglass,
+    Hand,
+    Hidden,
+    Custom  ///< the picture of MouseIcon; without one as Default
+};
 enum class WindowState : std::uint8_t { Normal, Minimized, Maximized };
 
 /// A press of a button, a menu entry, a picture.
@@ -124,6 +132,9 @@ struct PlacementEvent {
     WindowState state = WindowState::Normal;
 };
 
+/// Fonts or the desktop's style have changed: texts may need other sizes.
+struct FontEvent {};
+
 /// The window became the active one.
 struct ActivateEvent {};
 
@@ -139,7 +150,7 @@ struct DropEvent {
 
 using Event = std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent,
                            TextEvent, CheckEvent, CharacterEvent, FocusEvent, PlacementEvent, ActivateEvent,
-                           CloseEvent, DropEvent>;
+                           CloseEvent, DropEvent, FontEvent>;
 
 /// The one door through which the user's doings arrive.
 class EventSink {

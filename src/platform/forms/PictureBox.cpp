@@ -14,6 +14,7 @@ PictureBox::PictureBox(Container& container, std::string name) : Control(contain
 
 ControlPeer& PictureBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
+    if (!printed_.empty()) canvasPeer_->SetPrinted(printed_);
     return *canvasPeer_;
 }
 
@@ -23,7 +24,7 @@ void PictureBox::RealizeContent(Toolkit& toolkit) {
 
 void PictureBox::Handle(const Event& event) {
     if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
+        Raise(*mouse, OwnerForm().App().Screen().Info());
     } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
@@ -84,8 +85,20 @@ Surface PictureBox::Compose() const {
 
 void PictureBox::Cls() {
     bitmap_.reset();
+    ClearPrinted();
     ++timesWiped_;
     InvalidateAll();
+}
+
+void PictureBox::Print(const std::string& line) {
+    printed_.push_back(line);
+    if (canvasPeer_) canvasPeer_->SetPrinted(printed_);
+}
+
+void PictureBox::ClearPrinted() {
+    if (printed_.empty()) return;
+    printed_.clear();
+    if (canvasPeer_) canvasPeer_->SetPrinted(printed_);
 }
 
 void PictureBox::Refresh() {
@@ -96,6 +109,7 @@ void PictureBox::Refresh() {
 
 void PictureBox::AssignPicture(const tavrix::Picture& value) {
     bitmap_.reset();
+    ClearPrinted();
     ++timesWiped_;
     Picture.Store(value);
     InvalidateAll();
@@ -113,7 +127,7 @@ void PictureBox::AssignBackColor(const Colour& value) {
 
 void PictureBox::TakePictureSize() {
     if (Picture.Get().Empty()) return;
-    const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+    const ScreenInfo screen = OwnerForm().App().Screen().Info();
     Move(Left, Top, ToTwips(Picture.Get().Width(), screen.twipsPerPixelX),
          ToTwips(Picture.Get().Height(), screen.twipsPerPixelY));
 }
