@@ -28,6 +28,7 @@ Picture WaitPicture(bool on) {
 WaitFrm::WaitFrm(forms::Application& application)
     : Form(application, {.name = "WaitFrm", .waitWindow = true}) {
     lblWait.Caption = "Please wait...";
+    ImageShow.AccessibleName = "At work";
     ImageOn.Visible = false;
     ImageOff.Visible = false;
     TimerAnimate.Enabled = false;

@@ -25,6 +25,7 @@ FileChooser::FileChooser(forms::Form& form, const MainModule& module, const std:
 
 forms::Layout FileChooser::Arrangement(const forms::Layout& buttons) {
     using namespace forms;
+    CmdFF.ComeLast();  // it stands below the form's buttons
     constexpr float listWidth = 2700;
     constexpr float listHeight = 3600;
     return Row({Growing(Column({lblFiles, Growing(AtLeast(listWidth, listHeight, File1))})),

@@ -22,7 +22,7 @@ FolderButton::FolderButton(forms::Form& form, const MainModule& module, forms::C
     button.ToolTip = ToolTip;
     button.AccessibleName = "Favorite Folder";
     button.OnClick = [this] { CmdFF_Click(); };
-    button.OnMouseDown = [this](const forms::MouseEvent& mouse) { CmdFF_MouseDown(mouse.button); };
+    button.OnMouseDown = [this](const forms::MouseArguments& mouse) { CmdFF_MouseDown(mouse.button); };
     mnuPopup.Visible = false;
     mnuCloseMenu.Install([] {});  // a popup closes by itself
     for (std::size_t index = 0; index < entries_.size(); ++index) {

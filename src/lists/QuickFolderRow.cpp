@@ -6,11 +6,13 @@ namespace tavrix {
 
 QuickFolderRow::QuickFolderRow(forms::Form& form, int slot)
     : number(std::to_string(slot)),
-      lblName(form, "lblName" + number),
-      txtName(form, "txtName" + number),
-      lblPath(form, "lblPath" + number),
-      CmdBrowse(form, "CmdBrowse" + number),
-      CmdClear(form, "CmdClear" + number) {
+      Frame1(form, "Frame" + number),
+      lblName(Frame1, "lblName" + number),
+      txtName(Frame1, "txtName" + number),
+      lblPath(Frame1, "lblPath" + number),
+      CmdBrowse(Frame1, "CmdBrowse" + number),
+      CmdClear(Frame1, "CmdClear" + number) {
+    Frame1.Caption = "Quick Folder " + number;
     lblName.Caption = "Shortcut Nam&e:";
     lblName.SetBuddy(txtName);
     txtName.MaxLength = LongestName;
@@ -31,7 +33,7 @@ forms::Layout QuickFolderRow::Arrangement() {
     using namespace forms;
     constexpr float nameWidth = 4200;
     constexpr float lineHeight = 300;
-    return Group("Quick Folder " + number,
+    return Group(Frame1,
                  {Row({lblName, Growing(AtLeast(nameWidth, 0, txtName)), CmdBrowse, CmdClear}),
                   AtLeast(nameWidth, lineHeight, lblPath)});
 }

@@ -4,6 +4,7 @@
 
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/TextBox.h"
 
@@ -19,6 +20,7 @@ struct QuickFolderRow {
     QuickFolderRow& operator=(const QuickFolderRow&) = delete;
 
     const std::string number;  ///< of the slot
+    forms::Frame Frame1;
     forms::Label lblName;
     forms::TextBox txtName;
     forms::Label lblPath;

@@ -70,7 +70,7 @@ MainViewFrm::MainViewFrm(forms::Application& application, MainModule& module, co
     hsbPict.OnChange = hsbPict.OnScroll = [this] { hsbPict_Change(); };
     vsbPict.OnChange = vsbPict.OnScroll = [this] { vsbPict_Change(); };
     CmdFullScreen.OnClick = [this] { CmdFullScreen_Click(); };
-    CmdFullScreen.OnMouseUp = [this](const forms::MouseEvent&) { PictureTemp.SetFocus(); };
+    CmdFullScreen.OnMouseUp = [this](const forms::MouseArguments&) { PictureTemp.SetFocus(); };
     menu.mnuTopmost.Checkable = true;
     menu.mnuTopmost.Install([this] { mnuTopmost_Click(); });
     menu.mnuExit.Install([this] { mnuExit_Click(); });

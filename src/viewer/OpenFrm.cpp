@@ -38,6 +38,7 @@ OpenFrm::OpenFrm(forms::Application& application, MainViewFrm& view)
     constexpr float holderWidth = 2520;  // the largest preview and a little air, in twips
     constexpr float holderHeight = 1920;
     picHoldPreview.Move(0, 0, holderWidth, holderHeight);
+    Frame1.Caption = "Preview";
     picHoldPreview.BackColor = ButtonFace;
     picHoldPreview.AccessibleName = "Preview";
     picHoldPreview.OnOLEDragDrop = [this](const auto& files) { picPreview_OLEDragDrop(files); };
@@ -74,7 +75,7 @@ void OpenFrm::BuildLayout() {
     SetLayout(
         Row({Growing(Column({lblFiles, Growing(AtLeast(listWidth, listHeight, File1))})),
              Growing(Column({lblFolders, Growing(AtLeast(listWidth, 0, Dir1)), lblDrives, Drive1})),
-             Column({Row({CmdOpen, CmdCancel, CmdFF}), Stretch(), Group("Preview", {picHoldPreview, lblMsg}),
+             Column({Row({CmdOpen, CmdCancel, CmdFF}), Stretch(), Group(Frame1, {picHoldPreview, lblMsg}),
                      Row({CmdPreview, CmdPrevious, CmdNext}), ChkPreview, Stretch()})}));
 }
 

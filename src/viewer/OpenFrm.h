@@ -10,6 +10,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/PictureBox.h"
@@ -39,9 +40,10 @@ class OpenFrm final : public forms::Form {
     forms::CommandButton CmdOpen{*this, "CmdOpen"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdFF{*this, "CmdFF"};
-    forms::PictureBox picHoldPreview{*this, "picHoldPreview"};
+    forms::Frame Frame1{*this, "Frame1"};
+    forms::PictureBox picHoldPreview{Frame1, "picHoldPreview"};
     forms::Image picPreview{picHoldPreview, "picPreview"};
-    forms::Label lblMsg{*this, "lblMsg"};
+    forms::Label lblMsg{Frame1, "lblMsg"};
     forms::CommandButton CmdPreview{*this, "CmdPreview"};
     forms::CommandButton CmdPrevious{*this, "CmdPrevious"};
     forms::CommandButton CmdNext{*this, "CmdNext"};

@@ -9,7 +9,7 @@
 namespace tavrix {
 
 void Selection::DrawLine(float x1, float y1, float x2, float y2) {
-    const forms::ScreenInfo screen = image_.Control::OwnerForm().App().GetToolkit().Screen();
+    const forms::ScreenInfo screen = image_.Control::OwnerForm().App().Screen().Info();
     const int left = forms::ToPixels(x1, screen.twipsPerPixelX);
     const int top = forms::ToPixels(y1, screen.twipsPerPixelY);
     const int right = forms::ToPixels(x2, screen.twipsPerPixelX);

@@ -20,9 +20,9 @@ TEST_F(ControlsTest, AButtonRaisesOneClick) {
 
 TEST_F(ControlsTest, AButtonRaisesClickBeforeMouseUp) {
     auto& form = app.Load<TestForm>(log);
-    form.button.OnMouseDown = [this](const MouseEvent&) { log.emplace_back("down"); };
+    form.button.OnMouseDown = [this](const MouseArguments&) { log.emplace_back("down"); };
     form.button.OnClick = [this] { log.emplace_back("click"); };
-    form.button.OnMouseUp = [this](const MouseEvent&) { log.emplace_back("up"); };
+    form.button.OnMouseUp = [this](const MouseArguments&) { log.emplace_back("up"); };
     form.Show();
     driver->Settle();
     log.clear();

@@ -9,6 +9,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Image.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/ListControl.h"
@@ -42,6 +43,14 @@ struct Selection {
     int start = 0;
     int length = 0;
     friend bool operator==(const Selection&, const Selection&) = default;
+};
+
+/// A pointer, and for one that the program draws what it points with, in device pixels.
+struct ShownPointer {
+    forms::MousePointer kind = forms::MousePointer::Default;
+    int hotX = 0;
+    int hotY = 0;
+    friend bool operator==(const ShownPointer&, const ShownPointer&) = default;
 };
 
 /// The user of one backend: does things from outside and sees what is shown.
@@ -140,6 +149,16 @@ class Driver {
     [[nodiscard]] virtual forms::MenuItemState Shown(forms::Menu& entry) = 0;
     /// A pixel of the visible part of a picture box or an image, in device pixels, without its alpha.
     [[nodiscard]] virtual Pixel ShownPixel(forms::Control& canvas, int x, int y) = 0;
+    /// Makes all texts larger, or as they were, in the desktop's settings.
+    virtual void UserChangesFont(bool larger) = 0;
+    /// Where a control is in the inside of its window, in device pixels.
+    [[nodiscard]] virtual PixelRect ShownBounds(forms::Control& control) = 0;
+    /// The pointer over a control, as far as that says so itself.
+    [[nodiscard]] virtual ShownPointer PointerOver(forms::Control& control) = 0;
+    /// The text over the picture of a box, as a screen reader reads it; its lines are parted by line feeds.
+    [[nodiscard]] virtual std::string ShownPrinted(forms::PictureBox& box) = 0;
+    /// A pixel of a label beside its text, in device pixels, without its alpha.
+    [[nodiscard]] virtual Pixel ShownGround(forms::Label& label, int x, int y) = 0;
     /// Everything that did not go as scripted.
     [[nodiscard]] virtual std::vector<std::string> Failures() = 0;
 };

@@ -198,7 +198,7 @@ TEST_F(FieldsTest, WhatIsPastedIsNoTypedCharacter) {
 }
 
 TEST_F(FieldsTest, TheMouseOverACheckBoxIsToldBehindTheClick) {
-    form.Check1.OnMouseUp = [this](const MouseEvent& mouse) {
+    form.Check1.OnMouseUp = [this](const MouseArguments& mouse) {
         log.push_back("up " + std::to_string(mouse.button));
     };
     Open();

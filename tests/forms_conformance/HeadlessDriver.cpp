@@ -13,6 +13,8 @@ using headless::HeadlessButtonPeer;
 using headless::HeadlessCanvasPeer;
 using headless::HeadlessCheckPeer;
 using headless::HeadlessControlPeer;
+using headless::HeadlessFont;
+using headless::HeadlessFramePeer;
 using headless::HeadlessLabelPeer;
 using headless::HeadlessListPeer;
 using headless::HeadlessMenuItemPeer;
@@ -34,6 +36,7 @@ template <class Function>
 auto WithPeer(const Control& control, Function function) {
     ControlPeer* peer = control.Peer();
     if (auto* label = dynamic_cast<HeadlessLabelPeer*>(peer)) return function(*label);
+    if (auto* frame = dynamic_cast<HeadlessFramePeer*>(peer)) return function(*frame);
     if (auto* button = dynamic_cast<HeadlessButtonPeer*>(peer)) return function(*button);
     if (auto* bar = dynamic_cast<HeadlessScrollBarPeer*>(peer)) return function(*bar);
     if (auto* check = dynamic_cast<HeadlessCheckPeer*>(peer)) return function(*check);
@@ -294,6 +297,7 @@ class HeadlessDriver final : public Driver {
         if (dynamic_cast<HeadlessLabelPeer*>(control.Peer()) != nullptr) {
             return PeerOf<HeadlessLabelPeer>(control).text;
         }
+        if (auto* frame = dynamic_cast<HeadlessFramePeer*>(control.Peer())) return frame->text;
         if (auto* check = dynamic_cast<HeadlessCheckPeer*>(control.Peer())) return check->text;
         if (auto* option = dynamic_cast<HeadlessOptionPeer*>(control.Peer())) return option->text;
         if (auto* field = dynamic_cast<HeadlessTextPeer*>(control.Peer())) return field->text;
@@ -343,6 +347,33 @@ class HeadlessDriver final : public Driver {
     Pixel ShownPixel(Control& canvas, int x, int y) override {
         return PeerOf<HeadlessCanvasPeer>(canvas).ShownPixel(x, y);
     }
+    void UserChangesFont(bool larger) override {
+        toolkit_.Post([this, larger] { toolkit_.UseFont(larger ? HeadlessFont{13, 30} : HeadlessFont{}); });
+    }
+    PixelRect ShownBounds(Control& control) override {
+        PixelRect bounds = BoundsOf(control);
+        for (const Control* outer = control.Parent(); outer != nullptr; outer = outer->Parent()) {
+            bounds.left += BoundsOf(*outer).left;
+            bounds.top += BoundsOf(*outer).top;
+        }
+        return bounds;
+    }
+    ShownPointer PointerOver(Control& control) override {
+        return WithPeer(control, [](const auto& peer) -> ShownPointer {
+            if (peer.pointer != MousePointer::Custom) return {peer.pointer};
+            return {peer.pointer, peer.hotX, peer.hotY};
+        });
+    }
+    std::string ShownPrinted(PictureBox& box) override {
+        std::string text;
+        for (const std::string& line : PeerOf<HeadlessCanvasPeer>(box).printed)
+            text += (text.empty() ? "" : "\n") + line;
+        return text;
+    }
+    Pixel ShownGround(Label& label, int, int) override {
+        const auto& colour = PeerOf<HeadlessLabelPeer>(label).backColor;
+        return colour ? ToPixel(*colour) : headless::HeadlessToolkit::ButtonFacePixel;
+    }
     std::vector<std::string> Failures() override { return toolkit_.Failures(); }
 
   private:
@@ -377,6 +408,9 @@ class HeadlessDriver final : public Driver {
         drag.row = row;
         drag.wanted = &wanted;
         target.Deliver(drag);
+    }
+    static PixelRect BoundsOf(const Control& control) {
+        return WithPeer(control, [](const auto& peer) { return peer.bounds; });
     }
 
     headless::HeadlessToolkit toolkit_;

@@ -16,14 +16,16 @@ using std::chrono_literals::operator""ms;
 class TicksForm : public Form {
   public:
     explicit TicksForm(Application& application) : Form(application, {.name = "TicksForm"}) {
-        SetLayout(Column({CmdOk, Check1, Group("Direction:", {OptionLeft, OptionRight})}));
+        frame.Caption = "Direction:";
+        SetLayout(Column({CmdOk, Check1, Group(frame, {OptionLeft, OptionRight})}));
     }
 
     CommandButton CmdOk{*this, "CmdOk"};
     CheckBox Check1{*this, "Check1"};
+    Frame frame{*this, "frame"};
     OptionGroup Direction;
-    OptionButton OptionLeft{*this, "OptionLeft", Direction};
-    OptionButton OptionRight{*this, "OptionRight", Direction};
+    OptionButton OptionLeft{frame, "OptionLeft", Direction};
+    OptionButton OptionRight{frame, "OptionRight", Direction};
 };
 
 class QtAccessibleTest : public ConformanceTest {

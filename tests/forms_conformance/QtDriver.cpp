@@ -12,6 +12,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QGroupBox>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -152,6 +153,7 @@ class QtDriver final : public Driver {
         QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { Watch(); });
         watch_.start(1);
     }
+    ~QtDriver() override { QApplication::setFont(usualFont_); }
 
     Toolkit& GetToolkit() override { return toolkit_; }
 
@@ -334,6 +336,7 @@ class QtDriver final : public Driver {
     }
     std::string ShownText(Control& control) override {
         if (auto* label = dynamic_cast<QLabel*>(&WidgetOf(control))) return label->text().toStdString();
+        if (auto* frame = dynamic_cast<QGroupBox*>(&WidgetOf(control))) return frame->title().toStdString();
         if (auto* field = dynamic_cast<QLineEdit*>(&WidgetOf(control))) return field->text().toStdString();
         return dynamic_cast<QAbstractButton&>(WidgetOf(control)).text().toStdString();
     }
@@ -417,6 +420,48 @@ class QtDriver final : public Driver {
         const double ratio = qt::DeviceRatio();
         return shown.pixel(qt::ToDevice(corner.x(), ratio) + offset.x() + x,
                            qt::ToDevice(corner.y(), ratio) + offset.y() + y);
+    }
+    void UserChangesFont(bool larger) override {
+        QFont font = usualFont_;
+        if (larger) font.setPointSize(2 * font.pointSize());
+        QApplication::setFont(font);
+    }
+    PixelRect ShownBounds(Control& control) override {
+        QWidget& widget = WidgetOf(control);
+        const QWidget& inside = *qt::NativeOf(*control.OwnerForm().Peer()).ControlParent();
+        const double ratio = qt::DeviceRatio();
+        const QPoint corner = widget.mapTo(&inside, QPoint(0, 0));
+        if (const auto* canvas = dynamic_cast<qt::CanvasWidget*>(&widget)) {
+            const QPoint offset = canvas->DeviceOffset();
+            return {qt::ToDevice(corner.x(), ratio) + offset.x(), qt::ToDevice(corner.y(), ratio) + offset.y(),
+                    canvas->DeviceSize().width(), canvas->DeviceSize().height()};
+        }
+        return {qt::ToDevice(corner.x(), ratio), qt::ToDevice(corner.y(), ratio),
+                qt::ToDevice(widget.width(), ratio), qt::ToDevice(widget.height(), ratio)};
+    }
+    ShownPointer PointerOver(Control& control) override {
+        const QWidget& widget = WidgetOf(control);
+        if (!widget.testAttribute(Qt::WA_SetCursor)) return {};
+        const QCursor cursor = widget.cursor();
+        const double ratio = qt::DeviceRatio();
+        switch (cursor.shape()) {
+            case Qt::WaitCursor:
+                return {MousePointer::Hourglass};
+            case Qt::PointingHandCursor:
+                return {MousePointer::Hand};
+            case Qt::BitmapCursor:
+                return {MousePointer::Custom, qt::ToDevice(cursor.hotSpot().x(), ratio),
+                        qt::ToDevice(cursor.hotSpot().y(), ratio)};
+            default:
+                return {MousePointer::Arrow};
+        }
+    }
+    std::string ShownPrinted(PictureBox& box) override {
+        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&WidgetOf(box));
+        return seen->text(QAccessible::Description).toStdString();
+    }
+    Pixel ShownGround(Label& label, int x, int y) override {
+        return WidgetOf(label).grab().toImage().pixel(x, y);
     }
     std::vector<std::string> Failures() override {
         std::vector<std::string> all = failures_;
@@ -598,6 +643,7 @@ class QtDriver final : public Driver {
 
     QWidget* mouseIn_ = nullptr;  ///< the window in which a button is held
     QPoint heldAt_;               ///< where, in that window
+    QFont usualFont_ = QApplication::font();
     qt::QtToolkit toolkit_{[](const std::string& path) { return "C:" + path; }};
     QTimer watch_;
     std::deque<BoxScript> boxes_;

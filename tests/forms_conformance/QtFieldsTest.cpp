@@ -218,10 +218,10 @@ TEST_F(QtFieldsTest, TheFirstControlOfAWindowHasTheFocus) {
 }
 
 TEST_F(QtFieldsTest, TheMenuKeyIsARightPressOfAButton) {
-    form.CmdOk.OnMouseDown = [this](const MouseEvent& mouse) {
+    form.CmdOk.OnMouseDown = [this](const MouseArguments& mouse) {
         log.push_back("down " + std::to_string(mouse.button));
     };
-    form.CmdOk.OnMouseUp = [this](const MouseEvent& mouse) {
+    form.CmdOk.OnMouseUp = [this](const MouseArguments& mouse) {
         log.push_back("up " + std::to_string(mouse.button));
     };
     Open();
@@ -316,16 +316,18 @@ class LayoutForm : public Form {
         inside.Move(300, 150, 600, 300);
         name.Caption = "&Name:";
         name.SetBuddy(field);
+        options.Caption = "Options";
         SetLayout(Column({Grid(2, {name, field, hint, field2}),
-                          Group("Options", {check, AtLeast(4500, 3000, list)}), picture,
+                          Group(options, {check, AtLeast(4500, 3000, list)}), picture,
                           Row({Growing(left, 2), Growing(right)})}));
     }
     Label name{*this, "name"};
     TextBox field{*this, "field"};
     Label hint{*this, "hint"};
     TextBox field2{*this, "field2"};
-    CheckBox check{*this, "check"};
-    ManyRows list{*this, "list"};
+    Frame options{*this, "options"};
+    CheckBox check{options, "check"};
+    ManyRows list{options, "list"};
     PictureBox picture{*this, "picture"};
     Image inside{picture, "inside"};
     CommandButton left{*this, "left"};
@@ -373,12 +375,14 @@ TEST_F(QtFieldsTest, TabGoesThroughALayoutInTheOrderOfTheControls) {
 class FrameFirstForm : public Form {
   public:
     explicit FrameFirstForm(Application& application) : Form(application, {.name = "FrameFirstForm"}) {
-        SetLayout(Row({Column({Group("One", {label, field}), Group("Two", {hint, check})}), button}));
+        SetLayout(Row({Column({Group(one, {label, field}), Group(two, {hint, check})}), button}));
     }
-    Label label{*this, "label"};
-    TextBox field{*this, "field"};
-    Label hint{*this, "hint"};
-    CheckBox check{*this, "check"};
+    Frame one{*this, "one"};
+    Label label{one, "label"};
+    TextBox field{one, "field"};
+    Frame two{*this, "two"};
+    Label hint{two, "hint"};
+    CheckBox check{two, "check"};
     CommandButton button{*this, "button"};
 };
 

@@ -1,5 +1,6 @@
 #include "backends/headless/HeadlessPeers.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "backends/headless/HeadlessToolkit.h"
@@ -24,6 +25,16 @@ Pixel HeadlessCanvasPeer::ShownPixel(int x, int y) const {
     const int row = scaled(y - place.top, view.pixels->Height(), place.height);
     const Pixel pixel = view.pixels->Row(row)[static_cast<std::size_t>(column)];
     return (pixel >> 24U) == 0 ? background : pixel;
+}
+
+forms::PixelSize HeadlessListPeer::NaturalSize() const {
+    constexpr int Characters = 24;
+    constexpr int Rows = 8;
+    if (!dropDown) return {Characters * font->width, Rows * font->height};
+    int widest = 0;
+    for (const std::string& text : Texts())
+        widest = std::max(widest, font->width * static_cast<int>(CharacterCount(text)));
+    return {widest + 40, font->height + 6};
 }
 
 std::vector<std::string> HeadlessListPeer::Texts() const {
@@ -102,6 +113,17 @@ void HeadlessWindowPeer::SetPlacement(const PixelRect& outer, forms::WindowState
             });
         }
     }
+}
+
+void HeadlessWindowPeer::SetInnerSize(const forms::PixelSize& size, const forms::PixelSize& least) {
+    using forms::SystemMetric;
+    leastInner = least;
+    PixelRect outer = placement;
+    outer.width = size.width + 2 * toolkit_.Metric(SystemMetric::SizingBorderWidth);
+    outer.height = size.height + 2 * toolkit_.Metric(SystemMetric::SizingBorderHeight) +
+                   toolkit_.Metric(SystemMetric::CaptionHeight);
+    if (traits.menuBar) outer.height += toolkit_.Metric(SystemMetric::MenuBarHeight);
+    SetPlacement(outer, state);
 }
 
 void HeadlessWindowPeer::Show(bool asModal) {

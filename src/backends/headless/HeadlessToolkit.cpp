@@ -74,42 +74,46 @@ std::unique_ptr<WindowPeer> HeadlessToolkit::CreateWindowPeer(EventSink& sink, c
 }
 
 std::unique_ptr<LabelPeer> HeadlessToolkit::CreateLabel(EventSink& sink, ControlPeer&) {
-    return std::make_unique<HeadlessLabelPeer>(sink);
+    return Dressed(std::make_unique<HeadlessLabelPeer>(sink));
+}
+
+std::unique_ptr<FramePeer> HeadlessToolkit::CreateFrame(EventSink& sink, ControlPeer&) {
+    return Dressed(std::make_unique<HeadlessFramePeer>(sink));
 }
 
 std::unique_ptr<ButtonPeer> HeadlessToolkit::CreateButton(EventSink& sink, ControlPeer&) {
-    return std::make_unique<HeadlessButtonPeer>(sink);
+    return Dressed(std::make_unique<HeadlessButtonPeer>(sink));
 }
 
 std::unique_ptr<CheckPeer> HeadlessToolkit::CreateCheckBox(EventSink& sink, ControlPeer&) {
-    return std::make_unique<HeadlessCheckPeer>(sink);
+    return Dressed(std::make_unique<HeadlessCheckPeer>(sink));
 }
 
 std::unique_ptr<OptionPeer> HeadlessToolkit::CreateOptionButton(EventSink& sink, ControlPeer&) {
-    return std::make_unique<HeadlessOptionPeer>(sink);
+    return Dressed(std::make_unique<HeadlessOptionPeer>(sink));
 }
 
 std::unique_ptr<TextPeer> HeadlessToolkit::CreateTextBox(EventSink& sink, ControlPeer&) {
-    return std::make_unique<HeadlessTextPeer>(sink);
+    return Dressed(std::make_unique<HeadlessTextPeer>(sink));
 }
 
 std::unique_ptr<ListPeer> HeadlessToolkit::CreateList(EventSink& sink, ControlPeer&,
                                                       const ListContent& content) {
-    return std::make_unique<HeadlessListPeer>(sink, content);
+    return Dressed(std::make_unique<HeadlessListPeer>(sink, content));
 }
 
 std::unique_ptr<ListPeer> HeadlessToolkit::CreateDropDownList(EventSink& sink, ControlPeer&,
                                                               const ListContent& content) {
-    return std::make_unique<HeadlessListPeer>(sink, content);
+    return Dressed(std::make_unique<HeadlessListPeer>(sink, content));
 }
 
-std::unique_ptr<ScrollBarPeer> HeadlessToolkit::CreateScrollBar(EventSink& sink, ControlPeer&, bool) {
-    return std::make_unique<HeadlessScrollBarPeer>(sink);
+std::unique_ptr<ScrollBarPeer> HeadlessToolkit::CreateScrollBar(EventSink& sink, ControlPeer&, bool vertical) {
+    return Dressed(std::make_unique<HeadlessScrollBarPeer>(sink, vertical));
 }
 
 std::unique_ptr<CanvasPeer> HeadlessToolkit::CreateCanvas(EventSink& sink, ControlPeer&,
                                                           const CanvasContent& content) {
-    return std::make_unique<HeadlessCanvasPeer>(sink, content);
+    return Dressed(std::make_unique<HeadlessCanvasPeer>(sink, content));
 }
 
 std::unique_ptr<MenuItemPeer> HeadlessToolkit::CreateMenuItem(EventSink& sink, WindowPeer& window,
@@ -235,6 +239,13 @@ void HeadlessToolkit::RunUntil(const std::function<bool()>& done) {
         now_ = std::max(now_, *wakeUp_);
         WakeUpIfDue();
     }
+}
+
+void HeadlessToolkit::UseFont(const HeadlessFont& value) {
+    font = value;
+    const std::vector<HeadlessWindowPeer*> windows = windows_;
+    for (HeadlessWindowPeer* window : windows)
+        window->sink.Deliver(FontEvent{});
 }
 
 void HeadlessToolkit::Advance(Milliseconds time) {

@@ -49,6 +49,8 @@ class HeadlessToolkit final : public forms::Toolkit {
     forms::ScreenInfo screen{1280, 1024, 15, 15, 24};
     /// The part of the screen without panels; unset: the whole screen.
     std::optional<PixelRect> usableArea;
+    /// The font of all windows, until the first is shown; then UseFont() tells them of another.
+    HeadlessFont font;
     /// Where a window that covers a display goes; unset: the whole screen.
     std::optional<PixelRect> fullScreenPlace;
     forms::ScreenPoint pointerPlace;
@@ -73,6 +75,8 @@ class HeadlessToolkit final : public forms::Toolkit {
     }
     /// What the user chooses, by caption, from the next popup menu or a menu below it; empty: nothing.
     void ChooseFromPopup(const std::string& caption) { popupChoice_ = caption; }
+    /// Gives all windows another font.
+    void UseFont(const HeadlessFont& value);
     /// Lets virtual time pass; timers tick on the way.
     void Advance(forms::Milliseconds time);
 
@@ -98,6 +102,8 @@ class HeadlessToolkit final : public forms::Toolkit {
     std::unique_ptr<forms::WindowPeer> CreateWindowPeer(forms::EventSink& sink,
                                                         const forms::WindowTraits& traits) override;
     std::unique_ptr<forms::LabelPeer> CreateLabel(forms::EventSink& sink,
+                                                  forms::ControlPeer& container) override;
+    std::unique_ptr<forms::FramePeer> CreateFrame(forms::EventSink& sink,
                                                   forms::ControlPeer& container) override;
     std::unique_ptr<forms::ButtonPeer> CreateButton(forms::EventSink& sink,
                                                     forms::ControlPeer& container) override;
@@ -140,12 +146,21 @@ class HeadlessToolkit final : public forms::Toolkit {
     }
     [[nodiscard]] forms::ScreenPoint PointerPlace() const override { return pointerPlace; }
     [[nodiscard]] int Metric(forms::SystemMetric metric) const override { return metrics.at(metric); }
+    [[nodiscard]] forms::LayoutMetrics DialogMetrics() const override {
+        return {{9, 9, 9, 9}, 6, 6, screen.twipsPerPixelX, screen.twipsPerPixelY};
+    }
     void SetScreenPointer(forms::MousePointer pointer) override { screenPointer_ = pointer; }
     void Beep() override { ++beeps_; }
 
   private:
     friend class HeadlessWindowPeer;
 
+    /// Gives a peer the font.
+    template <class Peer>
+    std::unique_ptr<Peer> Dressed(std::unique_ptr<Peer> peer) const {
+        peer->font = &font;
+        return peer;
+    }
     void RunPosted();
     void WakeUpIfDue();
 

@@ -10,6 +10,7 @@
 
 #include "backends/qt/Displays.h"
 #include "backends/qt/peers/HeldKeys.h"
+#include "backends/qt/peers/DialogSpace.h"
 #include "backends/qt/peers/Metrics.h"
 #include "backends/qt/peers/Popups.h"
 #include "backends/qt/peers/QtBox.h"
@@ -17,6 +18,7 @@
 #include "backends/qt/peers/QtCanvas.h"
 #include "backends/qt/peers/QtCheckBox.h"
 #include "backends/qt/peers/QtDropDownList.h"
+#include "backends/qt/peers/QtFrame.h"
 #include "backends/qt/peers/QtInputBox.h"
 #include "backends/qt/peers/QtLabel.h"
 #include "backends/qt/peers/QtList.h"
@@ -88,6 +90,10 @@ std::unique_ptr<WindowPeer> QtToolkit::CreateWindowPeer(EventSink& sink, const W
 
 std::unique_ptr<LabelPeer> QtToolkit::CreateLabel(EventSink& sink, ControlPeer& container) {
     return state_->Make<QtLabel>(sink, NativeOf(container));
+}
+
+std::unique_ptr<FramePeer> QtToolkit::CreateFrame(EventSink& sink, ControlPeer& container) {
+    return std::make_unique<QtFrame>(SinkPort(sink, state_->calls), NativeOf(container));
 }
 
 std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer& container) {
@@ -210,6 +216,10 @@ ScreenPoint QtToolkit::PointerPlace() const {
 
 int QtToolkit::Metric(SystemMetric metric) const {
     return state_->SystemMetrics().Of(metric);
+}
+
+LayoutMetrics QtToolkit::DialogMetrics() const {
+    return MetricsOf(*QApplication::style());
 }
 
 void QtToolkit::SetScreenPointer(MousePointer pointer) {

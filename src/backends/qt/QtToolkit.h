@@ -22,6 +22,8 @@ class QtToolkit final : public forms::Toolkit {
                                                         const forms::WindowTraits& traits) override;
     std::unique_ptr<forms::LabelPeer> CreateLabel(forms::EventSink& sink,
                                                   forms::ControlPeer& container) override;
+    std::unique_ptr<forms::FramePeer> CreateFrame(forms::EventSink& sink,
+                                                  forms::ControlPeer& container) override;
     std::unique_ptr<forms::ButtonPeer> CreateButton(forms::EventSink& sink,
                                                     forms::ControlPeer& container) override;
     std::unique_ptr<forms::CheckPeer> CreateCheckBox(forms::EventSink& sink,
@@ -62,6 +64,7 @@ class QtToolkit final : public forms::Toolkit {
     [[nodiscard]] PixelRect FullScreenPlace() const override;
     [[nodiscard]] forms::ScreenPoint PointerPlace() const override;
     [[nodiscard]] int Metric(forms::SystemMetric metric) const override;
+    [[nodiscard]] forms::LayoutMetrics DialogMetrics() const override;
     void SetScreenPointer(forms::MousePointer pointer) override;
     void Beep() override;
 

@@ -27,7 +27,7 @@ void TakeClipboardToPictureTemp(MainViewFrm& view) {
 }
 
 void PasteIntoSelection(MainViewFrm& view, Fit fit) {
-    const forms::ScreenInfo screen = view.App().GetToolkit().Screen();
+    const forms::ScreenInfo screen = view.App().Screen().Info();
     const float pixelX = screen.twipsPerPixelX;
     const float pixelY = screen.twipsPerPixelY;
     const SelectedArea area(view.selection);
@@ -48,7 +48,7 @@ void PasteOntoImage(MainViewFrm& view) {
     if (view.MainImage.Width < view.PictureTemp.Width || view.MainImage.Height < view.PictureTemp.Height) {
         view.MainImage.Picture = view.PictureTemp.Picture;
     } else {
-        CopyToCentre(view.MainImage, PixelsOfPictureTemp(view), view.App().GetToolkit().Screen());
+        CopyToCentre(view.MainImage, PixelsOfPictureTemp(view), view.App().Screen().Info());
     }
 }
 

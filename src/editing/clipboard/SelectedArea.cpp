@@ -33,7 +33,7 @@ void TakeHeightOfSelection(MainViewFrm& view) {
 }
 
 void CopySelectionToPictureTemp(MainViewFrm& view, int smaller) {
-    const forms::ScreenInfo screen = view.App().GetToolkit().Screen();
+    const forms::ScreenInfo screen = view.App().Screen().Info();
     const float pixelX = screen.twipsPerPixelX;
     const float pixelY = screen.twipsPerPixelY;
     const SelectedArea area(view.selection);

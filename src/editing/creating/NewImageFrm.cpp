@@ -58,6 +58,7 @@ NewImageFrm::NewImageFrm(forms::Application& application, MainViewFrm& view)
     : Form(application, {.name = "NewImageFrm"}), view_(view), module_(view.Module()) {
     Caption = "New Image";
     HelpContext = HelpContext::NewImage;
+    Image1.AccessibleName = "New image";
     Image1.Picture = NewImagePicture(module_.Screen().TwipsPerPixelX());
     lblWidth.Caption = "&Width:";
     lblWidth.SetBuddy(txtWidth);
@@ -69,7 +70,7 @@ NewImageFrm::NewImageFrm(forms::Application& application, MainViewFrm& view)
     lblWidthUnit.Caption = "pixels";
     lblHeightUnit.Caption = "pixels";
     CheckPaste.Caption = "&Get image from clipboard.";
-    CheckPaste.OnMouseUp = [this](const forms::MouseEvent&) { CheckPaste_MouseUp(); };
+    CheckPaste.OnMouseUp = [this](const forms::MouseArguments&) { CheckPaste_MouseUp(); };
     Picture1.Move(0, 0, SwatchWidth, SwatchHeight);
     Picture1.ToolTip = "Current background color.";
     Picture1.AccessibleName = "Current background color";
@@ -249,7 +250,7 @@ void NewImageFrm::MakeImage(const ImageSize& size) {
 void NewImageFrm::PasteCentred() {
     const Picture held = ImageHold.Image();
     if (held.Empty()) return;
-    CopyToCentre(view_.MainImage, held.pixels->Whole(), App().GetToolkit().Screen());
+    CopyToCentre(view_.MainImage, held.pixels->Whole(), App().Screen().Info());
 }
 
 void mnuNewImage_Click(MainViewFrm& view) {

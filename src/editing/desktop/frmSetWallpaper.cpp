@@ -42,8 +42,8 @@ frmSetWallpaper::frmSetWallpaper(forms::Application& application, MainViewFrm& v
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::Wallpaper); };
     SetLayout(
         forms::Column({forms::Row({lblCurrent, forms::Growing(forms::AtLeast(4500, 0, lblLastFilename))}),
-                       forms::Row({forms::Growing(forms::Group("", {OptionTile, OptionCenter})),
-                                   forms::Growing(forms::Group("", {CheckStretch, CheckAspect}))}),
+                       forms::Row({forms::Growing(forms::Group(Frame1, {OptionTile, OptionCenter})),
+                                   forms::Growing(forms::Group(Frame2, {CheckStretch, CheckAspect}))}),
                        forms::Row({forms::Stretch(), CmdOK, CmdCancel, CmdHelp})}));
 }
 
@@ -107,7 +107,7 @@ void frmSetWallpaper::ScaleIntoPictureTemp(const Picture& image) {
     forms::PictureBox& scaled = view_.PictureTemp;
     scaled.Move(scaled.Left, scaled.Top, size.width, size.height);
     StretchCopy(scaled.Bitmap(), 0, 0, size.width, size.height, image.pixels->Whole(), 0, 0, own.width,
-                own.height, App().GetToolkit().Screen());
+                own.height, App().Screen().Info());
 }
 
 void mnuSetWallpaper_Click(MainViewFrm& view) {

@@ -5,6 +5,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/OptionButton.h"
 
@@ -26,10 +27,12 @@ class frmSetWallpaper final : public forms::Form {
   public:
     forms::Label lblCurrent{*this, "lblCurrent"};
     forms::Label lblLastFilename{*this, "lblLastFilename"};
-    forms::OptionButton OptionTile{*this, "OptionTile", options_};
-    forms::OptionButton OptionCenter{*this, "OptionCenter", options_};
-    forms::CheckBox CheckStretch{*this, "CheckStretch"};
-    forms::CheckBox CheckAspect{*this, "CheckAspect"};
+    forms::Frame Frame1{*this, "Frame1"};
+    forms::OptionButton OptionTile{Frame1, "OptionTile", options_};
+    forms::OptionButton OptionCenter{Frame1, "OptionCenter", options_};
+    forms::Frame Frame2{*this, "Frame2"};
+    forms::CheckBox CheckStretch{Frame2, "CheckStretch"};
+    forms::CheckBox CheckAspect{Frame2, "CheckAspect"};
     forms::CommandButton CmdOK{*this, "CmdOK"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};

@@ -47,6 +47,8 @@ frmImageSize::frmImageSize(forms::Application& application, MainViewFrm& view)
     : Form(application, {.name = "frmImageSize"}), view_(view), module_(view.Module()) {
     Caption = "Resize Image";
     HelpContext = HelpContext::ResizeImage;
+    Frame1.Caption = "Current Size:";
+    Frame2.Caption = "New Image Size:";
     lblWidthMsg.Caption = "Width:";
     lblHeightMsg.Caption = "Height:";
     lblFileSizeMsg.Caption = "File Size:";
@@ -70,12 +72,12 @@ frmImageSize::frmImageSize(forms::Application& application, MainViewFrm& view)
     CmdHelp.OnClick = [this] { CmdHelp_Click(); };
     SetLayout(forms::Row(
         {forms::Column(
-             {forms::Group("Current Size:", {forms::Grid(2, {lblWidthMsg, lblCurrentWidth, lblHeightMsg,
+             {forms::Group(Frame1, {forms::Grid(2, {lblWidthMsg, lblCurrentWidth, lblHeightMsg,
                                                              lblCurrentHeight, lblFileSizeMsg,
                                                              forms::Growing(forms::Row(
                                                                  {lblFileSize, lblBytes,
                                                                   forms::Growing(forms::Stretch())}))})}),
-              forms::Group("New Image Size:",
+              forms::Group(Frame2,
                            {forms::Grid(3, {lblWidth, forms::AtLeast(900, 0, txtWidth), lblWidthUnit,
                                             lblHeight, forms::AtLeast(900, 0, txtHeight), lblHeightUnit}),
                             CheckAspect})}),

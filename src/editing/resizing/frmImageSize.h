@@ -6,6 +6,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/TextBox.h"
 
@@ -24,20 +25,22 @@ class frmImageSize final : public forms::Form {
     MainModule& module_;
 
   public:
-    forms::Label lblWidthMsg{*this, "lblWidthMsg"};
-    forms::Label lblCurrentWidth{*this, "lblCurrentWidth"};
-    forms::Label lblHeightMsg{*this, "lblHeightMsg"};
-    forms::Label lblCurrentHeight{*this, "lblCurrentHeight"};
-    forms::Label lblFileSizeMsg{*this, "lblFileSizeMsg"};
-    forms::Label lblFileSize{*this, "lblFileSize"};
-    forms::Label lblBytes{*this, "lblBytes"};
-    forms::Label lblWidth{*this, "lblWidth"};
-    forms::TextBox txtWidth{*this, "txtWidth"};
-    forms::Label lblWidthUnit{*this, "lblWidthUnit"};
-    forms::Label lblHeight{*this, "lblHeight"};
-    forms::TextBox txtHeight{*this, "txtHeight"};
-    forms::Label lblHeightUnit{*this, "lblHeightUnit"};
-    forms::CheckBox CheckAspect{*this, "CheckAspect"};
+    forms::Frame Frame1{*this, "Frame1"};
+    forms::Label lblWidthMsg{Frame1, "lblWidthMsg"};
+    forms::Label lblCurrentWidth{Frame1, "lblCurrentWidth"};
+    forms::Label lblHeightMsg{Frame1, "lblHeightMsg"};
+    forms::Label lblCurrentHeight{Frame1, "lblCurrentHeight"};
+    forms::Label lblFileSizeMsg{Frame1, "lblFileSizeMsg"};
+    forms::Label lblFileSize{Frame1, "lblFileSize"};
+    forms::Label lblBytes{Frame1, "lblBytes"};
+    forms::Frame Frame2{*this, "Frame2"};
+    forms::Label lblWidth{Frame2, "lblWidth"};
+    forms::TextBox txtWidth{Frame2, "txtWidth"};
+    forms::Label lblWidthUnit{Frame2, "lblWidthUnit"};
+    forms::Label lblHeight{Frame2, "lblHeight"};
+    forms::TextBox txtHeight{Frame2, "txtHeight"};
+    forms::Label lblHeightUnit{Frame2, "lblHeightUnit"};
+    forms::CheckBox CheckAspect{Frame2, "CheckAspect"};
     forms::CommandButton CmdSize{*this, "CmdSize"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};

@@ -15,7 +15,7 @@ namespace {
 constexpr double HalfPi = 3.14159265359 / 2;
 
 forms::ScreenInfo ScreenOf(const MainViewFrm& view) {
-    return view.App().GetToolkit().Screen();
+    return view.App().Screen().Info();
 }
 
 enum class Sides { Kept, Swapped };

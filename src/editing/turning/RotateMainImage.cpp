@@ -11,7 +11,7 @@ void RotateMainImage(MainViewFrm& view, float angle) {
     forms::PictureBox& source = view.PictureTemp;
     forms::PictureBox& dest = view.MainImage;
     const RotateGeometry geometry =
-        CentresOf(source.Width, source.Height, dest.Width, dest.Height, view.App().GetToolkit().Screen());
+        CentresOf(source.Width, source.Height, dest.Width, dest.Height, view.App().Screen().Info());
     RotatePicture(PixelsOfPictureTemp(view), dest.Bitmap(), angle, geometry, [&](int row) {
         if (row % RowsPerRefresh == RowsPerRefresh - 1) dest.Refresh();
         view.Module().DoEvents();

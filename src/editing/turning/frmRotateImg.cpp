@@ -41,6 +41,7 @@ frmRotateImg::frmRotateImg(forms::Application& application, MainViewFrm& view)
     Cmd180.Caption = "1&80";
     Cmd180.ToolTip = "Rotate 180 degrees.";
     Cmd180.OnClick = [this] { Cmd180_Click(); };
+    Frame2.Caption = "Direction:";
     OptionCCW.Caption = "C&ounter-clockwise";
     OptionCCW.OnClick = [this] { OptionCCW_Click(); };
     OptionCW.Caption = "Cloc&kwise";
@@ -64,7 +65,7 @@ frmRotateImg::frmRotateImg(forms::Application& application, MainViewFrm& view)
         {forms::Column({forms::Row({Label1, forms::AtLeast(750, 0, txtAngle), Label2,
                                     forms::Growing(forms::Stretch())}),
                         forms::Row({Cmd45, Cmd90, Cmd135, Cmd180}),
-                        forms::Group("Direction:", {forms::Row({OptionCCW, OptionCW})}), CheckPreserveSize,
+                        forms::Group(Frame2, {forms::Row({OptionCCW, OptionCW})}), CheckPreserveSize,
                         forms::Row({Picture1, CmdBackground, forms::Growing(forms::Stretch())})}),
          forms::Column({CmdRotate, CmdCancel, CmdHelp, forms::Growing(forms::Stretch())})}));
 }
@@ -161,7 +162,7 @@ void frmRotateImg::Rotate(int degrees) {
     module_.config.RotatePreserve = CheckPreserveSize.Value;
     const RotationPlan plan = PlanRotation(
         {.degrees = degrees, .clockwise = OptionCW.Value, .preserveSize = CheckPreserveSize.Value},
-        view_.PictureTemp.Width, view_.PictureTemp.Height, App().GetToolkit().Screen());
+        view_.PictureTemp.Width, view_.PictureTemp.Height, App().Screen().Info());
     view_.MainImage.Picture = Picture();
     module_.DoEvents();
     SkipFailure([&] { SizeMainImage(view_, plan.width, plan.height); });

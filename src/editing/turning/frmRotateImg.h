@@ -3,6 +3,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/OptionButton.h"
 #include "platform/forms/PictureBox.h"
@@ -31,8 +32,9 @@ class frmRotateImg final : public forms::Form {
     forms::CommandButton Cmd90{*this, "Cmd90"};
     forms::CommandButton Cmd135{*this, "Cmd135"};
     forms::CommandButton Cmd180{*this, "Cmd180"};
-    forms::OptionButton OptionCCW{*this, "OptionCCW", direction_};
-    forms::OptionButton OptionCW{*this, "OptionCW", direction_};
+    forms::Frame Frame2{*this, "Frame2"};
+    forms::OptionButton OptionCCW{Frame2, "OptionCCW", direction_};
+    forms::OptionButton OptionCW{Frame2, "OptionCW", direction_};
     forms::CheckBox CheckPreserveSize{*this, "CheckPreserveSize"};
     forms::PictureBox Picture1{*this, "Picture1"};
     forms::CommandButton CmdBackground{*this, "CmdBackground"};

@@ -1,5 +1,8 @@
 #include "platform/forms/CheckBox.h"
 
+#include "platform/forms/Application.h"
+#include "platform/forms/Form.h"
+
 namespace tavrix::forms {
 
 ControlPeer& CheckBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
@@ -14,12 +17,14 @@ void CheckBox::Handle(const Event& event) {
     if (const auto* check = std::get_if<CheckEvent>(&event)) {
         if (Value.Store(check->checked) && OnClick) OnClick();
     } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        if (mouse->action == MouseAction::Up && OnMouseUp) OnMouseUp(*mouse);
+        Raise(*mouse, OwnerForm().App().Screen().Info());
     }
 }
 
 void CheckBox::AssignCaption(const std::string& value) {
-    if (Caption.Store(value) && checkPeer_) checkPeer_->SetText(value);
+    if (!Caption.Store(value) || !checkPeer_) return;
+    checkPeer_->SetText(value);
+    ContentChanged();
 }
 
 void CheckBox::AssignValue(const bool& value) {

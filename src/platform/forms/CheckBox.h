@@ -1,11 +1,12 @@
 #pragma once
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Mouse.h"
 
 namespace tavrix::forms {
 
-/// A box to tick.
-class CheckBox final : public Control {
+/// A box to tick. Of what the mouse does over it, Click comes before the button's going up.
+class CheckBox final : public Control, public MouseHandlers {
   public:
     using Control::Control;
 
@@ -14,8 +15,8 @@ class CheckBox final : public Control {
     Property<bool> Value{this, &CheckBox::AssignValue};
 
     std::function<void()> OnClick;
-    /// A mouse button was released that had been pressed over it; Click comes before.
-    std::function<void(const MouseEvent&)> OnMouseUp;
+
+    [[nodiscard]] LayoutNeeds Needs() const override { return {NaturalSize()}; }
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;

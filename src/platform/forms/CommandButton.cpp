@@ -1,5 +1,8 @@
 #include "platform/forms/CommandButton.h"
 
+#include "platform/forms/Application.h"
+#include "platform/forms/Form.h"
+
 namespace tavrix::forms {
 
 ControlPeer& CommandButton::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
@@ -15,17 +18,20 @@ void CommandButton::Handle(const Event& event) {
     if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        if (mouse->action == MouseAction::Down && OnMouseDown) OnMouseDown(*mouse);
-        if (mouse->action == MouseAction::Up && OnMouseUp) OnMouseUp(*mouse);
+        Raise(*mouse, OwnerForm().App().Screen().Info());
     }
 }
 
 void CommandButton::AssignCaption(const std::string& value) {
-    if (Caption.Store(value) && buttonPeer_) buttonPeer_->SetText(value);
+    if (!Caption.Store(value) || !buttonPeer_) return;
+    buttonPeer_->SetText(value);
+    ContentChanged();
 }
 
 void CommandButton::AssignPicture(const tavrix::Picture& value) {
-    if (Picture.Store(value) && buttonPeer_) PushPicture();
+    if (!Picture.Store(value) || !buttonPeer_) return;
+    PushPicture();
+    ContentChanged();
 }
 
 void CommandButton::PushPicture() {

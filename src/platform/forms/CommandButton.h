@@ -2,11 +2,12 @@
 
 #include "imaging/graphics/Picture.h"
 #include "platform/forms/Control.h"
+#include "platform/forms/Mouse.h"
 
 namespace tavrix::forms {
 
-/// A push button.
-class CommandButton final : public Control {
+/// A push button. Of what the mouse does over it, Click comes before the button's going up.
+class CommandButton final : public Control, public MouseHandlers {
   public:
     using Control::Control;
 
@@ -20,9 +21,8 @@ class CommandButton final : public Control {
 
     /// The left button, a key or an accelerator pressed it.
     std::function<void()> OnClick;
-    /// A mouse button went down or up over it; Click comes before Up.
-    std::function<void(const MouseEvent&)> OnMouseDown;
-    std::function<void(const MouseEvent&)> OnMouseUp;
+
+    [[nodiscard]] LayoutNeeds Needs() const override { return {NaturalSize()}; }
 
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;

@@ -1,5 +1,7 @@
 #include "platform/forms/Control.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -18,7 +20,8 @@ void Container::RealizeControls(Toolkit& toolkit, ControlPeer& self) {
 
 Control::Control(Container& container, std::string name)
     : form_(container.OwnerForm()),
-      inPictureBox_(static_cast<Container*>(&form_) != &container),
+      container_(container),
+      parent_(dynamic_cast<Control*>(&container)),
       name_(std::move(name)) {
     container.controls_.push_back(this);
 }
@@ -32,19 +35,49 @@ void Control::Realize(Toolkit& toolkit, ControlPeer& container) {
     PushBounds();
     if (!Enabled) peer_->SetEnabled(false);
     if (!ToolTip.Get().empty()) peer_->SetToolTip(ToolTip);
-    if (MousePointer.Get() != MousePointer::Default) peer_->SetPointer(MousePointer);
+    if (MousePointer.Get() != MousePointer::Default) PushPointer();
     if (!AccessibleName.Get().empty()) peer_->SetAccessibleName(AccessibleName);
     RealizeContent(toolkit);
     peer_->SetVisible(Visible);
 }
 
 PixelRect Control::PixelBounds() const {
-    const ScreenInfo screen = form_.App().GetToolkit().Screen();
-    return ToPixels(Left, Top, Width, Height, screen);
+    return ToPixels(Left, Top, Width, Height, form_.App().Screen().Info());
+}
+
+PixelRect Control::PixelBoundsInWindow() const {
+    PixelRect bounds = PixelBounds();
+    for (const Control* outer = parent_; outer != nullptr; outer = outer->parent_) {
+        const PixelRect around = outer->PixelBounds();
+        bounds.left += around.left;
+        bounds.top += around.top;
+    }
+    return bounds;
 }
 
 void Control::Move(float left, float top, float width, float height) {
     if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    const ScreenInfo screen = form_.App().Screen().Info();
+    const PixelSize size{ToPixels(width, screen.twipsPerPixelX), ToPixels(height, screen.twipsPerPixelY)};
+    const bool news = std::exchange(assigned_, size) != size || Left.Get() != left || Top.Get() != top;
+    SetBounds(left, top, width, height);
+    if (placed_ && news) form_.Rearrange();
+}
+
+void Control::Place(const PixelRect& place) {
+    placed_ = true;
+    const ScreenInfo screen = form_.App().Screen().Info();
+    const PixelRect around = parent_ != nullptr ? parent_->PixelBoundsInWindow() : PixelRect{};
+    const PixelRect within{place.left - around.left, place.top - around.top, place.width, place.height};
+    if (within == PixelBounds()) {
+        PushBounds();
+        return;
+    }
+    SetBounds(ToTwips(within.left, screen.twipsPerPixelX), ToTwips(within.top, screen.twipsPerPixelY),
+              ToTwips(within.width, screen.twipsPerPixelX), ToTwips(within.height, screen.twipsPerPixelY));
+}
+
+void Control::SetBounds(float left, float top, float width, float height) {
     bool moved = Left.Store(left);
     moved = Top.Store(top) || moved;
     bool sized = Width.Store(width);
@@ -53,8 +86,28 @@ void Control::Move(float left, float top, float width, float height) {
     if (sized) Resized();
 }
 
+PixelSize Control::NaturalSize() const {
+    if (!natural_ && peer_ != nullptr) natural_ = peer_->NaturalSize();
+    return natural_.value_or(PixelSize{});
+}
+
+void Control::ContentChanged() {
+    if (!placed_) {
+        natural_.reset();
+        return;
+    }
+    const std::optional<PixelSize> before = std::exchange(natural_, std::nullopt);
+    if (before != NaturalSize()) form_.Rearrange();
+}
+
 void Control::SetFocus() {
     form_.GiveFocus(*this);
+}
+
+void Control::ComeLast() {
+    std::vector<Control*>& siblings = container_.controls_;
+    const auto self = std::ranges::find(siblings, this);
+    std::rotate(self, std::next(self), siblings.end());
 }
 
 void Control::TakeKeyDown(int& keyCode, int shift) {
@@ -70,7 +123,7 @@ void Control::Deliver(const Event& event) {
 void Control::Dispatch(const Event& event) {
     if (form_.Unloaded()) return;
     if (const auto* focus = std::get_if<FocusEvent>(&event)) {
-        if (focus->gained && form_.NoteFocus(*this) && OnGotFocus) OnGotFocus();
+        if (focus->gained) form_.NoteFocus(*this);
         return;
     }
     if (std::holds_alternative<KeyEvent>(event)) {
@@ -151,7 +204,22 @@ void Control::AssignToolTip(const std::string& value) {
 }
 
 void Control::AssignMousePointer(const forms::MousePointer& value) {
-    if (MousePointer.Store(value) && peer_ != nullptr) peer_->SetPointer(value);
+    if (MousePointer.Store(value)) PushPointer();
+}
+
+void Control::AssignMouseIcon(const PointerPicture& value) {
+    if (MouseIcon.Store(value) && MousePointer.Get() == MousePointer::Custom) PushPointer();
+}
+
+void Control::PushPointer() {
+    if (peer_ == nullptr) return;
+    const PointerPicture& icon = MouseIcon;
+    const bool custom = MousePointer.Get() == MousePointer::Custom;
+    if (custom && !icon.picture.Empty()) {
+        peer_->SetPointerPicture(icon.picture.pixels->Whole(), icon.hotX, icon.hotY);
+    } else {
+        peer_->SetPointer(custom ? MousePointer::Default : MousePointer.Get());
+    }
 }
 
 void Control::AssignAccessibleName(const std::string& value) {
@@ -159,7 +227,7 @@ void Control::AssignAccessibleName(const std::string& value) {
 }
 
 void Control::PushBounds() {
-    if (peer_ != nullptr && (inPictureBox_ || !form_.HasLayout())) peer_->SetBounds(PixelBounds());
+    if (peer_ != nullptr && (placed_ || !arranged_)) peer_->SetBounds(PixelBounds());
 }
 
 }  // namespace tavrix::forms

@@ -9,6 +9,7 @@
 #include "imaging/graphics/Picture.h"
 #include "platform/forms/Events.h"
 #include "platform/forms/Mouse.h"
+#include "platform/forms/LayoutItem.h"
 #include "platform/forms/Peers.h"
 #include "platform/forms/Property.h"
 #include "platform/forms/Toolkit.h"
@@ -18,7 +19,15 @@ namespace tavrix::forms {
 class Control;
 class Form;
 
-/// What controls lie in: a form or a picture box.
+/// A pointer that the program draws, in device pixels. What it points with lies within the picture.
+struct PointerPicture {
+    Picture picture;
+    int hotX = 0;
+    int hotY = 0;
+    friend bool operator==(const PointerPicture&, const PointerPicture&) = default;
+};
+
+/// What controls lie in: a form, a frame or a picture box.
 class Container {
   public:
     [[nodiscard]] virtual Form& OwnerForm() = 0;
@@ -37,8 +46,8 @@ class Container {
 };
 
 /// A control of a form. Its state lives here; the peer is told. Positions and sizes are in twips of the container,
-/// single precision.
-class Control : public FormObject, public EventSink {
+/// single precision. Where a layout arranges the control, they are the layout's doing from the first show on.
+class Control : public FormObject, public EventSink, public LayoutItem {
   public:
     Control(Container& container, std::string name);
     virtual ~Control();
@@ -52,6 +61,8 @@ class Control : public FormObject, public EventSink {
     Property<bool> Enabled{this, &Control::AssignEnabled, true};
     Property<std::string> ToolTip{this, &Control::AssignToolTip};
     Property<forms::MousePointer> MousePointer{this, &Control::AssignMousePointer};
+    /// The pointer over the control while MousePointer is Custom.
+    Property<PointerPicture> MouseIcon{this, &Control::AssignMouseIcon};
     /// What a screen reader and a test from outside call a control that shows no text of its own.
     Property<std::string> AccessibleName{this, &Control::AssignAccessibleName};
 
@@ -63,8 +74,13 @@ class Control : public FormObject, public EventSink {
     /// Makes this the control that gets the keys. It neither fails nor brings a window to the front: in a hidden or
     /// inactive window it is remembered. An invisible control can hold the focus too.
     void SetFocus();
+    /// Puts the control behind all others that its container has by now, in the order in which Tab goes through them.
+    /// Before the first show; until then the order is that of their declaration.
+    void ComeLast();
 
     std::function<void()> OnGotFocus;
+    /// Another control of the form has got the focus; that one's OnGotFocus comes next.
+    std::function<void()> OnLostFocus;
     /// A key goes down, or up, while this control has the focus. A handler that sets the key code of KeyDown to 0
     /// keeps the key from the control. A release is not told where the focus came between: Tab goes up in the next
     /// control.
@@ -92,6 +108,17 @@ class Control : public FormObject, public EventSink {
     [[nodiscard]] ControlPeer* Peer() const { return peer_; }
     /// The rectangle in device pixels of the container.
     [[nodiscard]] PixelRect PixelBounds() const;
+    /// Likewise, of the inside of the window.
+    [[nodiscard]] PixelRect PixelBoundsInWindow() const;
+    /// What it lies in, where that is a control.
+    [[nodiscard]] Control* Parent() const { return parent_; }
+    /// Whether the form's layout arranges it.
+    [[nodiscard]] bool Arranged() const { return arranged_; }
+
+    void Join() final { arranged_ = true; }
+    void Place(const PixelRect& place) final;
+    /// For the form: what the control needs has to be asked for again.
+    void ForgetNaturalSize() { natural_.reset(); }
 
   protected:
     /// Makes the peer of the kind and tells it what only this kind has.
@@ -100,6 +127,12 @@ class Control : public FormObject, public EventSink {
     /// The peers of all controls in the container are there.
     virtual void RealizeLinks() {}
     virtual void Resized() {}
+    /// The size that all of its content needs, as the peer says.
+    [[nodiscard]] PixelSize NaturalSize() const;
+    /// The size that the program gave it last.
+    [[nodiscard]] PixelSize AssignedSize() const { return assigned_; }
+    /// The content is another, so that it may need another size. The layout is solved again where it does.
+    void ContentChanged();
     /// A key that no handler took. Setting the code to 0 keeps it from the peer.
     virtual void KeyPressed(int& /*keyCode*/, int /*shift*/) {}
     /// An event that is not handled by all controls alike.
@@ -121,16 +154,25 @@ class Control : public FormObject, public EventSink {
     void AssignEnabled(const bool& value);
     void AssignToolTip(const std::string& value);
     void AssignMousePointer(const forms::MousePointer& value);
+    void AssignMouseIcon(const PointerPicture& value);
     void AssignAccessibleName(const std::string& value);
+    /// Position and size at once, whoever decides them.
+    void SetBounds(float left, float top, float width, float height);
     void PushBounds();
+    void PushPointer();
 
     friend class Container;
 
     Form& form_;
-    bool inPictureBox_;  ///< placed by its bounds even where the form has a layout
+    Container& container_;
+    Control* parent_;
     std::string name_;
     ControlPeer* peer_ = nullptr;
     bool dragged_ = false;
+    bool arranged_ = false;
+    bool placed_ = false;  ///< the layout has been solved once
+    PixelSize assigned_;
+    mutable std::optional<PixelSize> natural_;
 };
 
 }  // namespace tavrix::forms

@@ -63,7 +63,15 @@ inline constexpr int RightBracket = 221;
 inline constexpr int Other = 255;  ///< a key that has no code of its own; every press reaches the form
 }  // namespace KeyCode
 
-enum class MousePointer : std::uint8_t { Default, Arrow, Hourglass, ArrowHourglass, Hand, Hidden };
+enum class MousePointer : std::uint8_t {
+    Default,
+    Arrow,
+    Hourglass,
+    ArrowHourglass,
+    Hand,
+    Hidden,
+    Custom  ///< the picture of MouseIcon; without one as Default
+};
 enum class WindowState : std::uint8_t { Normal, Minimized, Maximized };
 
 /// A press of a button, a menu entry, a picture.
@@ -143,6 +151,9 @@ struct PlacementEvent {
     WindowState state = WindowState::Normal;
 };
 
+/// Fonts or the desktop's style have changed: texts may need other sizes.
+struct FontEvent {};
+
 /// The window became the active one.
 struct ActivateEvent {};
 
@@ -176,7 +187,7 @@ struct DragEvent {
 
 using Event = std::variant<ClickEvent, KeyEvent, MouseEvent, ScrollEvent, RowEvent, DoubleClickEvent,
                            TextEvent, CheckEvent, CharacterEvent, FocusEvent, PlacementEvent, ActivateEvent,
-                           CloseEvent, DropEvent, DragEvent, PageEvent>;
+                           CloseEvent, DropEvent, DragEvent, PageEvent, FontEvent>;
 
 /// The one door through which the user's doings arrive.
 class EventSink {

@@ -1,6 +1,7 @@
 #include "platform/forms/Form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "platform/forms/Application.h"
@@ -8,13 +9,24 @@
 
 namespace tavrix::forms {
 
+namespace {
+
+void ForgetNaturalSizes(const Container& container) {
+    for (Control* control : container.Controls()) {
+        control->ForgetNaturalSize();
+        if (const auto* inner = dynamic_cast<const Container*>(control)) ForgetNaturalSizes(*inner);
+    }
+}
+
+}  // namespace
+
 Form::HandlerScope::~HandlerScope() {
     if (--form_.handlersRunning_ == 0 && form_.unloaded_) app_.DestroyUnloaded();
 }
 
 Form::Form(Application& app, const WindowTraits& traits) : app_(app), traits_(traits) {
     if (!traits_.fullScreen) return;
-    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const ScreenInfo screen = app_.Screen().Info();
     const PixelRect place = app_.GetToolkit().FullScreenPlace();
     Left.Store(ToTwips(place.left, screen.twipsPerPixelX));
     Top.Store(ToTwips(place.top, screen.twipsPerPixelY));
@@ -24,7 +36,7 @@ Form::Form(Application& app, const WindowTraits& traits) : app_(app), traits_(tr
 
 Form::~Form() = default;
 
-Form::PixelSize Form::FramePixels() const {
+PixelSize Form::FramePixels() const {
     if (traits_.fullScreen) return {};
     const Toolkit& toolkit = app_.GetToolkit();
     int height =
@@ -34,16 +46,16 @@ Form::PixelSize Form::FramePixels() const {
 }
 
 PixelRect Form::OuterPixels() const {
-    return ToPixels(Left, Top, Width, Height, app_.GetToolkit().Screen());
+    return ToPixels(Left, Top, Width, Height, app_.Screen().Info());
 }
 
 float Form::ScaleWidth() const {
-    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const ScreenInfo screen = app_.Screen().Info();
     return ToTwips(std::max(OuterPixels().width - FramePixels().width, 0), screen.twipsPerPixelX);
 }
 
 float Form::ScaleHeight() const {
-    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const ScreenInfo screen = app_.Screen().Info();
     return ToTwips(std::max(OuterPixels().height - FramePixels().height, 0), screen.twipsPerPixelY);
 }
 
@@ -51,7 +63,7 @@ void Form::Move(float left, float top, float width, float height) {
     if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     if (WindowState.Get() != WindowState::Normal) throw RuntimeError(ErrorNumber::FormCannotBeMoved);
 
-    const PixelRect wanted = ToPixels(left, top, width, height, app_.GetToolkit().Screen());
+    const PixelRect wanted = ToPixels(left, top, width, height, app_.Screen().Info());
     const PixelSize asked{wanted.width, wanted.height};
     if (refusal_ && refusal_->asked == asked && refusal_->given == native_) {
         // The window manager has just refused this size. Asking again on its answer would never end.
@@ -63,13 +75,16 @@ void Form::Move(float left, float top, float width, float height) {
     sized = Height.Store(height) || sized;
     bool moved = Left.Store(left);
     moved = Top.Store(top) || moved;
+    if (moved) placedByProgram_ = true;
     if (!sized && !moved) return;
     const PixelRect outer = OuterPixels();
     if (peer_ && outer != before) {
         awaitingGrant_ = visible_ && (outer.width != before.width || outer.height != before.height);
         peer_->SetPlacement(outer, WindowState::Normal);
     }
-    if (sized) RaiseResize();
+    if (!sized) return;
+    PlaceControls();
+    RaiseResize();
 }
 
 void Form::Show() {
@@ -144,7 +159,64 @@ void Form::Realize() {
         menu->Realize(toolkit, *peer_, nullptr);
     if (!layout_) peer_->SetPlacement(OuterPixels(), WindowState);
     RealizeControls(toolkit, *peer_);
-    if (layout_) peer_->SetLayout(*layout_);
+    if (!layout_) return;
+    TakeNaturalSize();
+    if (placedByProgram_) peer_->SetPlacement(OuterPixels(), WindowState);
+    PlaceControls();
+}
+
+void Form::SetLayout(const Layout& layout) {
+    layout_ = layout;
+    const auto join = [](const auto& self, const Layout& part) -> void {
+        if (part.item != nullptr) part.item->Join();
+        for (const Layout& inner : part.content)
+            self(self, inner);
+    };
+    join(join, *layout_);
+}
+
+void Form::TakeNaturalSize() {
+    const ScreenInfo screen = app_.Screen().Info();
+    const PixelSize natural = NaturalSizeOf(*layout_, app_.GetToolkit().DialogMetrics());
+    const PixelSize frame = FramePixels();
+    PixelSize inner = natural;
+    if (traits_.resizable) {
+        const PixelRect outer = OuterPixels();
+        inner.width = std::max(inner.width, outer.width - frame.width);
+        inner.height = std::max(inner.height, outer.height - frame.height);
+    }
+    Width.Store(ToTwips(inner.width + frame.width, screen.twipsPerPixelX));
+    Height.Store(ToTwips(inner.height + frame.height, screen.twipsPerPixelY));
+    if (WindowState.Get() == WindowState::Normal) peer_->SetInnerSize(inner, natural);
+}
+
+void Form::PlaceControls() {
+    if (!layout_ || !peer_) return;
+    const PixelRect outer = OuterPixels();
+    const PixelSize frame = FramePixels();
+    const PixelSize inside{std::max(outer.width - frame.width, 0), std::max(outer.height - frame.height, 0)};
+    for (const PlacedItem& placed : Solve(*layout_, app_.GetToolkit().DialogMetrics(), inside))
+        placed.item->Place(placed.place);
+}
+
+void Form::Rearrange() {
+    if (!layout_ || !peer_) return;
+    if (arranging_) {
+        arrangeAgain_ = true;
+        return;
+    }
+    const HandlerScope scope(*this);
+    const PixelRect before = OuterPixels();
+    arranging_ = true;
+    // What changes its needs whenever it is placed must not keep this busy for ever.
+    for (int rounds = 3; rounds > 0; --rounds) {
+        arrangeAgain_ = false;
+        TakeNaturalSize();
+        PlaceControls();
+        if (!arrangeAgain_) break;
+    }
+    arranging_ = false;
+    if (OuterPixels() != before) RaiseResize();
 }
 
 void Form::RaiseResize() {
@@ -153,16 +225,20 @@ void Form::RaiseResize() {
 }
 
 void Form::GiveFocus(Control& control) {
-    const bool news = activeControl_ != &control;
-    activeControl_ = &control;
+    Control* const before = std::exchange(activeControl_, &control);
     PushFocus();
-    if (news && control.OnGotFocus) control.OnGotFocus();
+    TellFocus(before, control);
 }
 
-bool Form::NoteFocus(Control& control) {
-    if (activeControl_ == &control) return false;
-    activeControl_ = &control;
-    return true;
+void Form::NoteFocus(Control& control) {
+    TellFocus(std::exchange(activeControl_, &control), control);
+}
+
+void Form::TellFocus(Control* from, Control& to) {
+    if (from == &to) return;
+    const HandlerScope scope(*this);
+    if (from != nullptr && from->OnLostFocus) from->OnLostFocus();
+    if (activeControl_ == &to && !unloaded_ && to.OnGotFocus) to.OnGotFocus();
 }
 
 void Form::PushFocus() {
@@ -190,13 +266,16 @@ void Form::Dispatch(const Event& event) {
     } else if (std::holds_alternative<CloseEvent>(event)) {
         app_.Unload(*this);
     } else if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        const MouseArguments arguments = InTwips(*mouse, app_.GetToolkit().Screen());
+        const MouseArguments arguments = InTwips(*mouse, app_.Screen().Info());
         if (mouse->action == MouseAction::Move) Form_MouseMove(arguments);
         if (mouse->action == MouseAction::Up) Form_MouseUp(arguments);
     } else if (const auto* drop = std::get_if<DropEvent>(&event)) {
         Form_OLEDragDrop(drop->files);
     } else if (const auto* drag = std::get_if<DragEvent>(&event)) {
         HandleDrag(*drag);
+    } else if (std::holds_alternative<FontEvent>(event)) {
+        ForgetNaturalSizes(*this);
+        Rearrange();
     }
 }
 
@@ -212,7 +291,7 @@ void Form::HandleDrag(const DragEvent& drag) {
 }
 
 void Form::HandlePlacement(const PlacementEvent& placement) {
-    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const ScreenInfo screen = app_.Screen().Info();
     const bool stateChanged = WindowState.Store(placement.state);
     if (placement.state == WindowState::Minimized) {
         if (stateChanged) Form_Resize();
@@ -235,6 +314,7 @@ void Form::HandlePlacement(const PlacementEvent& placement) {
     awaitingGrant_ = false;
     if (given.width != held.width) Width.Store(ToTwips(given.width, screen.twipsPerPixelX));
     if (given.height != held.height) Height.Store(ToTwips(given.height, screen.twipsPerPixelY));
+    PlaceControls();
     Form_Resize();
 }
 

@@ -67,7 +67,6 @@ class Form : public FormObject, public Container, public EventSink {
 
     [[nodiscard]] Control* ActiveControl() const { return activeControl_; }
     [[nodiscard]] const std::vector<Menu*>& MenuBar() const { return menuBar_; }
-    [[nodiscard]] bool HasLayout() const { return layout_.has_value(); }
 
     // Handlers. The window classes override those that they need.
     virtual void Form_Load() {}
@@ -102,19 +101,16 @@ class Form : public FormObject, public Container, public EventSink {
     };
 
   protected:
-    /// For the constructor: the controls are arranged by the backend, and the window takes the size that they need.
-    void SetLayout(const Layout& layout) { layout_ = layout; }
+    /// For the constructor: these controls are arranged, at the first show and whenever what they need, the fonts or
+    /// the size of the window change. A window with a dialog frame always has the size that they need; a resizable
+    /// one has at least that.
+    void SetLayout(const Layout& layout);
 
   private:
     friend class Application;
     friend class Control;
     friend class Menu;
 
-    struct PixelSize {
-        int width = 0;
-        int height = 0;
-        friend bool operator==(const PixelSize&, const PixelSize&) = default;
-    };
     /// A size that the window manager did not grant, and what it gave instead.
     struct Refusal {
         PixelSize asked;
@@ -132,10 +128,16 @@ class Form : public FormObject, public Container, public EventSink {
 
     void AddMenu(Menu& menu) { menuBar_.push_back(&menu); }
     void GiveFocus(Control& control);
-    /// The window system moved the focus; whether that is news.
-    bool NoteFocus(Control& control);
+    /// The window system moved the focus.
+    void NoteFocus(Control& control);
+    /// Raises what is to be told when the focus goes from one control to another.
+    void TellFocus(Control* from, Control& to);
     void PushFocus();
     void Realize();
+    /// Solves the layout, and gives a window that follows it the size that it needs.
+    void Rearrange();
+    void TakeNaturalSize();
+    void PlaceControls();
     void PutOnScreen(bool modal);
     void TakeOffScreen();
     void RaiseResize();
@@ -156,6 +158,9 @@ class Form : public FormObject, public Container, public EventSink {
     bool visible_ = false;
     bool shownBefore_ = false;
     bool topmost_ = false;
+    bool placedByProgram_ = false;
+    bool arranging_ = false;
+    bool arrangeAgain_ = false;  ///< something changed while the layout was being solved
     bool unloading_ = false;
     bool unloaded_ = false;
     int handlersRunning_ = 0;

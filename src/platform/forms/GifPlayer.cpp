@@ -49,7 +49,7 @@ void GifPlayer::AssignFileName(const std::string& value) {
 }
 
 void GifPlayer::TakeNaturalSize() {
-    const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+    const ScreenInfo screen = OwnerForm().App().Screen().Info();
     const Surface& canvas = animation_->Canvas();
     Move(Left, Top, ToTwips(canvas.Width(), screen.twipsPerPixelX),
          ToTwips(canvas.Height(), screen.twipsPerPixelY));

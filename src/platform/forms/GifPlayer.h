@@ -25,6 +25,10 @@ class GifPlayer final : public Control, private CanvasContent {
     /// Whether frames are still to come.
     [[nodiscard]] bool Playing() const { return frame_.Enabled; }
 
+    [[nodiscard]] LayoutNeeds Needs() const override {
+        return {AssignedSize(), Slack::Centred, Slack::Centred};
+    }
+
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event&) override {}

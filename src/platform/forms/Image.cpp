@@ -30,7 +30,7 @@ ControlPeer& Image::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
 
 void Image::Handle(const Event& event) {
     if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
+        Raise(*mouse, OwnerForm().App().Screen().Info());
     } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     }
@@ -70,7 +70,7 @@ void Image::AssignStretch(const bool& value) {
 }
 
 void Image::TakePictureSize() {
-    const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+    const ScreenInfo screen = OwnerForm().App().Screen().Info();
     Move(Left, Top, ToTwips(Picture.Get().Width(), screen.twipsPerPixelX),
          ToTwips(Picture.Get().Height(), screen.twipsPerPixelY));
 }

@@ -29,6 +29,10 @@ class Image final : public Control, public MouseHandlers, private CanvasContent 
     /// The decoding of a picture that was still arriving when it was assigned has ended.
     std::function<void()> OnArrived;
 
+    [[nodiscard]] LayoutNeeds Needs() const override {
+        return {AssignedSize(), Slack::Centred, Slack::Centred};
+    }
+
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;

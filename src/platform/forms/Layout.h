@@ -2,30 +2,30 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/forms/LayoutItem.h"
+
 namespace tavrix::forms {
 
-class Control;
-
-/// How the controls of a dialog are arranged. The backend carries it out with the platform's fonts, so that no text
-/// is clipped at any scale.
+/// How the controls of a dialog are arranged. It is solved from the sizes that their texts need, so that none is
+/// clipped at any scale or font. A control that is hidden keeps its place: nothing moves when it appears.
 struct Layout {
-    enum class Kind : std::uint8_t { Item, Row, Column, Grid, Group, Stretch };
+    enum class Kind : std::uint8_t { Item, Row, Column, Grid, Group, Cells, Stretch };
 
     Kind kind = Kind::Stretch;
-    Control* control = nullptr;   ///< of an Item
-    std::vector<Layout> content;  ///< of a Row, Column, Grid or Group
-    int columns = 1;              ///< of a Grid, which is filled row by row
-    std::string caption;          ///< of a Group, which has a frame; empty for a frame alone
+    LayoutItem* item = nullptr;   ///< of an Item; of a Group, its frame
+    std::vector<Layout> content;  ///< of all others
+    int columns = 1;              ///< of a Grid or Cells, which are filled row by row
+    PixelSize cell;               ///< of Cells
+    int gap = 0;                  ///< of Cells, between them, in device pixels
     float minWidth = 0;           ///< twips
     float minHeight = 0;          ///< twips
     int share = 0;                ///< of the space that is left in the row or column around it
 
     Layout() = default;
-    Layout(Control& item) : kind(Kind::Item), control(&item) {}  // NOLINT(google-explicit-constructor)
+    Layout(LayoutItem& leaf) : kind(Kind::Item), item(&leaf) {}  // NOLINT(google-explicit-constructor)
     Layout(Kind boxKind, std::initializer_list<Layout> items) : kind(boxKind), content(items) {}
 };
 
@@ -43,14 +43,24 @@ struct Layout {
     layout.columns = columns;
     return layout;
 }
-/// A column in a frame that may have a caption.
-[[nodiscard]] inline Layout Group(std::string caption, std::initializer_list<Layout> items) {
+/// A column in a frame. What is in it may be the frame's own or lie beside it in the same container.
+[[nodiscard]] inline Layout Group(LayoutItem& frame, std::initializer_list<Layout> items) {
     Layout layout(Layout::Kind::Group, items);
-    layout.caption = std::move(caption);
+    layout.item = &frame;
+    return layout;
+}
+/// Cells that are all of one size in device pixels, whatever is in them: a page of thumbnails, say.
+[[nodiscard]] inline Layout Cells(int columns, PixelSize cell, int gap, std::vector<Layout> items) {
+    Layout layout;
+    layout.kind = Layout::Kind::Cells;
+    layout.content = std::move(items);
+    layout.columns = columns;
+    layout.cell = cell;
+    layout.gap = gap;
     return layout;
 }
 /// At least so large, in twips. A label whose least width is told asks for no more, however long its text is: what does
-/// not fit is shown with an ellipsis.
+/// not fit is shown with an ellipsis, or goes into further lines (Label::WordWrap).
 [[nodiscard]] inline Layout AtLeast(float width, float height, Layout item) {
     item.minWidth = width;
     item.minHeight = height;

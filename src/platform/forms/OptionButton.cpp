@@ -35,7 +35,9 @@ void OptionButton::KeyPressed(int& keyCode, int shift) {
 }
 
 void OptionButton::AssignCaption(const std::string& value) {
-    if (Caption.Store(value) && optionPeer_) optionPeer_->SetText(value);
+    if (!Caption.Store(value) || !optionPeer_) return;
+    optionPeer_->SetText(value);
+    ContentChanged();
 }
 
 void OptionButton::AssignValue(const bool& value) {

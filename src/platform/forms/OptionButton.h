@@ -34,6 +34,8 @@ class OptionButton final : public Control {
 
     std::function<void()> OnClick;
 
+    [[nodiscard]] LayoutNeeds Needs() const override { return {NaturalSize()}; }
+
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;

@@ -2,11 +2,12 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "imaging/graphics/Colour.h"
 #include "imaging/graphics/Surface.h"
 #include "platform/forms/Events.h"
-#include "platform/forms/Layout.h"
+#include "platform/forms/LayoutItem.h"
 #include "platform/forms/RowRanges.h"
 
 namespace tavrix::forms {
@@ -23,6 +24,11 @@ class ControlPeer {
     virtual void SetEnabled(bool enabled) = 0;
     virtual void SetToolTip(const std::string& text) = 0;
     virtual void SetPointer(MousePointer pointer) = 0;
+    /// Another pointer, a picture in device pixels. What it points with lies within the picture.
+    virtual void SetPointerPicture(const Surface& pixels, int hotX, int hotY) = 0;
+    /// What it needs to show all of its text, or as many rows as a list should, in device pixels. Controls that show
+    /// pixels need what the program says.
+    [[nodiscard]] virtual PixelSize NaturalSize() const = 0;
     /// What a screen reader calls the control; empty: its own text.
     virtual void SetAccessibleName(const std::string& name) = 0;
     /// Gives the control the keyboard. A window gives it to itself, for the hidden holders of the focus.
@@ -39,6 +45,21 @@ class LabelPeer : public ControlPeer {
     virtual void SetText(const std::string& text) = 0;
     /// The control that the mnemonic gives the focus to, and that a screen reader calls by the label's text.
     virtual void SetBuddy(ControlPeer& buddy) = 0;
+    /// Whether lines are broken where they do not fit. Else one that does not fit is cut with an ellipsis.
+    virtual void SetWordWrap(bool wraps) = 0;
+    /// How high all lines are at this width, in device pixels.
+    [[nodiscard]] virtual int HeightAt(int width) const = 0;
+    /// Nothing: what lies below shows. The text is drawn so that it can be read.
+    virtual void SetBackColor(std::optional<Colour> colour) = 0;
+};
+
+/// A frame with a caption, around the controls in it.
+class FramePeer : public ControlPeer {
+  public:
+    /// The raw caption; an ampersand marks the mnemonic.
+    virtual void SetText(const std::string& text) = 0;
+    /// What lies between its edges and its content, in device pixels.
+    [[nodiscard]] virtual PixelInsets Border() const = 0;
 };
 
 /// A box to tick, with its text beside it.
@@ -161,6 +182,8 @@ class CanvasPeer : public ControlPeer {
     virtual void PaintNow() = 0;
     /// Paints nothing, so that what lies below the canvas shows; the mouse still belongs to the canvas.
     virtual void SetSeeThrough(bool seeThrough) = 0;
+    /// Lines of text over what the content shows, from the top, in the platform's font. Screen readers read them.
+    virtual void SetPrinted(const std::vector<std::string>& lines) = 0;
 };
 
 /// How a menu entry stands.
@@ -203,7 +226,9 @@ class WindowPeer : public ControlPeer {
     virtual void SetTitle(const std::string& title) = 0;
     /// Outer rectangle on the screen and state. SetBounds is not used for windows.
     virtual void SetPlacement(const PixelRect& outer, WindowState state) = 0;
-    virtual void SetLayout(const Layout& layout) = 0;
+    /// The inside gets this size, in device pixels, wherever the window is. The user cannot make it smaller than
+    /// `least`.
+    virtual void SetInnerSize(const PixelSize& size, const PixelSize& least) = 0;
     /// The window belongs above this one from its next showing on, and takes input whenever that one does, also while
     /// it is modal. The owner outlives what is owned, or is told to it again.
     virtual void SetOwner(WindowPeer* owner) = 0;

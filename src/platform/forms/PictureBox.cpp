@@ -15,6 +15,7 @@ PictureBox::PictureBox(Container& container, std::string name) : Control(contain
 
 ControlPeer& PictureBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
+    if (!printed_.empty()) canvasPeer_->SetPrinted(printed_);
     return *canvasPeer_;
 }
 
@@ -24,7 +25,7 @@ void PictureBox::RealizeContent(Toolkit& toolkit) {
 
 void PictureBox::Handle(const Event& event) {
     if (const auto* mouse = std::get_if<MouseEvent>(&event)) {
-        Raise(*mouse, OwnerForm().App().GetToolkit().Screen());
+        Raise(*mouse, OwnerForm().App().Screen().Info());
     } else if (std::holds_alternative<ClickEvent>(event)) {
         if (OnClick) OnClick();
     }
@@ -85,8 +86,20 @@ Surface PictureBox::Compose() const {
 
 void PictureBox::Cls() {
     bitmap_.reset();
+    ClearPrinted();
     ++timesWiped_;
     InvalidateAll();
+}
+
+void PictureBox::Print(const std::string& line) {
+    printed_.push_back(line);
+    if (canvasPeer_) canvasPeer_->SetPrinted(printed_);
+}
+
+void PictureBox::ClearPrinted() {
+    if (printed_.empty()) return;
+    printed_.clear();
+    if (canvasPeer_) canvasPeer_->SetPrinted(printed_);
 }
 
 void PictureBox::Refresh() {
@@ -97,6 +110,7 @@ void PictureBox::Refresh() {
 
 void PictureBox::AssignPicture(const tavrix::Picture& value) {
     bitmap_.reset();
+    ClearPrinted();
     ++timesWiped_;
     Picture.Store(value);
     InvalidateAll();
@@ -114,7 +128,7 @@ void PictureBox::AssignBackColor(const Colour& value) {
 
 void PictureBox::TakePictureSize() {
     if (Picture.Get().Empty()) return;
-    const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+    const ScreenInfo screen = OwnerForm().App().Screen().Info();
     Move(Left, Top, ToTwips(Picture.Get().Width(), screen.twipsPerPixelX),
          ToTwips(Picture.Get().Height(), screen.twipsPerPixelY));
 }

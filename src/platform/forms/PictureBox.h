@@ -35,7 +35,7 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     [[nodiscard]] tavrix::Picture Image() const;
     /// The bitmap to draw on, until the next snapshot or new size. Changes show after Refresh or at the next painting.
     [[nodiscard]] Surface& Bitmap();
-    /// Wipes what was drawn; the picture stays.
+    /// Wipes what was drawn and printed; the picture stays.
     void Cls();
     /// Shows what was drawn, at once.
     void Refresh();
@@ -45,6 +45,15 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
 
     std::function<void()> OnResize;
     std::function<void()> OnClick;
+
+    /// Shows a line of text below those that were printed since the last Cls or picture, in the platform's font. It is
+    /// text: no part of the bitmap, and read by screen readers.
+    void Print(const std::string& line);
+    [[nodiscard]] const std::vector<std::string>& Printed() const { return printed_; }
+
+    [[nodiscard]] LayoutNeeds Needs() const override {
+        return {AssignedSize(), Slack::Centred, Slack::Centred};
+    }
 
     [[nodiscard]] Form& OwnerForm() override { return Control::OwnerForm(); }
 
@@ -58,6 +67,7 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     void AssignPicture(const tavrix::Picture& value);
     void AssignAutoSize(const bool& value);
     void AssignBackColor(const Colour& value);
+    void ClearPrinted();
     void TakePictureSize();
     void InvalidateAll();
     /// A new bitmap of the box's size: background, picture, and the former bitmap where there was one.
@@ -66,6 +76,7 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     /// Shared with the snapshots since it was last drawn on; only ever drawn on while it is not.
     std::shared_ptr<ArrivingSurface> bitmap_;
     std::unique_ptr<CanvasPeer> canvasPeer_;
+    std::vector<std::string> printed_;
     unsigned timesWiped_ = 0;
 };
 

@@ -23,6 +23,11 @@ class RowControl : public Control, protected ListContent {
     std::function<void()> OnClick;
     std::function<void()> OnDblClick;
 
+    [[nodiscard]] LayoutNeeds Needs() const override {
+        const bool list = look_ == Look::List;
+        return {NaturalSize(), list ? Slack::Wanted : Slack::Filled, list ? Slack::Wanted : Slack::Centred};
+    }
+
   protected:
     enum class Look : std::uint8_t { List, DropDown };
 

@@ -5,12 +5,12 @@
 namespace tavrix::forms {
 
 float Screen::Width() const {
-    const ScreenInfo info = toolkit_.Screen();
+    const ScreenInfo info = Info();
     return ToTwips(info.width, info.twipsPerPixelX);
 }
 
 float Screen::Height() const {
-    const ScreenInfo info = toolkit_.Screen();
+    const ScreenInfo info = Info();
     return ToTwips(info.height, info.twipsPerPixelY);
 }
 

@@ -24,16 +24,18 @@ class Screen final : public FormObject {
     /// The pointer over all windows of the program.
     Property<forms::MousePointer> MousePointer{this, &Screen::AssignMousePointer};
 
+    /// All figures of the screen, as they are now.
+    [[nodiscard]] ScreenInfo Info() const { return toolkit_.Screen(); }
     /// Size in twips, as it is now.
     [[nodiscard]] float Width() const;
     [[nodiscard]] float Height() const;
     /// The part of the screen that is for windows: without the desktop's panels.
     [[nodiscard]] TwipRect UsableArea() const;
-    [[nodiscard]] float TwipsPerPixelX() const { return toolkit_.Screen().twipsPerPixelX; }
-    [[nodiscard]] float TwipsPerPixelY() const { return toolkit_.Screen().twipsPerPixelY; }
+    [[nodiscard]] float TwipsPerPixelX() const { return Info().twipsPerPixelX; }
+    [[nodiscard]] float TwipsPerPixelY() const { return Info().twipsPerPixelY; }
     /// Where the pointer is, in device pixels.
     [[nodiscard]] ScreenPoint PointerPlace() const { return toolkit_.PointerPlace(); }
-    [[nodiscard]] int BitsPerPixel() const { return toolkit_.Screen().bitsPerPixel; }
+    [[nodiscard]] int BitsPerPixel() const { return Info().bitsPerPixel; }
     [[nodiscard]] int Metric(SystemMetric metric) const { return toolkit_.Metric(metric); }
 
   private:

@@ -23,6 +23,11 @@ class ScrollBar final : public Control {
     /// While the thumb is dragged.
     std::function<void()> OnScroll;
 
+    [[nodiscard]] LayoutNeeds Needs() const override {
+        return {NaturalSize(), vertical_ ? Slack::Centred : Slack::Filled,
+                vertical_ ? Slack::Filled : Slack::Centred};
+    }
+
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;

@@ -28,6 +28,8 @@ class TextBox final : public Control {
     std::function<void(std::string& character)> OnKeyPress;
     static constexpr const char* BackspaceCharacter = "\b";
 
+    [[nodiscard]] LayoutNeeds Needs() const override { return {NaturalSize(), Slack::Wanted}; }
+
   private:
     ControlPeer& CreatePeer(Toolkit& toolkit, ControlPeer& container) override;
     void Handle(const Event& event) override;

@@ -7,6 +7,7 @@
 
 #include "platform/forms/Boxes.h"
 #include "platform/forms/Events.h"
+#include "platform/forms/LayoutSolver.h"
 #include "platform/forms/Peers.h"
 
 namespace tavrix::forms {
@@ -59,9 +60,10 @@ class Toolkit {
 
     virtual void Attach(ToolkitEvents& events) = 0;
 
-    // Sinks outlive the peers that tell them. The container of a control is a window or a canvas.
+    // Sinks outlive the peers that tell them. The container of a control is a window, a canvas or a frame.
     virtual std::unique_ptr<WindowPeer> CreateWindowPeer(EventSink& sink, const WindowTraits& traits) = 0;
     virtual std::unique_ptr<LabelPeer> CreateLabel(EventSink& sink, ControlPeer& container) = 0;
+    virtual std::unique_ptr<FramePeer> CreateFrame(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<ButtonPeer> CreateButton(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<CheckPeer> CreateCheckBox(EventSink& sink, ControlPeer& container) = 0;
     virtual std::unique_ptr<OptionPeer> CreateOptionButton(EventSink& sink, ControlPeer& container) = 0;
@@ -109,6 +111,8 @@ class Toolkit {
     /// Where the pointer is; on desktops that keep that to themselves, where the program's windows saw it last.
     [[nodiscard]] virtual ScreenPoint PointerPlace() const = 0;
     [[nodiscard]] virtual int Metric(SystemMetric metric) const = 0;
+    /// What dialogs leave free.
+    [[nodiscard]] virtual LayoutMetrics DialogMetrics() const = 0;
     /// The pointer over all windows; Default lets each control show its own.
     virtual void SetScreenPointer(MousePointer pointer) = 0;
     virtual void Beep() = 0;

@@ -76,6 +76,25 @@ QColor CanvasWidget::ColourOf(Colour colour) const {
 void CanvasWidget::paintEvent(QPaintEvent* event) {
     invalid_ -= event->region();
     if (content_ == nullptr || seeThrough_) return;
+    PaintPicture(*event);
+    if (printed_.isEmpty()) return;
+    QPainter painter(this);
+    const int below = qGray(ColourOf(content_->View(0).background).rgb());
+    constexpr int Middle = 128;
+    painter.setPen(below < Middle ? Qt::white : Qt::black);
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop, printed_);
+}
+
+void CanvasWidget::SetPrinted(const std::vector<std::string>& lines) {
+    QStringList all;
+    for (const std::string& line : lines)
+        all << QString::fromStdString(line);
+    printed_ = all.join(QLatin1Char('\n'));
+    setAccessibleDescription(printed_);
+    update();
+}
+
+void CanvasWidget::PaintPicture(QPaintEvent& event) {
     const double ratio = devicePixelRatioF();
     QPainter painter(this);
     // From here on in device pixels of the canvas.
@@ -87,7 +106,7 @@ void CanvasWidget::paintEvent(QPaintEvent* event) {
     toDevice.translate(mouse_.offset.x(), mouse_.offset.y());
     painter.setWorldTransform(toDevice);
 
-    const QRect box = event->rect();
+    const QRect box = event.rect();
     const QPoint first(static_cast<int>(std::floor(box.left() * ratio)) - mouse_.offset.x(),
                        static_cast<int>(std::floor(box.top() * ratio)) - mouse_.offset.y());
     const QPoint last(static_cast<int>(std::ceil((box.right() + 1) * ratio)) - mouse_.offset.x() - 1,

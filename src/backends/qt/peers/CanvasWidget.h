@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
+#include <vector>
 
 #include "backends/qt/peers/MouseRelay.h"
 #include "backends/qt/peers/SinkPort.h"
@@ -20,10 +22,13 @@ class CanvasWidget final : public QWidget {
     /// Where the canvas begins within the widget, in device pixels; not 0 where a device pixel is not a whole
     /// logical one.
     [[nodiscard]] QPoint DeviceOffset() const { return mouse_.offset; }
+    [[nodiscard]] QSize DeviceSize() const { return deviceSize_; }
     /// Marks a part, in device pixels of the canvas, as changed.
     void Invalidate(const PixelRect& part);
     void PaintNow();
     void SetSeeThrough(bool seeThrough);
+    /// Lines of text over the picture.
+    void SetPrinted(const std::vector<std::string>& lines);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -34,6 +39,7 @@ class CanvasWidget final : public QWidget {
 
   private:
     [[nodiscard]] QColor ColourOf(Colour colour) const;
+    void PaintPicture(QPaintEvent& event);
 
     SinkPort port_;
     const forms::CanvasContent* content_;
@@ -41,6 +47,7 @@ class CanvasWidget final : public QWidget {
     QSize deviceSize_;
     QRegion invalid_;
     bool seeThrough_ = false;
+    QString printed_;
 };
 
 }  // namespace tavrix::qt

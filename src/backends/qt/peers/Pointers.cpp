@@ -1,7 +1,11 @@
 #include "backends/qt/peers/Pointers.h"
 
 #include <QApplication>
+#include <QPixmap>
 #include <QWidget>
+
+#include "backends/qt/peers/Scale.h"
+#include "backends/qt/peers/SurfaceImage.h"
 
 namespace tavrix::qt {
 
@@ -18,10 +22,18 @@ Qt::CursorShape ShapeOf(MousePointer pointer) {
         case MousePointer::Hidden:
             return Qt::BlankCursor;
         case MousePointer::Default:
+        case MousePointer::Custom:
         case MousePointer::Arrow:
             break;
     }
     return Qt::ArrowCursor;
+}
+
+QCursor PicturePointer(const Surface& pixels, int hotX, int hotY) {
+    const double ratio = DeviceRatio();
+    QImage image = ImageOf(pixels);
+    image.setDevicePixelRatio(ratio);
+    return QCursor(QPixmap::fromImage(image), FloorToLogical(hotX, ratio), FloorToLogical(hotY, ratio));
 }
 
 void SetWidgetPointer(QWidget& widget, MousePointer pointer) {

@@ -2,6 +2,7 @@
 
 #include <QCursor>
 
+#include "imaging/graphics/Surface.h"
 #include "platform/forms/Events.h"
 
 class QWidget;
@@ -9,6 +10,9 @@ class QWidget;
 namespace tavrix::qt {
 
 [[nodiscard]] Qt::CursorShape ShapeOf(forms::MousePointer pointer);
+
+/// A pointer that looks like this picture, in device pixels.
+[[nodiscard]] QCursor PicturePointer(const Surface& pixels, int hotX, int hotY);
 
 /// Gives a widget its pointer; Default takes it away again.
 void SetWidgetPointer(QWidget& widget, forms::MousePointer pointer);

@@ -3,25 +3,31 @@
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <cstring>
+#include <algorithm>
+
+#include "backends/qt/peers/SurfaceImage.h"
 
 namespace tavrix::qt {
 
 ButtonWidget::ButtonWidget(QWidget& parent, const SinkPort& port) : SinkWidget(port, &parent) {
     setAutoDefault(false);
+    setMouseTracking(true);
     mouse_.tellsClicks = false;
     connect(this, &QPushButton::clicked, this, [this] { Port().Deliver(forms::ClickEvent{}); });
 }
 
 void ButtonWidget::SetPicture(const Surface* picture) {
-    picture_ = QImage();
-    if (picture != nullptr) {
-        picture_ = QImage(picture->Width(), picture->Height(), QImage::Format_ARGB32);
-        for (int y = 0; y < picture->Height(); ++y) {
-            std::memcpy(picture_.scanLine(y), picture->Row(y).data(), picture->Row(y).size_bytes());
-        }
-    }
+    picture_ = picture != nullptr ? ImageOf(*picture) : QImage();
+    updateGeometry();
     update();
+}
+
+QSize ButtonWidget::sizeHint() const {
+    const QSize forText = QPushButton::sizeHint();
+    if (picture_.isNull()) return forText;
+    const int air = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + style()->pixelMetric(QStyle::PM_ButtonMargin);
+    const QSize forPicture = (QSizeF(picture_.size()) / devicePixelRatioF()).toSize() + QSize(air, air);
+    return {forPicture.width(), std::max(forPicture.height(), forText.height())};
 }
 
 void ButtonWidget::paintEvent(QPaintEvent* event) {

@@ -14,6 +14,8 @@ class ButtonWidget final : public SinkWidget<QPushButton> {
     ButtonWidget(QWidget& parent, const SinkPort& port);
     void SetPicture(const Surface* picture);
 
+    [[nodiscard]] QSize sizeHint() const override;
+
     bool isCancel = false;
 
   protected:

@@ -13,6 +13,7 @@ class QtCanvas final : public QtControl<forms::CanvasPeer, CanvasWidget> {
     void SetBounds(const PixelRect& bounds) override { Get().SetDeviceBounds(bounds); }
     void Invalidate(const PixelRect& part) override { Get().Invalidate(part); }
     void PaintNow() override { Get().PaintNow(); }
+    void SetPrinted(const std::vector<std::string>& lines) override { Get().SetPrinted(lines); }
     void SetSeeThrough(bool seeThrough) override { Get().SetSeeThrough(seeThrough); }
 };
 

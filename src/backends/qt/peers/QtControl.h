@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+#include <algorithm>
 
 #include "backends/qt/peers/DropDoor.h"
 #include "backends/qt/peers/PlainToolTip.h"
@@ -13,6 +14,13 @@
 namespace tavrix::qt {
 
 class QtWindow;
+
+/// A size that a widget asks for, in device pixels; nothing where it asks for none.
+[[nodiscard]] inline forms::PixelSize NaturalInDevice(const QSize& logical) {
+    const double ratio = DeviceRatio();
+    return {CeilToDevice(std::max(logical.width(), 0), ratio),
+            CeilToDevice(std::max(logical.height(), 0), ratio)};
+}
 
 /// What the backend needs of a peer that it gets back from forms.
 class NativePeer {
@@ -59,6 +67,13 @@ class QtControl : public Interface, public NativePeer {
         widget_->setToolTip(PlainToolTip(QString::fromStdString(text)));
     }
     void SetPointer(forms::MousePointer pointer) override { SetWidgetPointer(*widget_, pointer); }
+    void SetPointerPicture(const Surface& pixels, int hotX, int hotY) override {
+        widget_->setCursor(PicturePointer(pixels, hotX, hotY));
+    }
+    [[nodiscard]] forms::PixelSize NaturalSize() const override {
+        widget_->ensurePolished();
+        return NaturalInDevice(widget_->sizeHint());
+    }
     void SetAccessibleName(const std::string& name) override {
         widget_->setAccessibleName(QString::fromStdString(name));
     }

@@ -9,6 +9,7 @@ DropDownWidget::DropDownWidget(QWidget& parent, const SinkPort& port, const form
     setFocusPolicy(Qt::StrongFocus);
     setModel(&rows_);
     setCurrentIndex(-1);
+    setSizeAdjustPolicy(AdjustToContents);  // by its widest row, also when it is asked anew
     connect(this, &QComboBox::activated, this, [this](int row) { Port().Deliver(forms::RowEvent{row}); });
 }
 

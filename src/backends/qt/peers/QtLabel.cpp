@@ -1,8 +1,10 @@
 #include "backends/qt/peers/QtLabel.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QStyle>
 
+#include "backends/qt/peers/Colours.h"
 #include "backends/qt/peers/Mnemonics.h"
 
 namespace tavrix::qt {
@@ -11,6 +13,7 @@ LabelWidget::LabelWidget(QWidget& parent, const SinkPort& port) : QLabel(&parent
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setAttribute(Qt::WA_NoMousePropagation);
+    setMouseTracking(true);
     setVisible(false);
 }
 
@@ -26,9 +29,36 @@ void LabelWidget::paintEvent(QPaintEvent* event) {
                           shown, foregroundRole());
 }
 
-void QtLabel::SetBounds(const PixelRect& bounds) {
-    Get().setWordWrap(true);  // without a layout the text has to keep within the label
-    QtControl::SetBounds(bounds);
+void QtLabel::SetBackColor(std::optional<Colour> colour) {
+    LabelWidget& label = Get();
+    label.setAutoFillBackground(colour.has_value());
+    if (!colour) {
+        label.setPalette(QPalette());
+        return;
+    }
+    QPalette palette = label.palette();
+    const QColor below = ToQColor(*colour, QApplication::palette());
+    constexpr int Middle = 128;
+    palette.setColor(QPalette::Window, below);
+    palette.setColor(QPalette::WindowText, qGray(below.rgb()) < Middle ? Qt::white : Qt::black);
+    label.setPalette(palette);
+}
+
+forms::PixelSize QtLabel::NaturalSize() const {
+    LabelWidget& label = Get();
+    label.ensurePolished();
+    // A label that breaks its lines would answer with a shape that looks well.
+    const bool wraps = label.wordWrap();
+    label.setWordWrap(false);
+    const QSize whole = label.sizeHint();
+    label.setWordWrap(wraps);
+    return NaturalInDevice(whole);
+}
+
+int QtLabel::HeightAt(int width) const {
+    const double ratio = DeviceRatio();
+    Get().ensurePolished();
+    return CeilToDevice(Get().heightForWidth(FloorToLogical(width, ratio)), ratio);
 }
 
 void QtLabel::SetText(const std::string& text) {

@@ -31,9 +31,12 @@ class QtLabel final : public QtControl<forms::LabelPeer, LabelWidget> {
     QtLabel(const SinkPort& port, const NativePeer& container)
         : QtControl(new LabelWidget(*container.ControlParent(), port)) {}
 
-    void SetBounds(const PixelRect& bounds) override;
     void SetText(const std::string& text) override;
     void SetBuddy(forms::ControlPeer& buddy) override;
+    void SetWordWrap(bool wraps) override { Get().setWordWrap(wraps); }
+    void SetBackColor(std::optional<Colour> colour) override;
+    [[nodiscard]] forms::PixelSize NaturalSize() const override;
+    [[nodiscard]] int HeightAt(int width) const override;
 
   private:
     void Show();

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -11,7 +10,6 @@
 
 #include "backends/qt/Displays.h"
 #include "backends/qt/peers/Colours.h"
-#include "backends/qt/peers/LayoutBuilder.h"
 #include "backends/qt/peers/Owner.h"
 #include "backends/qt/peers/QtMenuItem.h"
 #include "backends/qt/x11/X11.h"
@@ -21,16 +19,6 @@ namespace tavrix::qt {
 using forms::WindowState;
 
 namespace {
-
-/// The controls of a window that can have the focus, as Tab goes through them.
-QList<QWidget*> FocusChain(const QWidget& window) {
-    QList<QWidget*> chain;
-    for (QWidget* widget = window.nextInFocusChain(); widget != &window;
-         widget = widget->nextInFocusChain()) {
-        if (widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
-    }
-    return chain;
-}
 
 /// The logical pixels that a window needs beyond those that hold its device pixels. Where a logical pixel is no whole
 /// number of them, Qt rounds once on the way to the window system and once on the way back, and may take one.
@@ -71,7 +59,8 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
             return static_cast<int>(std::lround(twips / 15 * ratio));
         };
         const PixelRect smallest{0, 0, devicePixels(traits.minimumWidth), devicePixels(traits.minimumHeight)};
-        Get().setMinimumSize(PlaceOf(smallest).client);
+        least_ = PlaceOf(smallest).client;
+        Get().setMinimumSize(least_);
     }
     mapTimer_.setSingleShot(true);
     mapTimer_.setInterval(150);
@@ -112,14 +101,9 @@ void QtWindow::SetPlacement(const PixelRect& outer, WindowState state) {
     const bool toBeFramed = old && window.isVisible() && x11::Running() && !IsFramedAt(old->corner);
     if (state == WindowState::Normal || !window.isVisible()) {
         if (before != WindowState::Normal) window.setWindowState(Qt::WindowNoState);
-        if (!old || place.corner != old->corner) window.move(place.corner);
-        if (window.layout() != nullptr) {
-            // the size is the layout's
-        } else if (!resizable_) {
-            window.setFixedSize(place.client);
-        } else {
-            window.resize(place.client);
-        }
+        const bool known = std::exchange(placed_, true) && old;
+        if (!known || place.corner != old->corner) window.move(place.corner);
+        Size(place.client);
         // As long as Qt knows no frame it takes the corner for that of the inside, and the window would go up and left
         // by its frame.
         if (toBeFramed) window.windowHandle()->setFramePosition(place.corner);
@@ -137,23 +121,27 @@ bool QtWindow::IsFramedAt(const QPoint& corner) const {
     return !handle.frameMargins().isNull() && handle.framePosition() == corner;
 }
 
-void QtWindow::SetLayout(const forms::Layout& layout) {
-    WindowWidget& window = Get();
-    const QList<QWidget*> order = FocusChain(window);
-    window.Content().setLayout(BuildLayout(layout).release());  // which owns it
-    // What lies in a frame now has come behind all else.
-    for (qsizetype i = 1; i < order.size(); ++i)
-        QWidget::setTabOrder(order[i - 1], order[i]);
-    // The order is a ring; where the window begins in it is told by the focus that it opens with.
-    const auto first = std::ranges::find_if(order, [](const QWidget* widget) {
-        return widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0;
-    });
-    if (first != order.end()) (*first)->setFocus(Qt::ActiveWindowFocusReason);
-    auto* outer = new QVBoxLayout(&window);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->setMenuBar(window.MenuBar());
-    outer->addWidget(&window.Content());
-    if (!resizable_) outer->setSizeConstraint(QLayout::SetFixedSize);
+void QtWindow::Size(const QSize& client) {
+    resizable_ ? Get().resize(client) : Get().setFixedSize(client);
+}
+
+void QtWindow::SetInnerSize(const forms::PixelSize& size, const forms::PixelSize& least) {
+    const auto outerOf = [this](const forms::PixelSize& inner) {
+        const int menuBar = Get().MenuBar() != nullptr ? metrics_.Of(forms::SystemMetric::MenuBarHeight) : 0;
+        return PixelRect{0, 0, inner.width + FrameWidth(), inner.height + FrameHeight() + menuBar};
+    };
+    PixelRect outer = outerOf(size);
+    if (outer_) {
+        outer.left = outer_->left;
+        outer.top = outer_->top;
+    }
+    const std::optional<Place> old = outer_ ? std::optional(PlaceOf(*outer_)) : std::nullopt;
+    outer_ = outer;
+    const QSize client = PlaceOf(outer).client;
+    if (resizable_) Get().setMinimumSize(PlaceOf(outerOf(least)).client.expandedTo(least_));
+    if (old && old->client == client) return;
+    Size(client);
+    asked_ = Get().isVisible();
 }
 
 void QtWindow::SetOwner(forms::WindowPeer* owner) {
@@ -316,6 +304,7 @@ void QtWindow::Report() {
     }
     const bool news = !outer_ || *outer_ != now || state_ != state;
     outer_ = now;
+    placed_ = true;
     state_ = state;
     if (news || confirm) Get().Port().Deliver(forms::PlacementEvent{now, state});
 }

@@ -23,7 +23,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
 
     void SetTitle(const std::string& title) override;
     void SetPlacement(const PixelRect& outer, forms::WindowState state) override;
-    void SetLayout(const forms::Layout& layout) override;
+    void SetInnerSize(const forms::PixelSize& size, const forms::PixelSize& least) override;
     void SetOwner(forms::WindowPeer* owner) override;
     void Show(bool modal) override;
     void Hide() override;
@@ -53,6 +53,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     [[nodiscard]] Place PlaceOf(const PixelRect& outer) const;
     [[nodiscard]] int FrameWidth() const { return fullScreen_ ? 0 : metrics_.FrameWidth(); }
     [[nodiscard]] int FrameHeight() const { return fullScreen_ ? 0 : metrics_.FrameHeight(); }
+    void Size(const QSize& client);
     void Map();
     void CoverDisplay();
     /// Whether the window manager has put its frame around the mapped window, at this place.
@@ -73,12 +74,14 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     bool fullScreen_;
     QPointer<QWidget> owner_;
     bool waitsForOwner_ = false;  ///< shown, but mapped only behind its owner
+    QSize least_;  ///< of the inside, for good
     bool hidesPointer_ = false;
     bool toldHiding_ = false;
     bool topmost_ = false;
     bool painted_ = false;
     forms::WindowState state_ = forms::WindowState::Normal;  ///< as forms know it
     std::optional<PixelRect> outer_;                         ///< as forms know it
+    bool placed_ = false;    ///< forms said where it goes, or the window system did
     bool asked_ = false;     ///< forms asked for a size and have not been told the answer
     bool answered_ = false;  ///< the window system has said something since
     bool reportComing_ = false;

@@ -16,6 +16,7 @@ class TickWidget : public SinkWidget<Button> {
   public:
     TickWidget(QWidget& parent, const SinkPort& port) : SinkWidget<Button>(port, &parent) {
         mouse_.tellsClicks = false;
+        this->setMouseTracking(true);
         QObject::connect(this, &QAbstractButton::clicked, this,
                          [this](bool checked) { this->Port().Deliver(forms::CheckEvent{checked}); });
     }
@@ -34,6 +35,10 @@ class TickWidget : public SinkWidget<Button> {
     void mousePressEvent(QMouseEvent* event) override {
         Button::mousePressEvent(event);
         mouse_.Press(*event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        Button::mouseMoveEvent(event);
+        mouse_.Move(*event);
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         Button::mouseReleaseEvent(event);

@@ -80,6 +80,11 @@ void WindowWidget::WatchNative() {
 }
 
 bool WindowWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::StyleChange) {
+        // The controls hear of it after their window.
+        QMetaObject::invokeMethod(
+            this, [this] { port_.Deliver(forms::FontEvent{}); }, Qt::QueuedConnection);
+    }
     if (event->type() == QEvent::WindowActivate) {
         const bool done = QWidget::event(event);
         port_.Deliver(forms::ActivateEvent{});
@@ -152,7 +157,6 @@ void WindowWidget::OpenMenuBar() {
 
 void WindowWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (layout() != nullptr) return;
     const int top = menuBar_ != nullptr ? menuBarHeight_ : 0;
     if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, width(), top);
     content_->setGeometry(0, top, width(), height() - top);

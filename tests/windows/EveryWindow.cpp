@@ -1,0 +1,140 @@
+#include "windows/EveryWindow.h"
+
+#include "core/WaitFrm.h"
+#include "dialogs/WaitCopyFrm.h"
+#include "editing/Commands.h"
+#include "editing/creating/BackColorFrm.h"
+#include "editing/creating/NewImageFrm.h"
+#include "editing/desktop/frmSetWallpaper.h"
+#include "editing/importing/OpenPaletteFrm.h"
+#include "editing/importing/frmImportImage.h"
+#include "editing/resizing/frmImageSize.h"
+#include "editing/saving/ExportBmpFrm.h"
+#include "editing/saving/ExportJpgFrm.h"
+#include "editing/saving/SaveCopyFrm.h"
+#include "editing/turning/frmRotateImg.h"
+#include "lists/Commands.h"
+#include "lists/frmBrowseQuick.h"
+#include "lists/frmFavFolder.h"
+#include "lists/frmQuickFolders.h"
+#include "shows/Commands.h"
+#include "shows/stage/FullViewFrm.h"
+#include "shows/stage/StageCommands.h"
+#include "shows/stage/frmToolbar.h"
+#include "viewer/Commands.h"
+#include "viewer/ExitFrm.h"
+#include "viewer/MainViewFrm.h"
+#include "viewer/OpenFrm.h"
+
+namespace tavrix::windows {
+
+namespace {
+
+Picture PlainPicture(int width, int height) {
+    Surface surface(width, height);
+    surface.Fill(OpaquePixel(40, 90, 200));
+    return PictureOf(std::move(surface));
+}
+
+forms::Form& LoadWaitWindow(Program& program) {
+    auto& wait = program.app.Load<WaitFrm>();
+    wait.lblMsg.Caption = "Loading Tavrix, please wait...";
+    return wait;
+}
+
+forms::Form& LoadExitQuestion(Program& program) {
+    static ExitAnswer answer{};
+    return program.app.Load<ExitFrm>(answer);
+}
+
+forms::Form& LoadImport(Program& program) {
+    static std::string file;
+    return program.app.Load<frmImportImage>(program.module, file);
+}
+
+forms::Form& LoadBackColor(Program& program) {
+    return program.app.Load<BackColorFrm>(program.module, program.View().picFrame);
+}
+
+forms::Form& LoadBrowseQuick(Program& program) {
+    return program.app.Load<frmBrowseQuick>(program.module, program.app.Load<frmQuickFolders>(program.module));
+}
+
+forms::Form& LoadStage(Program& program) {
+    program.module.SlideShowActive = true;
+    program.module.config.ShowToolbar = true;
+    program.module.config.ShowFilenames = program.module.config.ShowDescription = true;
+    program.module.show.SlideFiles.Set(0, "C:\\Pictures\\small.bmp");
+    program.module.show.SlideDescriptions.Set(0, "A plain picture, which nobody would want to look at for long");
+    return program.app.Load<FullViewFrm>(program.module);
+}
+
+forms::Form& LoadNavigator(Program& program) {
+    LoadStage(program);
+    return *program.app.Loaded<frmToolbar>();
+}
+
+template <class Form>
+forms::Form& OfView(Program& program) {
+    return program.app.Load<Form>(program.View());
+}
+template <class Form>
+forms::Form& OfModule(Program& program) {
+    return program.app.Load<Form>(program.module);
+}
+
+}  // namespace
+
+std::vector<Window> EveryWindow() {
+    return {
+        {"MainViewFrm", [](Program& program) -> forms::Form& { return program.View(); }, "f"},
+        {"WaitFrm", LoadWaitWindow},
+        {"WaitCopyFrm", OfModule<WaitCopyFrm>},
+        {"ExitFrm", LoadExitQuestion},
+        {"OpenFrm", OfView<OpenFrm>},
+        {"frmFavFolder", OfModule<frmFavFolder>},
+        {"frmQuickFolders", OfModule<frmQuickFolders>, "es"},
+        {"frmBrowseQuick", LoadBrowseQuick},
+        {"SaveCopyFrm", OfView<SaveCopyFrm>},
+        {"ExportBmpFrm", OfView<ExportBmpFrm>},
+        {"ExportJpgFrm", OfView<ExportJpgFrm>},
+        {"frmImportImage", LoadImport},
+        {"OpenPaletteFrm", OfModule<OpenPaletteFrm>},
+        {"frmSetWallpaper", OfView<frmSetWallpaper>},
+        {"BackColorFrm", LoadBackColor},
+        {"frmRotateImg", OfView<frmRotateImg>},
+        {"frmImageSize", OfView<frmImageSize>},
+        {"NewImageFrm", OfView<NewImageFrm>},
+        {"FullViewFrm", LoadStage, "", true},
+        {"frmToolbar", LoadNavigator, "", false, true},
+    };
+}
+
+Program::Program(forms::Toolkit& toolkit) : app(toolkit), module(app, platform.services) {
+    platform.store.Set("EXEPath", "C:\\Tavrix\\");
+    platform.store.Set("ProgramRun", "1");
+    platform.pictures.SetPicture("C:\\Pictures\\small.bmp", PlainPicture(640, 480));
+    platform.files.MakeFolder("C:\\Pictures\\Holidays & more");
+    for (int number = 1; number <= 20; ++number)
+        platform.disks.PutFile("C:\\Pictures\\picture number " + std::to_string(number) + ".bmp", "");
+    platform.files.ChangeFolder("C:\\Pictures");
+    InstallShowCommands(module, lives);
+    lives.ShowMainView = [this] {
+        auto& view = app.Load<MainViewFrm>(module, lives);
+        InstallViewerCommands(view);
+        InstallEditingCommands(view);
+        InstallListCommands(view);
+        InstallStageCommands(view);
+        view.Show();
+    };
+    Main(module, lives);
+    View().MainImage.Picture = PlainPicture(64, 48);
+    platform.disks.PutFile("C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp", "BM");
+    module.CurrentImage = "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp";
+}
+
+MainViewFrm& Program::View() {
+    return *app.Loaded<MainViewFrm>();
+}
+
+}  // namespace tavrix::windows
