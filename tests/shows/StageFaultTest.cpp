@@ -89,9 +89,7 @@ bool PlayWithFault(Service service, int call) {
     const auto before = machine.disks.AllFiles();
     Player player(machine);
     player.module.SlideShowActive = true;
-    auto& editor = player.app.Load<FakeEditor>();
-    for (int i = 0; i < player.module.show.SlideFiles.FirstEmpty(); ++i)
-        editor.rows.push_back(player.module.show.SlideFiles[i]);
+    auto& editor = player.app.Load<FakeEditor>(player.module);
     machine.faults.FailNth(service, call, ErrorNumber::DiskNotReady);
 
     EXPECT_NO_THROW(UserPlays(player, editor));
@@ -109,12 +107,13 @@ bool PlayWithFault(Service service, int call) {
     const bool opened = std::ranges::find(calls, "Mci play MIDIFile") != calls.end();
     EXPECT_EQ(opened, std::ranges::find(calls, "Mci stop MIDIFile") != calls.end());
     // Each row has its own description, and the record is what the editor shows.
-    for (int i = 0; i < editor.RowCount(); ++i) {
-        EXPECT_EQ(player.module.show.SlideFiles[i], editor.Row(i));
-        EXPECT_EQ(player.module.show.SlideDescriptions[i], "about " + editor.Row(i));
+    const SlideShow& show = player.module.show;
+    ASSERT_EQ(static_cast<std::size_t>(show.Count()), editor.rows.size());
+    for (int i = 0; i < show.Count(); ++i) {
+        EXPECT_EQ(show.SlideFiles[i], editor.rows[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(show.SlideDescriptions[i], "about " + show.SlideFiles[i]);
     }
-    EXPECT_EQ(player.module.show.SlideFiles.FirstEmpty(), editor.RowCount());
-    EXPECT_EQ(player.module.show.ShowChanged, editor.RowCount() < 5);
+    EXPECT_EQ(show.ShowChanged, show.Count() < 5);
 
     // The next show plays.
     player.app.Load<FullViewFrm>(player.module).Show();

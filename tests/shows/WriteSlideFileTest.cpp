@@ -474,6 +474,22 @@ TEST_F(WriteSlideFileTest, ABackupThatDoesNotReadBackMakesRoom) {
     EXPECT_EQ(BackupContent(), FormerShow("other.bmp"));
 }
 
+TEST_F(WriteSlideFileTest, WithoutABackupLessDoesNotTakeThePlaceOfTheFormerShow) {
+    PutShow(FormerShow());
+    for (const char* operation : {"Copy", "Open", "Read"}) {
+        platform.faults.FailAlways(Service::Files, operation, ErrorNumber::DiskNotReady);
+        SaveAndCancelAtYield(3);
+        platform.faults.Clear();
+        EXPECT_EQ(OnDisk(), FormerShow()) << operation;
+        EXPECT_EQ(Backups(), Texts()) << operation;
+    }
+    // A whole one does.
+    platform.faults.FailAlways(Service::Files, "Copy", ErrorNumber::DiskNotReady);
+    UseSlides({"C:\\p\\b.bmp"});
+    EXPECT_EQ(Save(), SaveEnd::Whole);
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\p\\b.bmp", ""}));
+}
+
 TEST_F(WriteSlideFileTest, ABackupIsNotFoundAmongTheShows) {
     PutShow(FormerShow());
     SaveAndCancelAtYield(1);
