@@ -24,6 +24,7 @@ using headless::Service;
 
 constexpr const char* Opened = "C:\\p\\a.gif";
 constexpr Pixel Blue = OpaquePixel(20, 120, 220);
+constexpr const char* OfTheUser = "of the user";
 
 void Push(forms::CommandButton& button) {
     button.Deliver(forms::ClickEvent{});
@@ -73,19 +74,59 @@ void Import(OneProcess& program, forms::Menu& entry) {
     });
 }
 
+/// The file of the user's that some of these replace.
+constexpr const char* Over = "C:\\q\\over.gif";
+
+/// Gives a dialog the name of a file that is there, and agrees to its replacement.
+template <class Button>
+void Replace(OneProcess& program, FileTarget& target, const std::string& path, Button& button) {
+    SkipFailure([&] { target.Lists.GoTo("C:\\q"); });
+    target.txtFilename.Text = path.substr(path.rfind('\\') + 1);
+    program.toolkit.Expect(
+        {.text = "The following filename already exists:\r\n\r\n" + path + "\r\n\r\nReplace this file?",
+         .icon = forms::BoxIcon::Question,
+         .buttons = forms::BoxButtons::YesNo,
+         .reply = forms::Answer::Yes});
+    Push(button);
+}
+
 struct Doing {
     const char* name;
     void (*run)(OneProcess&);
     bool asksPictures = false;
     bool asksLibrary = false;
+    const char* replaces = "";  ///< the file that it writes over
 };
 
 void PrintTo(const Doing& doing, std::ostream* out) {
     *out << doing.name;
 }
 
-constexpr std::array<Doing, 8> Doings{{
+constexpr std::array<Doing, 11> Doings{{
     {"save copy", [](OneProcess& program) { SaveCopy(program, "copy.gif"); }},
+    {"save copy over a file",
+     [](OneProcess& program) {
+         InDialog<SaveCopyFrm>(
+             program, "SaveCopyFrm", program.View().menu.mnuSaveCopy,
+             [&](SaveCopyFrm& dialog) { Replace(program, dialog.Target, Over, dialog.CmdSave); });
+     },
+     false, false, Over},
+    {"export bmp over a file",
+     [](OneProcess& program) {
+         InDialog<ExportBmpFrm>(
+             program, "ExportBmpFrm", program.View().menu.mnuExportBMP, [&](ExportBmpFrm& dialog) {
+                 Replace(program, dialog.Target, "C:\\q\\over.BMP", dialog.Buttons.CmdExport);
+             });
+     },
+     true, false, "C:\\q\\over.BMP"},
+    {"export jpg over a file",
+     [](OneProcess& program) {
+         InDialog<ExportJpgFrm>(
+             program, "ExportJpgFrm", program.View().menu.mnuExportJPG, [&](ExportJpgFrm& dialog) {
+                 Replace(program, dialog.Target, "C:\\q\\over.JPG", dialog.Buttons.CmdExport);
+             });
+     },
+     false, true, "C:\\q\\over.JPG"},
     {"export bmp",
      [](OneProcess& program) {
          Export<ExportBmpFrm>(program, "ExportBmpFrm", program.View().menu.mnuExportBMP);
@@ -121,7 +162,11 @@ constexpr std::array<Doing, 8> Doings{{
 }};
 
 /// How the boxes begin that may come, as the headless toolkit notes them.
-constexpr std::array<std::string_view, 14> KnownBoxes{
+constexpr std::array<std::string_view, 17> KnownBoxes{
+    // Whether a file is there may be what cannot be told, or the folder is not the one that was meant.
+    "[Tavrix] The following filename already exists:\r\n\r\n",
+    "[Tavrix] About to save the image as:\r\n\r\n",
+    "[Tavrix] About to export the image as:\r\n\r\n",
     "[Tavrix] Unable to save a copy of the image:\r\n\r\n",
     "[Tavrix] Unable to export image:\r\n\r\n",
     "[Tavrix] Unable to import selected file.",
@@ -150,7 +195,9 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         machine.disks.PutFile(Opened, PlainGif(30, 20, Blue));
         machine.disks.PutFile("C:\\p\\t.tga", PlainTga(5, 4, 0xFFFFFFFFU, 0xFF000000U));
         machine.disks.PutFile("C:\\p\\x.pcx", PlainPcx(Blue));
-        machine.disks.PutFile("C:\\p\\other.dib", "of the user");
+        machine.disks.PutFile("C:\\p\\other.dib", OfTheUser);
+        for (const char* path : {Over, "C:\\q\\over.BMP", "C:\\q\\over.JPG"})
+            machine.disks.PutFile(path, OfTheUser);
         machine.pictures.SaveBitmap(PlainPicture(9, 6).pixels->Whole(), "C:\\Temp\\Untitled.BMP");
         machine.files.ChangeFolder("C:\\p");
     }
@@ -170,11 +217,23 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
 
     /// Every file of the user's is there as it was; the program may have made others.
     static void ExpectIntact(const headless::HeadlessServices& machine,
-                             const std::map<std::string, std::string>& before) {
+                             const std::map<std::string, std::string>& before, const std::string& replaced) {
         for (const auto& [path, content] : before) {
             const bool own = path.starts_with("C:\\Temp\\") || path.starts_with("C:\\Tavrix\\");
-            EXPECT_TRUE(own || machine.disks.Content(path) == content) << path;
+            EXPECT_TRUE(own || path == replaced || machine.disks.Content(path) == content) << path;
         }
+    }
+
+    /// A file that was to be replaced is the former one, or the whole new picture.
+    static void ExpectReplacedOrNot(headless::HeadlessServices& machine, const OneProcess& program,
+                                    const std::string& path) {
+        const std::string content = machine.disks.Content(path).value_or("(none)");
+        if (content == OfTheUser) return;
+        EXPECT_EQ(program.module.CurrentImage, path) << "what was told to have failed has replaced a file";
+        const Picture written = machine.pictures.Load(path);
+        EXPECT_EQ(written.Width(), 30);
+        EXPECT_EQ(written.Height(), 20);
+        EXPECT_EQ(written.pixels->Ending(), Outcome::Complete);
     }
 
     static bool StillExpectsBoxes(const headless::HeadlessToolkit& toolkit) {
@@ -227,7 +286,8 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         machine.faults.Clear();
 
         ExpectConsistent(program);
-        ExpectIntact(machine, before);
+        ExpectIntact(machine, before, doing.replaces);
+        if (*doing.replaces != '\0') ExpectReplacedOrNot(machine, program, doing.replaces);
         EXPECT_TRUE(service == Service::Files || !machine.disks.Exists("C:\\Temp\\~temp.BMP"));
         EXPECT_EQ(StrangeBoxes(program.toolkit), std::vector<std::string>{});
 
@@ -235,7 +295,7 @@ class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> 
         while (StillExpectsBoxes(program.toolkit))
             program.app.MessageBox({.text = "left"});
         ExpectUsable(machine, program);
-        ExpectIntact(machine, before);
+        ExpectIntact(machine, before, doing.replaces);
         return fired;
     }
 };
