@@ -27,6 +27,11 @@ struct MainModule {
     std::string AppPath;       ///< the program's folder, with a backslash at the end
     std::string CommandText;   ///< the command line as the start leaves it
     std::string CurrentImage;  ///< the path of the image on show; empty for none
+    /// The working file that alone holds an edit, since its export failed without a word. It stays at the exit, unless
+    /// it is the image on show again, which is asked about. Empty for none.
+    std::string KeptWorkingFile;
+    /// The start left the image of the last time unseen and none has been opened since: the settings keep it.
+    bool LastOpenedStays = false;
     bool ScreenSaverMode = false;
     bool StartedAsShow = false;
     bool SlideShowActive = false;

@@ -29,7 +29,9 @@ void WriteStateOfSession(const MainModule& module, const std::optional<MainViewP
     write.Number("ToolbarX", c.ToolbarX);
     write.Number("ToolbarY", c.ToolbarY);
     write.Flag("TopMostWindow", c.TopMostWindow);
-    if (module.CurrentImage != tempFolder + "Untitled.BMP") write.Text("LastOpenedFile", module.CurrentImage);
+    const bool stays = module.CurrentImage.empty() && module.LastOpenedStays;
+    if (!stays && module.CurrentImage != tempFolder + "Untitled.BMP")
+        write.Text("LastOpenedFile", module.CurrentImage);
     write.Text("LastCopyToPath", c.LastCopyToPath);
     write.Text("ThumbnailExtension", c.ThumbnailExtension);
     write.Flag("ThumbnailDelete", c.ThumbnailDelete);
@@ -64,7 +66,9 @@ void RemoveTemporaryFiles(MainModule& module, const std::string& tempFolder) {
     Files& files = module.platform.files;
     SkipFailure([&] { files.Delete(tempFolder + "~undo.tmp"); });
     for (const std::string& folder : {tempFolder, module.AppPath}) {
-        if (module.config.DeleteUntitled) SkipFailure([&] { files.Delete(folder + "Untitled.BMP"); });
+        const std::string path = folder + "Untitled.BMP";
+        const bool kept = path == module.KeptWorkingFile && path != module.CurrentImage;
+        if (module.config.DeleteUntitled && !kept) SkipFailure([&] { files.Delete(path); });
     }
     RemoveRecentFile(module, tempFolder + "Untitled.BMP");
     RemoveRecentFile(module, module.AppPath + "Untitled.BMP");

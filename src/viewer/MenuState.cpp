@@ -63,6 +63,7 @@ void ResetEmptyView(MainViewFrm& view) {
 }
 
 void SetImageLoadedMenus(MainViewFrm& view) {
+    view.Module().LastOpenedStays = false;
     view.menu.mnuUndo.Enabled = false;
     view.menu.mnuUndo.Caption = "Can't Undo";
     view.menu.mnuAnimatedGIF.Enabled = EndsInIgnoringCase(view.Module().CurrentImage, ".GIF");

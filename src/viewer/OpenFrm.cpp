@@ -7,6 +7,7 @@
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
+#include "dialogs/DialogWork.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
 
@@ -129,9 +130,8 @@ void OpenFrm::CmdOpen_Click() {
         return;
     }
     const std::string path = SelectedPath();  // whatever the user selects while messages run
-    forms::BusyGuard busy(module_.Screen());
-    module_.DoEvents();
-    if (Unloaded()) return;
+    DialogWork work(*this, module_, DialogWork::Dialog::Stays);
+    if (!work) return;
     view_.picFrame.Visible = false;
     Hide();
     module_.DoEvents();
@@ -142,12 +142,12 @@ void OpenFrm::CmdOpen_Click() {
              .buttons = forms::BoxButtons::YesNo});
         if (again == forms::Answer::No) {
             view_.picFrame.Visible = true;
-            busy.Release();  // the dialog is to be used again
+            work.Release();  // the dialog is to be used again
             ShowModal();
             return;
         }
     }
-    busy.Release();
+    work.Release();
     LoadIntoMainView(view_, path, {"Unable to open the selected file."});
     App().Unload(*this);
 }

@@ -95,8 +95,12 @@ void ReadCommandText(MainViewFrm& view) {
     module.DoEvents();
     if (!module.CurrentImage.empty()) SkipFailure([&] { ChangeToFolderOf(module, module.CurrentImage); });
     // An image of the last time that was not asked for has served for its folder alone. It must not stay behind a word
-    // either, even where it would be shown at a start without one: commands would work on a file that is not on show.
-    if (!shown) module.CurrentImage.clear();
+    // either, even where it would be shown at a start without one: commands would work on a file that is not on show. A
+    // later start without a word shows it.
+    if (!shown) {
+        module.LastOpenedStays = module.config.DisplayLastOpened && !module.CurrentImage.empty();
+        module.CurrentImage.clear();
+    }
     if (module.CurrentImage.empty()) ResetEmptyView(view);
 }
 

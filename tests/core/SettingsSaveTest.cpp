@@ -139,6 +139,42 @@ TEST_F(SettingsSaveTest, ADialogsSettingsThatCannotBeWrittenAreNoFailureOfTheDia
     EXPECT_EQ(toolkit.BoxesShown(), 0);
 }
 
+TEST_F(SettingsSaveTest, ADialogsSettingsAreInTheFileWholeOrNotAtAll) {
+    const std::string mine =
+        "; by hand\r\n[Viewer]\r\nMouseSensitivity=7\r\nKeepRecent=True\r\nSoundMode=1\r\n";
+    module.config.KeepRecent = false;
+    module.config.SoundMode = 2;
+    using Save = void (*)(const MainModule&);
+    for (const auto& [save, key] : {std::pair<Save, const char*>{SavePreferenceSettings, "KeepRecent"},
+                                    {SaveSlideSettings, "SoundMode"}}) {
+        for (const auto service : {headless::Service::Profile, headless::Service::Files}) {
+            bool fired = true;
+            for (int nth = 1; fired; ++nth) {
+                SCOPED_TRACE(std::string(key) + ", call " + std::to_string(nth));
+                platform.disks.PutFile(SettingsPath, mine);
+                platform.faults.Clear();
+                platform.faults.FailNth(service, nth, ErrorNumber::DiskFull);
+                EXPECT_NO_THROW(save(module));
+                fired = platform.faults.Fired();
+                platform.faults.Clear();
+                const std::string content = platform.disks.Content(SettingsPath).value_or("(none)");
+                EXPECT_EQ(content == mine, fired);
+                EXPECT_EQ(Saved("MouseSensitivity"), "7");
+                EXPECT_TRUE(content.starts_with("; by hand\r\n"));
+                // The next save is a whole one.
+                save(module);
+                EXPECT_EQ(Saved(key), save == SaveSlideSettings ? "2" : "False");
+            }
+        }
+        platform.disks.PutFile(SettingsPath, mine);
+        platform.disks.SetCapacity('C', 40);
+        EXPECT_NO_THROW(save(module));
+        EXPECT_EQ(platform.disks.Content(SettingsPath), mine);
+        platform.disks.SetCapacity('C', 1 << 20);
+    }
+    EXPECT_EQ(toolkit.BoxesShown(), 0);
+}
+
 TEST_F(SettingsSaveTest, APackageWhoseSettingsCannotBeWrittenFails) {
     EXPECT_THROW(WritePackageSettings(module, "C:\\none\\"), RuntimeError);
 }
@@ -241,6 +277,24 @@ TEST_F(SettingsSaveTest, TheWorkingFileNeverBecomesTheLastImage) {
     EXPECT_EQ(Saved("LastOpenedFile"), "C:\\Temp\\untitled.bmp");
 }
 
+TEST_F(SettingsSaveTest, TheWorkingFileBesideTheProgramDoes) {
+    Setting("LastOpenedFile", "C:\\old.bmp");
+    module.CurrentImage = "C:\\Tavrix\\Untitled.BMP";
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("LastOpenedFile"), "C:\\Tavrix\\Untitled.BMP");
+}
+
+TEST_F(SettingsSaveTest, AnImageThatWasNotShownAtTheStartStaysTheLastOne) {
+    Setting("LastOpenedFile", "C:\\old.bmp");
+    module.CurrentImage = "";
+    module.LastOpenedStays = true;
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("LastOpenedFile"), "C:\\old.bmp");
+    module.CurrentImage = "C:\\new.bmp";
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("LastOpenedFile"), "C:\\new.bmp");
+}
+
 TEST_F(SettingsSaveTest, SettingsThatCouldNotBeReadAtTheStartAreNotReplacedByDefaultsAtTheExit) {
     const std::string mine = "[Viewer]\r\nQualityJPG=3\r\nRecent1=C:\\mine.bmp\r\n";
     platform.disks.PutFile(SettingsPath, mine);
@@ -333,6 +387,34 @@ TEST_F(SettingsSaveTest, TheTemporaryFilesGo) {
     EXPECT_FALSE(platform.disks.Exists("C:\\Temp\\Untitled.BMP"));
     EXPECT_FALSE(platform.disks.Exists("C:\\Tavrix\\Untitled.BMP"));
     EXPECT_TRUE(platform.disks.Exists("C:\\Temp\\other.bmp"));
+}
+
+TEST_F(SettingsSaveTest, DeletedWorkingFilesLeaveTheRecentList) {
+    for (const char* file : {"C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"})
+        platform.disks.PutFile(file, "x");
+    module.config.Recent = {"C:\\1.bmp", "C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"};
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("Recent1"), "C:\\1.bmp");
+    EXPECT_EQ(Saved("Recent2"), "");
+    EXPECT_EQ(Saved("Recent3"), "");
+}
+
+TEST_F(SettingsSaveTest, AWorkingFileThatHoldsAnEditThatWasNotExportedStays) {
+    for (const char* file : {"C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"}) {
+        for (const char* other : {"C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"})
+            platform.disks.PutFile(other, "x");
+        module.CurrentImage = "C:\\p\\x.JPG";
+        module.KeptWorkingFile = file;
+        SaveAllSettings(module, Placement);
+        EXPECT_EQ(platform.disks.Exists("C:\\Temp\\Untitled.BMP"),
+                  file == std::string("C:\\Temp\\Untitled.BMP"));
+        EXPECT_EQ(platform.disks.Exists("C:\\Tavrix\\Untitled.BMP"),
+                  file != std::string("C:\\Temp\\Untitled.BMP"));
+    }
+    // On show again, it has been asked about.
+    module.CurrentImage = module.KeptWorkingFile;
+    SaveAllSettings(module, Placement);
+    EXPECT_FALSE(platform.disks.Exists(module.KeptWorkingFile));
 }
 
 TEST_F(SettingsSaveTest, WithDeleteUntitledOffTheWorkingFileStays) {

@@ -1,6 +1,7 @@
 #include "core/UnsavedImage.h"
 #include "editing/ExportFrmTest.h"
 #include "editing/saving/Jpeg.h"
+#include "support/ErrorOfCall.h"
 
 namespace tavrix::test {
 namespace {
@@ -208,11 +209,15 @@ TEST_F(ExportJpgFrmTest, ALoadThatFailsLeavesTheSurfaceAsItIs) {
     ASSERT_TRUE(Start(Gif));
     const Picture before = View().MainImage.Picture;
     ASSERT_NE(platform.viewLib.Load("C:\\p\\t.tga", 0), 0);
-    EXPECT_FALSE(LoadThroughNViewLib(module, View().MainImage, "C:\\p\\bad.tga", 0));
+    EXPECT_EQ(ErrorOfCall([this] { LoadThroughNViewLib(module, View().MainImage, "C:\\p\\bad.tga", 0); }),
+              static_cast<int>(ErrorNumber::InvalidPicture));
     EXPECT_EQ(View().MainImage.Picture.Get(), before);
     EXPECT_EQ(View().MainImage.Width.Get(), 30 * 15);
     EXPECT_TRUE(platform.viewLib.Image().Empty());
-    EXPECT_TRUE(LoadThroughNViewLib(module, View().MainImage, "C:\\p\\t.tga", 0));
+    EXPECT_EQ(ErrorOfCall([this] { LoadThroughNViewLib(module, View().MainImage, "C:\\p\\none.tga", 0); }),
+              static_cast<int>(ErrorNumber::FileNotFound));
+    EXPECT_EQ(View().MainImage.Picture.Get(), before);
+    LoadThroughNViewLib(module, View().MainImage, "C:\\p\\t.tga", 0);
     EXPECT_EQ(View().MainImage.Width.Get(), 50 * 15);
     EXPECT_EQ(View().MainImage.Height.Get(), 40 * 15);
     EXPECT_EQ(View().MainImage.Image().pixels->Whole().Row(0)[0], 0xFFFFFFFFU);
@@ -223,7 +228,7 @@ TEST_F(ExportJpgFrmTest, ASurfaceThatDoesNotSizeItselfTakesTheSizeToo) {
     ASSERT_TRUE(Start(Gif));
     forms::PictureBox& surface = View().picFrame;
     surface.AutoSize = false;
-    EXPECT_TRUE(LoadThroughNViewLib(module, surface, "C:\\p\\t.tga", 0));
+    LoadThroughNViewLib(module, surface, "C:\\p\\t.tga", 0);
     EXPECT_EQ(surface.Width.Get(), 50 * 15);
     EXPECT_EQ(surface.Height.Get(), 40 * 15);
 }
@@ -259,6 +264,97 @@ TEST_F(ExportJpgFrmTest, AWriteThatFailsIsNotReported) {
     ExpectCurrent("C:\\p\\none.jpg");
     EXPECT_EQ(Asked("NViewLib.SaveAsJPG C:\\p\\none.jpg"), 2);
     EXPECT_EQ(Content(Gif), gifBytes);
+}
+
+/// An edit whose export fails without a word.
+class FailedExport : public ExportJpgFrmTest {
+  protected:
+    FailedExport() { Setting("DeleteUntitled", "True"); }
+
+    void StartWithAFailedExport() {
+        ASSERT_TRUE(Start(Gif));
+        EXPECT_FALSE(Choose(View().menu.mnuFlipVertically));
+        ASSERT_EQ(module.CurrentImage, Working);
+        edit = Content(Working);
+        FailToExport("lost");
+    }
+    void FailToExport(const std::string& name) {
+        platform.faults.FailAlways(Service::NViewLib, "SaveAsJPG", ErrorNumber::DiskFull);
+        ToFolderOfImages(name);
+        platform.faults.Clear();
+        ExpectCurrent("C:\\q\\" + name + ".JPG");
+        EXPECT_FALSE(platform.disks.Exists(module.CurrentImage));
+    }
+    void ToFolderOfImages(const std::string& name) {
+        InJpg([&](ExportJpgFrm& dialog) {
+            dialog.Target.Lists.GoTo("C:\\q");
+            Enter(dialog.Target.txtFilename, name);
+            ExpectQuestion(
+                "About to export the image as:\r\n\r\nC:\\q\\" + name + ".JPG\r\n\r\nIs this filename OK?",
+                Answer::Yes);
+            Press(dialog.Buttons.CmdExport);
+        });
+    }
+    /// The user closes the window; whether the working file is still there.
+    bool StaysAtExit() {
+        EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+        return platform.disks.Exists(Working);
+    }
+
+    std::string edit;
+};
+
+TEST_F(FailedExport, LeavesTheWorkingFileAtTheExit) {
+    StartWithAFailedExport();
+    EXPECT_TRUE(StaysAtExit());
+    EXPECT_EQ(Content(Working), edit);
+}
+
+TEST_F(FailedExport, LeavesItWhateverIsOpenedAfterwards) {
+    StartWithAFailedExport();
+    View().Deliver(forms::DropEvent{{Gif}});
+    ExpectCurrent(Gif);
+    EXPECT_TRUE(StaysAtExit());
+}
+
+TEST_F(FailedExport, BringsTheEditBackAsTheTemporaryFile) {
+    StartWithAFailedExport();
+    EXPECT_FALSE(Choose(View().menu.mnuTempFile));
+    ExpectCurrent(Working);
+    EXPECT_TRUE(IsUnsavedImage(module));
+    ExpectQuestion("The current file has not been saved.\r\n\r\nDiscard changes and exit?", Answer::Yes);
+    EXPECT_FALSE(StaysAtExit());
+}
+
+TEST_F(FailedExport, DoesNotMatterOnceTheEditIsBackAndSaved) {
+    StartWithAFailedExport();
+    EXPECT_FALSE(Choose(View().menu.mnuTempFile));
+    ToFolderOfImages("saved");
+    ExpectCurrent("C:\\q\\saved.JPG");
+    EXPECT_FALSE(StaysAtExit());
+}
+
+TEST_F(FailedExport, DoesNotMatterToTheNextEdit) {
+    StartWithAFailedExport();
+    EXPECT_FALSE(Choose(View().menu.mnuFlipHorizontal));
+    ExpectCurrent(Working);
+    ExpectQuestion("The current file has not been saved.\r\n\r\nDiscard changes and exit?", Answer::Yes);
+    EXPECT_FALSE(StaysAtExit());
+}
+
+TEST_F(FailedExport, DoesNotMatterOnceTheNextEditIsSaved) {
+    StartWithAFailedExport();
+    EXPECT_FALSE(Choose(View().menu.mnuUndo));
+    ExpectCurrent(Working);
+    ToFolderOfImages("saved");
+    EXPECT_FALSE(StaysAtExit());
+}
+
+TEST_F(FailedExport, OfAFileOfTheUsersKeepsNoWorkingFile) {
+    ASSERT_TRUE(Start(Gif));
+    platform.disks.PutFile(Working, "of another time");
+    FailToExport("lost");
+    EXPECT_FALSE(StaysAtExit());
 }
 
 TEST_F(ExportJpgFrmTest, TheOpenedFileIsNotWrittenUnderAnotherName) {

@@ -119,6 +119,14 @@ TEST_F(FixedTransforms, ARotationIsSeenToArrive) {
     EXPECT_EQ(manyPaintings - fewPaintings, 210 / 27 - 50 / 27);
 }
 
+TEST_F(FixedTransforms, ARotationIsPaintedEvery27thRow) {
+    StartWithImage(20, 20);
+    const int few = WorkOfATurn(20).first;
+    for (const auto& [rows, paintings] :
+         {std::pair{24, 0}, {25, 0}, {26, 0}, {27, 1}, {28, 1}, {52, 1}, {53, 1}, {54, 2}, {80, 2}, {81, 3}})
+        EXPECT_EQ(WorkOfATurn(2 * rows).first - few, paintings) << rows << " rows";
+}
+
 TEST_F(FixedTransforms, ARotationBeyond16BitsLeavesTheBackground) {
     StartWithImage(65540, 1);
     Choose(Menus().mnu180Degrees);

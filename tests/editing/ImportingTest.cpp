@@ -12,10 +12,26 @@ using headless::Service;
 
 class ImportingTest : public ImportTest {
   protected:
-    static constexpr const char* NotImported = "Unable to import selected file.";
+    static constexpr const char* NotImported = "Unable to import selected file.\r\n\r\n";
     static constexpr const char* NotWritten = "Unable to write imported image to a temporary file.\r\n\r\n";
     static constexpr const char* OpenAlready =
         "The temporary image file that was last created is already open...";
+
+    /// The user draws a selection, in pixels.
+    void Select(int x1, int y1, int x2, int y2) {
+        using forms::MouseAction;
+        const int shift = forms::ShiftMask::Shift;
+        const int left = forms::MouseButton::Left;
+        Mouse(View().MainImage, MouseAction::Down, left, shift, x1, y1);
+        Mouse(View().MainImage, MouseAction::Move, left, shift, x2, y2);
+        Mouse(View().MainImage, MouseAction::Up, left, shift, x2, y2);
+        ASSERT_TRUE(View().selection.SelectionShown);
+    }
+    void ExpectBlackButTheFirst() {
+        const Picture image = View().MainImage.Image();
+        const auto pixels = image.pixels->Whole().Pixels();
+        EXPECT_TRUE(std::ranges::all_of(pixels.subspan(1), [](Pixel pixel) { return pixel == Black; }));
+    }
 };
 
 TEST_F(ImportingTest, ATgaFileBecomesAnUnsavedImage) {
@@ -103,13 +119,33 @@ TEST_F(ImportingTest, TheViewStartsAtTheUpperLeftCorner) {
     EXPECT_EQ(View().MainImage.Left.Get(), 0);
 }
 
-TEST_F(ImportingTest, TheSelectionGoesWithThePictureThatItIsOn) {
+TEST_F(ImportingTest, TheSelectionsFlagStaysAndItsOutlineGoesWithThePicture) {
     ASSERT_TRUE(Start(Gif));
-    View().selection.SelectionShown = true;
-    View().selection.SelectionEndX = View().selection.SelectionEndY = 150;
+    Select(2, 3, 20, 15);
     ImportFirst(View().menu.mnuImportTGA);
-    EXPECT_FALSE(View().selection.SelectionShown);
+    EXPECT_TRUE(View().selection.SelectionShown);
     ExpectImported(Working, 5, 4, White);
+    ExpectBlackButTheFirst();
+
+    platform.pictures.SaveBitmap(PlainPicture(30, 20, Black).pixels->Whole(), Working);
+    module.CurrentImage = Gif;
+    View().ShowTitleOf(Gif);
+    View().selection.SelectionShown = false;
+    Select(1, 1, 4, 3);
+    EXPECT_FALSE(Choose(View().menu.mnuTempFile));
+    EXPECT_TRUE(View().selection.SelectionShown);
+    ExpectImported(Working, 30, 20, Black);
+    ExpectBlackButTheFirst();
+}
+
+TEST_F(ImportingTest, OfAScrolledImageTheFlagStaysToo) {
+    PutPicture("C:\\p\\large.bmp", 2000, 2000);
+    ASSERT_TRUE(Start("C:\\p\\large.bmp"));
+    View().hsbPict.Value = 300;
+    Select(100, 100, 200, 150);
+    ImportFirst(View().menu.mnuImportTGA);
+    EXPECT_TRUE(View().selection.SelectionShown);
+    ExpectBlackButTheFirst();
 }
 
 TEST_F(ImportingTest, TheWorkIsDoneUnderTheHourglass) {
@@ -140,7 +176,7 @@ TEST_F(ImportingTest, AFileThatCannotBeReadLeavesTheViewEmpty) {
         } else {
             module.CurrentImage = Gif;
         }
-        ExpectStop(NotImported);
+        ExpectStop(std::string(NotImported) + "Invalid picture...");
         InImport(tga ? View().menu.mnuImportTGA : View().menu.mnuImportPCX, [](frmImportImage& dialog) {
             dialog.Chooser.Dir1.Path = "C:\\q";
             dialog.Chooser.File1.Deliver(forms::RowEvent{0});
@@ -151,6 +187,30 @@ TEST_F(ImportingTest, AFileThatCannotBeReadLeavesTheViewEmpty) {
     }
     ImportFirst(View().menu.mnuImportTGA);
     ExpectImported(Working, 5, 4, White);
+}
+
+TEST_F(ImportingTest, AFileThatCannotBeOpenedSaysWhy) {
+    platform.disks.PutFile("C:\\q\\t.tga", PlainTga(5, 4, White, Black));
+    ASSERT_TRUE(Start(Gif));
+    ExpectStop(std::string(NotImported) + "File not found...");
+    InTga([this](frmImportImage& dialog) {
+        dialog.Chooser.Dir1.Path = "C:\\q";
+        dialog.Chooser.File1.Deliver(forms::RowEvent{0});
+        platform.disks.Remove("C:\\q\\t.tga");  // the list is older than the folder
+        Press(dialog.CmdImport);
+    });
+    ExpectEmptyView();
+
+    platform.disks.PutFile("C:\\q\\t.tga", PlainTga(5, 4, White, Black));
+    ExpectStop(std::string(NotImported) + "Permission denied...");
+    InTga([this](frmImportImage& dialog) {
+        dialog.Chooser.Dir1.Path = "C:\\q";
+        dialog.Chooser.File1.Deliver(forms::RowEvent{0});
+        platform.faults.FailAlways(Service::NViewLib, "Load", ErrorNumber::PermissionDenied);
+        platform.faults.FailAlways(Service::Files, "Open", ErrorNumber::PermissionDenied);
+        Press(dialog.CmdImport);
+    });
+    ExpectEmptyView();
 }
 
 TEST_F(ImportingTest, AnImportThatCannotBeWrittenLeavesTheViewEmpty) {
@@ -224,11 +284,9 @@ TEST_F(ImportingTest, TheTemporaryFileOfAnEarlierEditComesBack) {
     platform.pictures.SaveBitmap(PlainPicture(9, 6).pixels->Whole(), Working);
     ASSERT_TRUE(Start(Gif));
     View().menu.mnuUndo.Enabled = true;
-    View().selection.SelectionShown = true;
     EXPECT_FALSE(Choose(View().menu.mnuTempFile));
     ExpectImported(Working, 9, 6, OpaquePixel(200, 30, 30));
     EXPECT_TRUE(IsUnsavedImage(module));
-    EXPECT_FALSE(View().selection.SelectionShown);
     ExpectIdle();
 
     ExpectTold(OpenAlready);
@@ -236,8 +294,25 @@ TEST_F(ImportingTest, TheTemporaryFileOfAnEarlierEditComesBack) {
     ExpectCurrent(Working);
 }
 
-TEST_F(ImportingTest, ATemporaryFileThatIsNotThereLeavesTheViewEmpty) {
-    ASSERT_TRUE(Start(Gif));
+TEST_F(ImportingTest, WithoutATemporaryFileThePictureStaysOnShow) {
+    PutPicture("C:\\p\\large.bmp", 2000, 2000);
+    ASSERT_TRUE(Start("C:\\p\\large.bmp"));
+    View().hsbPict.Value = 300;
+    const Picture before = View().MainImage.Picture;
+    for (const char* why : {"File not found...", "Invalid picture..."}) {
+        ExpectStop(std::string("Unable to open the temporary image file.\r\n\r\n") + why);
+        EXPECT_FALSE(Choose(View().menu.mnuTempFile));
+        ExpectCurrent("C:\\p\\large.bmp");
+        EXPECT_EQ(View().MainImage.Picture.Get(), before);
+        EXPECT_EQ(View().hsbPict.Value.Get(), 300);
+        EXPECT_TRUE(View().menu.mnuEdit.Visible);
+        ExpectIdle();
+        platform.disks.PutFile(Working, "no picture");
+    }
+}
+
+TEST_F(ImportingTest, WithoutATemporaryFileAndAnImageTheViewStaysEmpty) {
+    ASSERT_TRUE(Start());
     ExpectStop("Unable to open the temporary image file.\r\n\r\nFile not found...");
     EXPECT_FALSE(Choose(View().menu.mnuTempFile));
     ExpectEmptyView();

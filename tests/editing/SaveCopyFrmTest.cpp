@@ -298,48 +298,79 @@ TEST_F(SaveCopyFrmTest, AWindowThatIsClosedInThatMomentCopiesNothing) {
     ExpectCurrent(Gif);
 }
 
-TEST_F(SaveCopyFrmTest, ACopyThatFailsIsToldAndTheImageStays) {
+TEST_F(SaveCopyFrmTest, ACopyThatFailsIsToldAndTheDialogComesAgain) {
     platform.disks.PutFile("C:\\p\\locked.gif", "locked");
     platform.disks.SetReadOnly("C:\\p\\locked.gif", true);
-    OpenAndSave([this](SaveCopyFrm& dialog) {
-        Enter(dialog.Target.txtFilename, "locked.gif");
-        ExpectReplace("C:\\p\\locked.gif", Answer::Yes);
-        ExpectNotSaved("C:\\p\\locked.gif", "Permission denied");
-        Press(dialog.CmdSave);
-        EXPECT_TRUE(dialog.Unloaded());
-    });
-    EXPECT_EQ(Content("C:\\p\\locked.gif"), "locked");
-    ExpectCurrent(Gif);
-
     platform.disks.SetCapacity('D', 4);
-    InSaveCopy([this](SaveCopyFrm& dialog) {
-        dialog.Target.Drive1.Drive = "D:";
-        ExpectNew("D:\\a.gif", Answer::Yes);
-        ExpectNotSaved("D:\\a.gif", "Disk full");
-        Press(dialog.CmdSave);
+    ASSERT_TRUE(Start(Gif));
+    int shows = 0;
+    toolkit.OnModal("SaveCopyFrm", [&, this] {
+        auto& dialog = *app.Loaded<SaveCopyFrm>();
+        EXPECT_FALSE(module.Busy());
+        EXPECT_TRUE(dialog.Visible());
+        ExpectCurrent(Gif);
+        switch (++shows) {
+            case 1:
+                Enter(dialog.Target.txtFilename, "locked.gif");
+                ExpectReplace("C:\\p\\locked.gif", Answer::Yes);
+                ExpectNotSaved("C:\\p\\locked.gif", "Permission denied");
+                Press(dialog.CmdSave);
+                EXPECT_TRUE(dialog.Unloaded()) << "by what the user does when it is shown again";
+                break;
+            case 2:
+                EXPECT_EQ(dialog.Target.txtFilename.Text.Get(), "locked.gif") << "what was entered is kept";
+                ExpectPlace(dialog.Target, "C:\\p");
+                EXPECT_EQ(dialog.ActiveControl(), &dialog.Target.txtFilename);
+                dialog.Target.Drive1.Drive = "D:";
+                Enter(dialog.Target.txtFilename, "a.gif");
+                ExpectNew("D:\\a.gif", Answer::Yes);
+                ExpectNotSaved("D:\\a.gif", "Disk full");
+                Press(dialog.CmdSave);
+                break;
+            case 3:
+                dialog.Target.Drive1.Drive = "C:";
+                Enter(dialog.Target.txtFilename, "a?.gif");
+                ExpectNew("C:\\p\\a?.gif", Answer::Yes);
+                ExpectNotSaved("C:\\p\\a?.gif", "Bad file name or number");
+                Press(dialog.CmdSave);
+                break;
+            default:
+                Enter(dialog.Target.txtFilename, "b.gif");
+                ExpectNew("C:\\p\\b.gif", Answer::Yes);
+                Press(dialog.CmdSave);
+                break;
+        }
     });
+    EXPECT_FALSE(Choose(View().menu.mnuSaveCopy));
+    EXPECT_EQ(shows, 4);
+    EXPECT_EQ(app.FormCount(), 1);
+    ExpectIdle();
+    EXPECT_EQ(Content("C:\\p\\locked.gif"), "locked");
     EXPECT_FALSE(platform.disks.Exists("D:\\a.gif"));
-    ExpectCurrent(Gif);
-
-    InSaveCopy([this](SaveCopyFrm& dialog) {
-        Enter(dialog.Target.txtFilename, "a?.gif");
-        ExpectNew("C:\\p\\a?.gif", Answer::Yes);
-        ExpectNotSaved("C:\\p\\a?.gif", "Bad file name or number");
-        Press(dialog.CmdSave);
-    });
-    ExpectCurrent(Gif);
-    EXPECT_EQ(module.config.Recent[0], Gif);
+    ExpectCurrent("C:\\p\\b.gif");
+    EXPECT_EQ(Content("C:\\p\\b.gif"), gifBytes);
+    EXPECT_EQ(module.config.Recent[0], "C:\\p\\b.gif");
 }
 
 TEST_F(SaveCopyFrmTest, AnImageWhoseFileHasGoneCannotBeCopied) {
     ASSERT_TRUE(Start(Gif));
     platform.disks.Remove(Gif);
-    InSaveCopy([this](SaveCopyFrm& dialog) {
+    int shows = 0;
+    toolkit.OnModal("SaveCopyFrm", [&, this] {
+        auto& dialog = *app.Loaded<SaveCopyFrm>();
+        if (++shows > 1) {
+            Press(dialog.CmdCancel);
+            return;
+        }
         Enter(dialog.Target.txtFilename, "copy.gif");
         ExpectNew("C:\\p\\copy.gif", Answer::Yes);
         ExpectNotSaved("C:\\p\\copy.gif", "File not found");
         Press(dialog.CmdSave);
     });
+    EXPECT_FALSE(Choose(View().menu.mnuSaveCopy));
+    EXPECT_EQ(shows, 2);
+    EXPECT_EQ(app.FormCount(), 1);
+    ExpectIdle();
     EXPECT_FALSE(platform.disks.Exists("C:\\p\\copy.gif"));
     ExpectCurrent(Gif);
 }

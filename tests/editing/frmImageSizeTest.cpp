@@ -208,6 +208,22 @@ TEST_F(ImageSize, TheFieldWithTheFocusDrivesTheOther) {
     });
 }
 
+TEST_F(ImageSize, TheLockGoesByTwips) {
+    StartWithImage(101, 99);
+    Choose(Menus().mnu25Smaller);
+    ASSERT_EQ(View().MainImage.Width.Get(), 1136);  // 75 pixels and a part
+    ASSERT_EQ(View().MainImage.Height.Get(), 1114);
+    module.config.ImageSizeAspect = true;
+    InSize([](frmImageSize& dialog) {
+        Visit(dialog.txtWidth);
+        Paste(dialog.txtWidth, "1000");
+        EXPECT_EQ(dialog.txtHeight.Text.Get(), "981") << "by whole pixels it would be 987";
+        Visit(dialog.txtHeight);
+        Paste(dialog.txtHeight, "1000");
+        EXPECT_EQ(dialog.txtWidth.Text.Get(), "1020");
+    });
+}
+
 TEST_F(ImageSize, WithoutTheLockTheFieldsAreTheirOwn) {
     StartWithImage(200, 100);
     InSize([](frmImageSize& dialog) {

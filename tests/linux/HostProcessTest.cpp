@@ -57,6 +57,20 @@ TEST_F(HostProcessTest, TakesRelativePathsFromItsOwnFolder) {
     std::filesystem::current_path(before);
 }
 
+TEST_F(HostProcessTest, ABareWordIsNoFileWhateverLiesAboutUnderThatName) {
+    for (const char* word : {"ABOUT", "open", "SLIDE SHOW", "S", "?"})
+        folder.Put(word, "");
+    folder.Put("about.jpg", "");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    for (const char* word : {"ABOUT", "open", "SLIDE SHOW", "S", "?"})
+        EXPECT_EQ(LineOf({word}), word);
+    EXPECT_EQ(LineOf({"SLIDE", "SHOW"}), "SLIDE SHOW");
+    EXPECT_EQ(LineOf({"about.jpg"}), "D:\\about.jpg");
+    EXPECT_EQ(LineOf({"./ABOUT"}), "D:\\ABOUT");
+    std::filesystem::current_path(before);
+}
+
 TEST_F(HostProcessTest, LeavesSwitchesAndOtherTextAlone) {
     for (const char* text : {"/C", "/c", "/HELP", "/?", "C:\\a.bmp", "C:/a/b.bmp", "http://example.org/a.jpg",
                              "SCRNSAVE /C", "SCRNSAVEC", "https://example.org"}) {

@@ -78,7 +78,40 @@ TEST_F(RecentFilesTest, AFailureNamesThePathAndLeavesTheEmptyView) {
     EXPECT_FALSE(Choose(View().menu.mnuLast2));
     ExpectEmptyView();
     ExpectIdle();
-    EXPECT_EQ(module.config.Recent[1], Other) << "the list is not touched";
+}
+
+TEST_F(RecentFilesTest, AFileThatIsNoMoreLeavesTheMenu) {
+    PutPicture("C:\\other\\z.bmp", 10, 10);
+    StartWith({ImagePath, Other, "C:\\other\\z.bmp"});
+    for (const auto& [path, why] :
+         {std::pair{ImagePath, "Path not found..."}, {Other, "File not found..."}}) {
+        Expect({.text = std::string("Unable to open the recent file:\r\n\r\n") + path + "\r\n\r\n" + why,
+                .icon = BoxIcon::Stop,
+                .whileOpen = [this, path] { EXPECT_EQ(module.config.Recent[0], path) << "told first"; }});
+        EXPECT_FALSE(Choose(View().menu.mnuLast1));
+        ExpectEmptyView();
+    }
+    EXPECT_EQ(module.config.Recent[0], "C:\\other\\z.bmp");
+    EXPECT_EQ(module.config.Recent[1], "");
+    EXPECT_EQ(View().menu.mnuLast1.Caption.Get(), "  C:\\other\\z.bmp");
+    EXPECT_FALSE(View().menu.mnuLast2.Visible);
+    ExpectIdle();
+}
+
+TEST_F(RecentFilesTest, AFileThatCannotBeReadStaysInTheMenu) {
+    platform.disks.PutFile(Other, "no picture");
+    platform.disks.AddDrive('E', DriveType::CdRom);
+    StartWith({Other, "E:\\disc\\x.bmp"});
+    Expect({.text =
+                std::string("Unable to open the recent file:\r\n\r\n") + Other + "\r\n\r\nInvalid picture...",
+            .icon = BoxIcon::Stop});
+    EXPECT_FALSE(Choose(View().menu.mnuLast1));
+    // The disc may be put in again.
+    Expect({.text = "Unable to open the recent file:\r\n\r\nE:\\disc\\x.bmp\r\n\r\nDisk not ready...",
+            .icon = BoxIcon::Stop});
+    EXPECT_FALSE(Choose(View().menu.mnuLast2));
+    EXPECT_EQ(module.config.Recent[0], Other);
+    EXPECT_EQ(module.config.Recent[1], "E:\\disc\\x.bmp");
 }
 
 TEST_F(RecentFilesTest, AnUnsavedImageIsAskedAbout) {

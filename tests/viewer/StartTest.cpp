@@ -353,6 +353,40 @@ TEST_F(StartTest, AWordOnTheCommandLineLeavesNoImageBehind) {
     EXPECT_EQ(platform.files.CurrentFolder(), "C:\\p");
 }
 
+TEST_F(StartTest, AStartWithAWordKeepsTheLastImageForTheNextOne) {
+    PutPicture("C:\\p\\last.bmp", 30, 20);
+    PutPicture("C:\\p\\other.bmp", 30, 20);
+    Setting("DisplayLastOpened", "True");
+    Setting("LastOpenedFile", "C:\\p\\last.bmp");
+    beforeShow = [](MainViewFrm& view) { view.menu.mnuAbout.Install([] {}); };
+    ASSERT_TRUE(Start("ABOUT"));
+    ExpectEmptyView();
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(Saved("LastOpenedFile"), "C:\\p\\last.bmp");
+}
+
+TEST_F(StartTest, AnImageThatIsOpenedAfterAStartWithAWordIsTheLastOne) {
+    PutPicture("C:\\p\\last.bmp", 30, 20);
+    PutPicture("C:\\p\\other.bmp", 30, 20);
+    Setting("DisplayLastOpened", "True");
+    Setting("LastOpenedFile", "C:\\p\\last.bmp");
+    beforeShow = [](MainViewFrm& view) { view.menu.mnuAbout.Install([] {}); };
+    ASSERT_TRUE(Start("ABOUT"));
+    View().Deliver(forms::DropEvent{{"C:\\p\\other.bmp"}});
+    ASSERT_EQ(module.CurrentImage, "C:\\p\\other.bmp");
+    EXPECT_FALSE(Choose(View().menu.mnuClear));
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(Saved("LastOpenedFile"), "") << "nothing was on show at the end, as after any other start";
+}
+
+TEST_F(StartTest, AStartThatShowsNoLastImageForgetsIt) {
+    PutPicture("C:\\p\\last.bmp", 30, 20);
+    Setting("LastOpenedFile", "C:\\p\\last.bmp");
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(Saved("LastOpenedFile"), "");
+}
+
 headless::ExpectedBox InsertDisk(const std::string& file, Answer reply) {
     return {.text = "Insert the disk that contains the file:\r\n\r\n" + file +
                     "\r\n\r\n...into Floppy Drive A:\\\r\n\r\nPress the \"OK\" button to continue.",

@@ -20,6 +20,7 @@ std::string Difference(const ExpectedBox& expected, const BoxRequest& request) {
     if (expected.text != request.text) difference += " text, expected <" + expected.text + ">;";
     if (expected.icon != request.icon) difference += " icon;";
     if (expected.buttons != request.buttons) difference += " buttons;";
+    if (expected.defaultButton != request.defaultButton) difference += " default button;";
     if (expected.help != request.help) difference += " Help button;";
     if (expected.systemModal != request.systemModal) difference += " system modality;";
     if (expected.helpContext && *expected.helpContext != request.helpContext) difference += " help context;";

@@ -30,6 +30,7 @@ struct ExpectedBox {
     std::optional<unsigned> helpContext = {};
     std::function<void()> whileOpen = {};  ///< runs before the reply is given
     bool pressHelp = false;                ///< the user presses Help before the reply
+    int defaultButton = 1;                 ///< counted from 1
 };
 
 /// An input box that a test expects next, and what the user enters.

@@ -16,7 +16,8 @@ namespace {
 constexpr std::string_view SaverWord = "SCRNSAVE";
 
 bool IsHostPath(const std::string& text) {
-    if (text.size() < 2) return false;  // a letter is a command, whatever lies about under that name
+    // A bare word is a command, whatever lies about under that name; a picture or a show has an ending.
+    if (text.find_first_of("./") == std::string::npos) return false;
     std::error_code error;
     if (std::filesystem::is_regular_file(text, error)) return true;
     const bool drivePath = text.size() > 1 && IsDriveLetter(text[0]) && text[1] == ':';

@@ -93,7 +93,7 @@ std::unique_ptr<LabelPeer> QtToolkit::CreateLabel(EventSink& sink, ControlPeer& 
 }
 
 std::unique_ptr<FramePeer> QtToolkit::CreateFrame(EventSink& sink, ControlPeer& container) {
-    return std::make_unique<QtFrame>(SinkPort(sink, state_->calls), NativeOf(container));
+    return state_->Make<QtFrame>(sink, NativeOf(container));
 }
 
 std::unique_ptr<ButtonPeer> QtToolkit::CreateButton(EventSink& sink, ControlPeer& container) {

@@ -7,6 +7,7 @@
 #include "core/HelpContexts.h"
 #include "core/NumberText.h"
 #include "core/UnsavedImage.h"
+#include "dialogs/DialogWork.h"
 #include "dialogs/EntryField.h"
 #include "editing/creating/BackColor.h"
 #include "editing/creating/BackColorFrm.h"
@@ -158,6 +159,7 @@ void NewImageFrm::CmdCancel_Click() {
 }
 
 void NewImageFrm::CmdOK_Click() {
+    if (module_.Busy()) return;
     txtWidth.Text = Trim(txtWidth.Text.Get());
     txtHeight.Text = Trim(txtHeight.Text.Get());
     if (txtWidth.Text.Get().empty()) {
@@ -203,14 +205,15 @@ std::optional<NewImageFrm::ImageSize> NewImageFrm::WantedSize() {
 }
 
 void NewImageFrm::Create(const ImageSize& size) {
-    forms::BusyGuard busy(module_.Screen());
+    DialogWork work(*this, module_);
+    if (!work) return;
     try {
         MakeImage(size);
     } catch (const RuntimeError& error) {
         App().MessageBox({.text = "Error, unable to create an image with the specified attributes." +
                                   std::string(NewLine2) + error.Description() + "...",
                           .icon = forms::BoxIcon::Exclamation});
-        busy.Release();
+        work.Release();
         module_.CurrentImage.clear();
         mnuClear_Click(view_);
         App().Unload(*this);
@@ -220,14 +223,11 @@ void NewImageFrm::Create(const ImageSize& size) {
     module_.config.NewImageY = static_cast<std::int16_t>(size.height);
     view_.picFrame.Visible = true;
     SetImageLoadedMenus(view_);
-    busy.Release();
+    work.Release();
     App().Unload(*this);
 }
 
 void NewImageFrm::MakeImage(const ImageSize& size) {
-    module_.DoEvents();
-    Hide();
-    module_.DoEvents();
     view_.picFrame.Visible = false;
     view_.MainImage.Picture = Picture();
     {

@@ -5,6 +5,7 @@
 #include "core/Folders.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
+#include "dialogs/DialogWork.h"
 #include "editing/desktop/WallpaperFit.h"
 #include "editing/frame/EditFrame.h"
 #include "editing/frame/EditingDialog.h"
@@ -63,16 +64,15 @@ void frmSetWallpaper::Form_Load() {
 }
 
 void frmSetWallpaper::CmdOK_Click() {
-    if (module_.Busy()) return;
-    forms::BusyGuard busy(module_.Screen());
-    module_.DoEvents();
+    DialogWork work(*this, module_, DialogWork::Dialog::Stays);
+    if (!work) return;
     module_.config.WallpaperStretch = CheckStretch.Value;
     module_.config.WallpaperAspect = CheckAspect.Value;
     SkipFailure(
         [&] { module_.platform.registry.Write(DesktopKey, TileWallpaper, OptionTile.Value ? "1" : "0"); });
     const std::string folder = GetWindowsFolder(module_);
     if (!folder.empty()) SetWallpaper(folder + WallpaperFile);
-    busy.Release();
+    work.Release();
     App().Unload(*this);
 }
 

@@ -39,7 +39,13 @@ void CommitWorkingFile(MainViewFrm& view) {
 }
 
 void WriteMainImage(MainViewFrm& view) {
-    WriteSurface(view.Module(), view.MainImage, view.Module().CurrentImage);
+    WriteMainImageTo(view, view.Module().CurrentImage);
+}
+
+void WriteMainImageTo(MainViewFrm& view, const std::string& workingFile) {
+    MainModule& module = view.Module();
+    WriteSurface(module, view.MainImage, workingFile);
+    if (module.KeptWorkingFile == workingFile) module.KeptWorkingFile.clear();
 }
 
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {

@@ -32,6 +32,8 @@ void CommitWorkingFile(MainViewFrm& view);
 /// Writes what MainImage shows to the file CurrentImage, as a bitmap. Failures are those of the file service, and
 /// 380 without any pixels.
 void WriteMainImage(MainViewFrm& view);
+/// The same to a working file that is not the image on show yet.
+void WriteMainImageTo(MainViewFrm& view, const std::string& workingFile);
 
 /// WriteMainImage for commands; a failure ends by EndWithoutImage. Whether the file was written.
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure = EditNotWritten);

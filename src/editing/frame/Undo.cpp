@@ -8,7 +8,6 @@
 #include "core/Folders.h"
 #include "core/UnsavedImage.h"
 #include "editing/frame/EditFrame.h"
-#include "editing/frame/SurfaceFile.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -25,7 +24,7 @@ std::optional<RuntimeError> BringBack(MainViewFrm& view) {
         return error;
     }
     try {
-        WriteSurface(module, view.MainImage, target);
+        WriteMainImageTo(view, target);
     } catch (const RuntimeError& error) {
         SkipFailure([&] { view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage); });
         return error;

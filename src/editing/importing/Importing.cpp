@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "core/Folders.h"
 #include "core/UnsavedImage.h"
 #include "editing/frame/EditFrame.h"
@@ -37,10 +38,11 @@ void LayOut(MainViewFrm& view) {
 void Import(MainViewFrm& view, const std::string& path) {
     const MainModule& module = view.Module();
     const forms::BusyGuard busy(module.Screen());
-    SkipFailure([&] { view.selection.Drop(); });
     view.picFrame.Visible = false;
-    if (!LoadThroughNViewLib(module, view.MainImage, path, 0)) {
-        EndWithoutImage(view, "Unable to import selected file.");
+    try {
+        LoadThroughNViewLib(module, view.MainImage, path, 0);
+    } catch (const RuntimeError& error) {
+        EndWithoutImage(view, "Unable to import selected file.", error);
         return;
     }
     LayOut(view);
@@ -77,17 +79,22 @@ void mnuTempFile_Click(MainViewFrm& view) {
         module.app.MessageBox({.text = "The temporary image file that was last created is already open..."});
         return;
     }
-    const forms::BusyGuard busy(module.Screen());
-    SkipFailure([&] { view.selection.Drop(); });
-    view.picFrame.Visible = false;
-    module.CurrentImage = path;
-    view.ShowTitleOf(path);
+    forms::BusyGuard busy(module.Screen());
+    Picture picture;
     try {
-        view.MainImage.Picture = module.platform.pictures.Load(path);
+        picture = module.platform.pictures.Load(path);
     } catch (const RuntimeError& error) {
-        EndWithoutImage(view, "Unable to open the temporary image file.", error);
+        busy.Release();
+        module.app.MessageBox({.text = "Unable to open the temporary image file." + std::string(NewLine2) +
+                                       error.Description() + "...",
+                               .icon = forms::BoxIcon::Stop});
         return;
     }
+    view.picFrame.Visible = false;
+    if (module.KeptWorkingFile == path) module.KeptWorkingFile.clear();  // it is asked about from now on
+    module.CurrentImage = path;
+    view.ShowTitleOf(path);
+    view.MainImage.Picture = picture;
     LayOut(view);
     SetImageLoadedMenus(view);
 }

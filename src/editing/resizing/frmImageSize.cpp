@@ -6,6 +6,7 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/NumberText.h"
+#include "dialogs/DialogWork.h"
 #include "dialogs/EntryField.h"
 #include "editing/frame/EditFrame.h"
 #include "editing/frame/EditingDialog.h"
@@ -154,6 +155,7 @@ void frmImageSize::Refuse(const std::string& why, const char* advice, forms::Tex
 }
 
 void frmImageSize::CmdSize_Click() {
+    if (module_.Busy()) return;
     if (txtWidth.Text.Get().empty()) {
         App().MessageBox({.text = "You need to enter the new width first, unable to resize image..."});
         txtWidth.SetFocus();
@@ -180,10 +182,8 @@ void frmImageSize::CmdSize_Click() {
     if (*width == CurrentWidth() && *height == CurrentHeight())
         return Refuse("The new size is the same as the current size.", "Unable to resize image...", txtWidth);
 
-    const forms::BusyGuard busy(module_.Screen());
-    module_.DoEvents();
-    Hide();
-    module_.DoEvents();
+    const DialogWork work(*this, module_);
+    if (!work) return;
     Resize(*width, *height);
     module_.DoEvents();
     App().Unload(*this);

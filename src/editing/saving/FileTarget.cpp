@@ -7,6 +7,7 @@
 #include "core/FailureText.h"
 #include "core/Folders.h"
 #include "core/RecentLists.h"
+#include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
 #include "editing/frame/EditFrame.h"
 #include "platform/forms/Application.h"
@@ -110,13 +111,10 @@ bool FileTarget::UserAgrees() {
            forms::Answer::Yes;
 }
 
-void FileTarget::Save(const std::function<void(const std::string& path)>& write) {
+void FileTarget::Save(const std::function<void(const std::string& path)>& write, AfterFailure afterFailure) {
     const std::string path = FullName();  // whatever the user enters while messages run
-    forms::BusyGuard busy(module_.Screen());
-    module_.DoEvents();
-    if (form_.Unloaded()) return;
-    form_.Hide();
-    module_.DoEvents();
+    DialogWork work(form_, module_);
+    if (!work) return;
     std::optional<RuntimeError> failure;
     try {
         write(path);
@@ -124,14 +122,19 @@ void FileTarget::Save(const std::function<void(const std::string& path)>& write)
         failure = error;
     }
     if (failure) {
-        busy.Release();
+        work.Release();
         form_.App().MessageBox(
             {.text = FailureText(words_.failure, path, *failure), .icon = forms::BoxIcon::Stop});
+        if (afterFailure == AfterFailure::AskAgain && !form_.Unloaded()) {
+            txtFilename.SetFocus();
+            form_.ShowModal();
+            return;
+        }
     } else {
         module_.CurrentImage = path;
         view_.ShowTitleOf(path);
         AddRecentFile(module_, module_.CurrentImage);
-        busy.Release();
+        work.Release();
     }
     form_.App().Unload(form_);
 }

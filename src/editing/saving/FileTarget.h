@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -65,9 +66,12 @@ class FileTarget {
     bool NameIsUsable();
     /// Whether the user wants this file, which may be there already.
     bool UserAgrees();
-    /// Closes the window and writes the file, which then is the image on show, or tells that it could not be written.
-    /// `write` gets the full path and throws RuntimeError.
-    void Save(const std::function<void(const std::string& path)>& write);
+    enum class AfterFailure : std::uint8_t { Close, AskAgain };
+    /// Hides the window and writes the file, which then is the image on show, or tells that it could not be written.
+    /// The window closes; after a failure it may be shown again instead, for another name or place. `write` gets the
+    /// full path and throws RuntimeError.
+    void Save(const std::function<void(const std::string& path)>& write,
+              AfterFailure afterFailure = AfterFailure::Close);
 
   private:
     void lblCurrent_Click();

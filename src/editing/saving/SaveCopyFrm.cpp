@@ -34,7 +34,8 @@ void SaveCopyFrm::CmdSave_Click() {
         return;
     }
     if (!Target.UserAgrees()) return;
-    Target.Save([this](const std::string& path) { module_.platform.files.Copy(module_.CurrentImage, path); });
+    Target.Save([this](const std::string& path) { module_.platform.files.Copy(module_.CurrentImage, path); },
+                FileTarget::AfterFailure::AskAgain);
 }
 
 bool SaveCopyFrm::IsCurrentImage(const std::string& path) const {

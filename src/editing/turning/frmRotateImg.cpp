@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
+#include "dialogs/DialogWork.h"
 #include "dialogs/EntryField.h"
 #include "editing/creating/BackColor.h"
 #include "editing/creating/BackColorFrm.h"
@@ -127,6 +128,7 @@ void frmRotateImg::Refuse(const std::string& why) {
 }
 
 void frmRotateImg::CmdRotate_Click() {
+    if (module_.Busy()) return;
     if (txtAngle.Text.Get().empty()) {
         Refuse("You need to enter the angle of rotation first...");
         txtAngle.SetFocus();
@@ -144,10 +146,8 @@ void frmRotateImg::CmdRotate_Click() {
         SelectToReplace(txtAngle);
         return;
     }
-    const forms::BusyGuard busy(module_.Screen());
-    module_.DoEvents();
-    Hide();
-    module_.DoEvents();
+    const DialogWork work(*this, module_);
+    if (!work) return;
     Rotate(*degrees);
     App().Unload(*this);
 }
