@@ -70,6 +70,30 @@ TEST_F(MenusTest, OnlyTheProgramChecksAnEntry) {
     EXPECT_TRUE(driver->Shown(form.mnuOpen).checked);
 }
 
+TEST_F(MenusTest, WhatIsOnOrOffIsSomethingToCheckWhileItIsOffToo) {
+    form.mnuOpen.Checkable = true;
+    form.Show();
+    driver->Settle();
+    EXPECT_TRUE(driver->Shown(form.mnuOpen).checkable);
+    EXPECT_FALSE(driver->Shown(form.mnuOpen).checked);
+    EXPECT_FALSE(driver->Shown(form.mnuBare).checkable);
+    form.mnuOpen.Checked = true;
+    form.mnuOpen.Checked = false;
+    EXPECT_TRUE(driver->Shown(form.mnuOpen).checkable);
+}
+
+TEST_F(MenusTest, ALetterBelongsToTheFirstEntryThatNamesIt) {
+    form.Show();
+    driver->Settle();
+    EXPECT_EQ(driver->Shown(form.mnuOpen).caption, "&Open Image");
+    EXPECT_EQ(driver->Shown(form.mnuMore).caption, "More");
+    EXPECT_EQ(form.mnuMore.Caption.Get(), "M&ore");
+    form.mnuMore.Caption = "Fish && &Chips";
+    EXPECT_EQ(driver->Shown(form.mnuMore).caption, "Fish && &Chips");
+    form.mnuMore.Caption = "Fish && Chips && &Onions";
+    EXPECT_EQ(driver->Shown(form.mnuMore).caption, "Fish && Chips && Onions");
+}
+
 TEST_F(MenusTest, APopupRunsTheChosenEntry) {
     form.mnuOpen.Install([this] { log.emplace_back("open"); });
     form.Show();

@@ -408,6 +408,7 @@ class QtDriver final : public Driver {
         state.caption = text.toStdString();
         state.enabled = action.isEnabled();
         state.visible = action.isVisible();
+        state.checkable = action.isCheckable();
         state.checked = action.isChecked();
         return state;
     }

@@ -2,16 +2,23 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextDocument>
 #include <QTimer>
+#include <QUrl>
 #include <QWheelEvent>
 #include <QWindow>
 
 #include "backends/qt/TitleLock.h"
 #include "backends/qt/peers/InputMap.h"
+#include "backends/qt/peers/QtMenuItem.h"
+#include "backends/qt/peers/Style.h"
+#include "backends/qt/x11/LatinKeys.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "forms_conformance/QtDriver.h"
 
@@ -52,7 +59,163 @@ TEST_F(QtOnlyTest, KeysHaveTheirClassicCodes) {
     EXPECT_EQ(CodeOf(Qt::Key_F12), 123);
     EXPECT_EQ(CodeOf(Qt::Key_AsciiTilde), 192);
     EXPECT_EQ(CodeOf(Qt::Key_Pause), 19);
-    EXPECT_EQ(CodeOf(Qt::Key_Adiaeresis), 0);
+    EXPECT_EQ(CodeOf(Qt::Key_BracketLeft), 219);
+    EXPECT_EQ(CodeOf(Qt::Key_BraceRight, Qt::ShiftModifier), 221);
+    EXPECT_EQ(CodeOf(Qt::Key_Super_L), 91);
+    EXPECT_EQ(CodeOf(Qt::Key_Super_R), 92);
+    EXPECT_EQ(CodeOf(Qt::Key_AltGr), 18);
+}
+
+TEST_F(QtOnlyTest, EveryKeyHasACode) {
+    EXPECT_EQ(CodeOf(Qt::Key_Adiaeresis), 255);
+    EXPECT_EQ(CodeOf(Qt::Key_ssharp), 255);
+    EXPECT_EQ(CodeOf(Qt::Key_Dead_Circumflex), 255);
+    EXPECT_EQ(CodeOf(Qt::Key_VolumeUp), 255);
+    EXPECT_EQ(CodeOf(Qt::Key_unknown), 255);
+    EXPECT_EQ(CodeOf(0), 255);
+}
+
+TEST_F(QtOnlyTest, KeysOfOtherScriptsAreFoundByTheirPlaces) {
+    const auto code = [](char32_t letter, quint32 place) {
+        return qt::VirtualKeyCode(
+            QKeyEvent(QEvent::KeyPress, static_cast<int>(letter), Qt::NoModifier, place, 0, 0));
+    };
+    EXPECT_EQ(code(U'\u0417', 33), 'P');
+    EXPECT_EQ(code(U'\u0419', 24), 'Q');
+    EXPECT_EQ(code(U'\u042F', 52), 'Z');
+    EXPECT_EQ(code(U'\u0425', 34), 219);
+    EXPECT_EQ(code(U'\u0401', 49), 192);
+    EXPECT_EQ(code(U'\u042E', 60), 190);
+    EXPECT_EQ(code(U'\u03A0', 33), 'P');
+    EXPECT_EQ(code(U'\u05E4', 33), 'P');
+    EXPECT_EQ(code(U'\u0417', 0), 255);
+    // Letters of a Latin layout are what they are.
+    EXPECT_EQ(code(U'\u00DC', 34), 255);
+    EXPECT_EQ(code(U'\u00DF', 20), 255);
+    EXPECT_EQ(code(U'Y', 52), 'Y');
+    // So are its signs: this one stands where others have the backslash, and Shift and 3.
+    EXPECT_EQ(code(U'#', 51), 255);
+}
+
+TEST_F(QtOnlyTest, TheLatinSymbolOfAKeyIsFoundInAnyLayout) {
+    constexpr std::uint32_t Ze = 0x6DA;
+    constexpr std::uint32_t CapitalZe = 0x6FA;
+    const auto latin = [](const std::vector<std::uint32_t>& symbols) { return qt::x11::LatinOf(symbols); };
+    EXPECT_EQ(latin({'p', 'P', Ze, CapitalZe}), 'p');
+    EXPECT_EQ(latin({Ze, CapitalZe, 'p', 'P'}), 'p');
+    EXPECT_EQ(latin({Ze, CapitalZe, Ze, CapitalZe, 0, 0, 0, 0, 'p', 'P'}), 'p');
+    EXPECT_EQ(latin({Ze, CapitalZe, '[', '{'}), '[');
+    EXPECT_EQ(latin({Ze, '1', Ze, '2', '@'}), 0);
+    EXPECT_EQ(latin({Ze, CapitalZe}), 0);
+    EXPECT_EQ(latin({}), 0);
+}
+
+TEST_F(QtOnlyTest, AHeldKeyDoesNothingWhereItsPressDidNotBegin) {
+    auto& form = app.Load<TestForm>(log);
+    auto& other = app.Load<TestForm>(log, "Other");
+    form.KeyPreview = other.KeyPreview = true;
+    form.Show();
+    other.Show();
+    driver->Settle();
+    log.clear();
+    const auto send = [](Form& to, QEvent::Type type, bool repeated) {
+        QKeyEvent key(type, Qt::Key_Escape, Qt::NoModifier, 9, 0, 0, {}, repeated);
+        QCoreApplication::sendEvent(WidgetOf(to).windowHandle(), &key);
+    };
+    send(form, QEvent::KeyPress, false);
+    send(form, QEvent::KeyPress, true);
+    EXPECT_EQ(Count(log, "TestForm key 27/0"), 2) << "a held key repeats where it is";
+    send(other, QEvent::KeyPress, true);
+    send(other, QEvent::KeyPress, true);
+    EXPECT_EQ(Count(log, "Other key 27/0"), 0);
+    send(other, QEvent::KeyRelease, false);
+    send(other, QEvent::KeyPress, false);
+    send(other, QEvent::KeyPress, true);
+    EXPECT_EQ(Count(log, "Other key 27/0"), 2);
+}
+
+TEST_F(QtOnlyTest, ALineOfAMenuHasNoText) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    const auto& line = dynamic_cast<qt::QtMenuItem&>(*form.mnuLine.Peer());
+    EXPECT_TRUE(line.Action()->isSeparator());
+    EXPECT_EQ(line.Action()->text(), QString());
+}
+
+TEST_F(QtOnlyTest, WhatHasNoNameIsNotListed) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    const QMenu& menu = *dynamic_cast<qt::QtMenuItem&>(*form.mnuFile.Peer()).SubMenu();
+    const auto names = [&menu] {
+        std::string all;
+        for (const QAction* action : menu.actions())
+            all += action->text().toStdString() + "|";
+        return all;
+    };
+    EXPECT_EQ(names(), "&Open Image||More|Nothing yet|");
+    form.mnuLast[1].Caption = "b";
+    form.mnuLast[1].Visible = true;
+    form.mnuLast[0].Caption = "a";
+    EXPECT_EQ(names(), "&Open Image||More|Nothing yet|a|b|") << "in the order in which they were made";
+    form.mnuLast[2].Caption = "c";
+    form.mnuLast[1].Visible = false;
+    EXPECT_EQ(names(), "&Open Image||More|Nothing yet|a|b|c|");
+}
+
+TEST_F(QtOnlyTest, F10OpensTheMenuBar) {
+    auto& form = app.Load<TestForm>(log);
+    form.KeyPreview = true;
+    form.Show();
+    form.hidden.SetFocus();
+    driver->Settle();
+    QTest::keyClick(WidgetOf(form).windowHandle(), Qt::Key_F10);
+    driver->Settle();
+    EXPECT_EQ(QApplication::activePopupWidget(),
+              dynamic_cast<qt::QtMenuItem&>(*form.mnuFile.Peer()).SubMenu());
+    QTest::keyClick(WidgetOf(form).windowHandle(), Qt::Key_Escape);
+    driver->Settle();
+}
+
+TEST_F(QtOnlyTest, WhatIsDroppedAndIsNoFileIsTold) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    driver->Settle();
+    int drops = 0;
+    form.picture.OnOLEDragDrop = [&drops](const std::vector<std::string>& files) {
+        ++drops;
+        EXPECT_TRUE(files.empty());
+    };
+    QMimeData data;
+    data.setUrls({QUrl(QStringLiteral("https://example.org/picture.jpg"))});
+    QDropEvent drop(QPointF(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&WidgetOf(form.picture), &drop);
+    driver->Settle();
+    EXPECT_EQ(drops, 1);
+}
+
+TEST_F(QtOnlyTest, TheMarkOfALongMenuBarIsInTheColourOfTexts) {
+    const QPalette before = QApplication::palette();
+    const qt::Style style;
+    const QIcon icon = style.standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
+    for (const QColor text : {QColor(Qt::white), QColor(Qt::black), QColor(Qt::red)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::ButtonText, text);
+        QApplication::setPalette(palette);
+        const QImage image = icon.pixmap(QSize(16, 16), 1.0).toImage();
+        int drawn = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (pixel.alpha() < 250) continue;
+                EXPECT_EQ(pixel.rgb(), text.rgb());
+                ++drawn;
+            }
+        }
+        EXPECT_GT(drawn, 5);
+    }
+    QApplication::setPalette(before);
 }
 
 TEST_F(QtOnlyTest, AToolTipIsShownLetterByLetter) {

@@ -186,12 +186,10 @@ void QtWindow::Map() {
     if (owner != nullptr) owner->winId();
     qt::SetOwner(window, owner);
     if (fullScreen_) CoverDisplay();
-    // The window manager that let a hidden window go may have told its place without the frame.
-    const bool placed = outer_ && !fullScreen_ && state_ == WindowState::Normal;
-    if (placed && window.windowHandle() != nullptr) {
-        window.windowHandle()->setFramePosition(PlaceOf(*outer_).corner);
-    }
     window.setAttribute(Qt::WA_ShowWithoutActivating, waitWindow_ || comesWithOwner);
+    // A window manager that lets a hidden window go tells its place without the frame.
+    const bool placed = outer_ && !fullScreen_ && state_ == WindowState::Normal;
+    if (placed && window.pos() != PlaceOf(*outer_).corner) window.move(PlaceOf(*outer_).corner);
     window.show();
     TellPointer();
     if (!waitWindow_ && !comesWithOwner) {
