@@ -7,6 +7,7 @@
 #include "imaging/codecs/IconDecoder.h"
 #include "imaging/codecs/JpegDecoder.h"
 #include "imaging/codecs/PcxDecoder.h"
+#include "imaging/codecs/PngDecoder.h"
 #include "imaging/codecs/TgaDecoder.h"
 #include "imaging/loading/Decoders.h"
 #include "imaging/metafile/MetafileDecoder.h"
@@ -36,10 +37,11 @@ class FirstBytes {
 }  // namespace
 
 std::span<const DecoderEntry> Decoders() {
-    static constexpr std::array<DecoderEntry, 7> Table{{
+    static constexpr std::array<DecoderEntry, 8> Table{{
         {"jpg", RecognisesJpeg, DecodeJpeg},
         {"bmp", RecognisesBmp, DecodeBmp},
         {"gif", RecognisesGif, DecodeGif},
+        {"png", RecognisesPng, DecodePng},
         {"ico", RecognisesIcon, DecodeIcon},
         {"cur", RecognisesCursor, DecodeIcon},
         {"emf", RecognisesEmf, DecodeEmf},
