@@ -1,18 +1,20 @@
-#include "backends/qt/desktop/GnomeWallpaper.h"
+#include "backends/qt/desktop/SettingsWallpaper.h"
 
-#include <QProcess>
+#include <QFile>
+#include <QStringList>
 
+#include "backends/qt/desktop/DesktopTool.h"
 #include "backends/qt/desktop/WallpaperAddress.h"
 
 namespace tavrix::qt {
 
 namespace {
 
-constexpr const char* Background = "org.gnome.desktop.background";
-constexpr const char* Interface = "org.gnome.desktop.interface";
-constexpr const char* Light = "picture-uri";
-constexpr const char* Dark = "picture-uri-dark";
 constexpr const char* Options = "picture-options";
+
+std::optional<QString> Settings(const QStringList& arguments) {
+    return RunDesktopTool(QStringLiteral("gsettings"), arguments);
+}
 
 /// A text as the tool prints it, out of its quotation marks.
 QString Unquoted(const QString& printed) {
@@ -26,60 +28,60 @@ QString Unquoted(const QString& printed) {
     return text;
 }
 
-}  // namespace
-
-std::optional<QString> GnomeWallpaper::Settings(const QStringList& arguments) {
-    constexpr int LimitInMilliseconds = 3000;
-    QProcess tool;
-    tool.start(QStringLiteral("gsettings"), arguments, QIODevice::ReadOnly);
-    if (!tool.waitForFinished(LimitInMilliseconds)) {
-        tool.kill();
-        tool.waitForFinished(LimitInMilliseconds);
-        return std::nullopt;
+/// A text as the tool takes it.
+QString Quoted(const QString& text) {
+    QString quoted(QLatin1Char('"'));
+    for (const QChar c : text) {
+        if (c == QLatin1Char('"') || c == QLatin1Char('\\')) quoted += QLatin1Char('\\');
+        quoted += c;
     }
-    if (tool.exitStatus() != QProcess::NormalExit || tool.exitCode() != 0) return std::nullopt;
-    return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
+    return quoted + QLatin1Char('"');
 }
 
-std::optional<QString> GnomeWallpaper::Get(const char* schema, const char* key) {
+}  // namespace
+
+std::optional<QString> SettingsWallpaper::Get(const char* schema, const char* key) {
     const auto printed = Settings({QStringLiteral("get"), QLatin1String(schema), QLatin1String(key)});
     if (!printed) return std::nullopt;
     return Unquoted(*printed);
 }
 
-bool GnomeWallpaper::Set(const char* key, const QString& text) {
-    // Addresses and words have neither quotation marks nor backslashes in them.
-    return Settings({QStringLiteral("set"), QLatin1String(Background), QLatin1String(key),
-                     QLatin1Char('"') + text + QLatin1Char('"')})
+bool SettingsWallpaper::Set(const char* key, const QString& text) const {
+    return Settings({QStringLiteral("set"), QLatin1String(names_.schema), QLatin1String(key), Quoted(text)})
         .has_value();
 }
 
-bool GnomeWallpaper::SetPictures(const QString& address) {
-    // Before GNOME 42 there is no dark one.
-    static_cast<void>(Set(Dark, address));
-    return Set(Light, address);
+bool SettingsWallpaper::SetPictures(const QString& picture) const {
+    // GNOME before 42 has no dark one.
+    if (names_.darkPicture != nullptr) static_cast<void>(Set(names_.darkPicture, picture));
+    return Set(names_.picture, picture);
 }
 
-bool GnomeWallpaper::Show(const std::string& file, bool tiled) {
-    return Set(Options, tiled ? QStringLiteral("wallpaper") : QStringLiteral("centered")) &&
-           SetPictures(AddressOfFile(file));
+bool SettingsWallpaper::Show(const std::string& file, bool tiled) {
+    const QString style = tiled ? QStringLiteral("wallpaper") : QStringLiteral("centered");
+    if (!Set(Options, style)) return false;
+    if (!names_.paths) return SetPictures(AddressOfFile(file));  // these desktops watch the file itself
+    // A path that stays the same is no news to the desktop, whatever is in the file by now.
+    return SetPictures({}) && SetPictures(QFile::decodeName(file.c_str()));
 }
 
-bool GnomeWallpaper::Clear() {
-    // Without a picture's address alone, the desktop would look for a file of no name.
-    return Set(Options, QStringLiteral("none")) && SetPictures({});
+bool SettingsWallpaper::Clear() {
+    // Where there is such an option, a desktop without it would look for a file of no name.
+    if (names_.canBeNone && !Set(Options, QStringLiteral("none"))) return false;
+    return SetPictures({});
 }
 
-std::optional<std::string> GnomeWallpaper::Current() {
-    const std::optional<QString> options = Get(Background, Options);
+std::optional<std::string> SettingsWallpaper::Current() {
+    const std::optional<QString> options = Get(names_.schema, Options);
     if (!options) return std::nullopt;
     if (*options == QLatin1String("none")) return std::string();
-    const bool isDark = Get(Interface, "color-scheme") == QStringLiteral("prefer-dark");
-    std::optional<QString> address;
-    if (isDark) address = Get(Background, Dark);
-    if (!address) address = Get(Background, Light);
-    if (!address) return std::nullopt;
-    return FileOfAddress(*address);
+    const bool isDark = names_.interfaceSchema != nullptr &&
+                        Get(names_.interfaceSchema, "color-scheme") == QStringLiteral("prefer-dark");
+    std::optional<QString> picture;
+    if (isDark && names_.darkPicture != nullptr) picture = Get(names_.schema, names_.darkPicture);
+    if (!picture) picture = Get(names_.schema, names_.picture);
+    if (!picture) return std::nullopt;
+    return FileOfAddress(*picture);
 }
 
 }  // namespace tavrix::qt
