@@ -168,6 +168,12 @@ std::optional<PngHeader> ReadPngHeader(ByteSource& source) {
         BitsPerPixel(std::to_integer<unsigned>(bytes[24]), std::to_integer<unsigned>(bytes[25]))};
 }
 
+PictureHeader ReadPngSize(ByteSource& source, const Cancellation&) {
+    const auto header = ReadPngHeader(source);
+    if (!header) return {.reason = "no header"};
+    return {.info = {.width = header->width, .height = header->height}, .known = true};
+}
+
 DecodeStatus DecodePng(ByteSource& source, PictureSink& sink) {
     try {
         return std::make_unique<PngReader>(source, sink)->Run();

@@ -19,6 +19,7 @@ struct PngHeader {
 
 /// PNG, in files of its own and inside icons and bitmaps. Colours are taken as they are stored; colour profiles and gamma do not count.
 [[nodiscard]] bool RecognisesPng(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadPngSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodePng(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

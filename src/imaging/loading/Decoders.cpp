@@ -38,14 +38,14 @@ class FirstBytes {
 
 std::span<const DecoderEntry> Decoders() {
     static constexpr std::array<DecoderEntry, 8> Table{{
-        {"jpg", RecognisesJpeg, DecodeJpeg},
-        {"bmp", RecognisesBmp, DecodeBmp},
-        {"gif", RecognisesGif, DecodeGif},
-        {"png", RecognisesPng, DecodePng},
-        {"ico", RecognisesIcon, DecodeIcon},
-        {"cur", RecognisesCursor, DecodeIcon},
-        {"emf", RecognisesEmf, DecodeEmf},
-        {"wmf", RecognisesWmf, DecodeWmf},
+        {"jpg", RecognisesJpeg, DecodeJpeg, ReadJpegSize},
+        {"bmp", RecognisesBmp, DecodeBmp, ReadBmpSize},
+        {"gif", RecognisesGif, DecodeGif, ReadGifSize},
+        {"png", RecognisesPng, DecodePng, ReadPngSize},
+        {"ico", RecognisesIcon, DecodeIcon, ReadIconSize},
+        {"cur", RecognisesCursor, DecodeIcon, ReadIconSize},
+        {"emf", RecognisesEmf, DecodeEmf, ReadEmfSize},
+        {"wmf", RecognisesWmf, DecodeWmf, ReadWmfSize},
     }};
     return Table;
 }
@@ -57,8 +57,8 @@ const DecoderEntry* DecoderFor(ByteSource& source) {
 
 std::span<const DecoderEntry> ImportDecoders() {
     static constexpr std::array<DecoderEntry, 2> Table{{
-        {"tga", RecognisesTga, DecodeTga},
-        {"pcx", RecognisesPcx, DecodePcx},
+        {"tga", RecognisesTga, DecodeTga, ReadTgaSize},
+        {"pcx", RecognisesPcx, DecodePcx, ReadPcxSize},
     }};
     return Table;
 }
