@@ -228,6 +228,7 @@ def main():
     two = small.convert("L").point(lambda v: 1 if v > 128 else 0, "L")
     (HERE / "small-1bit.dib").write_bytes(bmp(160, 107, 1, 0, [(32, 40, 64), (250, 236, 200)], packed_rows(two, 1)))
     small.save(HERE / "small.tga", compression="tga_rle")
+    small.save(HERE / "small.png", optimize=True)
     indexed.save(HERE / "small.pcx")
     balloons()
 

@@ -19,8 +19,8 @@
 
 #include "TestPictures.h"
 #include "backends/linux/FileSource.h"
-#include "backends/linux/PictureLoader.h"
 #include "imaging/loading/DecodePicture.h"
+#include "imaging/loading/PictureLoader.h"
 
 namespace tavrix::bench {
 namespace {
@@ -151,7 +151,7 @@ void LoaderFirstRows(benchmark::State& state) {
     const std::string path = Pictures().Jpeg();
     std::vector<double> first, all;
     for (auto _ : state) {
-        PictureLoader loader([](const std::string& same) { return same; });
+        PictureLoader loader(OpenFileSource);
         Picture picture;
         first.push_back(Milliseconds([&] { picture = loader.Load(path); }));
         all.push_back(first.back() + Milliseconds([&] { static_cast<void>(picture.pixels->Whole()); }));

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "base/RuntimeError.h"
-
 namespace tavrix {
 HostPlatform::HostPlatform(std::vector<std::string> arguments)
     : driveMap(DriveMap::SourcesOf(paths)), process(driveMap, paths, std::move(arguments)) {}
@@ -12,7 +10,7 @@ void HostPlatform::PrefetchPicture() {
     const std::string commandLine = process.CommandLine();
     // A word, a switch or a floppy's path is not looked at before its time.
     if (!commandLine.starts_with("C:\\")) return;
-    SkipFailure([&] { pictures.Prefetch(files.HostPathOf(commandLine)); });
+    pictures.Expect(commandLine);
 }
 
 }  // namespace tavrix

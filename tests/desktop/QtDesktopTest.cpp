@@ -280,5 +280,128 @@ TEST_F(GnomeTest, WithoutItsToolItIsAFailure) {
     EXPECT_EQ(Told(), "(no value)");
 }
 
+/// Desktops that are told by tools of theirs: each notes what it was asked, and answers as the test says.
+class ToolTest : public DesktopBusTest {
+  protected:
+    void SetUp() override {
+        DesktopBusTest::SetUp();
+        QDir().mkpath(folder.filePath("tools"));
+        qputenv("PATH", folder.filePath("tools").toUtf8() + ":/usr/bin:/bin");
+        qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    }
+    void TearDown() override {
+        qputenv("PATH", path_);
+        qunsetenv("XDG_CONFIG_HOME");
+    }
+    /// `answers`: lines of a shell's case statement over the arguments.
+    void Tool(const QString& name, const QByteArray& answers = {}) const {
+        const std::string file =
+            Put("tools/" + name, "#!/bin/sh\nfor a in \"$@\"; do printf '[%s]' \"$a\"; done >> '" +
+                                     folder.filePath("calls").toUtf8() + "'\necho >> '" +
+                                     folder.filePath("calls").toUtf8() + "'\ncase \"$*\" in\n" + answers +
+                                     "esac\n");
+        QFile::setPermissions(QString::fromStdString(file),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    Calls TakeToolCalls() const {
+        QFile file(folder.filePath("calls"));
+        Calls calls;
+        if (!file.open(QIODevice::ReadOnly)) return calls;
+        while (!file.atEnd())
+            calls.push_back(file.readLine().trimmed().toStdString());
+        file.remove();
+        return calls;
+    }
+
+  private:
+    const QByteArray path_ = qgetenv("PATH");
+};
+
+TEST_F(ToolTest, CinnamonHasSettingsOfItsOwn) {
+    Tool("gsettings",
+         "'get org.cinnamon.desktop.background picture-uri') echo \"'file:///srv/a%20b.png'\";;\n"
+         "'get org.cinnamon.desktop.background picture-options') echo \"'zoom'\";;\n");
+    UseDesktop("X-Cinnamon");
+    EXPECT_EQ(Told(), "C:/srv/a b.png");
+    static_cast<void>(TakeToolCalls());
+    const std::string file = Put("x y.bmp", "x");
+    desktop->SetWallpaper("C:" + file);
+    const std::string sets = "[set][org.cinnamon.desktop.background]";
+    const std::string address = "file://" + folder.path().toStdString() + "/x%20y.bmp";
+    EXPECT_EQ(TakeToolCalls(),
+              (Calls{sets + "[picture-options][\"centered\"]", sets + "[picture-uri][\"" + address + "\"]"}));
+    Tile(true);
+    desktop->SetWallpaper("C:" + file);
+    EXPECT_EQ(TakeToolCalls().at(0), sets + "[picture-options][\"wallpaper\"]");
+    desktop->SetWallpaper("");
+    EXPECT_EQ(TakeToolCalls(), (Calls{sets + "[picture-options][\"none\"]", sets + "[picture-uri][\"\"]"}));
+}
+
+TEST_F(ToolTest, MateHasPathsAmongItsSettings) {
+    Tool("gsettings",
+         "'get org.mate.background picture-filename') echo \"'/srv/a b.png'\";;\n"
+         "'get org.mate.background picture-options') echo \"'stretched'\";;\n");
+    UseDesktop("MATE");
+    EXPECT_EQ(Told(), "C:/srv/a b.png");
+    static_cast<void>(TakeToolCalls());
+    const std::string file = Put("x \"y\" \\ z.bmp", "x");
+    desktop->SetWallpaper("C:" + file);
+    const std::string sets = "[set][org.mate.background]";
+    EXPECT_EQ(
+        TakeToolCalls(),
+        (Calls{sets + "[picture-options][\"centered\"]", sets + "[picture-filename][\"\"]",
+               sets + "[picture-filename][\"" + folder.path().toStdString() + "/x \\\"y\\\" \\\\ z.bmp\"]"}));
+    desktop->SetWallpaper("");
+    EXPECT_EQ(TakeToolCalls(), (Calls{sets + "[picture-filename][\"\"]"}));
+}
+
+TEST_F(ToolTest, LxqtAsksItsFileManager) {
+    Tool("pcmanfm-qt");
+    UseDesktop("LXQt");
+    EXPECT_EQ(Told(), "(no value)");
+    const std::string file = Put("x y.bmp", "x");
+    Tile(true);
+    desktop->SetWallpaper("C:" + file);
+    EXPECT_EQ(TakeToolCalls(),
+              (Calls{"[--wallpaper-mode=color]", "[--wallpaper-mode=tile][--set-wallpaper=" + file + "]"}));
+    desktop->SetWallpaper("");
+    EXPECT_EQ(TakeToolCalls(), (Calls{"[--wallpaper-mode=color]"}));
+    QDir().mkpath(folder.filePath("pcmanfm-qt/lxqt"));
+    Put("pcmanfm-qt/lxqt/settings.conf", "[Desktop]\nWallpaper=/srv/a b.png\nWallpaperMode=stretch\n");
+    EXPECT_EQ(Told(), "C:/srv/a b.png");
+    Put("pcmanfm-qt/lxqt/settings.conf", "[Desktop]\nWallpaper=/srv/a b.png\nWallpaperMode=none\n");
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ToolTest, LxdeAsksItsFileManager) {
+    Tool("pcmanfm");
+    UseDesktop("LXDE");
+    const std::string file = Put("x y.bmp", "x");
+    desktop->SetWallpaper("C:" + file);
+    EXPECT_EQ(TakeToolCalls(),
+              (Calls{"[--wallpaper-mode=color]", "[--wallpaper-mode=center][--set-wallpaper=" + file + "]"}));
+    QDir().mkpath(folder.filePath("pcmanfm/LXDE"));
+    Put("pcmanfm/LXDE/desktop-items-0.conf", "[*]\nwallpaper_mode=crop\nwallpaper=/srv/a = b.png\n");
+    EXPECT_EQ(Told(), "C:/srv/a = b.png");
+    Put("pcmanfm/LXDE/desktop-items-0.conf", "[*]\nwallpaper_mode=color\nwallpaper=/srv/a b.png\n");
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ToolTest, WithoutItsToolThePortalIsAskedAndWithoutThatItIsAFailure) {
+    qputenv("PATH", "/nowhere");
+    const std::string file = Put("x.bmp", "x");
+    for (const char* name : {"X-Cinnamon", "MATE", "LXQt", "LXDE", "Enlightenment"}) {
+        UseDesktop(name);
+        EXPECT_EQ(ErrorOfCall([&] { desktop->SetWallpaper("C:" + file); }), 68) << name;
+    }
+    services->Offer(Portal,
+                    {{"SetWallpaperFile", Saying({QVariant::fromValue(QDBusObjectPath("/request/1"))})}});
+    for (const char* name : {"X-Cinnamon", "MATE", "LXQt", "LXDE", "Enlightenment"}) {
+        UseDesktop(name);
+        desktop->SetWallpaper("C:" + file);
+        EXPECT_EQ(services->TakeCalls().size(), 1U) << name;
+    }
+}
+
 }  // namespace
 }  // namespace tavrix

@@ -40,16 +40,17 @@ class DesktopTest(ProgramTest):
                    seen.tobytes() == image.tobytes(), f"{path} holding the picture")
 
 
-class CaptureBase(DesktopTest):
-    exact = True  # the screen shows every colour as it is
-
-    def backdrop(self):
+    def backdrop(self, *kind):
         """Another program's window, below those that come later."""
-        command = [sys.executable, "-m", "driver.backdrop", "60", "40", "1000", "800"]
+        command = [sys.executable, "-m", "driver.backdrop", "60", "40", "1000", "800", *kind]
         process = self.session.children.start(command, self.screen.environment,
                                               os.path.join(self.session.folder, "backdrop.log"), cwd=DRIVER)
         self.addCleanup(self.session.children.end, process)
         wait_until(lambda: (self.screen.root_property("TAVRIX_DRAWN") or [0])[0] == process.pid, "the window below")
+
+
+class CaptureBase(DesktopTest):
+    exact = True  # the screen shows every colour as it is
 
     def shown_above(self):
         """The program with a picture, once it is seen and has the keyboard."""
@@ -206,6 +207,22 @@ class WallpaperTest(DesktopTest):
         self.assertEqual(self.root_pixmap(), ())
         program.kill()
         wait_until(lambda: self.screen.grab().getcolors() == [(size[0] * size[1], (0, 0, 0))], "a black screen")
+
+    def test_a_root_window_that_a_desktop_covers_is_left_alone(self):
+        self.backdrop("desktop")
+        path, image = self.picture(300, 190)
+        program = self.start(path)
+        program.main(path)
+        program.menu_entry("File", "Export", "Set Desktop Wallpaper").act()
+        window = program.window("Set Desktop Wallpaper")
+        wait_until(lambda: self.screen.active() == window.id, "the keyboard in the dialog")
+        self.screen.press("Alt+o")
+        box = program.message_box()
+        self.assertEqual(box.text, "Unable to change the desktop wallpaper, this desktop does not let a program do "
+                                   "that...")
+        box.press("OK")
+        program.wait(lambda: "Set Desktop Wallpaper" not in program.titles(), "the end of the dialog")
+        self.assertEqual(self.root_pixmap(), ())
 
     def test_gnome_is_told_and_asked(self):
         environment = {"XDG_CURRENT_DESKTOP": "ubuntu:GNOME", "GSETTINGS_BACKEND": "keyfile"}

@@ -1,6 +1,7 @@
 // What is brought in from the desktop's settings: the wallpaper, and the pattern that cannot be.
 
 #include "DesktopTest.h"
+#include "imaging/codecs/PngEncoder.h"
 
 namespace tavrix::test {
 namespace {
@@ -61,19 +62,45 @@ TEST_F(LoadWallpaperTest, AnUnsavedImageIsAskedForFirst) {
     ExpectBroughtIn(Different(50, 40));
 }
 
-TEST_F(LoadWallpaperTest, AFileThatCannotBeReadLeavesTheViewEmpty) {
+TEST_F(LoadWallpaperTest, ReadsWhatDesktopsUse) {
     StartWithImage(30, 20);
+    const Surface wallpaper = Different(50, 40);
+    std::string png;
+    ASSERT_TRUE(EncodePng(wallpaper, PngPacking::Stored, [&](std::span<const std::byte> bytes) {
+        png.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        return true;
+    }));
+    for (const char* path : {"C:\\Windows\\w.png", "C:\\Windows\\misnamed.jpg"}) {
+        platform.disks.PutFile(path, png);
+        SetValue("Wallpaper", path);
+        if (module.CurrentImage == Working) ExpectDiscard("Discard changes and continue?", Answer::Yes);
+        EXPECT_FALSE(Load());
+        ExpectBroughtIn(wallpaper);
+    }
+}
+
+TEST_F(LoadWallpaperTest, AFileThatCannotBeReadLeavesTheViewAsItWas) {
+    StartWithImage(2000, 2000);
+    View().hsbPict.Value = 300;
+    View().vsbPict.Value = 600;
     platform.disks.PutFile("C:\\Windows\\text.bmp", "no picture");
+    const auto expectUntouched = [&] {
+        EXPECT_EQ(module.CurrentImage, Opened);
+        ExpectShown(Different(2000, 2000));
+        EXPECT_EQ(View().hsbPict.Value.Get(), 300);
+        EXPECT_EQ(View().vsbPict.Value.Get(), 600);
+        EXPECT_TRUE(View().picFrame.Visible);
+        EXPECT_TRUE(Menus().mnuEdit.Visible);
+        ExpectIdle();
+    };
     SetValue("Wallpaper", "C:\\Windows\\text.bmp");
-    ExpectStop(std::string(NotRead) + "Invalid picture...");
+    ExpectStop(std::string(NotRead) + "Invalid picture...", expectUntouched);
     EXPECT_FALSE(Load());
-    ExpectEmptyView();
-    ExpectIdle();
+    expectUntouched();
     SetValue("Wallpaper", "C:\\Windows\\gone.bmp");
     ExpectStop(std::string(NotRead) + "File not found...");
     EXPECT_FALSE(Load());
-    ExpectEmptyView();
-    ExpectIdle();
+    expectUntouched();
     EXPECT_FALSE(platform.disks.Exists(Working));
 }
 

@@ -311,9 +311,21 @@ TEST_F(frmSetWallpaperTest, FailuresAreSkippedStatementByStatement) {
     EXPECT_EQ(platform.desktop.wallpapers.size(), 2U);
     EXPECT_TRUE(SamePixels(MadePixels(), image));
 
-    platform.faults.FailAlways(Service::Desktop, "SetWallpaper", ErrorNumber::DeviceUnavailable);
+    platform.faults.FailAlways(Service::Desktop, "SetWallpaper", ErrorNumber::FileNotFound);
     Set(true, false);
     ExpectImageUntouched(image);
+}
+
+TEST_F(frmSetWallpaperTest, ADesktopThatTakesNoWallpaperIsTold) {
+    const Surface image = Different(30, 20);
+    StartWith(image);
+    platform.faults.FailAlways(Service::Desktop, "SetWallpaper", ErrorNumber::DeviceUnavailable);
+    Expect({.text = "Unable to change the desktop wallpaper, this desktop does not let a program do that...",
+            .icon = forms::BoxIcon::Exclamation,
+            .whileOpen = [&] { EXPECT_FALSE(module.Busy()); }});
+    Set(true, false);
+    ExpectImageUntouched(image);
+    EXPECT_EQ(app.Loaded<frmSetWallpaper>(), nullptr);
 }
 
 TEST_F(frmSetWallpaperTest, WithoutAWindowsFolderNoFileIsWrittenElsewhere) {
@@ -426,9 +438,20 @@ TEST_F(ClearWallpaperTest, NoneIsNothingToClear) {
     EXPECT_FALSE(Clear());
 }
 
-TEST_F(ClearWallpaperTest, AFailureIsNotTold) {
+TEST_F(ClearWallpaperTest, ADesktopThatDoesNotGiveItUpIsTold) {
     ASSERT_TRUE(Start());
     platform.faults.FailAlways(Service::Desktop, "SetWallpaper", ErrorNumber::DeviceUnavailable);
+    ExpectQuestion(Answer::Yes);
+    Expect({.text = "Unable to change the desktop wallpaper, this desktop does not let a program do that...",
+            .icon = forms::BoxIcon::Exclamation});
+    EXPECT_FALSE(Clear());
+    ExpectIdle();
+    EXPECT_EQ(Value("Wallpaper"), Wallpaper);
+}
+
+TEST_F(ClearWallpaperTest, AnotherFailureIsNotTold) {
+    ASSERT_TRUE(Start());
+    platform.faults.FailAlways(Service::Desktop, "SetWallpaper", ErrorNumber::PermissionDenied);
     ExpectQuestion(Answer::Yes);
     EXPECT_FALSE(Clear());
     ExpectIdle();

@@ -103,6 +103,37 @@ TEST(MemoryPictures, LoadsOtherFilesThroughTheDecoders) {
     EXPECT_EQ(load("A:\\a.bmp"), 71);
 }
 
+TEST(MemoryPictures, FitsPicturesIntoABox) {
+    HeadlessServices platform;
+    Surface large(400, 300);
+    large.Fill(OpaquePixel(10, 20, 30));
+    platform.pictures.SetPicture("C:\\large.bmp", PictureOf(std::move(large)));
+    const auto coming = platform.pictures.LoadToFit("C:\\LARGE.BMP", {160, 120});
+    EXPECT_TRUE(coming->Ended());
+    const FittedPicture fitted = coming->Take();
+    EXPECT_EQ(fitted.width, 400);
+    EXPECT_EQ(fitted.height, 300);
+    EXPECT_EQ(fitted.picture.Width(), 160);
+    EXPECT_EQ(fitted.picture.Height(), 120);
+    EXPECT_EQ(fitted.picture.pixels->Whole().Row(119)[159], OpaquePixel(10, 20, 30));
+
+    platform.disks.PutFile("C:\\text.bmp", "no picture");
+    const auto errorOf = [&](const std::string& path) {
+        return ErrorOfCall([&] { static_cast<void>(platform.pictures.LoadToFit(path, {160, 120})->Take()); });
+    };
+    EXPECT_EQ(errorOf("C:\\text.bmp"), 481);
+    EXPECT_EQ(errorOf("C:\\none.bmp"), 53);
+    platform.faults.FailNth(Service::Pictures, 1, ErrorNumber::DiskNotReady);
+    EXPECT_EQ(errorOf("C:\\large.bmp"), 71);
+}
+
+TEST(MemoryPictures, NoteWhatIsExpected) {
+    HeadlessServices platform;
+    platform.pictures.Expect("C:\\none.bmp");
+    platform.pictures.Expect("");
+    EXPECT_EQ(platform.pictures.expected, (std::vector<std::string>{"C:\\none.bmp", ""}));
+}
+
 TEST(MemoryPictures, OpensAnimationsFromTheirBytes) {
     HeadlessServices platform;
     // Two frames of one pixel, red and green: header, a table of two colours, each image with its control.

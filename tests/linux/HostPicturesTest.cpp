@@ -80,6 +80,28 @@ TEST_F(HostPicturesTest, WhatDoesNotOpen) {
     EXPECT_EQ(ErrorOf("C:\\folder.gif"), 75);
 }
 
+TEST_F(HostPicturesTest, APictureIsMadeToFitABox) {
+    const FittedPicture fitted = pictures.LoadToFit("c:\\A.GIF", {30, 20})->Take();
+    EXPECT_EQ(fitted.width, 100);
+    EXPECT_EQ(fitted.height, 100);
+    EXPECT_EQ(fitted.picture.Width(), 20);
+    EXPECT_EQ(fitted.picture.Height(), 20);
+    EXPECT_EQ(fitted.picture.frames, 4);
+    EXPECT_EQ(fitted.picture.pixels->Whole().Row(19)[19], Red);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(pictures.LoadToFit("C:\\none.gif", {30, 20})); }), 53);
+}
+
+TEST_F(HostPicturesTest, AnExpectedPictureIsLoadedByWhicheverSpelling) {
+    pictures.Expect("C:\\a.gif");
+    EXPECT_EQ(pictures.Load("c:\\A.GIF").pixels->Whole().Row(0)[0], Red);
+    pictures.Expect("C:\\a.gif");
+    folder.Put("c/a.gif", Turns(2));
+    EXPECT_EQ(pictures.Load("C:\\a.gif").frames, 2) << "it has changed since";
+    pictures.Expect("C:\\none.gif");
+    pictures.Expect("");
+    EXPECT_EQ(pictures.Load("C:\\a.gif").frames, 2);
+}
+
 TEST_F(HostPicturesTest, ADeletedFilePlaysOn) {
     const auto animation = pictures.OpenAnimation("C:\\a.gif");
     std::filesystem::remove(folder.At("c/a.gif"));

@@ -7,7 +7,8 @@
 #include <string>
 
 #include "TestFolder.h"
-#include "backends/linux/PictureLoader.h"
+#include "backends/linux/FileSource.h"
+#include "imaging/loading/PictureLoader.h"
 
 namespace tavrix {
 namespace {
@@ -49,7 +50,9 @@ class HostViewLibTest : public testing::Test {
         return paths;
     }
     Picture Reloaded(const std::string& path) {
-        return PictureLoader([this](const std::string& drivePath) { return files.HostPathOf(drivePath); })
+        return PictureLoader([this](const std::string& drivePath) {
+                   return OpenFileSource(files.HostPathOf(drivePath));
+               })
             .Load(path);
     }
 

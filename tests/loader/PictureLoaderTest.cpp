@@ -1,4 +1,4 @@
-#include "backends/linux/PictureLoader.h"
+#include "imaging/loading/PictureLoader.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -14,6 +14,7 @@
 #include <fstream>
 #include <thread>
 
+#include "backends/linux/FileSource.h"
 #include "base/RuntimeError.h"
 #include "codecs/BmpFile.h"
 #include "codecs/JpegFile.h"
@@ -43,7 +44,7 @@ class PictureLoaderTest : public testing::Test {
             if (!path.starts_with("P:\\")) throw RuntimeError(ErrorNumber::DeviceUnavailable);
             std::string name = path.substr(3);
             std::ranges::replace(name, '\\', '/');
-            return Host(name);
+            return OpenFileSource(Host(name));
         });
     }
     [[nodiscard]] std::string Host(const std::string& name) const { return (folder_ / name).string(); }
@@ -185,12 +186,12 @@ void WaitForWorkers(std::ptrdiff_t before) {
         std::this_thread::yield();
 }
 
-TEST_F(PictureLoaderTest, PrefetchedPictureIsTakenOnce) {
+TEST_F(PictureLoaderTest, AnExpectedPictureIsTakenOnce) {
     WriteLarge("large.bmp");
     const auto written = fs::last_write_time(folder_ / "large.bmp");
     const std::ptrdiff_t threads = ThreadCount();
     PictureLoader loader = MakeLoader();
-    loader.Prefetch(Host("large.bmp"));
+    loader.Expect("P:\\large.bmp");
     WaitForWorkers(threads);
     // Other bytes in a file that looks the same: the former ones show that it was not read again.
     WriteLarge("large.bmp", 50);
@@ -199,37 +200,38 @@ TEST_F(PictureLoaderTest, PrefetchedPictureIsTakenOnce) {
     EXPECT_EQ(loader.Load("P:\\large.bmp").pixels->Whole().Row(0)[0], OpaquePixel(50, 0, 7));
 }
 
-TEST_F(PictureLoaderTest, PrefetchOfAChangedFileIsDropped) {
+TEST_F(PictureLoaderTest, OneWhoseFileHasChangedIsDropped) {
     WriteLarge("large.bmp");
     PictureLoader loader = MakeLoader();
-    loader.Prefetch(Host("large.bmp"));
+    loader.Expect("P:\\large.bmp");
     fs::remove(folder_ / "large.bmp");
     WriteLarge("large.bmp", 50);
     const Picture picture = loader.Load("P:\\large.bmp");
     EXPECT_EQ(picture.pixels->Whole().Row(0)[0], OpaquePixel(50, 0, 7));
 }
 
-TEST_F(PictureLoaderTest, PrefetchFailsInSilence) {
+TEST_F(PictureLoaderTest, ExpectingFailsInSilence) {
     Write("text.bmp", Bytes().Text("no picture at all").Get());
     PictureLoader loader = MakeLoader();
-    loader.Prefetch(Host("none.bmp"));
-    loader.Prefetch(Host("text.bmp"));
-    loader.Prefetch(folder_.string());
+    loader.Expect("P:\\none.bmp");
+    loader.Expect("P:\\text.bmp");
+    loader.Expect("P:\\");
+    loader.Expect("Q:\\a.bmp");
     EXPECT_EQ(ErrorOf(loader, "P:\\none.bmp"), ErrorNumber::FileNotFound);
     EXPECT_EQ(ErrorOf(loader, "P:\\text.bmp"), ErrorNumber::InvalidPicture);
 }
 
-TEST_F(PictureLoaderTest, PrefetchOverTheLimits) {
+TEST_F(PictureLoaderTest, ExpectingOneOverTheLimits) {
     Write("huge.bmp", BmpFile{.width = 100'000, .height = 100'000, .pixels = Bytes().Zeros(100)}.Make());
     PictureLoader loader = MakeLoader();
-    loader.Prefetch(Host("huge.bmp"));
+    loader.Expect("P:\\huge.bmp");
     EXPECT_EQ(ErrorOf(loader, "P:\\huge.bmp"), ErrorNumber::OutOfMemory);
 }
 
-TEST_F(PictureLoaderTest, SmallPicturesCanBePrefetchedToo) {
+TEST_F(PictureLoaderTest, SmallPicturesCanBeExpectedToo) {
     Write("a.bmp", SmallBitmap());
     PictureLoader loader = MakeLoader();
-    loader.Prefetch(Host("a.bmp"));
+    loader.Expect("P:\\a.bmp");
     EXPECT_EQ(loader.Load("P:\\a.bmp").pixels->Whole().Row(0)[0], 0xFFFF0000U);
 }
 
@@ -273,13 +275,13 @@ TEST_F(PictureLoaderTest, EndOfTheLoaderStopsItsWorkers) {
     EXPECT_EQ(picture.pixels->Whole().Row(8191)[0], 0U);
 }
 
-TEST_F(PictureLoaderTest, PrefetchThatNobodyTakesIsStopped) {
+TEST_F(PictureLoaderTest, OneThatNobodyTakesIsStopped) {
     Write("vast.bmp", VastHeader());
     fs::resize_file(folder_ / "vast.bmp", VastSize);
     WriteLarge("large.bmp");
     PictureLoader loader = MakeLoader();
     for (int i = 0; i < 5; ++i)
-        loader.Prefetch(Host("vast.bmp"));
+        loader.Expect("P:\\vast.bmp");
     EXPECT_EQ(loader.Load("P:\\large.bmp").pixels->Ending(), Outcome::Complete);
 }
 
@@ -288,7 +290,7 @@ TEST_F(PictureLoaderTest, PicturesOutliveTheLoader) {
     Picture picture;
     {
         PictureLoader loader = MakeLoader();
-        loader.Prefetch(Host("large.bmp"));
+        loader.Expect("P:\\large.bmp");
         picture = loader.Load("P:\\large.bmp");
     }
     // Whether the worker was through or was stopped, nobody waits for ever.
@@ -296,17 +298,155 @@ TEST_F(PictureLoaderTest, PicturesOutliveTheLoader) {
     EXPECT_EQ(picture.pixels->Whole().Height(), 1200);
 }
 
-TEST_F(PictureLoaderTest, ManyLoadsAndPrefetches) {
+TEST_F(PictureLoaderTest, ManyLoadsAndExpectations) {
     WriteLarge("a.bmp");
     WriteLarge("b.bmp", 1);
     PictureLoader loader = MakeLoader();
     for (int i = 0; i < 30; ++i) {
-        loader.Prefetch(Host(i % 2 == 0 ? "a.bmp" : "b.bmp"));
+        loader.Expect(i % 2 == 0 ? "P:\\a.bmp" : "P:\\b.bmp");
         if (i % 3 == 0) {
             const Picture picture = loader.Load("P:\\a.bmp");
             EXPECT_EQ(picture.pixels->Rows(1).Row(0)[0], OpaquePixel(0, 0, 7));
         }
     }
+}
+
+/// Data that wait in the middle until they are let go on, and tell how often they are read.
+class HeldSource final : public ByteSource {
+  public:
+    struct Gate {
+        std::atomic<int> reads{0};
+        std::atomic<bool> reached{false};
+        std::atomic<bool> open{true};
+        std::uint64_t at = 0;  ///< bytes; reading from there on waits while the gate is closed
+    };
+
+    HeldSource(std::vector<std::byte> bytes, Gate& gate) : bytes_(std::move(bytes)), gate_(gate) {}
+
+    [[nodiscard]] std::uint64_t Size() const override { return bytes_.size(); }
+    std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> into) override {
+        ++gate_.reads;
+        if (offset >= gate_.at && !gate_.open) {
+            gate_.reached = true;
+            gate_.reached.notify_all();
+            gate_.open.wait(false);
+        }
+        return MemorySource(bytes_).ReadAt(offset, into);
+    }
+
+  private:
+    std::vector<std::byte> bytes_;
+    Gate& gate_;
+};
+
+std::vector<std::byte> LargeBitmap(unsigned colour) {
+    std::vector<std::byte> bytes;
+    Surface surface(1600, 1200);
+    surface.Fill(OpaquePixel(colour, 0, 0));
+    WriteBmp(surface,
+             [&](std::span<const std::byte> part) { bytes.insert(bytes.end(), part.begin(), part.end()); });
+    return bytes;
+}
+
+/// Two pictures of a show never have the company of a third.
+TEST(ExpectedPictures, TheNextIsBegunWhenTheFormerHasStopped) {
+    HeldSource::Gate first;
+    first.at = 1U << 20U;
+    first.open = false;
+    HeldSource::Gate second;
+    PictureLoader loader([&](const std::string& path) {
+        const bool isFirst = path == "1";
+        return IdentifiedSource{
+            std::make_unique<HeldSource>(LargeBitmap(isFirst ? 1 : 2), isFirst ? first : second), path};
+    });
+    loader.Expect("1");
+    first.reached.wait(false);
+    loader.Expect("2");
+    const int looks = second.reads;  // at the first bytes, for the decoder
+    loader.Expect("2");
+    EXPECT_EQ(second.reads, 2 * looks)
+        << "it is known already, and not begun as long as the first one is at work";
+    first.open = true;
+    first.open.notify_all();
+    EXPECT_EQ(loader.Load("2").pixels->Whole().Row(0)[0], OpaquePixel(2, 0, 0));
+    EXPECT_GT(second.reads, 2 * looks);
+}
+
+TEST(ExpectedPictures, NoneIsExpectedAnyMoreAfterAnEmptyPath) {
+    HeldSource::Gate gate;
+    int opened = 0;
+    PictureLoader loader([&](const std::string& path) {
+        ++opened;
+        return IdentifiedSource{
+            std::make_unique<HeldSource>(LargeBitmap(static_cast<unsigned>(opened)), gate), path};
+    });
+    loader.Expect("1");
+    loader.Expect("");
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(loader.Load("1").pixels->Whole().Row(0)[0], OpaquePixel(2, 0, 0)) << "read anew";
+}
+
+TEST(PicturesToFit, DroppingOneEndsItsWorkSoon) {
+    JpegFile file;
+    file.width = file.height = 2000;
+    file.components = 3;
+    unsigned noise = 1;
+    for (int i = 0; i < 3 * 2000 * 2000; ++i) {
+        noise = noise * 1664525U + 1013904223U;
+        file.parts.push_back(static_cast<std::uint8_t>(noise >> 24U));
+    }
+    const std::vector<std::byte> bytes = file.Make();
+    HeldSource::Gate gate;
+    gate.at = bytes.size() / 2;
+    gate.open = false;
+    PictureLoader loader([&](const std::string& path) {
+        return IdentifiedSource{std::make_unique<HeldSource>(bytes, gate), path};
+    });
+    const std::ptrdiff_t threads = ThreadCount();
+    std::unique_ptr<PictureToFit> picture = loader.LoadToFit("1", {160, 120});
+    gate.reached.wait(false);
+    EXPECT_FALSE(picture->Ended());
+    picture = nullptr;
+    const int reads = gate.reads;
+    gate.open = true;
+    gate.open.notify_all();
+    WaitForWorkers(threads);
+    EXPECT_LE(gate.reads, reads + 1) << "of some hundred";
+}
+
+TEST_F(PictureLoaderTest, APictureToFitComesWithItsNaturalSize) {
+    WriteLarge("large.bmp");
+    Write("small.bmp", SmallBitmap());
+    PictureLoader loader = MakeLoader();
+    const FittedPicture large = loader.LoadToFit("P:\\large.bmp", {160, 120})->Take();
+    EXPECT_EQ(large.width, 1600);
+    EXPECT_EQ(large.height, 1200);
+    EXPECT_EQ(large.picture.Width(), 160);
+    EXPECT_EQ(large.picture.Height(), 120);
+    EXPECT_EQ(large.picture.format, "bmp");
+    const FittedPicture small = loader.LoadToFit("P:\\small.bmp", {160, 120})->Take();
+    EXPECT_EQ(small.width, 1);
+    EXPECT_EQ(small.picture.Width(), 1);
+    EXPECT_EQ(small.picture.pixels->Whole().Row(0)[0], 0xFFFF0000U);
+}
+
+TEST_F(PictureLoaderTest, ErrorsOfPicturesToFit) {
+    Write("text.bmp", Bytes().Text("no picture at all").Get());
+    Write("cut.jpg", Bytes().U8({0xFF, 0xD8, 0xFF, 0xE0}).Get());
+    Write("huge.bmp", BmpFile{.width = 100'000, .height = 100'000, .pixels = Bytes().Zeros(100)}.Make());
+    PictureLoader loader = MakeLoader();
+    const auto errorOf = [&](const std::string& path) {
+        try {
+            static_cast<void>(loader.LoadToFit(path, {160, 120})->Take());
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return ErrorNumber{0};
+    };
+    EXPECT_EQ(errorOf("P:\\none.bmp"), ErrorNumber::FileNotFound);
+    EXPECT_EQ(errorOf("P:\\text.bmp"), ErrorNumber::InvalidPicture);
+    EXPECT_EQ(errorOf("P:\\cut.jpg"), ErrorNumber::InvalidPicture);
+    EXPECT_EQ(errorOf("P:\\huge.bmp"), ErrorNumber::OutOfMemory);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "imaging/codecs/BmpWriter.h"
 #include "imaging/codecs/GifAnimation.h"
 #include "imaging/loading/DecodePicture.h"
+#include "imaging/loading/Decoders.h"
+#include "imaging/loading/FitPicture.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix::headless {
@@ -39,6 +41,21 @@ class KeptSource final : public ByteSource {
   private:
     std::string bytes_;
     MemorySource source_{std::as_bytes(std::span(bytes_))};
+};
+
+/// A picture that has come, or has failed.
+class EndedFit final : public PictureToFit {
+  public:
+    explicit EndedFit(DecodedFit result) : result_(std::move(result)) {}
+
+    [[nodiscard]] bool Ended() const override { return true; }
+    [[nodiscard]] FittedPicture Take() override {
+        if (result_.error) throw RuntimeError(*result_.error);
+        return std::move(result_.fitted);
+    }
+
+  private:
+    DecodedFit result_;
 };
 
 }  // namespace
@@ -75,6 +92,18 @@ Picture MemoryPictures::Load(const std::string& path) {
     DecodedPicture decoded = DecodePicture(source);
     if (decoded.error) throw RuntimeError(*decoded.error);
     return std::move(decoded.picture);
+}
+
+std::unique_ptr<PictureToFit> MemoryPictures::LoadToFit(const std::string& path, const FitBox& box) {
+    const std::string& content = ContentFor("LoadToFit", path);
+    const auto known = pictures_.find(content);
+    if (known != pictures_.end())
+        return std::make_unique<EndedFit>(DecodedFit{FitPicture(known->second, box), std::nullopt});
+
+    MemorySource source(std::as_bytes(std::span(content)));
+    const DecoderEntry* decoder = DecoderFor(source);
+    if (decoder == nullptr) throw RuntimeError(ErrorNumber::InvalidPicture);
+    return std::make_unique<EndedFit>(DecodeToFit(source, *decoder, box));
 }
 
 std::unique_ptr<Animation> MemoryPictures::OpenAnimation(const std::string& path) {

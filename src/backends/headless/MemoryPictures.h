@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "backends/headless/FaultPlan.h"
 #include "backends/headless/MemoryDisks.h"
@@ -31,6 +32,11 @@ class MemoryPictures final : public Pictures {
     /// Writes through the files in memory, whose faults count too.
     void SaveBitmap(const Surface& surface, const std::string& path) override;
     Picture LoadInBackground(const std::string& path) override { return Load(path); }
+    /// Done at once.
+    std::unique_ptr<PictureToFit> LoadToFit(const std::string& path, const FitBox& box) override;
+    void Expect(const std::string& path) override { expected.push_back(path); }
+
+    std::vector<std::string> expected;  ///< each path that was told, in order
 
   private:
     /// Counts the call, and throws what is planned for it or what is wrong with the path.

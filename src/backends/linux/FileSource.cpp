@@ -85,4 +85,15 @@ std::size_t FileSource::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
     return got;
 }
 
+IdentifiedSource OpenFileSource(const std::string& hostPath) {
+    auto source = std::make_unique<FileSource>(hostPath);
+    const FileIdentity& file = source->Identity();
+    std::string identity = std::to_string(file.device);
+    for (const std::string& part :
+         {std::to_string(file.inode), std::to_string(file.size), std::to_string(file.modifiedSeconds),
+          std::to_string(file.modifiedNanoseconds)})
+        identity += ' ' + part;
+    return {std::move(source), std::move(identity)};
+}
+
 }  // namespace tavrix

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "imaging/codecs/ByteSource.h"
+#include "imaging/loading/IdentifiedSource.h"
 
 namespace tavrix {
 
@@ -41,5 +42,8 @@ class FileSource final : public ByteSource {
     FileIdentity identity_;
     std::optional<ErrorNumber> error_;
 };
+
+/// The same with what tells this state of the file from another.
+[[nodiscard]] IdentifiedSource OpenFileSource(const std::string& hostPath);
 
 }  // namespace tavrix

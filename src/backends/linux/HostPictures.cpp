@@ -9,6 +9,10 @@
 
 namespace tavrix {
 
+HostPictures::HostPictures(HostFiles& files)
+    : files_(files),
+      loader_([&files](const std::string& path) { return OpenFileSource(files.HostPathOf(path)); }) {}
+
 std::unique_ptr<Animation> HostPictures::OpenAnimation(const std::string& path) {
     OpenedAnimation opened = OpenGifAnimation(std::make_unique<FileSource>(files_.HostPathOf(path)));
     if (opened.error) throw RuntimeError(*opened.error);

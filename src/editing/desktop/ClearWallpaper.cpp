@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/DesktopSettings.h"
+#include "editing/desktop/ChangeWallpaper.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -21,7 +22,7 @@ void mnuClearWallpaper_Click(MainViewFrm& view) {
         {.text = "Stop displaying the following desktop wallpaper file?" + std::string(NewLine2) + path,
          .icon = forms::BoxIcon::Question,
          .buttons = forms::BoxButtons::YesNo});
-    if (answer == forms::Answer::Yes) SkipFailure([&] { module.platform.desktop.SetWallpaper(""); });
+    if (answer == forms::Answer::Yes && !ChangeWallpaper(module, "")) TellNoWallpaper(module);
 }
 
 }  // namespace tavrix

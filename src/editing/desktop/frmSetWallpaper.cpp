@@ -6,6 +6,7 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "dialogs/DialogWork.h"
+#include "editing/desktop/ChangeWallpaper.h"
 #include "editing/desktop/WallpaperFit.h"
 #include "editing/frame/EditFrame.h"
 #include "editing/frame/EditingDialog.h"
@@ -71,15 +72,16 @@ void frmSetWallpaper::CmdOK_Click() {
     SkipFailure(
         [&] { module_.platform.registry.Write(DesktopKey, TileWallpaper, OptionTile.Value ? "1" : "0"); });
     const std::string folder = GetWindowsFolder(module_);
-    if (!folder.empty()) SetWallpaper(folder + WallpaperFile);
+    const bool taken = folder.empty() || SetWallpaper(folder + WallpaperFile);
     work.Release();
+    if (!taken) TellNoWallpaper(module_);
     App().Unload(*this);
 }
 
-void frmSetWallpaper::SetWallpaper(const std::string& path) {
+bool frmSetWallpaper::SetWallpaper(const std::string& path) {
     SkipFailure([&] { WritePicture(path); });
     ClearPictureTemp(view_);
-    SkipFailure([&] { module_.platform.desktop.SetWallpaper(path); });
+    return ChangeWallpaper(module_, path);
 }
 
 void frmSetWallpaper::WritePicture(const std::string& path) {

@@ -42,7 +42,8 @@ class frmSetWallpaper final : public forms::Form {
   private:
     void CmdOK_Click();
     /// Makes the picture on show the wallpaper, by this file.
-    void SetWallpaper(const std::string& path);
+    /// False where the desktop takes none.
+    bool SetWallpaper(const std::string& path);
     /// Writes the picture on show, scaled as the user wishes.
     void WritePicture(const std::string& path);
     void ScaleIntoPictureTemp(const Picture& image);

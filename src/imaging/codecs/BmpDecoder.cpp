@@ -51,6 +51,16 @@ DecodeStatus DecodeBmpPixels(ByteSource& source, const BmpHeader& header, Pictur
     }
 }
 
+PictureHeader ReadBmpSize(ByteSource& source, const Cancellation& waiting) {
+    const BmpHeader header = ReadBmpHeader(source);
+    if (!header.trouble.empty()) return {.reason = header.trouble};
+    // A file inside has a size of its own.
+    SourcePart inside(source, header.pixelOffset);
+    if (header.storage == BmpStorage::Jpeg) return ReadJpegSize(inside, waiting);
+    if (header.storage == BmpStorage::Png) return ReadPngSize(inside, waiting);
+    return {.info = {.width = header.width, .height = header.height}, .known = true};
+}
+
 DecodeStatus DecodeBmp(ByteSource& source, PictureSink& sink) {
     try {
         const BmpHeader header = ReadBmpHeader(source);

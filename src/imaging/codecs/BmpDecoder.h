@@ -10,6 +10,7 @@ namespace tavrix {
 /// data skip have the palette's first colour. Refused: PNG inside, CMYK, 64 bits, the fax
 /// compression of OS/2.
 [[nodiscard]] bool RecognisesBmp(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadBmpSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeBmp(ByteSource& source, PictureSink& sink);
 /// The pixels that go with a header of no trouble, of whichever kind. May throw std::bad_alloc.
 [[nodiscard]] DecodeStatus DecodeBmpPixels(ByteSource& source, const BmpHeader& header, PictureSink& sink);

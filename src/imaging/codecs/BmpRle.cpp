@@ -10,7 +10,7 @@ namespace {
 
 class RleDecoder {
   public:
-    RleDecoder(ByteSource& source, const BmpHeader& header, Surface& surface, const PictureSink& sink)
+    RleDecoder(ByteSource& source, const BmpHeader& header, Surface& surface, const Cancellation& sink)
         : reader_(source, header.pixelOffset), header_(header), surface_(surface), sink_(sink) {}
 
     DecodeStatus Run() {
@@ -115,7 +115,7 @@ class RleDecoder {
     ByteReader reader_;
     const BmpHeader& header_;
     Surface& surface_;
-    const PictureSink& sink_;
+    const Cancellation& sink_;
     std::int64_t x_ = 0;
     int y_ = 0;  ///< in the order of the file
     bool drawn_ = false;
@@ -124,7 +124,7 @@ class RleDecoder {
 }  // namespace
 
 DecodeStatus DecodeBmpRle(ByteSource& source, const BmpHeader& header, Surface& surface,
-                          const PictureSink& sink) {
+                          const Cancellation& sink) {
     return RleDecoder(source, header, surface, sink).Run();
 }
 

@@ -9,6 +9,6 @@ namespace tavrix {
 /// keep what the surface holds; a row that is too long goes on in the next one.
 /// Source: "Bitmap Compression" in the Windows GDI reference.
 [[nodiscard]] DecodeStatus DecodeBmpRle(ByteSource& source, const BmpHeader& header, Surface& surface,
-                                        const PictureSink& sink);
+                                        const Cancellation& sink);
 
 }  // namespace tavrix

@@ -22,18 +22,39 @@ struct PictureInfo {
     bool transparent = false;
 };
 
-/// Where a decoder puts the picture.
-class PictureSink {
+/// What a decoder knows after its first step, which looks at the headers alone.
+struct PictureHeader {
+    PictureInfo info{};       ///< whether some pixels are transparent is not told here
+    bool known = false;       ///< there seems to be a picture; otherwise `info` says nothing
+    std::string_view reason;  ///< why there is none; a few words for developers
+};
+
+/// Whoever waits for a picture.
+class Cancellation {
   public:
-    virtual ~PictureSink() = default;
+    virtual ~Cancellation() = default;
+    /// Whether a decoder should give up, since nobody waits for the picture any more.
+    [[nodiscard]] virtual bool Cancelled() const = 0;
+};
+
+/// One who waits to the end.
+class NeverCancelled final : public Cancellation {
+  public:
+    [[nodiscard]] bool Cancelled() const override { return false; }
+};
+
+/// Where a decoder puts the picture.
+class PictureSink : public Cancellation {
+  public:
+    /// Asked once before Begin, by those decoders alone that can make a picture smaller while they decode: by which
+    /// part of its sides, 1, 2, 4 or 8. Sides are rounded up; Begin is told of the smaller size.
+    [[nodiscard]] virtual int Reduction(const PictureInfo& /*whole*/) { return 1; }
 
     /// Called at most once, when the size is known and sensible. Gives the surface to fill (all pixels 0), or null
     /// when the picture is over the limits or memory is refused; the decoder then ends with Corrupt.
     virtual Surface* Begin(const PictureInfo& info) = 0;
     /// The first `count` rows are final. May be called at any grain, or never before the end.
     virtual void RowsReady(int count) = 0;
-    /// Whether the decoder should give up, since nobody waits for the picture any more.
-    [[nodiscard]] virtual bool Cancelled() const = 0;
 };
 
 /// How a decoder ended. Decoders do not throw.
@@ -54,6 +75,8 @@ struct DecoderEntry {
     std::string_view format;
     bool (*Recognises)(std::span<const std::byte> start);
     DecodeStatus (*Decode)(ByteSource& source, PictureSink& sink);
+    /// The first step: size and frames, without a pixel. A damaged file may turn out otherwise later.
+    PictureHeader (*ReadHeader)(ByteSource& source, const Cancellation& waiting) = nullptr;
 };
 
 inline constexpr std::size_t SniffLength = 64;

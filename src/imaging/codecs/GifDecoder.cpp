@@ -17,27 +17,38 @@ constexpr int MostParts = 20'000;
 
 class GifReader {
   public:
-    GifReader(ByteSource& source, PictureSink& sink)
-        : source_(source), sink_(sink), stream_(source, [&sink] { return sink.Cancelled(); }) {}
+    GifReader(ByteSource& source, const Cancellation& waiting)
+        : source_(source), waiting_(waiting), stream_(source, [&waiting] { return waiting.Cancelled(); }) {}
 
-    DecodeStatus Run() {
-        if (!stream_.Open()) return stream_.Broken("header refused by the library");
-        if (const auto ended = FindImage()) return *ended;
+    PictureHeader ReadHeader() {
+        if (const auto ended = GoToImage()) return {.reason = ended->reason};
+        return {.info = {.width = width_, .height = height_, .frames = frames_}, .known = true};
+    }
+
+    DecodeStatus Run(PictureSink& sink) {
+        if (const auto ended = GoToImage()) return *ended;
 
         const GifImageDesc& image = stream_.Image();
         const bool covers = left_ == 0 && top_ == 0 && image.Width >= width_ && image.Height >= height_;
         const bool transparent = !covers || (stream_.Control() && stream_.Control()->transparent);
-        const GifImagesBehind behind = LookBehindGifImage(source_, stream_.Offset(), sink_);
-        frames_ = images_ + behind.images;
-        laysNextOn_ = behind.timed;
         surface_ =
-            sink_.Begin({.width = width_, .height = height_, .frames = frames_, .transparent = transparent});
+            sink.Begin({.width = width_, .height = height_, .frames = frames_, .transparent = transparent});
         if (surface_ == nullptr) return {Outcome::Corrupt, stream_.Offset(), "surface refused", false};
-        return ReadFirstView();
+        return ReadFirstView(sink);
     }
 
   private:
-    DecodeStatus ReadFirstView() {
+    /// Goes behind the header of the image to show, and looks at what follows; otherwise how it ended.
+    std::optional<DecodeStatus> GoToImage() {
+        if (!stream_.Open()) return stream_.Broken("header refused by the library");
+        if (auto ended = FindImage()) return ended;
+        const GifImagesBehind behind = LookBehindGifImage(source_, stream_.Offset(), waiting_);
+        frames_ = images_ + behind.images;
+        laysNextOn_ = behind.timed;
+        return std::nullopt;
+    }
+
+    DecodeStatus ReadFirstView(PictureSink& sink) {
         std::int64_t pixelsLeft = std::int64_t{width_} * height_ + MostHiddenGifPixels;
         bool somePixels = false;
         // In a file that gives times, an image without one belongs to the same view as the next. Where none has one, each
@@ -45,7 +56,7 @@ class GifReader {
         for (int parts = 1;; ++parts) {
             const bool last = !laysNextOn_ || stream_.Control() || images_ >= frames_;
             std::function<void(int)> rowsReady;
-            if (last) rowsReady = [this](int count) { sink_.RowsReady(count); };
+            if (last) rowsReady = [&sink](int count) { sink.RowsReady(count); };
             DecodeStatus status = stream_.ReadImage({.into = *surface_,
                                                      .left = left_,
                                                      .top = top_,
@@ -55,7 +66,7 @@ class GifReader {
             if (status.outcome != Outcome::Complete) return status;
             if (last || parts == MostParts || FindImage()) break;
         }
-        sink_.RowsReady(height_);
+        sink.RowsReady(height_);
         return {Outcome::Complete, 0, {}, somePixels};
     }
 
@@ -87,7 +98,7 @@ class GifReader {
     }
 
     ByteSource& source_;
-    PictureSink& sink_;
+    const Cancellation& waiting_;
     GifStream stream_;
 
     int images_ = 0;           ///< up to the one to show
@@ -108,9 +119,17 @@ bool RecognisesGif(std::span<const std::byte> start) {
            (std::memcmp(start.data(), "GIF87a", 6) == 0 || std::memcmp(start.data(), "GIF89a", 6) == 0);
 }
 
+PictureHeader ReadGifSize(ByteSource& source, const Cancellation& waiting) {
+    try {
+        return std::make_unique<GifReader>(source, waiting)->ReadHeader();
+    } catch (const std::bad_alloc&) {
+        return {.reason = "memory refused"};
+    }
+}
+
 DecodeStatus DecodeGif(ByteSource& source, PictureSink& sink) {
     try {
-        return std::make_unique<GifReader>(source, sink)->Run();
+        return std::make_unique<GifReader>(source, sink)->Run(sink);
     } catch (const std::bad_alloc&) {
         return {Outcome::Corrupt, 0, "memory refused", false};
     }

@@ -11,6 +11,7 @@ namespace tavrix {
 /// Further images are counted but not decoded.
 /// Source: the GIF 89a specification.
 [[nodiscard]] bool RecognisesGif(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadGifSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeGif(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

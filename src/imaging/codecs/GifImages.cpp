@@ -29,7 +29,7 @@ bool SkipImageHeader(ByteReader& reader) {
 
 }  // namespace
 
-GifImagesBehind LookBehindGifImage(ByteSource& source, std::uint64_t offset, const PictureSink& sink) {
+GifImagesBehind LookBehindGifImage(ByteSource& source, std::uint64_t offset, const Cancellation& sink) {
     ByteReader reader(source, offset);
     const std::uint64_t end = offset + MostBytes;
     SkipBlocks(reader, end);

@@ -16,6 +16,6 @@ struct GifImagesBehind {
 /// is cancelled.
 /// Source: the block structure in the GIF 89a specification.
 [[nodiscard]] GifImagesBehind LookBehindGifImage(ByteSource& source, std::uint64_t offset,
-                                                 const PictureSink& sink);
+                                                 const Cancellation& sink);
 
 }  // namespace tavrix

@@ -100,6 +100,12 @@ bool RecognisesCursor(std::span<const std::byte> start) {
     return Recognises(start, 2);
 }
 
+PictureHeader ReadIconSize(ByteSource& source, const Cancellation&) {
+    const std::vector<IconImage> images = ReadIconDirectory(source);
+    if (images.empty()) return {.reason = "no image"};
+    return {.info = {.width = images.front().width, .height = images.front().height}, .known = true};
+}
+
 DecodeStatus DecodeIcon(ByteSource& source, PictureSink& sink) {
     try {
         return Decode(source, sink);

@@ -10,6 +10,7 @@ namespace tavrix {
 /// away.
 [[nodiscard]] bool RecognisesIcon(std::span<const std::byte> start);
 [[nodiscard]] bool RecognisesCursor(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadIconSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeIcon(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

@@ -46,6 +46,7 @@ struct Errors : jpeg_error_mgr {
     bool truncated = false;  ///< data ran out
     bool corrupt = false;
     JDIMENSION stopRow = JPEG_MAX_DIMENSION;  ///< one-scan files: the first row that has no data
+    JDIMENSION reduction = 1;                 ///< by which part of their sides blocks come out smaller
 };
 
 struct Input : jpeg_source_mgr {
@@ -56,7 +57,7 @@ struct Input : jpeg_source_mgr {
 };
 
 struct Progress : jpeg_progress_mgr {
-    const PictureSink* sink = nullptr;
+    const Cancellation* waiting = nullptr;
     int scansAllowed = 0;
 };
 
@@ -91,7 +92,8 @@ void Note(j_common_ptr common, int level) {
         case JWRN_HIT_MARKER:
             // The entropy decoder lacks data. At the end of the file what follows would be grey.
             if (atEnd) {
-                const auto rowsOfBlocks = static_cast<JDIMENSION>(info.max_v_samp_factor) * DCTSIZE;
+                const auto rowsOfBlocks =
+                    static_cast<JDIMENSION>(info.max_v_samp_factor) * DCTSIZE / errors.reduction;
                 errors.stopRow = std::min(errors.stopRow, (info.input_iMCU_row + 1) * rowsOfBlocks);
             }
             [[fallthrough]];
@@ -141,7 +143,7 @@ void EndInput(j_decompress_ptr) {}
 void Watch(j_common_ptr common) {
     auto& info = *reinterpret_cast<jpeg_decompress_struct*>(common);
     const auto& progress = *static_cast<Progress*>(info.progress);
-    if (progress.sink->Cancelled()) Fail(common);
+    if (progress.waiting->Cancelled()) Fail(common);
     auto& errors = *static_cast<Errors*>(info.err);
     if (info.input_scan_number > progress.scansAllowed && !static_cast<Input*>(info.src)->ended) {
         errors.corrupt = true;
@@ -162,7 +164,7 @@ void PixelsFromCmyk(std::span<const JSAMPLE> from, bool inverted, std::span<Pixe
 
 class JpegReader {
   public:
-    JpegReader(ByteSource& source, PictureSink& sink) : source_(source), sink_(sink) {
+    JpegReader(ByteSource& source, const Cancellation& waiting) : source_(source), waiting_(waiting) {
         info_.err = jpeg_std_error(&errors_);
         errors_.error_exit = Fail;
         errors_.emit_message = Note;
@@ -176,7 +178,7 @@ class JpegReader {
         input_.term_source = EndInput;
 
         progress_.progress_monitor = Watch;
-        progress_.sink = &sink;
+        progress_.waiting = &waiting;
         progress_.scansAllowed = static_cast<int>(MostScansAllowed);
     }
     ~JpegReader() { jpeg_destroy_decompress(&info_); }
@@ -184,30 +186,26 @@ class JpegReader {
     JpegReader(const JpegReader&) = delete;
     JpegReader& operator=(const JpegReader&) = delete;
 
-    DecodeStatus Run() {
-        if (!Try([&] {
-                jpeg_create_decompress(&info_);
-                info_.src = &input_;
-                info_.progress = &progress_;
-                info_.mem->max_memory_to_use = MostLibraryMemory;
-                jpeg_read_header(&info_, TRUE);
-            })) {
-            return Ended(Outcome::Corrupt, "headers refused by the library");
-        }
-        if (const auto refused = Prepare()) return *refused;
+    PictureHeader ReadHeader() {
+        if (const auto refused = ReadHeaders()) return {.reason = refused->reason};
+        return {.info = Told(), .known = true};
+    }
 
-        if (manyScans_ && Pixels() >= LargePixels) release_.Attach(info_);
+    DecodeStatus Run(PictureSink& sink) {
+        if (const auto refused = ReadHeaders()) return *refused;
+        if (const auto refused = Prepare(sink)) return *refused;
+
         if (!Try([&] { jpeg_start_decompress(&info_); })) return Broken("first scan refused by the library");
         if (static_cast<int>(info_.output_width) != storedWidth_ ||
             static_cast<int>(info_.output_height) != storedHeight_) {
             return Ended(Outcome::Corrupt, "size changed under way");
         }
-        if (!manyScans_) return ReadRows();
+        if (!manyScans_) return ReadRows(sink);
 
         // All scans are in, so what is missing is missing everywhere.
         errors_.stopRow = JPEG_MAX_DIMENSION;
         if (input_.ended) errors_.truncated = true;
-        return ReadRows();
+        return ReadRows(sink);
     }
 
   private:
@@ -229,14 +227,23 @@ class JpegReader {
     }
 
     [[nodiscard]] DecodeStatus Broken(std::string_view reason) const {
-        if (sink_.Cancelled()) return Ended(Outcome::Truncated, "cancelled");
+        if (waiting_.Cancelled()) return Ended(Outcome::Truncated, "cancelled");
         return Ended(Outcome::Corrupt, reason);
     }
 
     [[nodiscard]] std::int64_t Pixels() const { return std::int64_t{storedWidth_} * storedHeight_; }
 
-    /// Decides how to decode, and asks for the surface.
-    std::optional<DecodeStatus> Prepare() {
+    /// Reads the headers and judges them.
+    std::optional<DecodeStatus> ReadHeaders() {
+        if (!Try([&] {
+                jpeg_create_decompress(&info_);
+                info_.src = &input_;
+                info_.progress = &progress_;
+                info_.mem->max_memory_to_use = MostLibraryMemory;
+                jpeg_read_header(&info_, TRUE);
+            })) {
+            return Ended(Outcome::Corrupt, "headers refused by the library");
+        }
         cmyk_ = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
         if (!cmyk_ && info_.num_components != 1 && info_.num_components != 3) {
             return Ended(Outcome::Corrupt, "unknown colour space");
@@ -254,11 +261,30 @@ class JpegReader {
             return Ended(Outcome::Truncated, "no picture data");
         }
         if (manyScans_ && TooEmpty()) return Ended(Outcome::Corrupt, "hardly any data for its size");
+        return std::nullopt;
+    }
 
+    /// The picture as it is to be decoded.
+    [[nodiscard]] PictureInfo Told() const {
         PictureInfo told;
         told.width = Transposes(orientation_) ? storedHeight_ : storedWidth_;
         told.height = Transposes(orientation_) ? storedWidth_ : storedHeight_;
-        surface_ = sink_.Begin(told);
+        return told;
+    }
+
+    /// Decides how large to decode, and asks for the surface.
+    std::optional<DecodeStatus> Prepare(PictureSink& sink) {
+        if (manyScans_ && Pixels() >= LargePixels) release_.Attach(info_);
+        errors_.reduction = static_cast<JDIMENSION>(sink.Reduction(Told()));
+        if (errors_.reduction != 1) {
+            info_.scale_num = 1;
+            info_.scale_denom = errors_.reduction;
+            if (!Try([&] { jpeg_calc_output_dimensions(&info_); }))
+                return Ended(Outcome::Corrupt, "size refused by the library");
+            storedWidth_ = static_cast<int>(info_.output_width);
+            storedHeight_ = static_cast<int>(info_.output_height);
+        }
+        surface_ = sink.Begin(Told());
         if (surface_ == nullptr) return Ended(Outcome::Corrupt, "surface refused");
         return std::nullopt;
     }
@@ -270,17 +296,17 @@ class JpegReader {
         return static_cast<std::uint64_t>(Pixels() / DCTSIZE2) > source_.Size() * 8 * 8;
     }
 
-    DecodeStatus ReadRows() {
+    DecodeStatus ReadRows(PictureSink& sink) {
         const auto width = static_cast<std::size_t>(storedWidth_);
         if (cmyk_) ink_.resize(4 * width);
         if (Transposes(orientation_)) band_.resize(width * BandRows);
 
         const bool whole = Try([&] {
             while (info_.output_scanline < std::min(info_.output_height, errors_.stopRow))
-                ReadRow();
+                ReadRow(sink);
         });
         if (Transposes(orientation_)) FlushBand();
-        if (Upright()) sink_.RowsReady(rowsRead_);
+        if (Upright()) sink.RowsReady(rowsRead_);
         if (!whole) return Broken("picture data refused by the library");
         if (errors_.corrupt) return Ended(Outcome::Corrupt, "picture data make no sense");
         if (errors_.truncated) return Ended(Outcome::Truncated, "picture data end early");
@@ -302,7 +328,7 @@ class JpegReader {
     }
 
     /// Jumped out of: no destructors here.
-    void ReadRow() {
+    void ReadRow(PictureSink& sink) {
         const std::span<Pixel> target = Target();
         JSAMPROW row = cmyk_ ? ink_.data() : reinterpret_cast<JSAMPROW>(target.data());
         if (jpeg_read_scanlines(&info_, &row, 1) != 1) Fail(reinterpret_cast<j_common_ptr>(&info_));
@@ -314,7 +340,7 @@ class JpegReader {
         if (Transposes(orientation_)) {
             if (rowsRead_ % BandRows == 0) FlushBand();
         } else if (Upright() && rowsRead_ % RowsBetweenReports == 0) {
-            sink_.RowsReady(rowsRead_);
+            sink.RowsReady(rowsRead_);
         }
     }
 
@@ -326,7 +352,7 @@ class JpegReader {
     }
 
     ByteSource& source_;
-    PictureSink& sink_;
+    const Cancellation& waiting_;
     jpeg_decompress_struct info_{};
     Errors errors_{};
     Input input_{};
@@ -352,9 +378,17 @@ bool RecognisesJpeg(std::span<const std::byte> start) {
            start[2] == std::byte{0xFF};
 }
 
+PictureHeader ReadJpegSize(ByteSource& source, const Cancellation& waiting) {
+    try {
+        return std::make_unique<JpegReader>(source, waiting)->ReadHeader();
+    } catch (const std::bad_alloc&) {
+        return {.reason = "memory refused"};
+    }
+}
+
 DecodeStatus DecodeJpeg(ByteSource& source, PictureSink& sink) {
     try {
-        return std::make_unique<JpegReader>(source, sink)->Run();
+        return std::make_unique<JpegReader>(source, sink)->Run(sink);
     } catch (const std::bad_alloc&) {
         return {Outcome::Corrupt, 0, "memory refused", false};
     }

@@ -8,6 +8,7 @@ namespace tavrix {
 /// (grey), three or four parts. CMYK and YCCK are converted without a profile. The Exif orientation is applied. A file
 /// that ends early is shown down to where its data end. Refused: 12 bits, lossless and hierarchical files.
 [[nodiscard]] bool RecognisesJpeg(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadJpegSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeJpeg(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

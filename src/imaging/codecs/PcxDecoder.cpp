@@ -146,6 +146,12 @@ DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
 
 }  // namespace
 
+PictureHeader ReadPcxSize(ByteSource& source, const Cancellation&) {
+    const PcxHeader header = ReadPcxHeader(source);
+    if (!header.trouble.empty()) return {.reason = header.trouble};
+    return {.info = {.width = header.width, .height = header.height}, .known = true};
+}
+
 DecodeStatus DecodePcx(ByteSource& source, PictureSink& sink) {
     try {
         return Decode(source, sink);

@@ -10,6 +10,7 @@ namespace tavrix {
 /// four bits have the header's palette, or the colours of the display adapters where that is empty; eight bits have
 /// the palette at the end of the file, or shades of grey. Refused: lines with fewer bytes than the width needs.
 [[nodiscard]] bool RecognisesPcx(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadPcxSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodePcx(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

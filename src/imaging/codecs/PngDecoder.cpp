@@ -139,6 +139,12 @@ unsigned BitsPerPixel(unsigned depth, unsigned colourType) {
 
 }  // namespace
 
+bool RecognisesPng(std::span<const std::byte> start) {
+    constexpr std::array<unsigned char, 8> Mark{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    return start.size() >= Mark.size() &&
+           std::ranges::equal(start.first<Mark.size()>(), std::as_bytes(std::span(Mark)));
+}
+
 std::optional<PngHeader> ReadPngHeader(ByteSource& source) {
     constexpr std::array<unsigned char, 16> Start{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
                                                   0,    0,   0,   13,  'I',  'H',  'D',  'R'};
@@ -160,6 +166,12 @@ std::optional<PngHeader> ReadPngHeader(ByteSource& source) {
     return PngHeader{
         static_cast<int>(width), static_cast<int>(height),
         BitsPerPixel(std::to_integer<unsigned>(bytes[24]), std::to_integer<unsigned>(bytes[25]))};
+}
+
+PictureHeader ReadPngSize(ByteSource& source, const Cancellation&) {
+    const auto header = ReadPngHeader(source);
+    if (!header) return {.reason = "no header"};
+    return {.info = {.width = header->width, .height = header->height}, .known = true};
 }
 
 DecodeStatus DecodePng(ByteSource& source, PictureSink& sink) {

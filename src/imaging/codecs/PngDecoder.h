@@ -17,7 +17,9 @@ struct PngHeader {
 /// Source: "Datastream structure" and "IHDR" in the PNG specification.
 [[nodiscard]] std::optional<PngHeader> ReadPngHeader(ByteSource& source);
 
-/// PNG, as it stands inside icons. Colours are taken as they are stored; colour profiles and gamma do not count.
+/// PNG, in files of its own and inside icons and bitmaps. Colours are taken as they are stored; colour profiles and gamma do not count.
+[[nodiscard]] bool RecognisesPng(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadPngSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodePng(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

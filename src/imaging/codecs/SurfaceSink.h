@@ -8,7 +8,8 @@ namespace tavrix {
 class SurfaceSink final : public PictureSink {
   public:
     /// Larger pictures are refused. Cancelled is as `outer` says, which is kept by reference.
-    SurfaceSink(const PictureSink& outer, std::int64_t mostPixels) : outer_(outer), mostPixels_(mostPixels) {}
+    SurfaceSink(const Cancellation& outer, std::int64_t mostPixels)
+        : outer_(outer), mostPixels_(mostPixels) {}
 
     Surface* Begin(const PictureInfo& told) override {
         if (std::int64_t{told.width} * told.height > mostPixels_) return nullptr;
@@ -23,7 +24,7 @@ class SurfaceSink final : public PictureSink {
     Surface surface;
 
   private:
-    const PictureSink& outer_;
+    const Cancellation& outer_;
     std::int64_t mostPixels_;
 };
 

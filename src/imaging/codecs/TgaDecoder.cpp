@@ -201,6 +201,12 @@ DecodeStatus Decode(ByteSource& source, PictureSink& sink) {
 
 }  // namespace
 
+PictureHeader ReadTgaSize(ByteSource& source, const Cancellation&) {
+    const TgaHeader header = ReadTgaHeader(source);
+    if (!header.trouble.empty()) return {.reason = header.trouble};
+    return {.info = {.width = header.width, .height = header.height}, .known = true};
+}
+
 DecodeStatus DecodeTga(ByteSource& source, PictureSink& sink) {
     try {
         return Decode(source, sink);

@@ -13,6 +13,7 @@ namespace tavrix {
 /// The format has no signature. To be recognised means no more than that the header makes sense, so data should be
 /// taken for a Targa only when the name of its file says so.
 [[nodiscard]] bool RecognisesTga(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadTgaSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeTga(ByteSource& source, PictureSink& sink);
 
 }  // namespace tavrix

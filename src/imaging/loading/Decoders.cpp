@@ -7,6 +7,7 @@
 #include "imaging/codecs/IconDecoder.h"
 #include "imaging/codecs/JpegDecoder.h"
 #include "imaging/codecs/PcxDecoder.h"
+#include "imaging/codecs/PngDecoder.h"
 #include "imaging/codecs/TgaDecoder.h"
 #include "imaging/loading/Decoders.h"
 #include "imaging/metafile/MetafileDecoder.h"
@@ -36,14 +37,15 @@ class FirstBytes {
 }  // namespace
 
 std::span<const DecoderEntry> Decoders() {
-    static constexpr std::array<DecoderEntry, 7> Table{{
-        {"jpg", RecognisesJpeg, DecodeJpeg},
-        {"bmp", RecognisesBmp, DecodeBmp},
-        {"gif", RecognisesGif, DecodeGif},
-        {"ico", RecognisesIcon, DecodeIcon},
-        {"cur", RecognisesCursor, DecodeIcon},
-        {"emf", RecognisesEmf, DecodeEmf},
-        {"wmf", RecognisesWmf, DecodeWmf},
+    static constexpr std::array<DecoderEntry, 8> Table{{
+        {"jpg", RecognisesJpeg, DecodeJpeg, ReadJpegSize},
+        {"bmp", RecognisesBmp, DecodeBmp, ReadBmpSize},
+        {"gif", RecognisesGif, DecodeGif, ReadGifSize},
+        {"png", RecognisesPng, DecodePng, ReadPngSize},
+        {"ico", RecognisesIcon, DecodeIcon, ReadIconSize},
+        {"cur", RecognisesCursor, DecodeIcon, ReadIconSize},
+        {"emf", RecognisesEmf, DecodeEmf, ReadEmfSize},
+        {"wmf", RecognisesWmf, DecodeWmf, ReadWmfSize},
     }};
     return Table;
 }
@@ -55,8 +57,8 @@ const DecoderEntry* DecoderFor(ByteSource& source) {
 
 std::span<const DecoderEntry> ImportDecoders() {
     static constexpr std::array<DecoderEntry, 2> Table{{
-        {"tga", RecognisesTga, DecodeTga},
-        {"pcx", RecognisesPcx, DecodePcx},
+        {"tga", RecognisesTga, DecodeTga, ReadTgaSize},
+        {"pcx", RecognisesPcx, DecodePcx, ReadPcxSize},
     }};
     return Table;
 }

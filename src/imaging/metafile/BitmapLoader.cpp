@@ -65,7 +65,8 @@ void LayOnPaper(Surface& pixels) {
 }
 
 LoadedBitmap LoadDib(ByteSource& source, const BitmapPlace& place, const BitmapColours& colours,
-                     const PictureSink& sink, vector::WorkBudget& budget, std::optional<std::uint32_t> rows) {
+                     const Cancellation& sink, vector::WorkBudget& budget,
+                     std::optional<std::uint32_t> rows) {
     const std::uint64_t end = std::max(place.header + place.headerLength, place.bits + place.bitsLength);
     SourcePart part(source, 0, end);
     BmpHeader header = ReadBmpInfo(part, place.header, place.bits);
@@ -129,7 +130,7 @@ LoadedBitmap LoadDeviceBitmap(ByteSource& file, const BitmapPlace& place, const 
 }  // namespace
 
 LoadedBitmap LoadBitmap(ByteSource& file, const BitmapPlace& place, const BitmapColours& colours,
-                        const PictureSink& sink, vector::WorkBudget& budget,
+                        const Cancellation& sink, vector::WorkBudget& budget,
                         std::optional<std::uint32_t> rows) {
     try {
         switch (place.kind) {

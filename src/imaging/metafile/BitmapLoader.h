@@ -35,7 +35,7 @@ struct LoadedBitmap {
 /// Decodes a bitmap inside a metafile. `rows`: how many rows lie in the file, where it is not the whole bitmap; then
 /// the pixels have that many. Paid from the budget. May throw std::bad_alloc.
 [[nodiscard]] LoadedBitmap LoadBitmap(ByteSource& file, const BitmapPlace& place,
-                                      const BitmapColours& colours, const PictureSink& sink,
+                                      const BitmapColours& colours, const Cancellation& sink,
                                       vector::WorkBudget& budget,
                                       std::optional<std::uint32_t> rows = std::nullopt);
 

@@ -18,7 +18,7 @@ std::shared_ptr<const Palette> PaletteOf(const std::shared_ptr<const Object>& ob
 }  // namespace
 
 DeviceContext::DeviceContext(vector::Painter& painter, const Placement& placement, ByteSource& file,
-                             const PictureSink& sink)
+                             const Cancellation& sink)
     : painter_(painter), placement_(placement), file_(file), sink_(sink), state_(placement) {
     state_.pen = StockObjectOf(StockBlackPen);
     state_.brush = StockObjectOf(StockWhiteBrush);

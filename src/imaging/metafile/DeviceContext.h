@@ -22,14 +22,14 @@ class DeviceContext {
   public:
     /// All are kept by reference.
     DeviceContext(vector::Painter& painter, const Placement& placement, ByteSource& file,
-                  const PictureSink& sink);
+                  const Cancellation& sink);
 
     [[nodiscard]] DeviceState& State() { return state_; }
     [[nodiscard]] const DeviceState& State() const { return state_; }
     [[nodiscard]] vector::Painter& Painter() { return painter_; }
     [[nodiscard]] const Placement& Place() const { return placement_; }
     [[nodiscard]] ByteSource& File() { return file_; }
-    [[nodiscard]] const PictureSink& Sink() const { return sink_; }
+    [[nodiscard]] const Cancellation& Sink() const { return sink_; }
     [[nodiscard]] PathBracket& Bracket() { return bracket_; }
     [[nodiscard]] FoundFonts& Fonts() { return fonts_; }
     [[nodiscard]] TileCache& Tiles() { return tiles_; }
@@ -73,7 +73,7 @@ class DeviceContext {
     vector::Painter& painter_;
     const Placement& placement_;
     ByteSource& file_;
-    const PictureSink& sink_;
+    const Cancellation& sink_;
     FoundFonts fonts_;
     TileCache tiles_;
     CodePages pages_;

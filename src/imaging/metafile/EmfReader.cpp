@@ -125,12 +125,15 @@ bool TakeRecord(RecordStream& stream) {
 
 }  // namespace
 
-Recording ReadEmf(ByteSource& source, const PictureSink& sink) {
+namespace {
+
+/// `length`: of the header's record.
+Recording ReadHeader(ByteSource& source, std::uint32_t& length) {
     std::array<std::byte, HeaderSize> bytes{};
     if (source.ReadAt(0, bytes) < HeaderSize)
         return Refused(Outcome::Truncated, source.Size(), "header cut off");
     RecordBytes header(bytes, 0, HeaderSize);
-    const std::uint32_t length = header.U32(4);
+    length = header.U32(4);
     if (length < HeaderSize || length % 4 != 0) return Refused(Outcome::Corrupt, 4, "header too short");
     if (length > source.Size()) return Refused(Outcome::Truncated, source.Size(), "header cut off");
     const std::optional<Placement> placement = PlacementOf(header);
@@ -138,6 +141,20 @@ Recording ReadEmf(ByteSource& source, const PictureSink& sink) {
 
     Recording recording;
     recording.placement = *placement;
+    return recording;
+}
+
+}  // namespace
+
+Recording ReadEmfHeader(ByteSource& source) {
+    std::uint32_t length = 0;
+    return ReadHeader(source, length);
+}
+
+Recording ReadEmf(ByteSource& source, const Cancellation& sink) {
+    std::uint32_t length = 0;
+    Recording recording = ReadHeader(source, length);
+    if (!recording.trouble.empty()) return recording;
     RecordStream stream(source, length);
     while (TakeRecord(stream)) {
         if (sink.Cancelled()) {

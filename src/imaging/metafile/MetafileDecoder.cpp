@@ -90,8 +90,8 @@ DecodeStatus Play(ByteSource& source, const Recording& recording, PictureSink& s
     return ending;
 }
 
-DecodeStatus Decode(Recording (*read)(ByteSource&, const PictureSink&), ByteSource& source, PictureSink& sink,
-                    std::int64_t mostWork) {
+DecodeStatus Decode(Recording (*read)(ByteSource&, const Cancellation&), ByteSource& source,
+                    PictureSink& sink, std::int64_t mostWork) {
     try {
         const Recording recording = read(source, sink);
         if (!recording.trouble.empty()) return recording.ending;
@@ -103,10 +103,30 @@ DecodeStatus Decode(Recording (*read)(ByteSource&, const PictureSink&), ByteSour
     }
 }
 
+PictureHeader SizeOf(const metafile::Placement& placement) {
+    const metafile::Placement place = OnPixelsThatAreDrawn(placement);
+    constexpr std::int64_t Most = std::numeric_limits<int>::max();
+    return {.info = {.width = static_cast<int>(std::min(place.width, Most)),
+                     .height = static_cast<int>(std::min(place.height, Most))},
+            .known = true};
+}
+
 }  // namespace
 
 bool RecognisesWmf(std::span<const std::byte> start) {
     return metafile::StartsLikeWmf(start);
+}
+
+PictureHeader ReadWmfSize(ByteSource& source, const Cancellation& waiting) {
+    try {
+        const metafile::WmfHeader header = metafile::ReadWmfHeader(source);
+        if (!header.trouble.empty()) return {.reason = header.trouble};
+        if (const auto told = metafile::ToldPlacement(header)) return SizeOf(*told);
+        // Only the records tell.
+        return SizeOf(metafile::ReadWmf(source, waiting).placement);
+    } catch (const std::bad_alloc&) {
+        return {.reason = "memory refused"};
+    }
 }
 
 DecodeStatus DecodeWmf(ByteSource& source, PictureSink& sink) {
@@ -117,6 +137,12 @@ bool RecognisesEmf(std::span<const std::byte> start) {
     constexpr std::uint32_t HeaderRecord = 1;
     constexpr std::uint32_t Signature = 0x464D4520U;
     return start.size() >= 44 && U32(start, 0) == HeaderRecord && U32(start, 40) == Signature;
+}
+
+PictureHeader ReadEmfSize(ByteSource& source, const Cancellation&) {
+    const Recording header = metafile::ReadEmfHeader(source);
+    if (!header.trouble.empty()) return {.reason = header.trouble};
+    return SizeOf(header.placement);
 }
 
 DecodeStatus DecodeEmf(ByteSource& source, PictureSink& sink) {

@@ -10,8 +10,10 @@ namespace tavrix {
 /// next one, the drawing ends with what there is so far. So does one of more work than some seconds' worth. The extended
 /// records that some enhanced metafiles carry as comments are not drawn; the plain ones beside them are.
 [[nodiscard]] bool RecognisesWmf(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadWmfSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeWmf(ByteSource& source, PictureSink& sink);
 [[nodiscard]] bool RecognisesEmf(std::span<const std::byte> start);
+[[nodiscard]] PictureHeader ReadEmfSize(ByteSource& source, const Cancellation& waiting);
 [[nodiscard]] DecodeStatus DecodeEmf(ByteSource& source, PictureSink& sink);
 /// The same for at most so many nanoseconds, roughly.
 [[nodiscard]] DecodeStatus DecodeEmfWithin(ByteSource& source, PictureSink& sink, std::int64_t mostWork);

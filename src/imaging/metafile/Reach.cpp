@@ -59,7 +59,7 @@ class Reach {
 /// A device that draws nothing, but knows what a text needs.
 class TextMeasure {
   public:
-    TextMeasure(ByteSource& source, const PictureSink& sink)
+    TextMeasure(ByteSource& source, const Cancellation& sink)
         : picture_(1, 1),
           budget_(MostWork),
           painter_(picture_, budget_),
@@ -137,7 +137,7 @@ struct ReachVisitor {
 
 }  // namespace
 
-Box ReachOf(std::span<const Record> records, ByteSource& source, const PictureSink& sink) {
+Box ReachOf(std::span<const Record> records, ByteSource& source, const Cancellation& sink) {
     Reach reach;
     TextMeasure texts(source, sink);
     for (const Record& record : records) {

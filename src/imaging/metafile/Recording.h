@@ -33,7 +33,9 @@ struct Recording {
     DecodeStatus ending;
 };
 
-[[nodiscard]] Recording ReadEmf(ByteSource& source, const PictureSink& sink);
-[[nodiscard]] Recording ReadWmf(ByteSource& source, const PictureSink& sink);
+/// The placement alone, without a record.
+[[nodiscard]] Recording ReadEmfHeader(ByteSource& source);
+[[nodiscard]] Recording ReadEmf(ByteSource& source, const Cancellation& sink);
+[[nodiscard]] Recording ReadWmf(ByteSource& source, const Cancellation& sink);
 
 }  // namespace tavrix::metafile

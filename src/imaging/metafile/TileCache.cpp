@@ -12,7 +12,7 @@ constexpr std::int64_t LargestTile = 4LL << 20U;
 
 std::shared_ptr<const Surface> TileCache::TileOf(const std::shared_ptr<const Object>& owner,
                                                  const Brush& brush, const BitmapColours& colours,
-                                                 ByteSource& file, const PictureSink& sink,
+                                                 ByteSource& file, const Cancellation& sink,
                                                  vector::WorkBudget& budget) {
     const auto found = std::ranges::find_if(entries_, [&](const Entry& entry) {
         return entry.owner == owner && entry.zero == colours.zero && entry.one == colours.one &&

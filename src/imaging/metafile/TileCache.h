@@ -14,7 +14,7 @@ class TileCache {
     /// throw std::bad_alloc.
     [[nodiscard]] std::shared_ptr<const Surface> TileOf(const std::shared_ptr<const Object>& owner,
                                                         const Brush& brush, const BitmapColours& colours,
-                                                        ByteSource& file, const PictureSink& sink,
+                                                        ByteSource& file, const Cancellation& sink,
                                                         vector::WorkBudget& budget);
 
   private:

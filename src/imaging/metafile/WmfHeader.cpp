@@ -92,17 +92,20 @@ WmfHeader ReadWmfHeader(ByteSource& source) {
     return header;
 }
 
+std::optional<Placement> ToldPlacement(const WmfHeader& header) {
+    if (!header.placeable) return std::nullopt;
+    const Box& bounds = header.placeable->bounds;
+    const std::uint16_t told = header.placeable->unitsPerInch;
+    const double scale = ScreenDotsPerInch / (told == 0 ? UsualUnitsPerInch : told);
+    const vector::Box window{double(bounds.left), double(bounds.top), double(bounds.right),
+                             double(bounds.bottom)};
+    if (window.Width() == 0 || window.Height() == 0) return std::nullopt;
+    return Placed(window.Width() * scale, window.Height() * scale, window);
+}
+
 Placement PlacementOf(const WmfHeader& header, std::span<const Record> records, ByteSource& source,
-                      const PictureSink& sink) {
-    if (header.placeable) {
-        const Box& bounds = header.placeable->bounds;
-        const std::uint16_t told = header.placeable->unitsPerInch;
-        const double scale = ScreenDotsPerInch / (told == 0 ? UsualUnitsPerInch : told);
-        const vector::Box window{double(bounds.left), double(bounds.top), double(bounds.right),
-                                 double(bounds.bottom)};
-        if (window.Width() != 0 && window.Height() != 0)
-            return Placed(window.Width() * scale, window.Height() * scale, window);
-    }
+                      const Cancellation& sink) {
+    if (const auto told = ToldPlacement(header)) return *told;
     vector::Box window;
     if (const std::optional<Point> extent = FirstExtent(records)) {
         window = {0, 0, double(extent->x), double(extent->y)};

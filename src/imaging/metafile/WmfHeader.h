@@ -28,9 +28,11 @@ struct WmfHeader {
 /// Whether the first bytes of a file are such a header.
 [[nodiscard]] bool StartsLikeWmf(std::span<const std::byte> start);
 
+/// What the header itself tells; nothing where it does not.
+[[nodiscard]] std::optional<Placement> ToldPlacement(const WmfHeader& header);
 /// A placeable metafile has its bounds' size at 96 dots an inch. Of others the first window extent tells the size, a
 /// unit a pixel, or where there is none, what is drawn; both within what a screen shows.
 [[nodiscard]] Placement PlacementOf(const WmfHeader& header, std::span<const Record> records,
-                                    ByteSource& source, const PictureSink& sink);
+                                    ByteSource& source, const Cancellation& sink);
 
 }  // namespace tavrix::metafile

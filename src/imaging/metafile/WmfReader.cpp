@@ -102,7 +102,7 @@ bool TakeRecord(RecordStream& stream, Places& places) {
 
 }  // namespace
 
-Recording ReadWmf(ByteSource& source, const PictureSink& sink) {
+Recording ReadWmf(ByteSource& source, const Cancellation& sink) {
     Recording recording;
     const WmfHeader header = ReadWmfHeader(source);
     if (!header.trouble.empty()) {

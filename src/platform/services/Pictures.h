@@ -4,6 +4,7 @@
 #include <string>
 
 #include "imaging/graphics/Animation.h"
+#include "imaging/graphics/FittedPicture.h"
 #include "imaging/graphics/Picture.h"
 
 namespace tavrix {
@@ -19,6 +20,15 @@ class Pictures {
     /// The same without a wait for any row: a large picture may turn out later to be one of which nothing can be
     /// decoded (ArrivingSurface::Blank), where Load throws 481.
     [[nodiscard]] virtual Picture LoadInBackground(const std::string& path) = 0;
+
+    /// The picture made to fit a box, with its natural size: up to twice the fitted size the plain stretch copy of the
+    /// whole, above that smoothly made smaller. Never the small picture that some photos carry besides. It is decoded
+    /// while this thread goes on; no more of it is held than one picture. Throws what Load throws, here or in Take.
+    [[nodiscard]] virtual std::unique_ptr<PictureToFit> LoadToFit(const std::string& path,
+                                                                  const FitBox& box) = 0;
+    /// Tells which picture Load will be asked for next, so that it can be decoded meanwhile; an empty path: none. One is
+    /// expected at a time. It is held in memory until it is loaded or another one is expected. Throws nothing.
+    virtual void Expect(const std::string& path) = 0;
 
     /// Opens an animated picture, with its first frame on its canvas; one image in a file is an animation of one frame.
     /// The file is read as long as the animation lives, one frame at a time.

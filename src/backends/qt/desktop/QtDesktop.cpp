@@ -6,11 +6,12 @@
 #include <span>
 #include <utility>
 
-#include "backends/qt/desktop/GnomeWallpaper.h"
+#include "backends/qt/desktop/FileManagerWallpaper.h"
 #include "backends/qt/desktop/PlasmaWallpaper.h"
 #include "backends/qt/desktop/PortalScreen.h"
 #include "backends/qt/desktop/PortalWallpaper.h"
 #include "backends/qt/desktop/RootWallpaper.h"
+#include "backends/qt/desktop/SettingsWallpaper.h"
 #include "backends/qt/desktop/XfceWallpaper.h"
 #include "backends/qt/x11/X11Screen.h"
 #include "base/RuntimeError.h"
@@ -21,6 +22,9 @@ namespace {
 
 /// The names in XDG_CURRENT_DESKTOP of those that are at home in the same settings.
 constexpr std::array<const char*, 5> GnomeNames{"GNOME", "Unity", "Budgie", "Pantheon", "GNOME-Flashback"};
+constexpr std::array<const char*, 2> CinnamonNames{"X-Cinnamon", "Cinnamon"};
+/// Those that draw over the root window themselves, and whose settings are not known.
+constexpr std::array<const char*, 6> CoveringNames{"Enlightenment", "Deepin", "DDE", "UKUI", "Lumina", "TDE"};
 
 bool IsOneOf(const QStringList& names, std::span<const char* const> wanted) {
     return std::ranges::any_of(
@@ -58,13 +62,21 @@ std::optional<std::string> QtDesktop::CurrentWallpaper() {
 const std::vector<std::unique_ptr<WallpaperKeeper>>& QtDesktop::Keepers() {
     if (!keepers_.empty()) return keepers_;
     const QStringList names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'));
-    if (IsOneOf(names, GnomeNames)) keepers_.push_back(std::make_unique<GnomeWallpaper>());
-    if (IsOneOf(names, std::array{"KDE"})) keepers_.push_back(std::make_unique<PlasmaWallpaper>());
-    if (IsOneOf(names, std::array{"XFCE"})) keepers_.push_back(std::make_unique<XfceWallpaper>());
+    const auto add = [this](std::unique_ptr<WallpaperKeeper> keeper) {
+        keepers_.push_back(std::move(keeper));
+    };
+    using FileManager = FileManagerWallpaper;
+    if (IsOneOf(names, GnomeNames)) add(std::make_unique<SettingsWallpaper>(GnomeBackground));
+    if (IsOneOf(names, CinnamonNames)) add(std::make_unique<SettingsWallpaper>(CinnamonBackground));
+    if (IsOneOf(names, std::array{"MATE"})) add(std::make_unique<SettingsWallpaper>(MateBackground));
+    if (IsOneOf(names, std::array{"LXQt"})) add(std::make_unique<FileManager>(FileManager::Kind::Lxqt));
+    if (IsOneOf(names, std::array{"LXDE"})) add(std::make_unique<FileManager>(FileManager::Kind::Lxde));
+    if (IsOneOf(names, std::array{"KDE"})) add(std::make_unique<PlasmaWallpaper>());
+    if (IsOneOf(names, std::array{"XFCE"})) add(std::make_unique<XfceWallpaper>());
     // A desktop of its own kind covers the root window, which is all that a mere window manager has.
-    const bool rootIsSeen = keepers_.empty() && x11::ShowsDesktop();
-    if (rootIsSeen) keepers_.push_back(std::make_unique<RootWallpaper>());
-    keepers_.push_back(std::make_unique<PortalWallpaper>());
+    const bool rootIsSeen = keepers_.empty() && !IsOneOf(names, CoveringNames) && x11::ShowsDesktop();
+    if (rootIsSeen) add(std::make_unique<RootWallpaper>());
+    add(std::make_unique<PortalWallpaper>());
     return keepers_;
 }
 

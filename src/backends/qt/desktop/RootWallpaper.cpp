@@ -112,7 +112,8 @@ OwnConnection Connect() {
 bool RootWallpaper::Show(const std::string& file, bool tiled) {
     // The pixmap belongs to a connection that leaves it behind.
     const OwnConnection connection = Connect();
-    if (!connection || !LayoutOfScreen(connection.get()).Known()) return false;
+    if (!connection || !LayoutOfScreen(connection.get()).Known() || RootIsCovered(connection.get()))
+        return false;
     const QImage image(QFile::decodeName(file.c_str()));
     if (image.isNull()) return false;
 
@@ -129,7 +130,7 @@ bool RootWallpaper::Show(const std::string& file, bool tiled) {
 
 bool RootWallpaper::Clear() {
     const OwnConnection connection = Connect();
-    return connection && Hang(connection.get(), XCB_PIXMAP_NONE);
+    return connection && !RootIsCovered(connection.get()) && Hang(connection.get(), XCB_PIXMAP_NONE);
 }
 
 }  // namespace tavrix::qt

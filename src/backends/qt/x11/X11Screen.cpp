@@ -111,6 +111,27 @@ bool ShowsDesktop() {
     return connection != nullptr && !IsGuestOfWayland(connection);
 }
 
+bool RootIsCovered(xcb_connection_t* connection) {
+    const xcb_atom_t type = AtomOf(connection, "_NET_WM_WINDOW_TYPE");
+    const xcb_atom_t desktop = AtomOf(connection, "_NET_WM_WINDOW_TYPE_DESKTOP");
+    const auto covers = [&](xcb_window_t window) {
+        const auto types = Words(PropertyOf(connection, window, type).get());
+        if (std::ranges::find(types, desktop) == types.end()) return false;
+        const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+            connection, xcb_get_window_attributes(connection, window), nullptr));
+        return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    };
+    const xcb_window_t root = RootOf(connection);
+    const auto managed = Words(PropertyOf(connection, root, AtomOf(connection, "_NET_CLIENT_LIST")).get());
+    if (std::ranges::any_of(managed, covers)) return true;
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr));
+    if (!tree) return false;
+    const std::span children(xcb_query_tree_children(tree.get()),
+                             static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    return std::ranges::any_of(children, covers);
+}
+
 std::optional<Surface> CaptureScreen() {
     if (!ShowsDesktop()) return std::nullopt;
     xcb_connection_t* connection = QtConnection();
