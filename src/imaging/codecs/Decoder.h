@@ -26,7 +26,7 @@ struct PictureInfo {
 struct PictureHeader {
     PictureInfo info{};       ///< whether some pixels are transparent is not told here
     bool known = false;       ///< there seems to be a picture; otherwise `info` says nothing
-    std::string_view reason;  ///< why there is none; a few words for developers
+    std::string_view reason{};///< why there is none; a few words for developers
 };
 
 /// Whoever waits for a picture.
