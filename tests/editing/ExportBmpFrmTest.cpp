@@ -45,7 +45,6 @@ TEST_F(ExportBmpFrmTest, KeysReachEverything) {
                   (std::vector<std::string>{"lblCurMsg", "lblCurrent", "lblFilename", "txtFilename",
                                             "lblDrives", "Drive1", "lblFolders", "Dir1", "CmdFF", "CmdNew",
                                             "CmdExport", "CmdCancel"}));
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.Buttons.CmdExport.Default);
         EXPECT_TRUE(dialog.Buttons.CmdCancel.Cancel);
         ExpectOwnLetters(dialog, 7);

@@ -22,7 +22,6 @@ TEST_F(OpenPaletteFrmTest, TextsAreAsTold) {
         EXPECT_EQ(dialog.HelpContext, HelpContext::Import);
         EXPECT_EQ(dialog.CmdOpen.Caption.Get(), "&Open");
         EXPECT_EQ(dialog.CmdCancel.Caption.Get(), "&Cancel");
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.CmdOpen.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
         ExpectOwnLetters(dialog, 6);

@@ -103,7 +103,6 @@ TEST_F(SaveCopyFrmTest, KeysReachEverything) {
         EXPECT_EQ(names, (std::vector<std::string>{"lblCurMsg", "lblCurrent", "lblFilename", "txtFilename",
                                                    "lblDrives", "Drive1", "lblFolders", "Dir1", "CmdFF",
                                                    "CmdNew", "CmdSave", "CmdCancel"}));
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.CmdSave.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
         ExpectOwnLetters(dialog, 7);

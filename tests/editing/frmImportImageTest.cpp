@@ -36,7 +36,6 @@ TEST_F(frmImportImageTest, KeysReachEverything) {
             names.push_back(control->Name());
         EXPECT_EQ(names, (std::vector<std::string>{"lblFiles", "File1", "lblFolders", "Dir1", "lblDrives",
                                                    "Drive1", "CmdFF", "CmdImport", "CmdCancel"}));
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.CmdImport.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
         ExpectOwnLetters(dialog, 6);

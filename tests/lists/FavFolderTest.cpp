@@ -77,7 +77,6 @@ TEST_F(FavFolderTest, TheTabKeyGoesFromTheListsToTheButtons) {
             (std::vector<std::string>{"lblDrives", "Drive1", "lblFolders", "Dir1", "CmdFF2", "CmdMyDocuments",
                                       "CmdNewFolder", "CmdExplore", "lblFreeSpaceMsg", "lblFreeSpace",
                                       "lblPathMsg", "lblPath", "CmdOK", "CmdCancel", "CmdHelp"}));
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.CmdOK.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
     });

@@ -51,7 +51,6 @@ TEST_F(QuickFoldersTest, TheTabKeyGoesDownTheRows) {
         }
         names.insert(names.end(), {"CmdOK", "CmdCancel", "CmdHelp"});
         EXPECT_EQ(NamesOf(dialog), names);
-        EXPECT_TRUE(dialog.HasLayout());
         EXPECT_TRUE(dialog.CmdOK.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
         // The labels lead to their fields.

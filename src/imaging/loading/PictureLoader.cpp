@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <system_error>
