@@ -1,6 +1,7 @@
 #include "lists/frmFavFolder.h"
 
 #include "core/HelpContexts.h"
+#include "core/NumberText.h"
 #include "lists/FolderWindowTest.h"
 
 namespace tavrix::test {

@@ -204,7 +204,7 @@ TEST(FitPicture, UpToTwiceTheSizeIsTheExactStretchCopy) {
 
 TEST(FitPicture, AboveThatItIsTheMeansOfTheWhole) {
     const FitBox box{160, 120};
-    for (const auto [width, height] : {std::pair{321, 241},
+    for (const auto& [width, height] : {std::pair{321, 241},
                                        {640, 480},
                                        {641, 483},
                                        {900, 700},
@@ -237,7 +237,7 @@ TEST(FitPicture, AnOrientationIsApplied) {
 }
 
 TEST(FitPicture, OfAPictureThatIsThereIsTheSame) {
-    for (const auto [width, height] : {std::pair{300, 200}, {700, 500}}) {
+    for (const auto& [width, height] : {std::pair{300, 200}, {700, 500}}) {
         const std::vector<std::byte> file = Bitmap(width, height);
         const FittedPicture decoded = Fitted(file, {160, 120, 1});
         const FittedPicture made = FitPicture(Decode(file).picture, {160, 120, 1});

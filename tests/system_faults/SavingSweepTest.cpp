@@ -123,7 +123,7 @@ void SaveShow(HostProgram& program) {
     show.SlideCount = 2;
     show.SaveFromArrays = true;
     program.module.config.UseRecentDocuments = false;
-    WriteSlideFile(program.module, "C:\\q\\", "old.tvs", nullptr);
+    WriteSlideFile(program.module, "C:\\q\\", "old.tvs");
 }
 
 struct Doing {
