@@ -1,8 +1,9 @@
 """The navigator of a slide show above its stage, under two window managers, however slow they are."""
 
+import os
 import time
 
-from driver import wait_unchanged
+from driver import wait_unchanged, wait_until
 from driver.drop import DropSource
 from test_show import StageTest
 
@@ -13,15 +14,24 @@ _PLACE = 40, 60  # of the frame's corner
 
 
 class NavigatorTest(StageTest):
-    def show(self, settings="", place=_PLACE):
+    def show_of(self, slides, names=True, descriptions=True):
+        """The file of a show of these slides and their descriptions; what the navigator tells is an option of it."""
+        lines = ['"Tavrix Slide Show"', '"Version 1.5"', "0", '""', "0", "0", "0", "0", str(-int(names)),
+                 str(-int(descriptions)), "0", "0"]
+        for slide, description in slides:
+            lines += [f'"{slide}"', f'"{description}"']
+        path = os.path.join(self.home.pictures, "show.tvs")
+        with open(path, "w", encoding="utf-8", newline="") as file:
+            file.write("".join(line + "\r\n" for line in lines))
+        return path
+
+    def show(self, place=_PLACE, file=None, **options):
         """A running show with its navigator."""
-        if not hasattr(self, "file"):
-            self.pictures()
-            self.file = self.show_file("small.bmp", "beside.bmp")
+        self.picture(300, 200, "small.bmp")
         x, y = place
-        self.home.write_settings(f"[Viewer]\nBackgroundColor=4\nShowToolbar=TRUE\nToolbarX={x * 15}\n"
-                                 f"ToolbarY={y * 15}\n{settings}")
-        return self.start(self.file)
+        self.home.write_settings("[Viewer]\nBackgroundColor=4\nShowToolbar=TRUE\n"
+                                 f"ToolbarX={x * 15}\nToolbarY={y * 15}\n")
+        return self.start(file or self.show_of([("small.bmp", ""), ("small.bmp", "")]), **options)
 
     def at_rest(self, program):
         """The stage and its navigator, once nothing moves any more: their order from below, who has the keyboard, and
@@ -65,11 +75,13 @@ class StackingTest(NavigatorTest):
 
     def test_a_navigator_of_another_height_keeps_its_frame_on_the_screen(self):
         corner = 0, 0
-        for settings in ("ShowFilenames=TRUE\nShowDescription=FALSE\n", "ShowFilenames=FALSE\nShowDescription=TRUE\n"):
+        self.picture(300, 200, "small.bmp")
+        for names, descriptions in ((True, False), (False, True), (False, False)):
             for standstill in (0, _STANDSTILL):
-                with self.subTest(settings=settings, standstill=standstill):
+                with self.subTest(names=names, descriptions=descriptions, standstill=standstill):
+                    file = self.show_of([("small.bmp", "")], names, descriptions)
                     with self.screen.window_manager_standing_still():
-                        program = self.show(settings, corner)
+                        program = self.show(corner, file)
                         time.sleep(standstill)
                     self.expect_above(program, corner)
                     self.end(program)
@@ -78,9 +90,9 @@ class StackingTest(NavigatorTest):
 class PlaceTest(NavigatorTest):
     def test_the_place_of_the_navigator_does_not_drift_from_show_to_show(self):
         path, _ = self.picture(300, 200)
-        file = self.show_file("picture.bmp")
-        self.home.write_settings("[Viewer]\nAutosizeWindow=FALSE\nShowToolbar=TRUE\nShowFilenames=TRUE\n"
-                                 f"ShowDescription=FALSE\nToolbarX={_PLACE[0] * 15}\nToolbarY={_PLACE[1] * 15}\n")
+        file = self.show_of([("picture.bmp", "")], descriptions=False)
+        self.home.write_settings("[Viewer]\nAutosizeWindow=FALSE\nShowToolbar=TRUE\n"
+                                 f"ToolbarX={_PLACE[0] * 15}\nToolbarY={_PLACE[1] * 15}\n")
         for standstill in (0, _STANDSTILL):
             program = self.start(path)
             main = program.main(path)
@@ -109,6 +121,49 @@ class PlaceTest(NavigatorTest):
         self.assertGreater(top, 0)
         self.assertGreater(window.width, main.width)
         self.assertEqual((window.x - left, window.y - top), (0, 0))
+
+
+class TextTest(NavigatorTest):
+    """Texts end in blocks, which are found on the screen only where the last letter is painted."""
+
+    def test_the_end_of_a_path_and_a_long_description_are_painted(self):
+        _, small = self.picture(300, 200, "small.bmp")
+        name = "What a long name a picture may have, a b c d e \u2588\u2588\u2588\u2588.bmp"
+        small.save(os.path.join(self.home.pictures, name))
+        description = ("It tells of what is to be seen here. " * 6)[:196] + "\u2588" * 4
+        self.assertEqual(len(description), 200)
+        for scale in (1, 1.5):
+            for points in (9, 14):
+                for names, descriptions in ((True, True), (True, False), (False, True)):
+                    with self.subTest(scale=scale, points=points, names=names, descriptions=descriptions):
+                        file = self.show_of([(name, description)], names, descriptions)
+                        lines = [(27, 49)] * names + [(50 if names else 27, 124)] * descriptions
+                        self.paints(file, scale, points, lines)
+
+    def paints(self, file, scale, points, lines):
+        """Plays a show on a desktop with a font of so many points; each of the lines, as pixels from the top at a
+        scale of 1, holds its last letters."""
+        os.makedirs(os.path.join(self.home.folder, ".config"), exist_ok=True)
+        with open(os.path.join(self.home.folder, ".config", "kdeglobals"), "w", encoding="utf-8") as settings:
+            settings.write(f"[General]\nfont=DejaVu Sans,{points},-1,5,50,0,0,0,0,0\n")
+        program = self.show((400, 600), file, environment={
+            "QT_SCALE_FACTOR": str(scale), "XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"})
+        self.at_rest(program)
+        navigator = program.window(_TITLE)
+        for top, bottom in lines:
+            bottom = min(round(bottom * scale), navigator.height)
+            place = navigator.x, navigator.y + round(top * scale), navigator.width, bottom - round(top * scale)
+            wait_until(lambda: self.holds_block(self.screen.grab(*place)), f"the last letters from {top} on", 5)
+        self.end(program)
+
+    @staticmethod
+    def holds_block(image):
+        """Whether dark pixels fill a box as only full blocks of four letters do."""
+        width, height, least = 12, 5, 90
+        dark = image.convert("L").point(lambda value: value < least)
+        pixels = dark.load()
+        return any(all(pixels[x + i, y + j] for i in range(width) for j in range(height))
+                   for y in range(dark.height - height) for x in range(dark.width - width))
 
 
 class MetacityPlaceTest(PlaceTest):

@@ -202,6 +202,60 @@ TEST_F(NavigatorTest, InRandomOrderItHasNoEnds) {
     EXPECT_TRUE(Toolbar().ImageStop.Visible);
 }
 
+TEST_F(NavigatorTest, NothingTouchesAnythingNorLeavesTheWindow) {
+    for (const float twips : {15.0F, 10.0F, 7.5F}) {
+        for (const int caption : {19, 32}) {  // pixels, at a scale of 1
+            for (int settings = 0; settings < 8; ++settings) {
+                SCOPED_TRACE(std::to_string(twips) + " twips, caption " + std::to_string(caption) +
+                             ", settings " + std::to_string(settings));
+                toolkit.screen = {1600, 1200, twips, twips, 24};
+                toolkit.metrics[forms::SystemMetric::CaptionHeight] = caption;
+                module.config.ShowFilenames = (settings & 1) != 0;
+                module.config.ShowDescription = (settings & 2) != 0;
+                module.config.RandomSlides = (settings & 4) != 0;
+                PutSlides(2);
+                Play();
+                std::vector<PixelRect> places;
+                for (const forms::Control* control : Toolbar().Controls()) {
+                    if (control->Visible) places.push_back(control->PixelBounds());
+                }
+                const int gap = static_cast<int>(45 / twips);
+                for (std::size_t i = 0; i < places.size(); ++i) {
+                    const PixelRect& a = places[i];
+                    EXPECT_LE(static_cast<float>(a.left + a.width) * twips, Toolbar().ScaleWidth());
+                    EXPECT_LE(static_cast<float>(a.top + a.height) * twips, Toolbar().ScaleHeight());
+                    for (std::size_t j = i + 1; j < places.size(); ++j) {
+                        const PixelRect& b = places[j];
+                        const bool beside =
+                            a.left + a.width + gap <= b.left || b.left + b.width + gap <= a.left;
+                        const bool below = a.top + a.height <= b.top || b.top + b.height <= a.top;
+                        EXPECT_TRUE(beside || below) << i << " and " << j;
+                    }
+                }
+                Press(KeyCode::Escape);
+            }
+        }
+    }
+}
+
+TEST_F(NavigatorTest, AHintStandsBesideTheButtonsAndTheMessage) {
+    PutSlides(2);
+    for (const bool random : {false, true}) {
+        module.config.RandomSlides = random;
+        Play();
+        PointAt(Toolbar().ImageStop);
+        const PixelRect hint = Toolbar().lblStop.PixelBounds();
+        for (const forms::Control* other : Toolbar().Controls()) {
+            if (!other->Visible || other == &Toolbar().lblStop) continue;
+            const PixelRect place = other->PixelBounds();
+            EXPECT_TRUE(hint.left + hint.width <= place.left || place.left + place.width <= hint.left ||
+                        hint.top + hint.height <= place.top || place.top + place.height <= hint.top)
+                << other->Name();
+        }
+        Press(KeyCode::Escape);
+    }
+}
+
 TEST_F(NavigatorTest, HintsComeAndGoWithTheMouse) {
     using Seen = std::vector<bool>;
     PutSlides(3);
@@ -229,7 +283,7 @@ TEST_F(NavigatorTest, ThePointerStaysWhileItRestsOnTheNavigator) {
     module.config.ToolbarX = 1500;
     module.config.ToolbarY = 1500;
     Play();
-    const int right = 100 + 3210 / 15;
+    const int right = 100 + static_cast<int>(frmToolbar::DesignWidth) / 15;
     for (const forms::ScreenPoint& inside : {forms::ScreenPoint{101, 101}, {right - 1, 150}}) {
         Stage().ShowPointer();
         toolkit.pointerPlace = inside;

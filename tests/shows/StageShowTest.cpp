@@ -452,6 +452,31 @@ TEST_F(StageShowTest, ThePointerGoesAwayTwoSecondsAfterTheLastMove) {
     EXPECT_TRUE(PointerHidden());
 }
 
+TEST_F(StageShowTest, TheImageHasAPointerOfItsOwnAndTheSaversIsNotSeen) {
+    const auto visiblePixels = [this] {
+        const auto& peer = dynamic_cast<headless::HeadlessCanvasPeer&>(*Stage().Image1.Peer());
+        int visible = 0;
+        for (int y = 0; y < peer.pointerPicture->Height(); ++y) {
+            for (const Pixel pixel : peer.pointerPicture->Row(y))
+                visible += pixel != 0 ? 1 : 0;
+        }
+        return visible;
+    };
+    PutSlides(2);
+    Play();
+    EXPECT_EQ(Stage().Image1.MousePointer.Get(), forms::MousePointer::Custom);
+    EXPECT_GT(visiblePixels(), 50);
+    Advance(2000);
+    EXPECT_EQ(Stage().Image1.MousePointer.Get(), forms::MousePointer::Hidden);
+    Stage().Image1.Deliver(forms::MouseEvent{forms::MouseAction::Move, 0, 0, 30, 30});
+    EXPECT_EQ(Stage().Image1.MousePointer.Get(), forms::MousePointer::Custom);
+    Press(KeyCode::Escape);
+
+    module.ScreenSaverMode = true;
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(visiblePixels(), 0);
+}
+
 TEST_F(StageShowTest, ASaverLoopsStepsAndHasNoOverlays) {
     PutSlides(2);
     module.ScreenSaverMode = true;

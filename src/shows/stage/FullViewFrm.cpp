@@ -9,6 +9,7 @@
 #include "core/Settings.h"
 #include "platform/forms/Application.h"
 #include "shows/stage/StageOverlay.h"
+#include "shows/stage/StagePointers.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/MainViewFrm.h"
 
@@ -49,6 +50,8 @@ FullViewFrm::FullViewFrm(forms::Application& application, MainModule& module)
     Gif89a1.Visible = false;
     Image1.Visible = false;
     Image1.AccessibleName = "Image";
+    Image1.MouseIcon = StagePointer(module_.Screen().TwipsPerPixelX());
+    Image1.MousePointer = forms::MousePointer::Custom;
     TimerMouse.Enabled = false;
     TimerMouse.Interval = MouseInterval;
 
@@ -72,6 +75,7 @@ void FullViewFrm::Attempt(Statements statements) {
 }
 
 void FullViewFrm::Form_Load() {
+    if (role_.saver) Image1.MouseIcon = SaverPointer();
     if (!role_.saver) Caption = "Tavrix Full Screen View";
     BackColor = BackgroundOf(module_.config.BackgroundColor);
     if (module_.config.ResumeLastDisplayed && role_.saver) {

@@ -117,10 +117,12 @@ void FullViewFrm::RemoveSlide() {
 
 void FullViewFrm::ShowPointer() {
     MousePointer = forms::MousePointer::Default;
+    Image1.MousePointer = forms::MousePointer::Custom;
 }
 
 void FullViewFrm::HidePointer() {
     MousePointer = forms::MousePointer::Hidden;
+    Image1.MousePointer = forms::MousePointer::Hidden;
 }
 
 void FullViewFrm::Form_MouseMove(const forms::MouseArguments&) {

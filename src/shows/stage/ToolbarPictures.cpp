@@ -23,11 +23,14 @@ void DrawArrow(Surface& surface, int left, int top, int side, bool toTheRight) {
 }  // namespace
 
 Picture ToolbarPicture(ToolbarSign sign, float twipsPerPixel) {
-    const int unit = std::max(static_cast<int>(std::lround(15 / twipsPerPixel)), 1);
-    const int width = 32 * unit;
-    const int height = 23 * unit;
-    const int side = 11 * unit;
-    const int bar = 2 * unit;
+    const auto scaled = [twipsPerPixel](float pixels) {
+        return std::max(static_cast<int>(std::lround(pixels * 15 / twipsPerPixel)), 1);
+    };
+    const int unit = scaled(1);
+    const int width = scaled(32);
+    const int height = scaled(23);
+    const int side = scaled(11);
+    const int bar = scaled(2);
     const int left = (width - side) / 2;
     const int top = (height - side) / 2;
 

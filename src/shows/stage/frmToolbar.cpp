@@ -14,18 +14,21 @@ namespace {
 namespace KeyCode = forms::KeyCode;
 using forms::MousePointer;
 
-// The inside of the window, in twips.
+// The inside of the window, in twips. The heights of the window are given, so that the lines are as close as a frame of
+// 40 pixels demands; the texts take the font that fits.
 constexpr float Margin = 60;
 constexpr float CommandWidth = 600;
 constexpr float CommandTop = 30;
-constexpr float HintTop = 405;
-constexpr float HintHeight = 240;
-constexpr float StatusTop = 660;
-constexpr float LineWidth = 2970;
-constexpr float DescriptionTop = 915;
-constexpr float DescriptionDesignHeight = 1020;
-constexpr float MessageWidth = 2280;
-constexpr float HintBesideMessage = 2400;
+constexpr float LineWidth = 6000;
+constexpr float HintTop = 60;
+constexpr float HintLeft = 3150;  ///< beside the buttons
+constexpr float HintWidth = Margin + LineWidth - HintLeft;
+constexpr float HintHeight = 330;
+constexpr float RandomHintLeft = Margin;  ///< where buttons are hidden
+constexpr float RandomHintWidth = 1170;
+constexpr float StatusTop = 405;
+constexpr float StatusHeight = 330;
+constexpr float DescriptionTop = 750;
 
 constexpr const char* NoDescription = ">> No Description Available <<";
 
@@ -49,15 +52,14 @@ frmToolbar::frmToolbar(forms::Application& application, MainModule& module, Full
     ImageStop.OnClick = [this] { ImageStop_Click(); };
 
     lblMsg.Caption = "Showing random slide show.";
-    lblMsg.Move(Margin, HintTop, MessageWidth, HintHeight);
+    lblMsg.Move(HintLeft, HintTop, HintWidth, HintHeight);
     lblStatus.Caption = "Unable to show path...";
     lblStatus.Literal = true;
-    lblStatus.Move(Margin, StatusTop, LineWidth, HintHeight);
+    lblStatus.Move(Margin, StatusTop, LineWidth, StatusHeight);
     lblDescription.Caption = NoDescription;
     lblDescription.Literal = true;
     lblDescription.ToolTip = "Click here to edit descriptions.";
     lblDescription.MousePointer = MousePointer::Hand;
-    lblDescription.Move(Margin, DescriptionTop, LineWidth, DescriptionDesignHeight);
     lblDescription.OnClick = [this] { lblDescription_Click(); };
 }
 
@@ -79,12 +81,13 @@ void frmToolbar::SetUp(const Command& command, int place, const char* toolTip, c
     };
     command.hint.Caption = hint;
     command.hint.Visible = false;
-    command.hint.Move(left, HintTop, CommandWidth, HintHeight);
+    command.hint.Move(HintLeft, HintTop, HintWidth, HintHeight);
 }
 
 void frmToolbar::Form_Load() {
     Move(static_cast<float>(module_.config.ToolbarX), static_cast<float>(module_.config.ToolbarY),
          DesignWidth, DesignHeight);
+    lblDescription.Move(Margin, DescriptionTop, LineWidth, ScaleHeight() - DescriptionTop - Margin);
     SetTopmost(true);
     const bool random = module_.config.RandomSlides;
     lblMsg.Visible = random;
@@ -92,7 +95,7 @@ void frmToolbar::Form_Load() {
         for (forms::Image* image : {&ImageStart, &ImageEnd, &ImagePrevious})
             image->Visible = false;
         for (forms::Label* hint : {&lblNext, &lblStop})
-            hint->Left = HintBesideMessage;
+            hint->Move(RandomHintLeft, HintTop, RandomHintWidth, HintHeight);
     }
     if (!stage_.Editable()) {
         lblDescription.MousePointer = MousePointer::Arrow;
@@ -127,7 +130,7 @@ void frmToolbar::SizeToContents() {
         Height = FilenameHeight;
     } else if (config.ShowDescription) {
         Height = Height - DescriptionSaving;
-        lblDescription.Height = DescriptionHeight;
+        lblDescription.Move(Margin, StatusTop, LineWidth, DescriptionHeight);
     } else {
         Height = BareHeight;
     }

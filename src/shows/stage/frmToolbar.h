@@ -17,8 +17,8 @@ class FullViewFrm;
 class frmToolbar final : public forms::Form {
   public:
     // Outer sizes in twips.
-    static constexpr float DesignWidth = 3210;
-    static constexpr float DesignHeight = 2370;
+    static constexpr float DesignWidth = 6240;
+    static constexpr float DesignHeight = 2400;
     static constexpr float FilenameHeight = 1335;    ///< with file names alone
     static constexpr float BareHeight = 1070;        ///< with neither file names nor descriptions
     static constexpr float DescriptionSaving = 270;  ///< with descriptions alone

@@ -5,6 +5,7 @@
 #include <QStyle>
 
 #include "backends/qt/peers/Colours.h"
+#include "backends/qt/peers/FittedText.h"
 #include "backends/qt/peers/Mnemonics.h"
 
 namespace tavrix::qt {
@@ -17,7 +18,20 @@ LabelWidget::LabelWidget(QWidget& parent, const SinkPort& port) : QLabel(&parent
     setVisible(false);
 }
 
+bool LabelWidget::FitsWrapped() const {
+    const QRect room = contentsRect();
+    const QRect needed =
+        fontMetrics().boundingRect(QRect(0, 0, room.width(), 0), Qt::TextWordWrap | Qt::AlignLeft, text());
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
 void LabelWidget::paintEvent(QPaintEvent* event) {
+    if (wordWrap() && buddy() == nullptr && !FitsWrapped()) {
+        QPainter painter(this);
+        painter.setPen(palette().color(foregroundRole()));
+        FittedText(text(), font(), contentsRect().size()).Draw(painter, contentsRect().topLeft());
+        return;
+    }
     const bool fits = wordWrap() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
     if (fits || buddy() != nullptr || text().contains(QLatin1Char('\n'))) {
         QLabel::paintEvent(event);

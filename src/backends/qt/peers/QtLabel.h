@@ -14,7 +14,8 @@ class LabelWidget final : public QLabel {
     void Detach() { port_.Detach(); }
 
   protected:
-    /// A line that does not fit is cut with an ellipsis in its middle.
+    /// A line that does not fit is cut with an ellipsis in its middle; broken lines that do not are set in a smaller
+    /// font.
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override { mouse_.Press(*event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.Press(*event); }
@@ -22,6 +23,8 @@ class LabelWidget final : public QLabel {
     void mouseReleaseEvent(QMouseEvent* event) override { mouse_.Release(*event, *this); }
 
   private:
+    [[nodiscard]] bool FitsWrapped() const;
+
     SinkPort port_;
     MouseRelay mouse_{port_};
 };

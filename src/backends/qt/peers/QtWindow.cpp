@@ -186,10 +186,10 @@ void QtWindow::Map() {
     if (owner != nullptr) owner->winId();
     qt::SetOwner(window, owner);
     if (fullScreen_) CoverDisplay();
-    window.setAttribute(Qt::WA_ShowWithoutActivating, waitWindow_ || comesWithOwner);
     // A window manager that lets a hidden window go tells its place without the frame.
     const bool placed = outer_ && !fullScreen_ && state_ == WindowState::Normal;
     if (placed && window.pos() != PlaceOf(*outer_).corner) window.move(PlaceOf(*outer_).corner);
+    if (comesWithOwner) x11::LeaveKeyboard(static_cast<std::uint32_t>(window.winId()));
     window.show();
     TellPointer();
     if (!waitWindow_ && !comesWithOwner) {

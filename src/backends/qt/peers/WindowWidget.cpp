@@ -62,6 +62,7 @@ WindowWidget::WindowWidget(const SinkPort& port, const forms::WindowTraits& trai
     const QString name = QString::fromStdString(traits.name);
     setObjectName(name);
     setWindowRole(name);
+    if (traits.waitWindow) setAttribute(Qt::WA_ShowWithoutActivating);
     if (!traits.menuBar) return;
     menuBar_ = new QMenuBar(this);
     menuBar_->setNativeMenuBar(false);

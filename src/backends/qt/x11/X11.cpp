@@ -148,6 +148,14 @@ std::optional<FrameExtents> FrameQuestion::Answer() const {
     return std::nullopt;
 }
 
+void LeaveKeyboard(std::uint32_t window) {
+    xcb_connection_t* connection = QtConnection();
+    if (connection == nullptr) return;
+    const std::uint32_t never = 0;  // no user has had to do with it
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, AtomOf(connection, "_NET_WM_USER_TIME"),
+                        XCB_ATOM_CARDINAL, 32, 1, &never);
+}
+
 void SetAbove(std::uint32_t window, bool above) {
     xcb_connection_t* connection = QtConnection();
     if (connection == nullptr) return;

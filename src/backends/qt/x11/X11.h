@@ -34,6 +34,9 @@ class FrameQuestion {
     std::uint32_t extents_ = 0;
 };
 
+/// Asks the window manager to leave the keyboard where it is when it maps this window.
+void LeaveKeyboard(std::uint32_t window);
+
 /// Puts a mapped window above others, or back, without unmapping it.
 void SetAbove(std::uint32_t window, bool above);
 
