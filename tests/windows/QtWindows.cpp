@@ -62,8 +62,7 @@ TEST_P(QtWindowsTest, TheControlsStandWhereFormsPlacedThem) {
             QRect(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size())))
             << control->Name();
         if (!control->Visible) continue;
-        QAccessibleInterface* seen =
-            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
         ASSERT_NE(seen, nullptr) << control->Name();
         const bool plain = seen->role() == QAccessible::StaticText || seen->role() == QAccessible::Grouping;
         EXPECT_TRUE(plain || !seen->text(QAccessible::Name).isEmpty()) << control->Name();
