@@ -33,9 +33,8 @@ forms::Layout QuickFolderRow::Arrangement() {
     using namespace forms;
     constexpr float nameWidth = 4200;
     constexpr float lineHeight = 300;
-    return Group(Frame1,
-                 {Row({lblName, Growing(AtLeast(nameWidth, 0, txtName)), CmdBrowse, CmdClear}),
-                  AtLeast(nameWidth, lineHeight, lblPath)});
+    return Group(Frame1, {Row({lblName, Growing(AtLeast(nameWidth, 0, txtName)), CmdBrowse, CmdClear}),
+                          AtLeast(nameWidth, lineHeight, lblPath)});
 }
 
 }  // namespace tavrix

@@ -181,8 +181,7 @@ TEST_F(LayoutSolverTest, AFrameIsAsWideAsItsCaption) {
 
 TEST_F(LayoutSolverTest, FramesComeBeforeWhatIsInThem) {
     Block outer({1, 1}), inner({1, 1}), a = Button();
-    const std::vector<PlacedItem> placed =
-        Solve(Group(outer, {Group(inner, {a})}), metrics, {200, 200});
+    const std::vector<PlacedItem> placed = Solve(Group(outer, {Group(inner, {a})}), metrics, {200, 200});
     ASSERT_EQ(placed.size(), 3U);
     EXPECT_EQ(placed[0].item, &outer);
     EXPECT_EQ(placed[1].item, &inner);

@@ -73,6 +73,23 @@ TEST_F(DragTest, ADropTellsThePlaceInTwips) {
     EXPECT_LE(place.second, 750);
 }
 
+TEST_F(DragTest, AFrameIsDroppedOn) {
+    form.frame.OnDragDrop = [this](const DragArguments& drag) {
+        log.push_back("frame got " + drag.source.Name());
+    };
+    form.frame.OnOLEDragDrop = [this](const std::vector<std::string>& files) {
+        log.push_back("frame got " + std::to_string(files.size()) + " files");
+    };
+    Open(3);
+    Press(0);
+    Over(form.frame);
+    LetGo();
+    EXPECT_EQ(log.back(), "frame got list");
+    driver->UserDrops(form.frame, {"/pictures/a.bmp", "/pictures/b.bmp"});
+    driver->Settle();
+    EXPECT_EQ(log.back(), "frame got 2 files");
+}
+
 TEST_F(DragTest, RowsAreDroppedOnTheirOwnList) {
     Open(9, MultiSelect::Extended);
     Press(1);

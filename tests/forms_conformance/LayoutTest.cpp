@@ -71,7 +71,8 @@ class LayoutTest : public ConformanceTest {
         }
         for (Control* inner : std::initializer_list<Control*>{&form.check, &form.message, &form.picture})
             EXPECT_TRUE(Contains(Place(form.options), Place(*inner))) << inner->Name();
-        for (Control* text : std::initializer_list<Control*>{&form.name, &form.check, &form.message, &form.ok}) {
+        for (Control* text :
+             std::initializer_list<Control*>{&form.name, &form.check, &form.message, &form.ok}) {
             const PixelSize natural = text->Peer()->NaturalSize();
             EXPECT_GE(Place(*text).width, natural.width) << text->Name();
             EXPECT_GE(Place(*text).height, natural.height) << text->Name();
@@ -256,7 +257,8 @@ TEST_F(LayoutTest, TheHandlersOfAnArrayGetTheIndex) {
     form.boxes.On(&PictureBox::OnMouseDown, [this](int index, const MouseArguments& mouse) {
         log.push_back(std::to_string(index) + " by " + std::to_string(mouse.button));
     });
-    form.boxes.On(&PictureBox::OnClick, [this](int index) { log.push_back(std::to_string(index) + " click"); });
+    form.boxes.On(&PictureBox::OnClick,
+                  [this](int index) { log.push_back(std::to_string(index) + " click"); });
     Show(form);
     driver->UserDrags(form.boxes[2], MouseButton::Left, {5, 5, 5, 5});
     driver->UserDrags(form.boxes[0], MouseButton::Right, {5, 5, 5, 5});

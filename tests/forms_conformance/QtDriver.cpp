@@ -434,8 +434,9 @@ class QtDriver final : public Driver {
         const QPoint corner = widget.mapTo(&inside, QPoint(0, 0));
         if (const auto* canvas = dynamic_cast<qt::CanvasWidget*>(&widget)) {
             const QPoint offset = canvas->DeviceOffset();
-            return {qt::ToDevice(corner.x(), ratio) + offset.x(), qt::ToDevice(corner.y(), ratio) + offset.y(),
-                    canvas->DeviceSize().width(), canvas->DeviceSize().height()};
+            return {qt::ToDevice(corner.x(), ratio) + offset.x(),
+                    qt::ToDevice(corner.y(), ratio) + offset.y(), canvas->DeviceSize().width(),
+                    canvas->DeviceSize().height()};
         }
         return {qt::ToDevice(corner.x(), ratio), qt::ToDevice(corner.y(), ratio),
                 qt::ToDevice(widget.width(), ratio), qt::ToDevice(widget.height(), ratio)};

@@ -317,9 +317,9 @@ class LayoutForm : public Form {
         name.Caption = "&Name:";
         name.SetBuddy(field);
         options.Caption = "Options";
-        SetLayout(Column({Grid(2, {name, field, hint, field2}),
-                          Group(options, {check, AtLeast(4500, 3000, list)}), picture,
-                          Row({Growing(left, 2), Growing(right)})}));
+        SetLayout(
+            Column({Grid(2, {name, field, hint, field2}), Group(options, {check, AtLeast(4500, 3000, list)}),
+                    picture, Row({Growing(left, 2), Growing(right)})}));
     }
     Label name{*this, "name"};
     TextBox field{*this, "field"};

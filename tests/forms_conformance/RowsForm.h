@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms_conformance/ConformanceTest.h"
+#include "platform/forms/Frame.h"
 #include "platform/forms/ListBox.h"
 
 namespace tavrix::conformance {
@@ -23,6 +24,7 @@ class RowsForm : public forms::Form {
     forms::Label label{*this, "label"};
     forms::TextBox field{*this, "field"};
     forms::PictureBox picture{*this, "picture"};
+    forms::Frame frame{*this, "frame"};
 
     std::vector<std::string>& log;
 
@@ -34,6 +36,7 @@ class RowsForm : public forms::Form {
         label.Move(1800, 3900, 1500, 450);
         field.Move(3600, 3900, 1500, 450);
         picture.Move(0, 4500, 1500, 750);
+        frame.Move(1800, 4500, 1500, 750);
     }
     void Form_DragDrop(const forms::DragArguments& drag) override {
         log.push_back("form got " + drag.source.Name());

@@ -29,7 +29,8 @@ std::vector<Control*> ControlsOf(const Container& container) {
 }
 
 std::string CaptionOf(const Control& control) {
-    if (const auto* label = dynamic_cast<const Label*>(&control)) return label->Literal ? "" : label->Caption.Get();
+    if (const auto* label = dynamic_cast<const Label*>(&control))
+        return label->Literal ? "" : label->Caption.Get();
     if (const auto* button = dynamic_cast<const CommandButton*>(&control)) return button->Caption;
     if (const auto* box = dynamic_cast<const CheckBox*>(&control)) return box->Caption;
     if (const auto* option = dynamic_cast<const OptionButton*>(&control)) return option->Caption;
@@ -40,7 +41,8 @@ std::string CaptionOf(const Control& control) {
 char AcceleratorOf(const std::string& caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
         if (caption[i] != '&') continue;
-        if (caption[++i] != '&') return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[i])));
+        if (caption[++i] != '&')
+            return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[i])));
     }
     return 0;
 }
@@ -71,7 +73,9 @@ bool HasItsPlace(const Control& control) {
 std::string ClippedPartOf(const Control& control) {
     const PixelRect bounds = control.PixelBounds();
     const PixelSize natural = control.Peer()->NaturalSize();
-    const auto narrow = [&] { return bounds.width < natural.width ? std::string("the width") : std::string(); };
+    const auto narrow = [&] {
+        return bounds.width < natural.width ? std::string("the width") : std::string();
+    };
     const std::string low = bounds.height < natural.height ? "the height" : "";
     if (const auto* label = dynamic_cast<const Label*>(&control)) {
         const bool wraps = label->WordWrap || !label->Arranged();

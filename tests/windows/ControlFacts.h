@@ -16,7 +16,8 @@ namespace tavrix::windows {
 /// The accelerator of a caption in lower case; 0: none.
 [[nodiscard]] char AcceleratorOf(const std::string& caption);
 /// What a screen reader calls a control: the name that it was given, its caption or that of its label.
-[[nodiscard]] std::string SpokenNameOf(const forms::Control& control, const std::vector<forms::Control*>& all);
+[[nodiscard]] std::string SpokenNameOf(const forms::Control& control,
+                                       const std::vector<forms::Control*>& all);
 /// Whether Tab can stop at it.
 [[nodiscard]] bool TakesFocus(const forms::Control& control);
 /// Whether it is on the screen, or would be if it was shown.

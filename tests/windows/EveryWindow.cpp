@@ -2,7 +2,6 @@
 
 #include "core/WaitFrm.h"
 #include "dialogs/WaitCopyFrm.h"
-#include "editing/Commands.h"
 #include "editing/creating/BackColorFrm.h"
 #include "editing/creating/NewImageFrm.h"
 #include "editing/desktop/frmSetWallpaper.h"
@@ -13,15 +12,12 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "editing/turning/frmRotateImg.h"
-#include "lists/Commands.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
-#include "shows/Commands.h"
+#include "program/WireProgram.h"
 #include "shows/stage/FullViewFrm.h"
-#include "shows/stage/StageCommands.h"
 #include "shows/stage/frmToolbar.h"
-#include "viewer/Commands.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/OpenFrm.h"
@@ -57,7 +53,8 @@ forms::Form& LoadBackColor(Program& program) {
 }
 
 forms::Form& LoadBrowseQuick(Program& program) {
-    return program.app.Load<frmBrowseQuick>(program.module, program.app.Load<frmQuickFolders>(program.module));
+    return program.app.Load<frmBrowseQuick>(program.module,
+                                            program.app.Load<frmQuickFolders>(program.module));
 }
 
 forms::Form& LoadStage(Program& program) {
@@ -65,7 +62,8 @@ forms::Form& LoadStage(Program& program) {
     program.module.config.ShowToolbar = true;
     program.module.config.ShowFilenames = program.module.config.ShowDescription = true;
     program.module.show.SlideFiles.Set(0, "C:\\Pictures\\small.bmp");
-    program.module.show.SlideDescriptions.Set(0, "A plain picture, which nobody would want to look at for long");
+    program.module.show.SlideDescriptions.Set(0,
+                                              "A plain picture, which nobody would want to look at for long");
     return program.app.Load<FullViewFrm>(program.module);
 }
 
@@ -118,18 +116,11 @@ Program::Program(forms::Toolkit& toolkit) : app(toolkit), module(app, platform.s
     for (int number = 1; number <= 20; ++number)
         platform.disks.PutFile("C:\\Pictures\\picture number " + std::to_string(number) + ".bmp", "");
     platform.files.ChangeFolder("C:\\Pictures");
-    InstallShowCommands(module, lives);
-    lives.ShowMainView = [this] {
-        auto& view = app.Load<MainViewFrm>(module, lives);
-        InstallViewerCommands(view);
-        InstallEditingCommands(view);
-        InstallListCommands(view);
-        InstallStageCommands(view);
-        view.Show();
-    };
+    WireProgram(module, lives);
     Main(module, lives);
     View().MainImage.Picture = PlainPicture(64, 48);
-    platform.disks.PutFile("C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp", "BM");
+    platform.disks.PutFile("C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp",
+                           "BM");
     module.CurrentImage = "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp";
 }
 

@@ -34,9 +34,9 @@ struct Program {
 struct Window {
     std::string name;
     std::function<forms::Form&(Program&)> load;
-    std::string repeated = {};    ///< accelerators that several captions share on purpose: they move among them
-    bool layered = false;         ///< what is in it lies one upon the other
-    bool placedInTwips = false;   ///< it has its own places for a font of the size that it was designed for
+    std::string repeated = {};  ///< accelerators that several captions share on purpose: they move among them
+    bool layered = false;       ///< what is in it lies one upon the other
+    bool placedInTwips = false;  ///< it has its own places for a font of the size that it was designed for
 };
 
 /// How a test calls it.

@@ -84,7 +84,8 @@ TEST_P(EveryWindowTest, NoControlsOverlap) {
             if (a == b || a->Parent() != b->Parent()) continue;
             const bool together = (a->Visible && b->Visible) || (a->Arranged() && b->Arranged());
             if (!together) continue;
-            EXPECT_FALSE(Intersect(a->PixelBounds(), b->PixelBounds())) << Described(*a) << ", " << Described(*b);
+            EXPECT_FALSE(Intersect(a->PixelBounds(), b->PixelBounds()))
+                << Described(*a) << ", " << Described(*b);
         }
     }
 }
@@ -122,8 +123,8 @@ TEST_P(EveryWindowTest, NoAcceleratorComesTwice) {
 
 TEST_P(EveryWindowTest, EachControlHasANameForAScreenReader) {
     for (const Control* control : all) {
-        const bool describes = dynamic_cast<const Label*>(control) != nullptr ||
-                               dynamic_cast<const Frame*>(control) != nullptr;
+        const bool describes =
+            dynamic_cast<const Label*>(control) != nullptr || dynamic_cast<const Frame*>(control) != nullptr;
         if (describes || !HasItsPlace(*control)) continue;
         EXPECT_NE(SpokenNameOf(*control, all), "") << control->Name();
     }

@@ -105,10 +105,11 @@ std::unique_ptr<ListPeer> HeadlessToolkit::CreateList(EventSink& sink, ControlPe
 
 std::unique_ptr<ListPeer> HeadlessToolkit::CreateDropDownList(EventSink& sink, ControlPeer&,
                                                               const ListContent& content) {
-    return Dressed(std::make_unique<HeadlessListPeer>(sink, content));
+    return Dressed(std::make_unique<HeadlessListPeer>(sink, content, true));
 }
 
-std::unique_ptr<ScrollBarPeer> HeadlessToolkit::CreateScrollBar(EventSink& sink, ControlPeer&, bool vertical) {
+std::unique_ptr<ScrollBarPeer> HeadlessToolkit::CreateScrollBar(EventSink& sink, ControlPeer&,
+                                                                bool vertical) {
     return Dressed(std::make_unique<HeadlessScrollBarPeer>(sink, vertical));
 }
 

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "backends/qt/Displays.h"
-#include "backends/qt/peers/HeldKeys.h"
 #include "backends/qt/peers/DialogSpace.h"
+#include "backends/qt/peers/HeldKeys.h"
 #include "backends/qt/peers/Metrics.h"
 #include "backends/qt/peers/Popups.h"
 #include "backends/qt/peers/QtBox.h"

@@ -73,11 +73,11 @@ frmImageSize::frmImageSize(forms::Application& application, MainViewFrm& view)
     CmdHelp.OnClick = [this] { CmdHelp_Click(); };
     SetLayout(forms::Row(
         {forms::Column(
-             {forms::Group(Frame1, {forms::Grid(2, {lblWidthMsg, lblCurrentWidth, lblHeightMsg,
-                                                             lblCurrentHeight, lblFileSizeMsg,
-                                                             forms::Growing(forms::Row(
-                                                                 {lblFileSize, lblBytes,
-                                                                  forms::Growing(forms::Stretch())}))})}),
+             {forms::Group(
+                  Frame1, {forms::Grid(2, {lblWidthMsg, lblCurrentWidth, lblHeightMsg, lblCurrentHeight,
+                                           lblFileSizeMsg,
+                                           forms::Growing(forms::Row({lblFileSize, lblBytes,
+                                                                      forms::Growing(forms::Stretch())}))})}),
               forms::Group(Frame2,
                            {forms::Grid(3, {lblWidth, forms::AtLeast(900, 0, txtWidth), lblWidthUnit,
                                             lblHeight, forms::AtLeast(900, 0, txtHeight), lblHeightUnit}),

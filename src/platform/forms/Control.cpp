@@ -57,9 +57,9 @@ PixelRect Control::PixelBoundsInWindow() const {
 
 void Control::Move(float left, float top, float width, float height) {
     if (width < 0 || height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    const ScreenInfo screen = form_.App().Screen().Info();
-    const PixelSize size{ToPixels(width, screen.twipsPerPixelX), ToPixels(height, screen.twipsPerPixelY)};
-    const bool news = std::exchange(assigned_, size) != size || Left.Get() != left || Top.Get() != top;
+    bool news = std::exchange(assignedWidth_, width) != width;
+    news = std::exchange(assignedHeight_, height) != height || news;
+    news = news || Left.Get() != left || Top.Get() != top;
     SetBounds(left, top, width, height);
     if (placed_ && news) form_.Rearrange();
 }
@@ -84,6 +84,11 @@ void Control::SetBounds(float left, float top, float width, float height) {
     sized = Height.Store(height) || sized;
     if (moved || sized) PushBounds();
     if (sized) Resized();
+}
+
+PixelSize Control::AssignedSize() const {
+    const PixelRect bounds = ToPixels(0, 0, assignedWidth_, assignedHeight_, form_.App().Screen().Info());
+    return {bounds.width, bounds.height};
 }
 
 PixelSize Control::NaturalSize() const {
@@ -166,7 +171,7 @@ void Control::HandleDrag(const DragEvent& drag) {
         case DragAction::Drop: {
             ShowDropPlace(std::nullopt);
             Control* const source = form_.App().TakeDragged();
-            const ScreenInfo screen = form_.App().GetToolkit().Screen();
+            const ScreenInfo screen = form_.App().Screen().Info();
             if (source != nullptr && wanted)
                 OnDragDrop({*source, ToTwips(drag.x, screen.twipsPerPixelX),
                             ToTwips(drag.y, screen.twipsPerPixelY), drag.row});

@@ -8,8 +8,8 @@
 
 #include "imaging/graphics/Picture.h"
 #include "platform/forms/Events.h"
-#include "platform/forms/Mouse.h"
 #include "platform/forms/LayoutItem.h"
+#include "platform/forms/Mouse.h"
 #include "platform/forms/Peers.h"
 #include "platform/forms/Property.h"
 #include "platform/forms/Toolkit.h"
@@ -129,8 +129,8 @@ class Control : public FormObject, public EventSink, public LayoutItem {
     virtual void Resized() {}
     /// The size that all of its content needs, as the peer says.
     [[nodiscard]] PixelSize NaturalSize() const;
-    /// The size that the program gave it last.
-    [[nodiscard]] PixelSize AssignedSize() const { return assigned_; }
+    /// The size that the program gave it last, in device pixels.
+    [[nodiscard]] PixelSize AssignedSize() const;
     /// The content is another, so that it may need another size. The layout is solved again where it does.
     void ContentChanged();
     /// A key that no handler took. Setting the code to 0 keeps it from the peer.
@@ -171,7 +171,8 @@ class Control : public FormObject, public EventSink, public LayoutItem {
     bool dragged_ = false;
     bool arranged_ = false;
     bool placed_ = false;  ///< the layout has been solved once
-    PixelSize assigned_;
+    float assignedWidth_ = 0;
+    float assignedHeight_ = 0;
     mutable std::optional<PixelSize> natural_;
 };
 

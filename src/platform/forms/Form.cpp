@@ -284,7 +284,7 @@ void Form::HandleDrag(const DragEvent& drag) {
         *drag.wanted = true;
     if (drag.action != DragAction::Drop) return;
     Control* const source = app_.TakeDragged();
-    const ScreenInfo screen = app_.GetToolkit().Screen();
+    const ScreenInfo screen = app_.Screen().Info();
     if (source != nullptr)
         Form_DragDrop({*source, ToTwips(drag.x, screen.twipsPerPixelX),
                        ToTwips(drag.y, screen.twipsPerPixelY), drag.row});

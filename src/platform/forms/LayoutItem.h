@@ -34,7 +34,8 @@ struct LayoutNeeds {
     PixelSize natural;  ///< for all that it shows
     Slack across = Slack::Filled;
     Slack down = Slack::Centred;
-    bool yields = false;  ///< shows less of its text where it must: a least width takes the place of the natural one
+    bool yields =
+        false;  ///< shows less of its text where it must: a least width takes the place of the natural one
 };
 
 /// What a layout arranges: a control, as a rule.

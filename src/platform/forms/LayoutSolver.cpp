@@ -204,7 +204,7 @@ class Part {
     [[nodiscard]] Wish Measured(Direction direction, int natural, Slack slack) const {
         if (layout_.kind == Layout::Kind::Item) return {natural, natural, slack, 0, 0};
         if (IsStretch()) return {0, 0, Slack::Filled, 0, 0};
-        const std::vector<Wish> wishes = InGrid()             ? Lines(direction)
+        const std::vector<Wish> wishes = InGrid()              ? Lines(direction)
                                          : Main() == direction ? Chain(direction)
                                                                : std::vector{Beside(direction)};
         Wish whole{Sum(wishes), 0, Slack::Centred, 0, 0};
@@ -213,8 +213,8 @@ class Part {
             whole.slack = std::max(whole.slack, wish.share > 0 ? Slack::Wanted : wish.slack);
         }
         if (layout_.kind != Layout::Kind::Group) return whole;
-        const int edges = direction == Direction::Across ? border_.left + border_.right
-                                                         : border_.top + border_.bottom;
+        const int edges =
+            direction == Direction::Across ? border_.left + border_.right : border_.top + border_.bottom;
         whole.natural = std::max(whole.natural + edges, natural);
         whole.least = std::max(whole.least + edges, natural);
         whole.slack = std::max(whole.slack, Slack::Filled);

@@ -147,7 +147,7 @@ void ListControl::Handle(const Event& event) {
 }
 
 bool ListControl::RaiseMouse(const MouseEvent& event) {
-    Raise(event, OwnerForm().App().GetToolkit().Screen());
+    Raise(event, OwnerForm().App().Screen().Info());
     return !OwnerForm().Unloaded();
 }
 
@@ -174,7 +174,7 @@ void ListControl::MouseDown(const MouseEvent& event) {
 
 void ListControl::MouseMove(const MouseEvent& event) {
     if (press_ && HasShift(event.button, MouseButton::Left)) {
-        const ScreenInfo screen = OwnerForm().App().GetToolkit().Screen();
+        const ScreenInfo screen = OwnerForm().App().Screen().Info();
         const float far =
             std::max(std::abs(static_cast<float>(event.x - press_->event.x)) * screen.twipsPerPixelX,
                      std::abs(static_cast<float>(event.y - press_->event.y)) * screen.twipsPerPixelY);

@@ -12,7 +12,8 @@ namespace {
 int SpacingOf(const QStyle& style, QStyle::PixelMetric metric, Qt::Orientation orientation) {
     constexpr int Otherwise = 6;
     int spacing = style.pixelMetric(metric);
-    if (spacing < 0) spacing = style.layoutSpacing(QSizePolicy::PushButton, QSizePolicy::PushButton, orientation);
+    if (spacing < 0)
+        spacing = style.layoutSpacing(QSizePolicy::PushButton, QSizePolicy::PushButton, orientation);
     return spacing < 0 ? Otherwise : spacing;
 }
 
@@ -20,7 +21,8 @@ int SpacingOf(const QStyle& style, QStyle::PixelMetric metric, Qt::Orientation o
 
 QMargins DialogMargins(const QStyle& style) {
     return {style.pixelMetric(QStyle::PM_LayoutLeftMargin), style.pixelMetric(QStyle::PM_LayoutTopMargin),
-            style.pixelMetric(QStyle::PM_LayoutRightMargin), style.pixelMetric(QStyle::PM_LayoutBottomMargin)};
+            style.pixelMetric(QStyle::PM_LayoutRightMargin),
+            style.pixelMetric(QStyle::PM_LayoutBottomMargin)};
 }
 
 forms::PixelInsets ToDevice(const QMargins& margins) {
@@ -35,7 +37,8 @@ forms::LayoutMetrics MetricsOf(const QStyle& style) {
     const auto twips = static_cast<float>(TwipsPerLogicalPixel / ratio);
     return {ToDevice(DialogMargins(style)),
             CeilToDevice(SpacingOf(style, QStyle::PM_LayoutHorizontalSpacing, Qt::Horizontal), ratio),
-            CeilToDevice(SpacingOf(style, QStyle::PM_LayoutVerticalSpacing, Qt::Vertical), ratio), twips, twips};
+            CeilToDevice(SpacingOf(style, QStyle::PM_LayoutVerticalSpacing, Qt::Vertical), ratio), twips,
+            twips};
 }
 
 }  // namespace tavrix::qt

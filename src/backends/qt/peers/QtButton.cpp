@@ -25,7 +25,8 @@ void ButtonWidget::SetPicture(const Surface* picture) {
 QSize ButtonWidget::sizeHint() const {
     const QSize forText = QPushButton::sizeHint();
     if (picture_.isNull()) return forText;
-    const int air = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + style()->pixelMetric(QStyle::PM_ButtonMargin);
+    const int air = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) +
+                    style()->pixelMetric(QStyle::PM_ButtonMargin);
     const QSize forPicture = (QSizeF(picture_.size()) / devicePixelRatioF()).toSize() + QSize(air, air);
     return {forPicture.width(), std::max(forPicture.height(), forText.height())};
 }

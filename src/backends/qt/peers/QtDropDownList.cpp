@@ -1,6 +1,9 @@
 #include "backends/qt/peers/QtDropDownList.h"
 
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
+#include <algorithm>
 
 namespace tavrix::qt {
 
@@ -9,7 +12,6 @@ DropDownWidget::DropDownWidget(QWidget& parent, const SinkPort& port, const form
     setFocusPolicy(Qt::StrongFocus);
     setModel(&rows_);
     setCurrentIndex(-1);
-    setSizeAdjustPolicy(AdjustToContents);  // by its widest row, also when it is asked anew
     connect(this, &QComboBox::activated, this, [this](int row) { Port().Deliver(forms::RowEvent{row}); });
 }
 
@@ -27,6 +29,19 @@ void DropDownWidget::RowsReset() {
 
 void DropDownWidget::CurrentChanged() {
     setCurrentIndex(content_.CurrentRow());
+}
+
+QSize DropDownWidget::sizeHint() const {
+    // Qt looks at the rows only until the first show.
+    int widest = 0;
+    for (int row = 0; row < count(); ++row) {
+        const int icon = itemIcon(row).isNull() ? 0 : iconSize().width() + IconGap;
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(row)) + icon);
+    }
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize content(widest, std::max(fontMetrics().height(), iconSize().height()));
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this);
 }
 
 void DropDownWidget::wheelEvent(QWheelEvent* event) {

@@ -18,10 +18,14 @@ class DropDownWidget final : public SinkWidget<QComboBox> {
     void RowsChanged(int first, int end) { rows_.Changed(first, end); }
     void CurrentChanged();
 
+    [[nodiscard]] QSize sizeHint() const override;
+
   protected:
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    static constexpr int IconGap = 4;  ///< between icon and text, in logical pixels
+
     const forms::ListContent& content_;
     RowModel rows_;
 };

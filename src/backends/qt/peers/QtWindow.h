@@ -74,7 +74,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     bool fullScreen_;
     QPointer<QWidget> owner_;
     bool waitsForOwner_ = false;  ///< shown, but mapped only behind its owner
-    QSize least_;  ///< of the inside, for good
+    QSize least_;                 ///< of the inside, for good
     bool hidesPointer_ = false;
     bool toldHiding_ = false;
     bool topmost_ = false;
