@@ -211,6 +211,17 @@ TEST_F(ImportingTest, AFileThatCannotBeOpenedSaysWhy) {
         Press(dialog.CmdImport);
     });
     ExpectEmptyView();
+
+    platform.faults.Clear();
+    ExpectStop(std::string(NotImported) + "Path/File access error...");
+    InTga([this](frmImportImage& dialog) {
+        dialog.Chooser.Dir1.Path = "C:\\q";
+        dialog.Chooser.File1.Deliver(forms::RowEvent{0});
+        platform.faults.FailAlways(Service::NViewLib, "Load", ErrorNumber::PathFileAccessError);
+        platform.faults.FailAlways(Service::Files, "Read", ErrorNumber::PathFileAccessError);
+        Press(dialog.CmdImport);
+    });
+    ExpectEmptyView();
 }
 
 TEST_F(ImportingTest, AnImportThatCannotBeWrittenLeavesTheViewEmpty) {

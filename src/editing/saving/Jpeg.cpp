@@ -1,7 +1,7 @@
 #include "editing/saving/Jpeg.h"
 
-#include <array>
 #include <cstddef>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "core/Folders.h"
@@ -15,8 +15,11 @@ namespace {
 /// Why the library could not read a file. It does not say; the file service may.
 RuntimeError WhyNotRead(const MainModule& module, const std::string& path) {
     try {
-        std::array<std::byte, 1> first{};
-        static_cast<void>(module.platform.files.Open(path)->Read(first));
+        constexpr std::size_t PieceBytes = std::size_t{1} << 16U;
+        std::vector<std::byte> piece(PieceBytes);
+        const auto file = module.platform.files.Open(path);
+        while (file->Read(piece) != 0) {
+        }
     } catch (const RuntimeError& error) {
         return error;
     }
