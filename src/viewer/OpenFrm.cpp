@@ -40,7 +40,7 @@ OpenFrm::OpenFrm(forms::Application& application, MainViewFrm& view)
     constexpr float holderHeight = 1920;
     picHoldPreview.Move(0, 0, holderWidth, holderHeight);
     Frame1.Caption = "Preview";
-    picHoldPreview.BackColor = ButtonFace;
+    picHoldPreview.SeeThrough = true;  // a frame has a shade of its own
     picHoldPreview.AccessibleName = "Preview";
     picHoldPreview.OnOLEDragDrop = [this](const auto& files) { picPreview_OLEDragDrop(files); };
     picPreview.AccessibleName = "Preview picture";

@@ -134,6 +134,23 @@ TEST_F(QtOnlyTest, AHeldKeyDoesNothingWhereItsPressDidNotBegin) {
     EXPECT_EQ(Count(log, "Other key 27/0"), 2);
 }
 
+TEST_F(QtOnlyTest, ABoxThatIsSeenThroughShowsWhatItLiesOn) {
+    auto& form = app.Load<TestForm>(log);
+    form.BackColor = Colour{0x0000FF};
+    form.picture.BackColor = Colour{0xFF0000};
+    form.Show();
+    driver->Settle();
+    const Pixel own = driver->ShownPixel(form.picture, 5, 5);
+    form.picture.SeeThrough = true;
+    driver->Settle();
+    const Pixel below = driver->ShownPixel(form.picture, 5, 5);
+    EXPECT_NE(own, below);
+    EXPECT_EQ(below, ToPixel(Colour{0x0000FF}));
+    form.picture.SeeThrough = false;
+    driver->Settle();
+    EXPECT_EQ(driver->ShownPixel(form.picture, 5, 5), own);
+}
+
 TEST_F(QtOnlyTest, ALineOfAMenuHasNoText) {
     auto& form = app.Load<TestForm>(log);
     form.Show();

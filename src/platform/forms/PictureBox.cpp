@@ -16,6 +16,7 @@ PictureBox::PictureBox(Container& container, std::string name) : Control(contain
 ControlPeer& PictureBox::CreatePeer(Toolkit& toolkit, ControlPeer& container) {
     canvasPeer_ = toolkit.CreateCanvas(*this, container, *this);
     if (!printed_.empty()) canvasPeer_->SetPrinted(printed_);
+    canvasPeer_->SetSeeThrough(SeeThrough);
     return *canvasPeer_;
 }
 
@@ -124,6 +125,10 @@ void PictureBox::AssignAutoSize(const bool& value) {
 void PictureBox::AssignBackColor(const Colour& value) {
     if (!BackColor.Store(value)) return;
     InvalidateAll();
+}
+
+void PictureBox::AssignSeeThrough(const bool& value) {
+    if (SeeThrough.Store(value) && canvasPeer_) canvasPeer_->SetSeeThrough(value);
 }
 
 void PictureBox::TakePictureSize() {

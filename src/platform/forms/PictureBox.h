@@ -25,6 +25,9 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     Property<bool> AutoSize{this, &PictureBox::AssignAutoSize};
     Property<Colour> BackColor{this, &PictureBox::AssignBackColor, SurfaceBackground};
 
+    /// The box shows nothing of its own, but what it lies on, and the controls in it.
+    Property<bool> SeeThrough{this, &PictureBox::AssignSeeThrough};
+
     /// Inner size in twips.
     [[nodiscard]] float ScaleWidth() const { return Width; }
     [[nodiscard]] float ScaleHeight() const { return Height; }
@@ -67,6 +70,7 @@ class PictureBox final : public Control, public Container, public MouseHandlers,
     void AssignPicture(const tavrix::Picture& value);
     void AssignAutoSize(const bool& value);
     void AssignBackColor(const Colour& value);
+    void AssignSeeThrough(const bool& value);
     void ClearPrinted();
     void TakePictureSize();
     void InvalidateAll();
