@@ -12,6 +12,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/OptionButton.h"
+#include "support/AllControls.h"
 
 namespace tavrix::test {
 
@@ -23,7 +24,7 @@ inline std::vector<char> AcceleratorsOf(const forms::Form& form) {
         if (at != std::string::npos && at + 1 < caption.size())
             letters.push_back(UpperCase(caption.substr(at + 1, 1))[0]);
     };
-    for (const forms::Control* control : form.Controls()) {
+    for (const forms::Control* control : AllControls(form)) {
         if (const auto* button = dynamic_cast<const forms::CommandButton*>(control)) add(button->Caption);
         if (const auto* check = dynamic_cast<const forms::CheckBox*>(control)) add(check->Caption);
         if (const auto* option = dynamic_cast<const forms::OptionButton*>(control)) add(option->Caption);

@@ -138,7 +138,7 @@ constexpr std::array<Doing, 11> Doings{{
 }};
 
 /// How the boxes begin that may come, as the headless toolkit notes them.
-constexpr std::array<std::string_view, 14> KnownBoxes{
+constexpr std::array<std::string_view, 17> KnownBoxes{
     "[Tavrix] Unable to save a copy of the image:\r\n\r\n",
     "[Tavrix] Unable to export image:\r\n\r\n",
     "[Tavrix] Unable to import selected file.",
@@ -153,6 +153,10 @@ constexpr std::array<std::string_view, 14> KnownBoxes{
     "[Tavrix] The current image is already in the JPEG (.JPG) format",
     "[Tavrix] The current image is already in the bitmap (.BMP) format",
     "[Tavrix] The filename and selected path are the same as the original image file",
+    // Whether a file is there may be what cannot be told, or the window asks again after a failure.
+    "[Tavrix] The following filename already exists:\r\n\r\n",
+    "[Tavrix] About to save the image as:\r\n\r\n",
+    "[Tavrix] About to export the image as:\r\n\r\n",
 };
 
 class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> {

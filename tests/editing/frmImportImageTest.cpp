@@ -35,7 +35,7 @@ TEST_F(frmImportImageTest, KeysReachEverything) {
         for (const forms::Control* control : dialog.Controls())
             names.push_back(control->Name());
         EXPECT_EQ(names, (std::vector<std::string>{"lblFiles", "File1", "lblFolders", "Dir1", "lblDrives",
-                                                   "Drive1", "CmdFF", "CmdImport", "CmdCancel"}));
+                                                   "Drive1", "CmdImport", "CmdCancel", "CmdFF"}));
         EXPECT_TRUE(dialog.CmdImport.Default);
         EXPECT_TRUE(dialog.CmdCancel.Cancel);
         ExpectOwnLetters(dialog, 6);

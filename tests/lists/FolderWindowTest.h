@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "dialogs/FolderChooser.h"
+#include "platform/forms/Frame.h"
+#include "support/AllControls.h"
 #include "viewer/ViewerTest.h"
 
 namespace tavrix::test {
@@ -14,8 +16,9 @@ namespace tavrix::test {
 /// The names of the controls of a window, in the order of the tab key.
 inline std::vector<std::string> NamesOf(const forms::Form& form) {
     std::vector<std::string> names;
-    for (const forms::Control* control : form.Controls())
-        names.push_back(control->Name());
+    for (const forms::Control* control : AllControls(form)) {
+        if (dynamic_cast<const forms::Frame*>(control) == nullptr) names.push_back(control->Name());
+    }
     return names;
 }
 

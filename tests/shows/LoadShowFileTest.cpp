@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ShowsTest.h"
+#include "platform/forms/BoxText.h"
 #include "shows/Commands.h"
 #include "shows/files/ShowFileReader.h"
 
@@ -286,12 +287,11 @@ INSTANTIATE_TEST_SUITE_P(Versions, OtherReleaseTest,
                                            "2"));
 
 TEST_F(LoadShowFileTest, AnEndlessVersionIsCutInTheBox) {
-    ExpectWhileListed(
-        false,
-        "The selected Slide Show file was created with a different release (" + std::string(1000, 'v') +
-            ") of Tavrix.\r\n\r\nYou are currently running:\tVersion: 1.0.0\r\n\r\nUnable to open this "
-            "Slide Show...",
-        BoxIcon::Exclamation);
+    const std::string whole = "The selected Slide Show file was created with a different release (" +
+                              std::string(1000, 'v') +
+                              ") of Tavrix.\r\n\r\nYou are currently running:\tVersion: 1.0.0\r\n\r\n"
+                              "Unable to open this Slide Show...";
+    ExpectWhileListed(false, forms::FittingInABox(whole), BoxIcon::Exclamation);
     EXPECT_FALSE(Load(Lines({"Tavrix Slide Show", std::string(1 << 20, 'v')})));
 }
 

@@ -11,21 +11,14 @@
 #include "platform/forms/RowControl.h"
 #include "platform/forms/ScrollBar.h"
 #include "platform/forms/TextBox.h"
+#include "support/AllControls.h"
 
 namespace tavrix::windows {
 
 using namespace forms;
 
 std::vector<Control*> ControlsOf(const Container& container) {
-    std::vector<Control*> all;
-    for (Control* control : container.Controls()) {
-        all.push_back(control);
-        if (const auto* inner = dynamic_cast<const Container*>(control)) {
-            const std::vector<Control*> deeper = ControlsOf(*inner);
-            all.insert(all.end(), deeper.begin(), deeper.end());
-        }
-    }
-    return all;
+    return test::AllControls(container);
 }
 
 std::string CaptionOf(const Control& control) {
