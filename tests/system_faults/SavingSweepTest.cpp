@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "backends/headless/HeadlessToolkit.h"
@@ -73,8 +74,10 @@ class HostProgram {
 template <class Dialog>
 void InDialog(HostProgram& program, const char* name, forms::Menu& entry,
               const std::function<void(Dialog&)>& action) {
-    program.toolkit.OnModal(name, [&program, action] {
-        action(*program.app.Loaded<Dialog>());
+    bool asksAgain = false;
+    // A window that asks again after a failure is closed: the user has had enough.
+    program.toolkit.OnModal(name, [&program, &action, &asksAgain] {
+        if (!std::exchange(asksAgain, true)) action(*program.app.Loaded<Dialog>());
         if (auto* dialog = program.app.Loaded<Dialog>()) program.app.Unload(*dialog);
     });
     entry.Deliver(forms::ClickEvent{});

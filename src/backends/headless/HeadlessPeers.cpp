@@ -58,7 +58,11 @@ void HeadlessListPeer::RowsRemoved(const forms::RowRanges& gone) {
 
 void HeadlessListPeer::RowsReset(bool keepPlace) {
     ++resets;
-    ScrollTo(keepPlace ? top : 0);
+    // At the top nothing has to be known of the rows.
+    if (keepPlace)
+        ScrollTo(top);
+    else
+        top = 0;
 }
 
 void HeadlessListPeer::CurrentChanged() {
