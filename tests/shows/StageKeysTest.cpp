@@ -150,11 +150,13 @@ TEST_F(StageKeysTest, TheOneImageMayBeSeenFromTheCurrentFolder) {
     PutGif("C:\\s\\a.gif");
     module.StageImage = "sub/x.bmp";
     ASSERT_FALSE(Open());
+    ASSERT_TRUE(Playing());
     EXPECT_EQ(Stage().Image1.Picture.Get().Width(), 100);
     Press(KeyCode::Escape);
     module.StageImage = "a.gif";
     module.StageImageAnimated = true;
     ASSERT_FALSE(Open());
+    ASSERT_TRUE(Playing());
     EXPECT_EQ(Stage().Gif89a1.FileName.Get(), "C:\\s\\a.gif");
 }
 
