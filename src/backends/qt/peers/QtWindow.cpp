@@ -201,7 +201,7 @@ void QtWindow::Map() {
 /// A hidden window has no frame. Qt would take the corner of its former frame for that of the inside, and the window would
 /// come back up and left by its frame.
 void QtWindow::PlaceAgain() {
-    if (!outer_ || fullScreen_ || state_ != WindowState::Normal) return;
+    if (!x11::Running() || !outer_ || fullScreen_ || state_ != WindowState::Normal) return;
     WindowWidget& window = Get();
     const QPoint corner = PlaceOf(*outer_).corner;
     window.setGeometry(QRect(corner, window.size()));
