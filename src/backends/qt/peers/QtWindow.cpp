@@ -186,9 +186,7 @@ void QtWindow::Map() {
     if (owner != nullptr) owner->winId();
     qt::SetOwner(window, owner);
     if (fullScreen_) CoverDisplay();
-    // A window manager that lets a hidden window go tells its place without the frame.
-    const bool placed = outer_ && !fullScreen_ && state_ == WindowState::Normal;
-    if (placed && window.pos() != PlaceOf(*outer_).corner) window.move(PlaceOf(*outer_).corner);
+    if (std::exchange(mappedBefore_, true)) PlaceAgain();
     if (comesWithOwner) x11::LeaveKeyboard(static_cast<std::uint32_t>(window.winId()));
     window.show();
     TellPointer();
@@ -198,6 +196,17 @@ void QtWindow::Map() {
     }
     MapWhatWaitsForIt();
     if (!x11::Running()) HoldTitle();
+}
+
+/// A hidden window has no frame. Qt would take the corner of its former frame for that of the inside, and the window would
+/// come back up and left by its frame.
+void QtWindow::PlaceAgain() {
+    if (!x11::Running() || !outer_ || fullScreen_ || state_ != WindowState::Normal) return;
+    WindowWidget& window = Get();
+    const QPoint corner = PlaceOf(*outer_).corner;
+    window.setGeometry(QRect(corner, window.size()));
+    window.windowHandle()->resize(window.size());
+    window.windowHandle()->setFramePosition(corner);
 }
 
 /// Windows that were shown before their owner. The window manager reads whom a window belongs to when it meets it, and

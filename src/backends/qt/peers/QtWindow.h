@@ -56,6 +56,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     void Size(const QSize& client);
     void Map();
     void CoverDisplay();
+    void PlaceAgain();
     /// Whether the window manager has put its frame around the mapped window, at this place.
     [[nodiscard]] bool IsFramedAt(const QPoint& corner) const;
     void MapWhatWaitsForIt();
@@ -75,6 +76,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     QPointer<QWidget> owner_;
     bool waitsForOwner_ = false;  ///< shown, but mapped only behind its owner
     QSize least_;                 ///< of the inside, for good
+    bool mappedBefore_ = false;
     bool hidesPointer_ = false;
     bool toldHiding_ = false;
     bool topmost_ = false;

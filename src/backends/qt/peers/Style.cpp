@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPixmap>
 
 namespace tavrix::qt {
 
@@ -15,6 +16,13 @@ namespace {
 class MoreToTheRight final : public QIconEngine {
   public:
     [[nodiscard]] QIconEngine* clone() const override { return new MoreToTheRight(*this); }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
         constexpr double Side = 16;
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
