@@ -206,6 +206,10 @@ TEST_F(QtOnlyTest, WhatIsDroppedAndIsNoFileIsTold) {
     };
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("https://example.org/picture.jpg"))});
+    // A drop goes to what the drag has entered before.
+    QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&WidgetOf(form.picture), &enter);
+    ASSERT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(3, 3), Qt::CopyAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&WidgetOf(form.picture), &drop);
     driver->Settle();
