@@ -225,6 +225,52 @@ TEST_F(RowsTest, ADropDownListIsOfTheSameRows) {
     EXPECT_EQ(driver->ShownCurrent(other.combo), -1);
 }
 
+TEST_F(RowsTest, RowsThatAreReplacedBeforeTheyAreShownAreNeverCounted) {
+    // Counting them means reading a folder, and a chain of lists passes many.
+    class Counted final : public ListControl {
+      public:
+        explicit Counted(Container& container) : ListControl(container, "counted") {}
+        void Renew(int rows) {
+            rows_ = rows;
+            RowsReset(-1);
+        }
+        mutable int counted = 0;
+
+      private:
+        [[nodiscard]] int RowCount() const override {
+            ++counted;
+            return rows_;
+        }
+        [[nodiscard]] ListRow Row(int row) const override { return {std::to_string(row)}; }
+        int rows_ = 3;
+    };
+    class CountedForm : public Form {
+      public:
+        explicit CountedForm(Application& application) : Form(application, {.name = "CountedForm"}) {}
+        Counted list{*this};
+        void Form_Load() override { list.Move(0, 0, 3000, 3000); }
+    };
+    auto& other = app.Load<CountedForm>();
+    other.Show();
+    driver->Settle();
+    other.list.counted = 0;
+    for (const int rows : {5, 1'000, 2})
+        other.list.Renew(rows);
+    EXPECT_EQ(other.list.counted, 0);
+    driver->Settle();
+    EXPECT_EQ(driver->ShownRows(other.list), (std::vector<std::string>{"0", "1"}));
+    other.list.Visible = false;
+    driver->Settle();
+    other.list.counted = 0;
+    other.list.Renew(300);
+    driver->Settle();
+    EXPECT_EQ(other.list.counted, 0) << "nobody sees them";
+    other.list.Visible = true;
+    driver->Settle();
+    other.list.ListIndex = 299;
+    EXPECT_GT(driver->ShownTop(other.list), 200);
+}
+
 TEST_F(RowsTest, StateFromBeforeTheFirstShowIsShown) {
     form.list.MultiSelect = MultiSelect::Extended;
     form.list.AddItems(Numbered(200));

@@ -35,14 +35,13 @@ ListWidget::ListWidget(QWidget& parent, const SinkPort& port, const forms::ListC
     viewport()->setMouseTracking(true);
     scroll_.setInterval(ScrollInterval);
     connect(&scroll_, &QTimer::timeout, this, [this] { ScrollOnwards(); });
-    MeasureRows();
-    FitBar();
 }
 
 void ListWidget::Detach() {
     SinkWidget::Detach();
     scroll_.stop();
     content_ = nullptr;
+    stale_ = false;
     FitBar();
 }
 
@@ -134,19 +133,38 @@ void ListWidget::FitBar() {
     Port().Deliver(forms::PageEvent{page});
 }
 
+void ListWidget::FitIfStale() {
+    if (!stale_) return;
+    stale_ = false;
+    MeasureRows();
+    FitBar();
+}
+
+void ListWidget::FitLater() {
+    stale_ = true;
+    viewport()->update();
+    if (!isVisible()) return;
+    const auto fit = [this] {
+        if (isVisible()) FitIfStale();
+    };
+    QMetaObject::invokeMethod(this, fit, Qt::QueuedConnection);
+}
+
+void ListWidget::showEvent(QShowEvent* event) {
+    SinkWidget::showEvent(event);
+    FitIfStale();
+}
+
 void ListWidget::resizeEvent(QResizeEvent* event) {
     SinkWidget::resizeEvent(event);
     const double ratio = DeviceRatio();
     mouse_.offset = {-ToDevice(viewport()->x(), ratio), -ToDevice(viewport()->y(), ratio)};
-    FitBar();
+    if (!stale_) FitBar();
 }
 
 void ListWidget::changeEvent(QEvent* event) {
     SinkWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        MeasureRows();
-        FitBar();
-    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitLater();
 }
 
 void ListWidget::scrollContentsBy(int, int) {
@@ -157,7 +175,8 @@ void ListWidget::scrollContentsBy(int, int) {
 
 void ListWidget::RowsInserted(int at, int count) {
     const int top = forms::TopAfterInsertion(Top(), at, count);
-    if (RowCount() == count) MeasureRows();
+    if (RowCount() == count) stale_ = true;  // the first ones tell how high rows are
+    FitIfStale();
     FitBar();
     verticalScrollBar()->setValue(top);
     TellChanges();
@@ -165,6 +184,7 @@ void ListWidget::RowsInserted(int at, int count) {
 
 void ListWidget::RowsRemoved(const forms::RowRanges& gone) {
     const int top = forms::TopAfterRemoval(Top(), gone);
+    FitIfStale();
     FitBar();
     verticalScrollBar()->setValue(top);
     TellChanges();
@@ -178,13 +198,13 @@ void ListWidget::RowsChanged(int first, int end) {
 }
 
 void ListWidget::RowsReset(bool keepPlace) {
-    MeasureRows();
-    FitBar();
+    FitLater();
     if (!keepPlace) verticalScrollBar()->setValue(0);
     TellChanges();
 }
 
 void ListWidget::CurrentChanged() {
+    FitIfStale();
     verticalScrollBar()->setValue(forms::TopShowing(content_->CurrentRow(), Top(), FullRows()));
     viewport()->update();
     TellFocusedRow();

@@ -49,6 +49,7 @@ class ListWidget final : public SinkWidget<QAbstractScrollArea> {
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -66,6 +67,9 @@ class ListWidget final : public SinkWidget<QAbstractScrollArea> {
     [[nodiscard]] int RowFor(const QMouseEvent& event) const;
     void MeasureRows();
     void FitBar();
+    /// Counts the rows once they are to be seen: that may mean reading a folder.
+    void FitLater();
+    void FitIfStale();
     void ScrollOnwards();
     bool ShowRowTip(const QHelpEvent& event);
     void TellFocusedRow();
@@ -80,6 +84,7 @@ class ListWidget final : public SinkWidget<QAbstractScrollArea> {
     int scrollStep_ = 0;
     int rowHeight_ = 1;  ///< logical pixels
     int toldPage_ = -1;
+    bool stale_ = true;  ///< the rows are others, and have not been counted
     std::optional<int> mark_;
 };
 
