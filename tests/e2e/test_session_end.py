@@ -9,6 +9,7 @@ from PIL import Image
 
 from driver import Session, drive_path
 from support import ProgramTest
+from test_edit import turned
 
 
 class SessionEndTest(ProgramTest):
@@ -23,7 +24,7 @@ class SessionEndTest(ProgramTest):
         program.main(path)
         self.screen.press("Alt+Right")
         program.main(self.working)
-        self.wait_file(self.working, image.transpose(Image.Transpose.ROTATE_270), "turned")
+        self.wait_file(self.working, turned(image, Image.Transpose.ROTATE_270, (240, 320)), "turned")
         return program, path, image
 
     def assert_kept(self, path, image):
@@ -31,7 +32,7 @@ class SessionEndTest(ProgramTest):
         for key in ("MainPosX", "MainSizeY", "QualityJPG", "FavoriteFolder"):
             self.assertIsNotNone(self.home.setting(key), key)
         self.assertEqual(self.home.setting("Recent1"), drive_path(path))
-        self.wait_file(self.working, image.transpose(Image.Transpose.ROTATE_270), "kept")
+        self.wait_file(self.working, turned(image, Image.Transpose.ROTATE_270, (240, 320)), "kept")
 
     def test_signals_save_and_keep_the_working_file(self):
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
@@ -46,7 +47,7 @@ class SessionEndTest(ProgramTest):
         program.main()
         program.menu_entry("File", "Import", "Temporary File").act()
         window = program.main(self.working)
-        self.view(window, image.transpose(Image.Transpose.ROTATE_270))
+        self.view(window, turned(image, Image.Transpose.ROTATE_270, (240, 320)))
 
     def test_a_box_that_is_open_holds_no_end(self):
         program, path, image = self.open_and_turn()
