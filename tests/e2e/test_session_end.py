@@ -46,8 +46,8 @@ class SessionEndTest(ProgramTest):
         program = self.start()
         program.main()
         program.menu_entry("File", "Import", "Temporary File").act()
-        window = program.main(self.working)
-        self.view(window, turned(image, Image.Transpose.ROTATE_270, (240, 320)))
+        program.main(self.working)
+        self.wait_file(self.working, turned(image, Image.Transpose.ROTATE_270, (240, 320)), "brought back")
 
     def test_a_box_that_is_open_holds_no_end(self):
         program, path, image = self.open_and_turn()
