@@ -73,11 +73,10 @@ void OpenFrm::BuildLayout() {
     using namespace forms;
     constexpr float listWidth = 2700;
     constexpr float listHeight = 3900;
-    SetLayout(
-        Row({Growing(Column({lblFiles, Growing(AtLeast(listWidth, listHeight, File1))})),
-             Growing(Column({lblFolders, Growing(AtLeast(listWidth, 0, Dir1)), lblDrives, Drive1})),
-             Column({Row({CmdOpen, CmdCancel, CmdFF}), Stretch(), Group(Frame1, {picHoldPreview, lblMsg}),
-                     Row({CmdPreview, CmdPrevious, CmdNext}), ChkPreview, Stretch()})}));
+    SetLayout(Row({Growing(Column({lblFiles, Growing(AtLeast(listWidth, listHeight, File1))})),
+                   Growing(Column({lblFolders, Growing(AtLeast(listWidth, 0, Dir1)), lblDrives, Drive1})),
+                   Column({Row({CmdOpen, CmdCancel, CmdFF}), Stretch(), Group(Frame1, {picHoldPreview}),
+                           lblMsg, Row({CmdPreview, CmdPrevious, CmdNext}), ChkPreview, Stretch()})}));
 }
 
 void OpenFrm::Form_Load() {

@@ -43,7 +43,7 @@ class OpenFrm final : public forms::Form {
     forms::Frame Frame1{*this, "Frame1"};
     forms::PictureBox picHoldPreview{Frame1, "picHoldPreview"};
     forms::Image picPreview{picHoldPreview, "picPreview"};
-    forms::Label lblMsg{Frame1, "lblMsg"};
+    forms::Label lblMsg{*this, "lblMsg"};
     forms::CommandButton CmdPreview{*this, "CmdPreview"};
     forms::CommandButton CmdPrevious{*this, "CmdPrevious"};
     forms::CommandButton CmdNext{*this, "CmdNext"};

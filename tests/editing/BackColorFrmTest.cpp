@@ -101,6 +101,23 @@ TEST_F(BackColor, EachBarShowsTheColourAndItsNumber) {
     ExpectColour(0, 0, 0);
 }
 
+TEST_F(BackColor, TheColourFollowsTheThumb) {
+    ASSERT_TRUE(Start(Opened));
+    InColours([](BackColorFrm& dialog) {
+        const auto drag = [](forms::ScrollBar& bar, int value) {
+            bar.Deliver(forms::ScrollEvent{value, true});
+        };
+        drag(dialog.HScrollR, 200);
+        EXPECT_EQ(dialog.lblValueR.Caption.Get(), "200");
+        EXPECT_EQ(ShownBy(dialog.Picture1), OpaquePixel(200, 0, 0));
+        drag(dialog.HScrollG, 100);
+        drag(dialog.HScrollB, 50);
+        EXPECT_EQ(dialog.lblValueG.Caption.Get(), "100");
+        EXPECT_EQ(dialog.lblValueB.Caption.Get(), "50");
+        EXPECT_EQ(ShownBy(dialog.Picture1), OpaquePixel(200, 100, 50));
+    });
+}
+
 TEST_F(BackColor, TheButtonsSetAllThree) {
     ASSERT_TRUE(Start(Opened));
     SetColour(1, 2, 3);

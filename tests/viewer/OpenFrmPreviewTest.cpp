@@ -72,6 +72,19 @@ INSTANTIATE_TEST_SUITE_P(
                       SizeCase{7.5F, 322, 242, 160, 120, true}, SizeCase{7.5F, 800, 800, 120, 120, true},
                       SizeCase{7.5F, 1, 5000, 1, 120, true}, SizeCase{7.5F, 5000, 1, 160, 1, true}));
 
+TEST_F(OpenFrmPreviewTest, ItsHolderStandsInTheMiddleOfItsFrameAndShowsNothingOfItsOwn) {
+    ASSERT_TRUE(Start());
+    InDialog([&](OpenFrm& dialog) {
+        const forms::PixelInsets border = dialog.Frame1.Border();
+        const forms::PictureBox& holder = dialog.picHoldPreview;
+        const float across = dialog.Frame1.Width + static_cast<float>(border.left - border.right) * 15;
+        const float down = dialog.Frame1.Height + static_cast<float>(border.top - border.bottom) * 15;
+        EXPECT_NEAR(2 * holder.Left + holder.Width, across, 60);
+        EXPECT_NEAR(2 * holder.Top + holder.Height, down, 60);
+        EXPECT_TRUE(static_cast<headless::HeadlessCanvasPeer*>(holder.Peer())->seeThrough);
+    });
+}
+
 // The Preview button
 
 TEST_F(OpenFrmPreviewTest, ShowsTheSelectedFile) {
