@@ -205,23 +205,24 @@ TEST(FitPicture, UpToTwiceTheSizeIsTheExactStretchCopy) {
 TEST(FitPicture, AboveThatItIsTheMeansOfTheWhole) {
     const FitBox box{160, 120};
     for (const auto& [width, height] : {std::pair{321, 241},
-                                       {640, 480},
-                                       {641, 483},
-                                       {900, 700},
-                                       {1300, 990},
-                                       {2600, 1000},
-                                       {333, 2500},
-                                       {4003, 3001}}) {
+                                        {640, 480},
+                                        {641, 483},
+                                        {900, 700},
+                                        {1300, 990},
+                                        {2600, 1000},
+                                        {333, 2500},
+                                        {2801, 2100}}) {
         SCOPED_TRACE(width);
         const std::vector<std::byte> bitmap = Bitmap(width, height);
         ExpectMeansOfWhole(Fitted(bitmap, box), bitmap);
         JpegFile photo = Photo(width, height);
-        ExpectMeansOfWhole(Fitted(photo.Make(), box), photo.Make());
-        if (width > 1300) continue;
+        const std::vector<std::byte> baseline = photo.Make();
+        ExpectMeansOfWhole(Fitted(baseline, box), baseline);
+        if (width > 1000) continue;
         photo.progressive = true;
-        ExpectMeansOfWhole(Fitted(photo.Make(), box), photo.Make());
-        ExpectMeansOfWhole(Fitted(Gif(width, height), box), Gif(width, height));
-        ExpectMeansOfWhole(Fitted(Png(width, height, true), box), Png(width, height, true));
+        for (const std::vector<std::byte>& file :
+             {photo.Make(), Gif(width, height), Png(width, height, true)})
+            ExpectMeansOfWhole(Fitted(file, box), file);
     }
 }
 
