@@ -178,6 +178,17 @@ TEST_F(DragTest, APressMayBeginTheDragAtOnce) {
     EXPECT_EQ(Count(log, "up"), 1);
 }
 
+TEST_F(DragTest, APressThatBeginsADragIsNoClick) {
+    Open(9, MultiSelect::Toggling);
+    form.list.OnClick = [this] { log.emplace_back("click"); };
+    form.list.OnMouseDown = [this](const MouseArguments&) { form.list.Drag(); };
+    Press(4);
+    Over(form.target, 0);
+    LetGo();
+    EXPECT_EQ(log, (Log{"target got list at 0"}));
+    EXPECT_EQ(form.list.ListIndex, 4);
+}
+
 TEST_F(DragTest, AnEndedDragLeavesTheListAsEver) {
     Open(9, MultiSelect::Extended);
     Press(1);

@@ -28,15 +28,16 @@ class RowsForm : public forms::Form {
 
     std::vector<std::string>& log;
 
+    // All of it fits on a display of 400 x 400, and the lower right corner is free.
     void Form_Load() override {
-        Move(300, 300, 9000, 7500);
-        list.Move(0, 0, 3000, 3600);
-        target.Move(3300, 0, 3000, 3600);
-        button.Move(0, 3900, 1500, 450);
-        label.Move(1800, 3900, 1500, 450);
-        field.Move(3600, 3900, 1500, 450);
-        picture.Move(0, 4500, 1500, 750);
-        frame.Move(1800, 4500, 1500, 750);
+        Move(0, 0, 5700, 5700);
+        list.Move(0, 0, 2400, 3000);
+        target.Move(2550, 0, 2400, 3000);
+        button.Move(0, 3150, 1500, 450);
+        label.Move(1650, 3150, 1500, 450);
+        field.Move(3300, 3150, 1500, 450);
+        picture.Move(0, 3750, 1500, 750);
+        frame.Move(1650, 3750, 1500, 750);
     }
     void Form_DragDrop(const forms::DragArguments& drag) override {
         log.push_back("form got " + drag.source.Name());

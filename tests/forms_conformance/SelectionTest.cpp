@@ -142,6 +142,27 @@ TEST_F(SelectionTest, DraggingOverAnExtendedListSelectsWhatItComesOver) {
     EXPECT_EQ(Selected(), (Rows{1, 2, 6, 7}));
 }
 
+TEST_F(SelectionTest, AMoveFromASelectedRowBeginsThere) {
+    Open(9, MultiSelect::Extended);
+    Click(0);
+    form.list.SetSelection({3, 8});
+    Press(4);
+    MoveTo(6);
+    Release(6);
+    EXPECT_EQ(Selected(), (Rows{4, 5, 6}));
+}
+
+TEST_F(SelectionTest, ShiftSelectsFromTheRowThatWasClickedWhereverItIsNow) {
+    Open(9, MultiSelect::Extended);
+    Click(3);
+    form.list.AddItem("above", 0);
+    Click(6, ShiftMask::Shift);
+    EXPECT_EQ(Selected(), (Rows{4, 5, 6}));
+    form.list.RemoveItem(0);
+    Click(1, ShiftMask::Shift);
+    EXPECT_EQ(Selected(), (Rows{1, 2, 3}));
+}
+
 TEST_F(SelectionTest, ARightPressKeepsTheSelection) {
     Open(9, MultiSelect::Extended);
     form.list.SetSelection({2, 5});
