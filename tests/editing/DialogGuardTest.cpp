@@ -171,6 +171,29 @@ TEST_P(EachDialog, WorksOnceHoweverOftenOkIsPressed) {
     }
 }
 
+TEST_P(EachDialog, WorksOnceWheneverOkIsPressedAgain) {
+    StartWithAClipboard();
+    // Each time that messages run: before the dialog is hidden, behind that, and in the work itself.
+    for (int when = 1; when <= 8; ++when) {
+        SCOPED_TRACE(when);
+        for (const char* written : {"C:\\p\\y.gif", "C:\\p\\y.BMP", "C:\\p\\y.JPG"})
+            platform.disks.Remove(written);
+        module.CurrentImage.clear();
+        View().Deliver(forms::DropEvent{{Image}});
+        const long before = TimesDone();
+        bool open = true;
+        PressOk([&, this] {
+            toolkit.AtYield(when, [&, this] {
+                if (open && app.FormCount() > 1) GetParam().ok(app).Deliver(forms::ClickEvent{});
+            });
+        });
+        open = false;
+        for (int rest = 0; rest < when; ++rest)
+            app.DoEvents();  // what was not reached must not come later
+        EXPECT_EQ(TimesDone() - before, 1);
+    }
+}
+
 TEST_P(EachDialog, DoesNothingWhereTheUserCanceledBeforeTheWorkBegan) {
     StartWithAClipboard();
     const auto files = platform.disks.AllFiles();

@@ -67,6 +67,15 @@ TEST_F(FullScreenCommand, ItIsTheImageAndNoShow) {
     EXPECT_EQ(views, 1);
 }
 
+TEST_F(FullScreenCommand, TheEndOfOneImageLeavesTheMainViewInItsBand) {
+    // Only the end of a show brings the main view back above the others; that of an image leaves it to the command.
+    StartWithPicture(100, 80);
+    seen = [this] { module.config.TopMostWindow = true; };
+    Choose(View().menu.mnuFullScreen);
+    EXPECT_EQ(views, 1);
+    EXPECT_FALSE(Window().topmost);
+}
+
 TEST_F(FullScreenCommand, TheEndOfOneImageTouchesNeitherSoundNorScreenNorProcess) {
     StartWithPicture(100, 80);
     module.config.SoundMode = 1;
