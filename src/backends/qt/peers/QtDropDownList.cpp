@@ -40,7 +40,7 @@ QSize DropDownWidget::sizeHint() const {
     }
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const QSize content(widest, std::max(fontMetrics().height(), iconSize().height()));
+    const QSize content(widest, std::max(fontMetrics().height(), iconSize().height()) + 2 * RowAir);
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, this);
 }
 

@@ -24,7 +24,9 @@ class DropDownWidget final : public SinkWidget<QComboBox> {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    static constexpr int IconGap = 4;  ///< between icon and text, in logical pixels
+    // In logical pixels.
+    static constexpr int IconGap = 4;  ///< between icon and text
+    static constexpr int RowAir = 1;   ///< above and below a row
 
     const forms::ListContent& content_;
     RowModel rows_;
