@@ -17,6 +17,12 @@ class Random {
         return static_cast<float>(state_) / range;
     }
 
+    /// Goes on from a place in the sequence that a moment chooses, such as the seconds of the day.
+    void Seed(std::uint32_t moment) {
+        constexpr std::uint32_t kept = 0xFF;
+        state_ = (state_ & kept) | (((moment ^ (moment >> 16U)) & 0xFFFFU) << 8U);
+    }
+
   private:
     std::uint32_t state_ = 0x50000;
 };

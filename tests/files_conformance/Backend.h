@@ -29,6 +29,7 @@ class Backend {
     [[nodiscard]] virtual std::optional<std::string> Content(const std::string& path) = 0;
     virtual void InsertDisk() = 0;
     virtual void PullDisk() = 0;
+    virtual void SetReadOnly(const std::string& path, bool readOnly) = 0;
     /// Forbids the user to look into a folder, or allows it again.
     virtual void SetUnreadable(const std::string& folder, bool unreadable) = 0;
     /// ErrorOfCall for a user who has no special rights. What the call changes in memory may be lost.

@@ -43,6 +43,9 @@ class HostBackend final : public Backend {
         std::filesystem::remove_all(folder_.At("a"));
         folder_.PutFolder("a");
     }
+    void SetReadOnly(const std::string& path, bool readOnly) override {
+        ASSERT_EQ(::chmod(HostPath(path).c_str(), readOnly ? 0444 : 0644), 0);
+    }
     void SetUnreadable(const std::string& folder, bool unreadable) override {
         ASSERT_EQ(::chmod(HostPath(folder).c_str(), unreadable ? 0311 : 0755), 0);
     }
@@ -109,6 +112,7 @@ class MemoryBackend final : public Backend {
     }
     void InsertDisk() override { disks_.InsertDisk('A'); }
     void PullDisk() override { disks_.PullDisk('A'); }
+    void SetReadOnly(const std::string& path, bool readOnly) override { disks_.SetReadOnly(path, readOnly); }
     void SetUnreadable(const std::string& folder, bool unreadable) override {
         disks_.SetUnreadable(folder, unreadable);
     }

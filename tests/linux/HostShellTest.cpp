@@ -95,6 +95,26 @@ TEST_F(HostShellTest, AListOfNoReasonableSizeStaysAsItIs) {
     EXPECT_EQ(std::filesystem::file_size(folder.At("data/recently-used.xbel")), huge.size());
 }
 
+TEST_F(HostShellTest, ClearsTheListOfRecentDocuments) {
+    shell.AddRecent("C:\\pictures\\a.jpg");
+    ASSERT_TRUE(folder.Has("data/recently-used.xbel"));
+    EXPECT_TRUE(shell.ClearRecent());
+    EXPECT_EQ(folder.Content("data/recently-used.xbel").find("<bookmark "), std::string::npos);
+    folder.Put("data/recently-used.xbel", "not a list");
+    EXPECT_FALSE(shell.ClearRecent());
+    EXPECT_EQ(folder.Content("data/recently-used.xbel"), "not a list");
+}
+
+TEST_F(HostShellTest, OpensAddressesOfTheWebAlone) {
+    PutProgram("xdg-open");
+    const ScopedVariable path("PATH", folder.At("bin") + ":/bin:/usr/bin");
+    EXPECT_TRUE(shell.OpenAddress("https://www.example.org/a?b=c&d"));
+    EXPECT_EQ(Called(), folder.At("bin/xdg-open") + " https://www.example.org/a?b=c&d\n");
+    EXPECT_FALSE(shell.OpenAddress("file:///etc/passwd"));
+    EXPECT_FALSE(shell.OpenAddress("--help"));
+    EXPECT_FALSE(folder.Has("called"));
+}
+
 TEST_F(HostShellTest, RunsTheDesktopsOwnPrograms) {
     const ScopedVariable path("PATH", folder.At("bin") + ":/usr/bin:/bin");
     PutProgram("xfce4-display-settings");

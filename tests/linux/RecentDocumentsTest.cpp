@@ -129,5 +129,24 @@ TEST(RecentDocuments, KnowsTypesByEnding) {
     EXPECT_EQ(MimeTypeOf("a"), "application/octet-stream");
 }
 
+TEST(RecentDocuments, AClearedListHoldsNothingAndKeepsItsRoot) {
+    const std::string list = AddRecentDocument(Others + "</xbel>\n", Photo).value();
+    const std::string cleared = ClearedRecentDocuments(list).value();
+    EXPECT_EQ(Count(cleared, "href="), 1U);  // in a comment
+    EXPECT_EQ(Count(cleared, "xmlns:bookmark="), Count(list, "xmlns:bookmark="));
+    EXPECT_TRUE(cleared.ends_with("</xbel>\n"));
+    EXPECT_EQ(ClearedRecentDocuments(cleared), cleared);
+    EXPECT_TRUE(AddRecentDocument(cleared, Photo));
+    EXPECT_EQ(Count(ClearedRecentDocuments("").value(), "<xbel"), 1U);
+}
+
+TEST(RecentDocuments, WhatIsNoWholeListIsNotCleared) {
+    const std::string list = AddRecentDocument(Others + "</xbel>", Photo).value();
+    for (std::size_t length = 1; length < list.size(); ++length)
+        EXPECT_FALSE(ClearedRecentDocuments(list.substr(0, length))) << length;
+    EXPECT_FALSE(ClearedRecentDocuments("<html></html>"));
+    EXPECT_FALSE(ClearedRecentDocuments("<xbel></xbel><xbel></xbel>"));
+}
+
 }  // namespace
 }  // namespace tavrix

@@ -34,8 +34,12 @@ class FakeSystem final : public System {
                std::to_string(moment.year) + " " + std::to_string(hour) + ":" + twoDigits(moment.minute) +
                ":" + twoDigits(moment.second) + (moment.hour < 12 ? " AM" : " PM");
     }
+    MemoryFigures Memory() override {
+        return faults_.EnterQuietly(Service::System, "Memory") ? memory : MemoryFigures();
+    }
 
     int platformId = 2;
+    MemoryFigures memory;
     std::set<std::string> windows;  ///< titles of the windows of other processes
     NumberFormat numbers;
     std::function<std::string(const DateTime&)> shortDateTime;

@@ -55,6 +55,10 @@ void MemoryDisks::RemoveDrive(char letter) {
     drives_.erase(letter);
 }
 
+void MemoryDisks::SetDevice(char letter, const std::string& device) {
+    drives_[letter].device = device;
+}
+
 std::shared_ptr<MemoryDisk> MemoryDisks::InsertDisk(char letter, std::shared_ptr<MemoryDisk> disk) {
     if (!disk) {
         disk = std::make_shared<MemoryDisk>();
@@ -119,11 +123,14 @@ void MemoryDisks::PutLink(const std::string& existing, const std::string& path) 
     if (!source.node) throw std::logic_error("the test links to nothing at " + existing);
     const MemoryPlace place = Locate(PartsOf(path));
     place.parent->children[place.name] = source.node;
+    place.parent->links.insert(place.name);
 }
 
 void MemoryDisks::Remove(const std::string& path) const {
     const MemoryPlace place = Locate(PartsOf(path));
-    if (place.parent) place.parent->children.erase(place.name);
+    if (!place.parent) return;
+    place.parent->children.erase(place.name);
+    place.parent->links.erase(place.name);
 }
 
 MemoryNode& MemoryDisks::NodeOf(const std::string& path) const {

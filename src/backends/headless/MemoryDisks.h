@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ struct MemoryNode {
     bool hidden = false;
     bool unreadable = false;  ///< a folder that the user may not look into
     std::map<std::string, std::shared_ptr<MemoryNode>> children{};  ///< by exact name
+    std::set<std::string> links{};                                  ///< the children that are second paths
 };
 
 struct MemoryDisk {
@@ -36,6 +38,7 @@ struct MemoryDisk {
 struct MemoryDrive {
     DriveType type = DriveType::Fixed;
     std::shared_ptr<MemoryDisk> disk;  ///< null: no disk in the drive
+    std::string device{};              ///< behind a drive of removable media
 };
 
 /// Where a path leads.
@@ -59,6 +62,7 @@ class MemoryDisks {
 
     void AddDrive(char letter, DriveType type);
     void RemoveDrive(char letter);
+    void SetDevice(char letter, const std::string& device);
     /// A disk goes into the drive (a blank one by default; a floppy's capacity on A: and B:); whatever was there is out.
     std::shared_ptr<MemoryDisk> InsertDisk(char letter, std::shared_ptr<MemoryDisk> disk = nullptr);
     /// Takes the disk out, so that it can be put in again.

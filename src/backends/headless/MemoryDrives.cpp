@@ -39,6 +39,12 @@ std::int64_t MemoryDrives::FreeBytes(const std::string& root) {
     return WholeSectors(DiskOf(root).FreeBytes());
 }
 
+std::string MemoryDrives::RemovableDevice(const std::string& root) {
+    if (!faults_.EnterQuietly(Service::Drives, "RemovableDevice", root)) return {};
+    const MemoryDrive* const drive = DriveOf(disks_, root);
+    return drive != nullptr && drive->type == DriveType::Removable ? drive->device : std::string();
+}
+
 const MemoryDisk& MemoryDrives::DiskOf(const std::string& root) const {
     const MemoryDrive* const drive = DriveOf(disks_, root);
     if (drive == nullptr) throw RuntimeError(ErrorNumber::DeviceUnavailable);

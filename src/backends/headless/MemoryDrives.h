@@ -16,6 +16,7 @@ class MemoryDrives final : public Drives {
     DriveType Type(const std::string& root) override;
     DiskSpace Space(const std::string& root) override;
     std::int64_t FreeBytes(const std::string& root) override;
+    std::string RemovableDevice(const std::string& root) override;
 
   private:
     [[nodiscard]] const MemoryDisk& DiskOf(const std::string& root) const;

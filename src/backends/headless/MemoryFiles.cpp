@@ -44,6 +44,33 @@ std::shared_ptr<MemoryNode> FileAt(const MemoryPlace& place, const DateTime& mod
     return node;
 }
 
+/// Asks before a copy and after every 8 MiB of it, as a real one does.
+bool Goes(const GoOn& goOn, std::size_t bytes) {
+    constexpr std::size_t Piece = std::size_t{8} << 20U;
+    if (!goOn) return true;
+    for (std::size_t at = 0; at == 0 || at < bytes; at += Piece) {
+        if (!goOn()) return false;
+    }
+    return true;
+}
+
+/// A look that is over before it begins. What it fails with comes in Take.
+class MemoryLook final : public FolderLook {
+  public:
+    explicit MemoryLook(FolderContent content) : content_(std::move(content)) {}
+    explicit MemoryLook(const RuntimeError& failure) : failure_(failure) {}
+
+    bool Wait(int /*milliseconds*/) override { return true; }
+    FolderContent Take() override {
+        if (failure_) throw RuntimeError(*failure_);
+        return std::move(content_);
+    }
+
+  private:
+    FolderContent content_;
+    std::optional<RuntimeError> failure_;
+};
+
 class MemoryReader final : public FileReader {
   public:
     MemoryReader(std::shared_ptr<MemoryNode> file, FaultPlan& faults)
@@ -203,13 +230,97 @@ std::vector<std::string> MemoryFiles::Folders(const std::string& folder) {
     return paths;
 }
 
-void MemoryFiles::Copy(const std::string& from, const std::string& to) {
+FolderContent MemoryFiles::ContentOf(const std::string& folder, const std::string& patterns) const {
+    const PatternList wanted(patterns);
+    const MemoryPlace place = LocateToList(folder);
+    FolderContent content;
+    content.files =
+        NamesIn(*place.node, false, [&](const std::string& name) { return wanted.Matches(name); });
+    content.folders = NamesIn(*place.node, true,
+                              [&](const std::string& name) { return !place.node->links.contains(name); });
+    for (std::string& path : content.folders)
+        path.insert(0, WithBackslash(place.path));
+    return content;
+}
+
+std::unique_ptr<FolderLook> MemoryFiles::Look(const std::string& folder, const std::string& patterns) {
+    try {
+        faults_.Enter(Service::Files, "Look", folder + " " + patterns);
+        return std::make_unique<MemoryLook>(ContentOf(folder, patterns));
+    } catch (const RuntimeError& failure) {
+        return std::make_unique<MemoryLook>(failure);
+    }
+}
+
+bool MemoryFiles::Copy(const std::string& from, const std::string& to, const GoOn& goOn) {
     faults_.Enter(Service::Files, "Copy", from + " " + to);
     const MemoryPlace source = LocateNode(from);
     const MemoryPlace target = disks_.LocateForWriting(current_.Absolute(to));
     if (source.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
     if (source.node == target.node) throw RuntimeError(ErrorNumber::PermissionDenied);
+    TestForWriting(target);
+    if (!Goes(goOn, source.node->content.size())) return false;
     ReplaceContent(target, source.node->content, source.node->modified);
+    return true;
+}
+
+void MemoryFiles::Relocate(const Relocation& move) {
+    const auto node = move.source.node;
+    const MemoryPlace& target = move.target;
+    if (move.source.disk != target.disk) {
+        const std::int64_t freed =
+            IsInPlace(target) && target.node ? static_cast<std::int64_t>(target.node->content.size()) : 0;
+        if (static_cast<std::int64_t>(node->content.size()) > target.disk->FreeBytes() + freed) {
+            throw RuntimeError(ErrorNumber::DiskFull);
+        }
+    }
+    move.source.parent->children.erase(move.source.name);
+    if (target.node) target.parent->children.erase(target.name);
+    target.parent->children[move.newName] = node;
+}
+
+MemoryFiles::Relocation MemoryFiles::LocateMove(const std::string& from, const std::string& to) const {
+    Relocation move;
+    move.source = disks_.LocateForWriting(current_.Absolute(from));
+    if (!move.source.node) {
+        throw RuntimeError(move.source.parent ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+    }
+    if (move.source.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    const DrivePathParts wanted = current_.Absolute(to);
+    move.target = disks_.LocateForWriting(wanted);
+    if (wanted.names.empty()) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    if (!move.target.parent) throw RuntimeError(ErrorNumber::PathNotFound);
+    move.newName = wanted.names.back();
+    move.ontoItself = move.target.parent == move.source.parent && move.target.name == move.source.name;
+    return move;
+}
+
+void MemoryFiles::Rename(const std::string& from, const std::string& to) {
+    faults_.Enter(Service::Files, "Rename", from + " " + to);
+    const Relocation move = LocateMove(from, to);
+    if (move.target.node && !move.ontoItself) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    Relocate(move);
+}
+
+bool MemoryFiles::Move(const std::string& from, const std::string& to, const GoOn& goOn) {
+    faults_.Enter(Service::Files, "Move", from + " " + to);
+    const Relocation move = LocateMove(from, to);
+    const MemoryPlace& target = move.target;
+    const bool same = target.node == move.source.node && (!move.ontoItself || move.newName == target.name);
+    if (same) throw RuntimeError(ErrorNumber::PermissionDenied);
+    if (!move.ontoItself && target.node && (target.node->folder || target.node->readOnly)) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    if (move.source.disk != target.disk && !Goes(goOn, move.source.node->content.size())) return false;
+    Relocate(move);
+    return true;
+}
+
+void MemoryFiles::ClearAttributes(const std::string& path) {
+    faults_.Enter(Service::Files, "ClearAttributes", path);
+    const MemoryPlace place = disks_.LocateForWriting(current_.Absolute(path));
+    if (!place.IsFile()) throw RuntimeError(ErrorNumber::FileNotFound);
+    place.node->readOnly = false;
 }
 
 void MemoryFiles::Delete(const std::string& path) {
@@ -234,6 +345,16 @@ void MemoryFiles::MakeFolder(const std::string& path) {
     if (!place.parent) throw RuntimeError(ErrorNumber::PathNotFound);
     place.parent->children[place.name] =
         std::make_shared<MemoryNode>(MemoryNode{.folder = true, .modified = disks_.Now()});
+}
+
+void MemoryFiles::RemoveFolder(const std::string& path) {
+    faults_.Enter(Service::Files, "RemoveFolder", path);
+    const MemoryPlace place = disks_.LocateForWriting(current_.Absolute(path));
+    if (!place.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (!place.parent || place.parent->links.contains(place.name) || !place.node->children.empty()) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    place.parent->children.erase(place.name);
 }
 
 void MemoryFiles::ChangeDrive(const std::string& drive) {
@@ -295,6 +416,21 @@ bool MemoryFiles::Same(const std::string& a, const std::string& b) {
     try {
         const MemoryPlace first = Locate(a);
         return first.node != nullptr && first.node == Locate(b).node;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool MemoryFiles::SameEntry(const std::string& a, const std::string& b) {
+    return Same(a, b);
+}
+
+bool MemoryFiles::HasExactly(const std::string& path) {
+    if (!faults_.EnterQuietly(Service::Files, "HasExactly", path)) return false;
+    try {
+        const DrivePathParts wanted = current_.Absolute(path);
+        const MemoryPlace place = disks_.Locate(wanted);
+        return place.IsFile() && place.path == wanted.Text();
     } catch (const RuntimeError&) {
         return false;
     }

@@ -26,10 +26,15 @@ class MemoryFiles final : public Files {
     std::string First(const std::string& pattern) override;
     std::vector<std::string> List(const std::string& folder, const std::string& patterns) override;
     std::vector<std::string> Folders(const std::string& folder) override;
-    void Copy(const std::string& from, const std::string& to) override;
+    std::unique_ptr<FolderLook> Look(const std::string& folder, const std::string& patterns) override;
+    bool Copy(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
+    void Rename(const std::string& from, const std::string& to) override;
+    bool Move(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
     void Delete(const std::string& path) override;
     FileInfo Info(const std::string& path) override;
+    void ClearAttributes(const std::string& path) override;
     void MakeFolder(const std::string& path) override;
+    void RemoveFolder(const std::string& path) override;
     void ChangeDrive(const std::string& drive) override;
     void ChangeFolder(const std::string& folder) override;
     std::string CurrentFolder() override;
@@ -38,11 +43,23 @@ class MemoryFiles final : public Files {
     std::unique_ptr<FileReader> Open(const std::string& path) override;
     std::unique_ptr<FileWriter> Create(const std::string& path) override;
     bool Same(const std::string& a, const std::string& b) override;
+    bool SameEntry(const std::string& a, const std::string& b) override;
+    bool HasExactly(const std::string& path) override;
 
   private:
     [[nodiscard]] MemoryPlace Locate(const std::string& path) const;
     [[nodiscard]] MemoryPlace LocateNode(const std::string& path) const;
     [[nodiscard]] MemoryPlace LocateToList(const std::string& folder) const;
+    [[nodiscard]] FolderContent ContentOf(const std::string& folder, const std::string& patterns) const;
+    /// A file and the place that it is to get.
+    struct Relocation {
+        MemoryPlace source;
+        MemoryPlace target;
+        std::string newName;
+        bool ontoItself = false;  ///< the new path is another spelling of the present one, or the very same
+    };
+    [[nodiscard]] Relocation LocateMove(const std::string& from, const std::string& to) const;
+    static void Relocate(const Relocation& move);
 
     MemoryDisks& disks_;
     FaultPlan& faults_;

@@ -28,6 +28,16 @@ class RecordingShell final : public Shell {
         faults_.Enter(Service::Shell, "AddRecent", path);
         recent.push_back(path);
     }
+    bool ClearRecent() override {
+        if (!faults_.EnterQuietly(Service::Shell, "ClearRecent") || !canClearRecent) return false;
+        recent.clear();
+        return true;
+    }
+    bool OpenAddress(const std::string& address) override {
+        if (!faults_.EnterQuietly(Service::Shell, "OpenAddress", address)) return false;
+        addresses.push_back(address);
+        return canRun;
+    }
     bool Run(const std::string& commandLine) override {
         if (!faults_.EnterQuietly(Service::Shell, "Run", commandLine)) return false;
         commands.push_back(commandLine);
@@ -49,7 +59,9 @@ class RecordingShell final : public Shell {
 
     std::vector<std::string> recent;
     std::vector<std::string> commands;
-    bool canRun = true;                        ///< what Run answers
+    std::vector<std::string> addresses;  ///< that were opened
+    bool canRun = true;                  ///< what Run and OpenAddress answer
+    bool canClearRecent = true;
     std::map<std::string, std::string> links;  ///< targets by the shortcut's path
     std::vector<Trashed> trash;                ///< what lies in it, in order
     std::optional<ErrorNumber> trashRefusal;   ///< why the trash takes nothing

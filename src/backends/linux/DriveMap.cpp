@@ -306,6 +306,22 @@ std::string DriveMap::CdDevice() {
     return {};
 }
 
+std::string DriveMap::MountedDevice(const HostDrive& drive) const {
+    std::istringstream mounts(ReadWholeFile(sources_.mounts).value_or(std::string()));
+    std::string found;
+    for (std::string line; std::getline(mounts, line);) {
+        std::istringstream fields(line);
+        std::string device;
+        std::string folder;
+        fields >> device >> folder;
+        // A later mount covers an earlier one.
+        if (Unescaped(folder) == drive.root) found = Unescaped(device);
+    }
+    struct stat status {};
+    const bool block = ::stat(found.c_str(), &status) == 0 && S_ISBLK(status.st_mode);
+    return block && TypeOfMount(found, {}) == DriveType::Removable ? found : std::string();
+}
+
 void DriveMap::KeepDisk(const HostDrive& drive) {
     if (!drive.floppy || HasDisk(drive)) return;
     const std::string marker = drive.root + "/.disk";

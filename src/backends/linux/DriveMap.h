@@ -90,6 +90,8 @@ class DriveMap {
     /// The host path of the device or disc image of the first optical drive, with or without a disc in it; empty when
     /// there is no such drive.
     [[nodiscard]] std::string CdDevice();
+    /// The block device whose removable medium is mounted at a drive's root; empty when there is none.
+    [[nodiscard]] std::string MountedDevice(const HostDrive& drive) const;
     /// For after the last file has left a drive: a floppy's folder that is empty now stays a disk.
     static void KeepDisk(const HostDrive& drive);
     /// Free bytes of a drive with a disk.

@@ -40,4 +40,9 @@ std::int64_t HostDrives::FreeBytes(const std::string& root) {
     return WholeSectors(DriveMap::FreeBytes(*drive));
 }
 
+std::string HostDrives::RemovableDevice(const std::string& root) {
+    const std::optional<HostDrive> drive = DriveOf(drives_, root);
+    return drive && drive->type == DriveType::Removable ? drives_.MountedDevice(*drive) : std::string();
+}
+
 }  // namespace tavrix

@@ -15,6 +15,7 @@ class HostDrives final : public Drives {
     DriveType Type(const std::string& root) override;
     DiskSpace Space(const std::string& root) override;
     std::int64_t FreeBytes(const std::string& root) override;
+    std::string RemovableDevice(const std::string& root) override;
 
   private:
     DriveMap& drives_;

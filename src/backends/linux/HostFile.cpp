@@ -2,8 +2,10 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
@@ -29,15 +31,6 @@ namespace {
 /// Names of files that are being written: this and so many letters.
 constexpr std::string_view BesidePrefix = ".tavrix-";
 constexpr std::size_t BesideLetters = 12;
-
-std::string NameBeside(const std::string& path) {
-    constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz0123456789";
-    std::random_device random;
-    std::string name = HostFolderOf(path) + "/" + std::string(BesidePrefix);
-    for (std::size_t i = 0; i < BesideLetters; ++i)
-        name.push_back(Letters[random() % Letters.size()]);
-    return name;
-}
 
 /// Whether nobody else held the lock of a file; where there are no locks, nobody does.
 bool TryLock(const FileDescriptor& file) {
@@ -67,16 +60,22 @@ void WriteAll(const FileDescriptor& file, std::span<const std::byte> bytes) {
     }
 }
 
-/// Writes the rest of a file to another one.
-void Pour(const FileDescriptor& from, const FileDescriptor& to) {
+constexpr std::size_t CopyPiece = std::size_t{8} << 20U;  ///< bytes between two questions whether to go on
+
+/// Writes the rest of a file to another one. False when it was given up.
+bool Pour(const FileDescriptor& from, const FileDescriptor& to, const std::function<bool()>& goOn = {}) {
     constexpr std::size_t BufferSize = std::size_t{1} << 16U;
     std::vector<std::byte> buffer(BufferSize);
-    for (;;) {
+    for (std::size_t written = 0;;) {
         const ssize_t count = ::read(from.Number(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) Fail(errno);
-        if (count == 0) return;
+        if (count == 0) return true;
         WriteAll(to, std::span(buffer).first(static_cast<std::size_t>(count)));
+        written += static_cast<std::size_t>(count);
+        if (written < CopyPiece) continue;
+        written = 0;
+        if (goOn && !goOn()) return false;
     }
 }
 
@@ -152,6 +151,24 @@ std::string HostFolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos) return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string NameBeside(const std::string& path) {
+    constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz0123456789";
+    std::random_device random;
+    std::string name = HostFolderOf(path) + "/" + std::string(BesidePrefix);
+    for (std::size_t i = 0; i < BesideLetters; ++i)
+        name.push_back(Letters[random() % Letters.size()]);
+    return name;
+}
+
+int RenameWithoutReplacing(const std::string& from, const std::string& to) {
+    if (::syscall(SYS_renameat2, AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    struct stat status {};
+    if (::lstat(to.c_str(), &status) == 0) return EEXIST;
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 std::string FollowLinks(const std::string& path) {
@@ -241,9 +258,10 @@ void RemoveLeftovers(const std::string& folder) {
 }
 
 TargetFile::TargetFile(const std::string& path, Options options)
-    : path_(FollowLinks(path)), options_(options) {
-    target_ = FileDescriptor(::open(path_.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (!target_ && errno != ENOENT) {
+    : path_(options.throughLinks ? FollowLinks(path) : path), options_(options) {
+    const int noLink = options_.throughLinks ? 0 : O_NOFOLLOW;
+    target_ = FileDescriptor(::open(path_.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | noLink));
+    if (!target_ && errno != ENOENT && (noLink == 0 || errno != ELOOP)) {
         if (errno == EISDIR || errno == ENXIO) throw RuntimeError(ErrorNumber::PathFileAccessError);
         Fail(errno);
     }
@@ -325,19 +343,22 @@ void TargetFile::Write(std::span<const std::byte> bytes) {
     });
 }
 
-void TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& status) {
+bool TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& status,
+                          const std::function<bool()>& goOn) {
+    bool whole = false;
     Try([&] {
         Count(static_cast<std::uint64_t>(status.st_size));
-        TakeOver(source);
+        whole = (!goOn || goOn()) && TakeOver(source, goOn);
         times_ = {status.st_atim, status.st_mtim};
     });
+    return whole;
 }
 
-void TargetFile::TakeOver(const FileDescriptor& source) {
+bool TargetFile::TakeOver(const FileDescriptor& source, const std::function<bool()>& goOn) {
     for (;;) {
-        constexpr std::size_t Part = std::size_t{1} << 26U;
         const ssize_t count =
-            ::copy_file_range(source.Number(), nullptr, content_.Number(), nullptr, Part, 0);
+            ::copy_file_range(source.Number(), nullptr, content_.Number(), nullptr, CopyPiece, 0);
+        if (count > 0 && goOn && static_cast<std::size_t>(count) == CopyPiece && !goOn()) return false;
         if (count > 0 || (count < 0 && errno == EINTR)) continue;
         if (count == 0) break;
         if (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EPERM)
@@ -345,7 +366,7 @@ void TargetFile::TakeOver(const FileDescriptor& source) {
         Fail(errno);
     }
     // What the system could not copy by itself, and what has been added meanwhile.
-    Pour(source, content_);
+    return Pour(source, content_, goOn);
 }
 
 void TargetFile::Commit() {
@@ -376,12 +397,19 @@ void TargetFile::CommitBeside() {
         }
         if (options_.keepMode) ::fchmod(content_.Number(), former_.st_mode & 07777U);
     }
+    if (options_.exactMode) ::fchmod(content_.Number(), options_.newMode);
     Sync();
     if (besideName_.empty()) {
         const std::string name = NameBeside(path_);
         const std::string unnamed = "/proc/self/fd/" + std::to_string(content_.Number());
         if (::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) Fail(errno);
         besideName_ = name;
+    }
+    if (!options_.replaces) {
+        const int failed = RenameWithoutReplacing(besideName_, path_);
+        if (failed == EEXIST) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+        if (failed != 0) Fail(failed);
+        return;
     }
     if (::rename(besideName_.c_str(), path_.c_str()) != 0) {
         if (errno == EISDIR) throw RuntimeError(ErrorNumber::PathFileAccessError);
@@ -407,7 +435,7 @@ void TargetFile::CommitInPlace() {
         const FileDescriptor readable(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
         if (readable) {
             former = UnnamedElsewhere();
-            Pour(readable, former);
+            static_cast<void>(Pour(readable, former));
         }
     }
     try {

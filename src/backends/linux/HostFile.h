@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -38,6 +39,13 @@ class FileDescriptor {
 
 /// The folder that holds a host path; "/" for a path directly below it.
 [[nodiscard]] std::string HostFolderOf(const std::string& path);
+
+/// A name in the folder of a path for a file that is being written; RemoveLeftovers knows it.
+[[nodiscard]] std::string NameBeside(const std::string& path);
+
+/// Renames, and replaces nothing: the error of the system (errno), EEXIST when anything stands at `to`, or 0. On file
+/// systems that do not know how, somebody could come between.
+[[nodiscard]] int RenameWithoutReplacing(const std::string& from, const std::string& to);
 
 /// Where a path leads in the end through links, also when nothing is there yet.
 [[nodiscard]] std::string FollowLinks(const std::string& path);
@@ -96,6 +104,9 @@ class TargetFile {
         bool sync = true;                    ///< the content is on the disk before it replaces the target
         mode_t newMode = 0666;               ///< of a new file, less the user's mask
         bool keepMode = true;                ///< of the file that is replaced; else newMode counts for it too
+        bool exactMode = false;              ///< newMode counts whatever the user's mask
+        bool throughLinks = true;            ///< a link is followed; else it is replaced itself
+        bool replaces = true;                ///< what stands there on Commit; else that fails with 58
         std::optional<std::uint64_t> limit;  ///< most bytes that the disk takes; beyond it 61
         bool cleanFolder = true;             ///< by RemoveLeftovers
     };
@@ -106,8 +117,10 @@ class TargetFile {
 
     void Write(std::span<const std::byte> bytes);
     void Write(std::string_view text) { Write(std::as_bytes(std::span(text))); }
-    /// Takes over the rest of an open file, and its date.
-    void CopyFrom(const FileDescriptor& source, const struct stat& status);
+    /// Takes over the rest of an open file, and its date. Asks before it and after each piece of 8 MiB; false when it was
+    /// to be given up.
+    [[nodiscard]] bool CopyFrom(const FileDescriptor& source, const struct stat& status,
+                                const std::function<bool()>& goOn = {});
     /// Puts the content in place. After a failure, of a Write too, nothing is put in place, and each further call fails
     /// likewise.
     void Commit();
@@ -119,7 +132,7 @@ class TargetFile {
     template <class Step>
     void Try(Step&& step);
     void Count(std::uint64_t bytes);
-    void TakeOver(const FileDescriptor& source);
+    [[nodiscard]] bool TakeOver(const FileDescriptor& source, const std::function<bool()>& goOn);
     void CommitBeside();
     void CommitInPlace();
     void Sync() const;

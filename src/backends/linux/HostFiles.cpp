@@ -55,6 +55,15 @@ RuntimeError MissingFile(const HostLocation& location) {
     return RuntimeError(location.parentExists ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
 }
 
+std::string WithSlash(const std::string& folder) {
+    return folder.ends_with('/') ? folder : folder + "/";
+}
+
+bool IsLink(const std::string& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 bool IsSameFile(const HostLocation& a, const HostLocation& b) {
     return a.exists && b.exists && a.status.st_dev == b.status.st_dev && a.status.st_ino == b.status.st_ino;
 }
@@ -161,7 +170,7 @@ std::vector<std::string> HostFiles::List(const std::string& folder, const std::s
 
 std::vector<std::string> HostFiles::Folders(const std::string& folder) {
     const HostLocation location = LocateToList(folder);
-    const std::string host = location.path == "/" ? "/" : location.path + "/";
+    const std::string host = WithSlash(location.path);
     std::vector<std::string> paths;
     ReadAll(
         location, EntryKind::Folder,
@@ -191,7 +200,7 @@ TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) {
     return options;
 }
 
-void HostFiles::Copy(const std::string& from, const std::string& to) {
+bool HostFiles::Copy(const std::string& from, const std::string& to, const GoOn& goOn) {
     const HostLocation source = LocateFile(from);
     const HostLocation target = LocateForWriting(to);
     if (source.IsFolder() || target.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
@@ -202,9 +211,58 @@ void HostFiles::Copy(const std::string& from, const std::string& to) {
     TargetFile::Options options = OptionsFor(target);
     options.newMode = (source.status.st_mode & 0777U) | S_IWUSR;
     options.keepMode = false;
+    // A copy that replaces nothing can be made again from what it was made from.
+    if (!target.exists) options.sync = false;
     TargetFile copy(target.path, options);
-    copy.CopyFrom(content, source.status);
+    if (!copy.CopyFrom(content, source.status, goOn)) return false;
     copy.Commit();
+    return true;
+}
+
+FileMove HostFiles::PrepareMove(const std::string& from, const std::string& to) {
+    FileMove move;
+    move.source = LocateForWriting(from);
+    if (!move.source.exists) throw MissingFile(move.source);
+    if (!move.source.IsFile()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    move.target = LocateForWriting(to);
+    if (!move.target.exists && !move.target.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    const std::vector<std::string> names = Current().Absolute(to).names;
+    if (names.empty()) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    move.newPath = WithSlash(HostFolderOf(move.target.path)) + FromDriveName(names.back());
+    move.options = OptionsFor(move.target);
+    return move;
+}
+
+void HostFiles::Rename(const std::string& from, const std::string& to) {
+    PrepareMove(from, to).Rename();
+}
+
+bool HostFiles::Move(const std::string& from, const std::string& to, const GoOn& goOn) {
+    return PrepareMove(from, to).Replace(goOn);
+}
+
+std::unique_ptr<FolderLook> HostFiles::Look(const std::string& folder, const std::string& patterns) {
+    HostLocation location;
+    try {
+        location = LocateToList(folder);
+    } catch (const RuntimeError& failure) {
+        return std::make_unique<FailedLook>(failure);
+    }
+    const std::string host = WithSlash(location.path);
+    const HostDrive drive = location.drive;
+    const std::string here = WithBackslash(Spelled(location, folder));
+    const std::string shared = location.shared ? std::string() : drives_.SharedPathOf(location.path);
+    if (!shared.empty()) return std::make_unique<ReadyLook>(List(folder, patterns), Folders(folder));
+    return reader_.Begin(location.path, PatternList(patterns),
+                         [this, host, drive, here](FolderContent& content) {
+                             std::erase_if(content.folders, [&](const std::string& name) {
+                                 // What runs keeps its sockets and pipes there, and mounts what users see under letters of its own.
+                                 if (host == "/" && name == "run") return true;
+                                 return drives_.IsHidden(drive, host + FromDriveName(name));
+                             });
+                             for (std::string& path : content.folders)
+                                 path.insert(0, here);
+                         });
 }
 
 void HostFiles::Delete(const std::string& path) {
@@ -225,12 +283,30 @@ FileInfo HostFiles::Info(const std::string& path) {
     return info;
 }
 
+void HostFiles::ClearAttributes(const std::string& path) {
+    const HostLocation location = LocateForWriting(path);
+    if (!location.exists) throw MissingFile(location);
+    if (location.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if ((location.status.st_mode & S_IWUSR) != 0) return;
+    if (::chmod(location.path.c_str(), (location.status.st_mode & 07777U) | S_IWUSR) != 0)
+        throw ErrorOf(errno);
+}
+
 void HostFiles::MakeFolder(const std::string& path) {
     const HostLocation location = LocateForWriting(path);
     if (location.exists) throw RuntimeError(ErrorNumber::PathFileAccessError);
     if (!location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
     if (::mkdir(location.path.c_str(), 0777) != 0) {
         throw errno == EEXIST ? RuntimeError(ErrorNumber::PathFileAccessError) : ErrorOf(errno);
+    }
+}
+
+void HostFiles::RemoveFolder(const std::string& path) {
+    const HostLocation location = LocateForWriting(path);
+    if (!location.IsFolder()) throw RuntimeError(ErrorNumber::PathNotFound);
+    // All that the system may answer besides (it is not empty, a link, in use) is one answer here.
+    if (Current().Absolute(path).names.empty() || ::rmdir(location.path.c_str()) != 0) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
 }
 
@@ -319,6 +395,31 @@ std::unique_ptr<FileWriter> HostFiles::Create(const std::string& path) {
 bool HostFiles::Same(const std::string& a, const std::string& b) {
     try {
         return IsSameFile(Locate(a), Locate(b));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool HostFiles::SameEntry(const std::string& a, const std::string& b) {
+    try {
+        const HostLocation first = Locate(a);
+        const HostLocation second = Locate(b);
+        if (!IsSameFile(first, second)) return false;
+        return first.status.st_nlink == 1 || first.path == second.path || IsLink(first.path) ||
+               IsLink(second.path);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool HostFiles::HasExactly(const std::string& path) {
+    try {
+        const HostLocation location = Locate(path);
+        if (!location.IsFile()) return false;
+        std::string exact = location.drive.root;
+        for (const std::string& name : Current().Absolute(path).names)
+            exact.append("/").append(FromDriveName(name));
+        return location.shared || location.path == exact;
     } catch (const RuntimeError&) {
         return false;
     }

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "backends/linux/DriveMap.h"
+#include "backends/linux/FileMove.h"
+#include "backends/linux/FolderReader.h"
 #include "backends/linux/HostFile.h"
 #include "backends/linux/HostFolder.h"
 #include "backends/linux/HostPaths.h"
@@ -28,10 +30,15 @@ class HostFiles final : public Files {
     std::string First(const std::string& pattern) override;
     std::vector<std::string> List(const std::string& folder, const std::string& patterns) override;
     std::vector<std::string> Folders(const std::string& folder) override;
-    void Copy(const std::string& from, const std::string& to) override;
+    std::unique_ptr<FolderLook> Look(const std::string& folder, const std::string& patterns) override;
+    bool Copy(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
+    void Rename(const std::string& from, const std::string& to) override;
+    bool Move(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
     void Delete(const std::string& path) override;
     FileInfo Info(const std::string& path) override;
+    void ClearAttributes(const std::string& path) override;
     void MakeFolder(const std::string& path) override;
+    void RemoveFolder(const std::string& path) override;
     void ChangeDrive(const std::string& drive) override;
     void ChangeFolder(const std::string& folder) override;
     std::string CurrentFolder() override;
@@ -40,6 +47,8 @@ class HostFiles final : public Files {
     std::unique_ptr<FileReader> Open(const std::string& path) override;
     std::unique_ptr<FileWriter> Create(const std::string& path) override;
     bool Same(const std::string& a, const std::string& b) override;
+    bool SameEntry(const std::string& a, const std::string& b) override;
+    bool HasExactly(const std::string& path) override;
 
     /// The host path of a file for other parts of this system; throws as Open does for what is not there.
     [[nodiscard]] std::string HostPathOf(const std::string& path);
@@ -52,6 +61,7 @@ class HostFiles final : public Files {
     [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location);
     [[nodiscard]] const std::string& TemporaryPath();
     [[nodiscard]] HostLocation LocateToList(const std::string& folder);
+    [[nodiscard]] FileMove PrepareMove(const std::string& from, const std::string& to);
     /// The folder's drive path in its canonical spelling.
     [[nodiscard]] std::string Spelled(const HostLocation& location, const std::string& folder);
     /// ReadFolder for a folder that was found, and for the shared files that are seen through it.
@@ -64,6 +74,7 @@ class HostFiles final : public Files {
     std::optional<TemporaryFolder> temporary_;
     std::optional<CurrentFolders> current_;
     std::set<std::string> cleaned_;  ///< the folders where RemoveLeftovers has run
+    FolderReader reader_;
 };
 
 }  // namespace tavrix

@@ -15,4 +15,8 @@ void ReadFolder(const std::string& path, EntryKind kind,
                 const std::function<bool(const std::string&)>& wanted,
                 const std::function<void(std::string&&)>& take);
 
+/// The normal files and the subfolders of a folder in one pass, by the same rules; a subfolder that is a link is left out.
+void ReadBoth(const std::string& path, const std::function<bool(const std::string&)>& wantedFile,
+              const std::function<void(std::string&&, EntryKind)>& take);
+
 }  // namespace tavrix

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <filesystem>
 #include <optional>
@@ -58,22 +58,41 @@ void HostShell::AddRecent(const std::string& path) {
     SkipFailure([&] {
         const RecentDocument document{FileAddressOf(drives_.Locate(path).path), MimeTypeOf(path),
                                       std::time(nullptr)};
-        MakeFolders(paths_.data);
-        const std::string file = FollowLinks(paths_.data + "/recently-used.xbel");
-        const FolderLock lock(HostFolderOf(file));
-        TargetFile::Options options;
-        options.newMode = 0600;
-        options.sync = false;  // whole or as before is enough for a list like this
-        TargetFile target(file, options);
-        struct stat status {};
-        const bool exists = ::stat(file.c_str(), &status) == 0;
-        const std::optional<std::string> list = ReadWholeFile(file);
-        if (exists && !list) return;
-        const std::optional<std::string> added = AddRecentDocument(list.value_or(std::string()), document);
-        if (!added) return;
-        target.Write(*added);
-        target.Commit();
+        static_cast<void>(
+            ChangeRecent([&](const std::string& list) { return AddRecentDocument(list, document); }));
     });
+}
+
+bool HostShell::ClearRecent() {
+    bool cleared = false;
+    SkipFailure([&] { cleared = ChangeRecent(ClearedRecentDocuments); });
+    return cleared;
+}
+
+bool HostShell::ChangeRecent(const std::function<std::optional<std::string>(const std::string&)>& change) {
+    MakeFolders(paths_.data);
+    const std::string file = FollowLinks(paths_.data + "/recently-used.xbel");
+    const FolderLock lock(HostFolderOf(file));
+    TargetFile::Options options;
+    options.newMode = 0600;
+    options.sync = false;  // whole or as before is enough for a list like this
+    TargetFile target(file, options);
+    struct stat status {};
+    const bool exists = ::stat(file.c_str(), &status) == 0;
+    const std::optional<std::string> list = ReadWholeFile(file);
+    if (exists && !list) return false;
+    const std::optional<std::string> changed = change(list.value_or(std::string()));
+    if (!changed) return false;
+    target.Write(*changed);
+    target.Commit();
+    return true;
+}
+
+bool HostShell::OpenAddress(const std::string& address) {
+    // Nothing but the web: a browser would show any file of the user's, and a desktop start a program.
+    if (!address.starts_with("https://") && !address.starts_with("http://")) return false;
+    constexpr std::chrono::milliseconds MessengerTime(1000);
+    return StartFirst({{"xdg-open", address}, {"gio", "open", address}}, MessengerTime);
 }
 
 bool HostShell::Run(const std::string& commandLine) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "backends/linux/DriveMap.h"
@@ -16,6 +18,8 @@ class HostShell final : public Shell {
 
     /// Silent when the desktop's list cannot be read or written; an empty path does nothing.
     void AddRecent(const std::string& path) override;
+    bool ClearRecent() override;
+    bool OpenAddress(const std::string& address) override;
     /// Known command lines start the program that does the same on this desktop; no shell takes part.
     bool Run(const std::string& commandLine) override;
     /// Symbolic links, .desktop files of the type Link that lead to a file, and .lnk files. Of the latter a target
@@ -24,6 +28,10 @@ class HostShell final : public Shell {
     void Trash(const std::string& path) override;
 
   private:
+    /// Puts what becomes of the desktop's list in its place, under its lock. False when it was left as it is: it could not be
+    /// read whole, or nothing came of it.
+    [[nodiscard]] bool ChangeRecent(
+        const std::function<std::optional<std::string>(const std::string&)>& change);
     [[nodiscard]] std::string TargetOf(const ShellLink& link, const std::string& linkPath);
     [[nodiscard]] bool IsThere(const std::string& path);
 

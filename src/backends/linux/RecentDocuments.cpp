@@ -299,6 +299,24 @@ std::optional<std::string> AddRecentDocument(std::string_view list, const Recent
     return std::string(list.substr(0, rootEnd)).append(added).append(list.substr(rootEnd));
 }
 
+std::optional<std::string> ClearedRecentDocuments(std::string_view list) {
+    if (list.empty()) return NewList();
+    Tags tags(list);
+    const std::optional<Tag> root = tags.Next();
+    if (!root || root->name != "xbel" || root->closing) return std::nullopt;
+    if (root->empty) return std::string(list);
+    // Its end has to stand: what was cut off somewhere is not ours to throw away.
+    int depth = 1;
+    std::size_t end = 0;
+    while (const auto tag = tags.Next()) {
+        if (depth == 0) return std::nullopt;
+        if (!tag->empty) depth += tag->closing ? -1 : 1;
+        if (depth == 0) end = tag->begin;
+    }
+    if (depth != 0) return std::nullopt;
+    return std::string(list.substr(0, root->end)).append("\n").append(list.substr(end));
+}
+
 std::string MimeTypeOf(std::string_view fileName) {
     struct Ending {
         std::string_view ending;

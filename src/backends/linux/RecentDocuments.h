@@ -20,6 +20,10 @@ struct RecentDocument {
 [[nodiscard]] std::optional<std::string> AddRecentDocument(std::string_view list,
                                                            const RecentDocument& document);
 
+/// The list without any document, as it is where there never was one; nothing for a text that is no such list, which is
+/// left alone.
+[[nodiscard]] std::optional<std::string> ClearedRecentDocuments(std::string_view list);
+
 /// The MIME type by a file name's ending; application/octet-stream for unknown ones.
 [[nodiscard]] std::string MimeTypeOf(std::string_view fileName);
 

@@ -141,7 +141,7 @@ void CopyFile(const std::string& from, const struct stat& status, const std::str
         TargetFile::Options options;
         options.inPlace = true;
         TargetFile target(to, options);
-        target.CopyFrom(source, status);
+        static_cast<void>(target.CopyFrom(source, status));
         target.Commit();
         ::chmod(to.c_str(), status.st_mode & 0777U);
     } catch (const RuntimeError&) {

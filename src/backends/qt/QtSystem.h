@@ -11,6 +11,7 @@ class QtSystem final : public System {
     [[nodiscard]] bool WindowExists(const std::string& title) override;
     [[nodiscard]] NumberFormat Numbers() override;
     [[nodiscard]] std::string ShortDateTime(const DateTime& moment) override;
+    [[nodiscard]] MemoryFigures Memory() override;
 };
 
 }  // namespace tavrix::qt

@@ -46,6 +46,9 @@ class Drives {
     [[nodiscard]] virtual DiskSpace Space(const std::string& root) = 0;
     /// The free space of a disk of any size, in bytes of whole sectors. Throws as Space does.
     [[nodiscard]] virtual std::int64_t FreeBytes(const std::string& root) = 0;
+    /// The system's name for the device behind a drive whose medium can be taken out; empty for any other drive, which no
+    /// tool is to be started on.
+    [[nodiscard]] virtual std::string RemovableDevice(const std::string& root) = 0;
 };
 
 }  // namespace tavrix

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -49,6 +50,32 @@ class FileWriter {
     virtual void Close() = 0;
 };
 
+/// What lies in a folder, the hidden entries left out.
+struct FolderContent {
+    std::vector<std::string> files;    ///< the names of the normal files that were asked for, in list order
+    std::vector<std::string> folders;  ///< the full paths of the subfolders, in list order
+
+    friend bool operator==(const FolderContent&, const FolderContent&) = default;
+};
+
+/// A look into a folder that goes on while this thread does, since a folder may be large, and its disk slow or dead.
+/// Dropping it gives the look up at once.
+class FolderLook {
+  public:
+    FolderLook() = default;
+    virtual ~FolderLook() = default;
+    FolderLook(const FolderLook&) = delete;
+    FolderLook& operator=(const FolderLook&) = delete;
+
+    /// Waits for the end of the look, no longer than so many milliseconds. Whether it has come.
+    [[nodiscard]] virtual bool Wait(int milliseconds) = 0;
+    /// What was found, once; waits for the end. Throws what Files::List throws.
+    [[nodiscard]] virtual FolderContent Take() = 0;
+};
+
+/// Asked while a long copy is made, before it begins and after every 8 MiB; false gives it up.
+using GoOn = std::function<bool()>;
+
 /// Files and folders under drive paths (C:\Pictures\a.bmp). Look-up ignores case, the exact spelling first. A path
 /// without a drive or a leading backslash is taken from the current drive and folder, which the service keeps; the
 /// process's own working folder is never changed.
@@ -79,13 +106,30 @@ class Files {
     /// skipped; failures are those of List.
     [[nodiscard]] virtual std::vector<std::string> Folders(const std::string& folder) = 0;
 
-    /// Copies a file over whatever stands there, keeping the date and dropping the read-only mark.
-    virtual void Copy(const std::string& from, const std::string& to) = 0;
+    /// Begins to read a folder, its files as List does and its subfolders as Folders does, in one pass. Subfolders do
+    /// not count that are links or belong to the system and not to a disk, so that a walk through all of them ends. A
+    /// folder that was not found fails in Take.
+    [[nodiscard]] virtual std::unique_ptr<FolderLook> Look(const std::string& folder,
+                                                           const std::string& patterns) = 0;
+
+    /// Copies a file over whatever stands there, keeping the date and dropping the read-only mark. False when it was
+    /// given up; what stood there is as it was then.
+    virtual bool Copy(const std::string& from, const std::string& to, const GoOn& goOn = {}) = 0;
+    /// Gives a file another path, with date, content and marks, also on another drive; another spelling of its own name is
+    /// one. A link stays one, and leads where it led. Replaces nothing: 58 when anything else stands at the new path.
+    virtual void Rename(const std::string& from, const std::string& to) = 0;
+    /// The same, in the place of a file that stands there; 58 when that is a folder or read-only, 70 when it is the same
+    /// file. One of the two is there whole at any moment. False when it was given up; nothing has changed then.
+    virtual bool Move(const std::string& from, const std::string& to, const GoOn& goOn = {}) = 0;
     /// Deletes the file; 53 when there is none.
     virtual void Delete(const std::string& path) = 0;
     [[nodiscard]] virtual FileInfo Info(const std::string& path) = 0;
+    /// Takes the read-only mark from a file. 70 when the user may not.
+    virtual void ClearAttributes(const std::string& path) = 0;
     /// Makes one folder; its parent must exist.
     virtual void MakeFolder(const std::string& path) = 0;
+    /// Removes an empty folder; 75 for one that holds anything, for the root of a drive, and for a link.
+    virtual void RemoveFolder(const std::string& path) = 0;
 
     /// Makes the drive of the text ("C", "C:", "C:\...") the current one; 68 when it is absent.
     virtual void ChangeDrive(const std::string& drive) = 0;
@@ -105,6 +149,11 @@ class Files {
 
     /// Whether two paths lead to one file, by links, letters or spelling.
     [[nodiscard]] virtual bool Same(const std::string& a, const std::string& b) = 0;
+    /// The same, but two names that a disk holds for one content (hard links) are two.
+    [[nodiscard]] virtual bool SameEntry(const std::string& a, const std::string& b) = 0;
+    /// Whether a file is there in exactly this spelling, each folder of the path included. What is chosen from a list is
+    /// asked for so before it is deleted, replaced or renamed: a look-alike that stands beside it is another file.
+    [[nodiscard]] virtual bool HasExactly(const std::string& path) = 0;
 };
 
 }  // namespace tavrix

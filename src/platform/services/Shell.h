@@ -10,6 +10,10 @@ class Shell {
 
     /// Tells the desktop's list of recent documents of a file.
     virtual void AddRecent(const std::string& path) = 0;
+    /// Empties the desktop's list of recent documents, that of all programs. False when it was left as it is.
+    [[nodiscard]] virtual bool ClearRecent() = 0;
+    /// Shows an address of the web in the user's browser. False when that could not be started.
+    [[nodiscard]] virtual bool OpenAddress(const std::string& address) = 0;
     /// Starts a command line without waiting for its end. False when it could not be started.
     [[nodiscard]] virtual bool Run(const std::string& commandLine) = 0;
     /// The target of a shortcut file; empty when it has none.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/services/Files.h"
@@ -14,6 +15,14 @@ struct NumberFormat {
     friend bool operator==(const NumberFormat&, const NumberFormat&) = default;
 };
 
+/// Bytes of memory.
+struct MemoryFigures {
+    std::int64_t total = 0;             ///< of the machine
+    std::int64_t available = 0;         ///< that programs can have without any swapping
+    std::int64_t virtualTotal = 0;      ///< memory and swap
+    std::int64_t virtualAvailable = 0;  ///< of memory and swap
+};
+
 class System {
   public:
     virtual ~System() = default;
@@ -24,6 +33,8 @@ class System {
     [[nodiscard]] virtual NumberFormat Numbers() = 0;
     /// A date and a time in the short form of the user's locale.
     [[nodiscard]] virtual std::string ShortDateTime(const DateTime& moment) = 0;
+    /// All zero where the system does not tell.
+    [[nodiscard]] virtual MemoryFigures Memory() = 0;
 };
 
 }  // namespace tavrix

@@ -1,0 +1,142 @@
+#include "backends/linux/FolderReader.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <system_error>
+#include <thread>
+
+#include "backends/linux/HostFolder.h"
+
+namespace tavrix {
+
+/// What the thread is asked for, and what it answers. Both sides hold it.
+class FolderReader::Job {
+  public:
+    Job(std::string path, PatternList patterns) : path_(std::move(path)), patterns_(std::move(patterns)) {}
+
+    void Run() {
+        FolderContent content;
+        std::optional<RuntimeError> failure;
+        try {
+            ReadBoth(
+                path_, [this](const std::string& name) { return patterns_.Matches(name); },
+                [&](std::string&& name, EntryKind kind) {
+                    (kind == EntryKind::File ? content.files : content.folders).push_back(std::move(name));
+                });
+            SortAsListed(content.files);
+            SortAsListed(content.folders);
+        } catch (const RuntimeError& error) {
+            failure = error;
+        }
+        const std::lock_guard lock(mutex_);
+        content_ = std::move(content);
+        failure_ = std::move(failure);
+        done_ = true;
+        changed_.notify_all();
+    }
+
+    bool Wait(std::chrono::milliseconds time) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, time, [this] { return done_; });
+    }
+    FolderContent Take() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return done_; });
+        if (failure_) throw RuntimeError(*failure_);
+        return std::move(content_);
+    }
+
+  private:
+    std::string path_;
+    PatternList patterns_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool done_ = false;
+    FolderContent content_;
+    std::optional<RuntimeError> failure_;
+};
+
+/// What the thread runs. It outlives the reader where a call does not come back.
+class FolderReader::Worker {
+  public:
+    void Run() {
+        for (;;) {
+            std::shared_ptr<Job> job;
+            {
+                std::unique_lock lock(mutex_);
+                changed_.wait(lock, [this] { return next_ || ended_; });
+                if (ended_) return;
+                job = std::move(next_);
+                next_.reset();
+            }
+            job->Run();
+            const std::lock_guard lock(mutex_);
+            --jobs_;
+        }
+    }
+    /// Whether it took the job: it takes one while it has none.
+    bool Give(const std::shared_ptr<Job>& job) {
+        const std::lock_guard lock(mutex_);
+        if (jobs_ != 0 || ended_) return false;
+        ++jobs_;
+        next_ = job;
+        changed_.notify_all();
+        return true;
+    }
+    void End() {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        changed_.notify_all();
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::shared_ptr<Job> next_;
+    int jobs_ = 0;
+    bool ended_ = false;
+};
+
+class FolderReader::WorkersLook final : public FolderLook {
+  public:
+    WorkersLook(std::shared_ptr<Job> job, std::function<void(FolderContent&)> finish)
+        : job_(std::move(job)), finish_(std::move(finish)) {}
+
+    bool Wait(int milliseconds) override { return job_->Wait(std::chrono::milliseconds(milliseconds)); }
+    FolderContent Take() override {
+        FolderContent content = job_->Take();
+        finish_(content);
+        return content;
+    }
+
+  private:
+    std::shared_ptr<Job> job_;
+    std::function<void(FolderContent&)> finish_;
+};
+
+FolderReader::~FolderReader() {
+    if (worker_) worker_->End();
+}
+
+std::unique_ptr<FolderLook> FolderReader::Begin(const std::string& hostPath, PatternList patterns,
+                                                std::function<void(FolderContent&)> finish) {
+    auto job = std::make_shared<Job>(hostPath, std::move(patterns));
+    if (!worker_ || !worker_->Give(job)) {
+        // One that is still at a look that nobody waits for is left to itself.
+        if (worker_) worker_->End();
+        worker_ = std::make_shared<Worker>();
+        static_cast<void>(worker_->Give(job));
+        try {
+            std::thread([worker = worker_] { worker->Run(); }).detach();
+        } catch (const std::system_error&) {
+            // Without a thread the caller waits.
+            worker_.reset();
+            job->Run();
+        }
+    }
+    return std::make_unique<WorkersLook>(std::move(job), std::move(finish));
+}
+
+}  // namespace tavrix
