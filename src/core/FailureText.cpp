@@ -16,4 +16,9 @@ void TellFailure(const MainModule& module, std::string_view what, const RuntimeE
     module.app.MessageBox({.text = FailureText(what, error), .icon = forms::BoxIcon::Stop});
 }
 
+void TellFailure(const MainModule& module, std::string_view what, std::string_view path,
+                 const RuntimeError& error) {
+    module.app.MessageBox({.text = FailureText(what, path, error), .icon = forms::BoxIcon::Stop});
+}
+
 }  // namespace tavrix

@@ -16,5 +16,8 @@ namespace tavrix {
 
 /// FailureText in a box with the stop icon.
 void TellFailure(const MainModule& module, std::string_view what, const RuntimeError& error);
+/// The same with the path that it was about.
+void TellFailure(const MainModule& module, std::string_view what, std::string_view path,
+                 const RuntimeError& error);
 
 }  // namespace tavrix

@@ -29,6 +29,13 @@ bool IsGif89File(const MainModule& module, const std::string& path) {
     return UpperCase(signature) == "GIF89A";
 }
 
+void RequireExactly(const MainModule& module, const std::string& path) {
+    if (module.platform.files.HasExactly(path)) return;
+    // A drive without a disk is told as that.
+    static_cast<void>(module.platform.files.Info(path));
+    throw RuntimeError(ErrorNumber::FileNotFound);
+}
+
 bool WindowExists(const MainModule& module, const std::string& title) {
     bool exists = false;
     SkipFailure([&] { exists = module.platform.system.WindowExists(title); });

@@ -13,6 +13,10 @@ namespace tavrix {
 /// AnimateGIF89 is on. A file that cannot be read is none.
 [[nodiscard]] bool IsGif89File(const MainModule& module, const std::string& path);
 
+/// Throws RuntimeError 53 when no file stands at a path in exactly this spelling. For what is chosen from a list, before it
+/// is changed: with another spelling it would be another file.
+void RequireExactly(const MainModule& module, const std::string& path);
+
 /// Whether any process has a window with exactly this title.
 [[nodiscard]] bool WindowExists(const MainModule& module, const std::string& title);
 

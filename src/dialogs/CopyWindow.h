@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/MainModule.h"
@@ -17,10 +18,17 @@ class CopyWindow {
 
     /// Puts a text on the label and lets messages run.
     void Tell(const std::string& text);
+    /// The same for one of many texts: those that nobody could read are left out, since painting takes longer than copying
+    /// a small file.
+    void Progress(const std::string& text);
+    /// Takes the window from the screen while a question is open.
+    void Hide();
+    void Show();
     void Close();
 
   private:
     MainModule& module_;
+    std::optional<forms::Milliseconds> painted_;  ///< when a text was last put on the label
     bool open_ = true;
 };
 

@@ -12,12 +12,19 @@ QuickFolders QuickFoldersOf(const MainModule& module) {
 }
 
 FolderButton::FolderButton(forms::Form& form, const MainModule& module, forms::CommandButton& button,
-                           FolderLists& lists, std::function<QuickFolders()> quickFolders)
-    : mnuPopup(form, "mnuPopup", ""),
+                           FolderLists& lists, std::function<QuickFolders()> quickFolders, const Popup& popup)
+    : mnuPopup(form, std::string("mnuPopup") + popup.suffix, ""),
+      mnuCloseMenu(mnuPopup, std::string("mnuCloseMenu") + popup.suffix, ">>  Close Menu  <<          (Esc)"),
+      mnuLine1(mnuPopup, std::string("mnuLine1") + popup.suffix, "-"),
+      mnuFolder1(mnuPopup, std::string("mnuFolder1") + popup.suffix, ""),
+      mnuFolder2(mnuPopup, std::string("mnuFolder2") + popup.suffix, ""),
+      mnuFolder3(mnuPopup, std::string("mnuFolder3") + popup.suffix, ""),
+      mnuFolder4(mnuPopup, std::string("mnuFolder4") + popup.suffix, ""),
       form_(form),
       module_(module),
       lists_(lists),
-      quickFolders_(std::move(quickFolders)) {
+      quickFolders_(std::move(quickFolders)),
+      closeEntryIsDefault_(popup.closeEntryIsDefault) {
     button.Caption = Caption;
     button.ToolTip = ToolTip;
     button.AccessibleName = "Favorite Folder";
@@ -42,7 +49,7 @@ void FolderButton::CmdFF_MouseDown(int mouseButton) {
         entries_[index]->Caption = folders.names[index];
         entries_[index]->Visible = !folders.names[index].empty();
     }
-    form_.PopupMenu(mnuPopup, nullptr);
+    form_.PopupMenu(mnuPopup, closeEntryIsDefault_ ? &mnuCloseMenu : nullptr);
 }
 
 void FolderButton::mnuFolder_Click(std::size_t index) {

@@ -1,5 +1,7 @@
 #include "dialogs/FolderLists.h"
 
+#include <optional>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/FailureText.h"
@@ -7,8 +9,8 @@
 namespace tavrix {
 
 FolderLists::FolderLists(const MainModule& module, forms::DriveListBox& drives, forms::DirListBox& folders,
-                         forms::FileListBox* files)
-    : module_(module), drives_(drives), folders_(folders), files_(files) {
+                         forms::FileListBox* files, BadDrive badDrive)
+    : module_(module), drives_(drives), folders_(folders), files_(files), badDrive_(badDrive) {
     drives_.OnChange = [this] { Drive1_Change(); };
     folders_.OnChange = [this] { Dir1_Change(); };
     folders_.OnOpenFailure = [this](const std::string& path, const RuntimeError& error) {
@@ -26,12 +28,27 @@ std::string FolderLists::Folder() const {
 }
 
 void FolderLists::Drive1_Change() {
+    std::optional<forms::BusyGuard> busy;
+    if (badDrive_ == BadDrive::Program && !module_.Busy()) busy.emplace(module_.Screen());
     try {
         folders_.Path = drives_.Drive;
     } catch (const RuntimeError&) {
-        module_.app.MessageBox({.text = "The selected drive is currently not available..."});
-        SkipFailure([this] { drives_.Drive = Left(folders_.Path.Get(), 2); });
+        busy.reset();
+        TellBadDrive();
     }
+}
+
+void FolderLists::TellBadDrive() {
+    forms::BoxRequest box{.text = "The selected drive is currently not available..."};
+    if (badDrive_ == BadDrive::Program) box.icon = forms::BoxIcon::Exclamation;
+    module_.app.MessageBox(box);
+    SkipFailure([this] {
+        if (badDrive_ == BadDrive::Program) {
+            GoTo(module_.AppPath);
+        } else {
+            drives_.Drive = Left(folders_.Path.Get(), 2);
+        }
+    });
 }
 
 void FolderLists::Dir1_Change() {
@@ -41,8 +58,7 @@ void FolderLists::Dir1_Change() {
 }
 
 void FolderLists::TellOpenFailure(const std::string& path, const RuntimeError& error) {
-    module_.app.MessageBox(
-        {.text = FailureText("Unable to change directory to:", path, error), .icon = forms::BoxIcon::Stop});
+    TellFailure(module_, "Unable to change directory to:", path, error);
     folders_.Refresh();
 }
 

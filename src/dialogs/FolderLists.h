@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -10,14 +11,19 @@
 
 namespace tavrix {
 
+/// What the lists of a dialog do about a drive that cannot be read, once the user has been told.
+enum class BadDrive : std::uint8_t {
+    Returns,  ///< the drive list returns to the drive of the folder list
+    Program   ///< drive and folder list go to the program's folder; the work is under the hourglass
+};
+
 /// The drive, folder and file lists of a dialog, chained: a change of the drive gives the folder list the drive, and
-/// a change of the folder gives the file list the path. A drive that cannot be read brings a message, and the drive
-/// list returns to the drive of the folder list.
+/// a change of the folder gives the file list the path.
 class FolderLists {
   public:
     /// `files` may be null. The controls outlive this object, which takes their change events.
     FolderLists(const MainModule& module, forms::DriveListBox& drives, forms::DirListBox& folders,
-                forms::FileListBox* files);
+                forms::FileListBox* files, BadDrive badDrive = BadDrive::Returns);
     FolderLists(const FolderLists&) = delete;
     FolderLists& operator=(const FolderLists&) = delete;
 
@@ -33,12 +39,14 @@ class FolderLists {
   private:
     void Drive1_Change();
     void Dir1_Change();
+    void TellBadDrive();
     void TellOpenFailure(const std::string& path, const RuntimeError& error);
 
     const MainModule& module_;
     forms::DriveListBox& drives_;
     forms::DirListBox& folders_;
     forms::FileListBox* files_;
+    BadDrive badDrive_;
 };
 
 }  // namespace tavrix

@@ -14,12 +14,16 @@ void Refuse(const MainModule& module, const char* text) {
 }
 
 /// A usable name; nothing when the user gave up.
-std::optional<std::string> AskForName(const MainModule& module) {
+std::optional<std::string> AskForName(const MainModule& module, const NewFolderWords& words) {
+    std::string offered = words.name;
     for (;;) {
-        const std::string answer =
-            module.app.InputBox({.prompt = "Enter the name of the folder to create:", .title = "New Folder"})
-                .value_or("");
+        const std::string answer = module.app
+                                       .InputBox({.prompt = "Enter the name of the folder to create:",
+                                                  .title = words.title,
+                                                  .text = offered})
+                                       .value_or("");
         if (answer.empty()) return std::nullopt;
+        if (words.offersAnswer) offered = answer;
         std::string name = Trim(answer);
         if (name.starts_with('\\')) name.erase(0, 1);
         if (name.ends_with('\\')) name.pop_back();
@@ -39,9 +43,9 @@ std::optional<std::string> AskForName(const MainModule& module) {
 
 }  // namespace
 
-void CmdNewFolder_Click(const MainModule& module, FolderLists& lists) {
+void CmdNewFolder_Click(const MainModule& module, FolderLists& lists, const NewFolderWords& words) {
     if (module.Busy()) return;  // a second press while the folder of the first is being made
-    const std::optional<std::string> name = AskForName(module);
+    const std::optional<std::string> name = AskForName(module, words);
     if (!name) return;
     std::optional<RuntimeError> failure;
     {

@@ -18,6 +18,11 @@ void WaitCopyFrm::Form_Load() {
     module_.CancelCopy = false;
 }
 
+void WaitCopyFrm::Form_Unload(bool& /*cancel*/) {
+    // Whoever closes the window by its frame has no way left to stop the copying.
+    module_.CancelCopy = true;
+}
+
 void WaitCopyFrm::CmdCancel_Click() {
     module_.CancelCopy = true;
 }

@@ -15,6 +15,7 @@ class WaitCopyFrm final : public forms::Form {
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
 
     void Form_Load() override;
+    void Form_Unload(bool& cancel) override;
 
   private:
     void CmdCancel_Click();

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/HelpContexts.h"
+#include "core/ImageKinds.h"
 #include "core/NumberText.h"
 #include "viewer/MainViewFrm.h"
 
@@ -16,21 +17,6 @@ namespace {
 
 constexpr const char* Unknown = "Unknown...";
 constexpr const char* Rule = "_____________________";
-
-struct FileType {
-    const char* ending;
-    const char* text;
-};
-constexpr FileType FileTypes[] = {{".JPG", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
-                                  {".JIF", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
-                                  {".JPE", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
-                                  {".JPEG", "JPEG (.JPG, .JIF, .JPE or .JPEG)"},
-                                  {".WMF", "Windows Meta File (.WMF)"},
-                                  {".EMF", "Enhanced Metafile (.EMF)"},
-                                  {".ICO", "Windows Icon (.ICO)"},
-                                  {".BMP", "Windows Bitmap (.BMP)"},
-                                  {".DIB", "Device Independent Bitmap (.DIB)"},
-                                  {".CUR", "Mouse Cursor (.CUR)"}};
 
 /// What a statement gives, or the word for what cannot be found out.
 template <class Statement>
@@ -57,9 +43,8 @@ std::string TypeOf(const MainModule& module, const std::string& path) {
         return TextOrUnknown(
             [&] { return "Graphics Interchange Format (" + Printable(GifSignature(module, path)) + ")"; });
     }
-    for (const FileType& type : FileTypes) {
-        if (EndsInIgnoringCase(path, type.ending)) return type.text;
-    }
+    const ImageKind* const kind = ImageKindOf(path);
+    if (kind != nullptr && !kind->typeName.empty()) return std::string(kind->typeName);
     return "RLE4 or RLE8 Compressed Bitmap (.RLE)";
 }
 

@@ -1,11 +1,13 @@
 #include "viewer/ImageTypes.h"
 
 #include "base/Text.h"
+#include "core/ImageKinds.h"
 
 namespace tavrix {
 
 bool IsImportOnly(const std::string& path) {
-    return EndsInIgnoringCase(path, ".TGA") || EndsInIgnoringCase(path, ".PCX");
+    const ImageKind* const kind = ImageKindOf(path);
+    return kind != nullptr && !kind->opens;
 }
 
 std::string ImportFirstText(const std::string& path) {

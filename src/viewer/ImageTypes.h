@@ -4,10 +4,6 @@
 
 namespace tavrix {
 
-/// The files that the lists of images to open show.
-inline constexpr const char* ImagePattern =
-    "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico;*.wmf;*.emf;*.rle;*.cur";
-
 /// Whether a file is of a kind that has to be imported.
 [[nodiscard]] bool IsImportOnly(const std::string& path);
 /// What a user is told who drops such a file.

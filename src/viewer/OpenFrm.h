@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "core/ImageKinds.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
 #include "platform/forms/Application.h"
@@ -32,7 +33,7 @@ class OpenFrm final : public forms::Form {
 
   public:
     forms::Label lblFiles{*this, "lblFiles"};
-    forms::FileListBox File1{*this, "File1", module_.platform.files, ImagePattern};
+    forms::FileListBox File1{*this, "File1", module_.platform.files, PatternOf(ImagesShown::Opening)};
     forms::Label lblFolders{*this, "lblFolders"};
     forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
     forms::Label lblDrives{*this, "lblDrives"};

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "core/FloppyPrompt.h"
 #include "core/Folders.h"
+#include "core/ImageKinds.h"
 #include "core/RecentLists.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
@@ -18,16 +19,19 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The last four characters of a command line that names an image. The one of five characters never matches, on
-/// purpose: such a name is no command.
-constexpr std::array ImageEndings{".BMP"sv, ".DIB"sv, ".JPG"sv, ".JIF"sv, ".JPE"sv, ".JPEG"sv,
-                                  ".GIF"sv, ".WMF"sv, ".EMF"sv, ".ICO"sv, ".RLE"sv, ".CUR"sv};
-
 constexpr std::array HelpWords{"?"sv, "HELP"sv, "H"sv};
 constexpr std::array AboutWords{"ABOUT"sv, "A"sv};
 constexpr std::array EditorWords{"SHOW"sv, "S"sv, "SLIDE"sv, "SLIDE SHOW"sv, "SLIDES"sv};
 constexpr std::array OpenWords{"OPEN"sv, "O"sv};
 constexpr std::array ThumbnailWords{"THUMBNAIL"sv, "T"sv};
+
+/// Whether a command line names an image, by its last four characters. An ending of five never matches, on purpose:
+/// such a name is no command.
+bool NamesImage(const std::string& command) {
+    const std::string ending = UpperCase(Right(command, 4));
+    return std::ranges::any_of(ImageKinds,
+                               [&](const ImageKind& kind) { return kind.opens && kind.ending == ending; });
+}
 
 bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
     return std::ranges::find(words, word) != words.end();
@@ -81,7 +85,7 @@ void ReadCommandText(MainViewFrm& view) {
     view.StartAction = StartDialog::None;
     bool shown = false;
 
-    if (IsOneOf(UpperCase(Right(command, 4)), ImageEndings)) {
+    if (NamesImage(command)) {
         module.CurrentImage = FullPath(module, command);
         const std::string image = module.CurrentImage;
         if (IsOnFloppy(image) && !PassesFloppyGuard(module, image, ImageOnFloppy))

@@ -149,5 +149,22 @@ TEST_F(FolderButtonTest, AQuickFolderWithoutItsDiskLeavesTheLists) {
     EXPECT_EQ(Now(), At("C:\\Pictures"));
 }
 
+TEST_F(FolderButtonTest, TwoButtonsOfOneWindowHaveAPopupEach) {
+    std::vector<std::string> names;
+    for (const forms::Menu* entry : dialog.FavoriteButton2.mnuPopup.Entries())
+        names.push_back(entry->Name());
+    EXPECT_EQ(dialog.FavoriteButton2.mnuPopup.Name(), "mnuPopup2");
+    EXPECT_EQ(names, (std::vector<std::string>{"mnuCloseMenu2", "mnuLine12", "mnuFolder12", "mnuFolder22",
+                                               "mnuFolder32", "mnuFolder42"}));
+    MouseDown(dialog.CmdFF, forms::MouseButton::Right);
+    MouseDown(dialog.CmdFF2, forms::MouseButton::Right);
+    ASSERT_EQ(toolkit.Popups().size(), 2U);
+    EXPECT_EQ(toolkit.Popups()[0].defaultEntry, nullptr);
+    EXPECT_NE(toolkit.Popups()[1].defaultEntry, nullptr);
+    Press(dialog.CmdFF2);
+    EXPECT_EQ(dialog.Dir2.Path.Get(), "D:\\Photos");
+    EXPECT_EQ(Now(), At("C:\\Pictures"));
+}
+
 }  // namespace
 }  // namespace tavrix::test

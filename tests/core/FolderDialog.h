@@ -16,6 +16,10 @@ class FolderDialog final : public forms::Form {
     FolderDialog(forms::Application& application, const MainModule& module)
         : Form(application, {.name = "FolderDialog"}), module_(module) {
         CmdNew.OnClick = [this] { CmdNewFolder_Click(module_, Lists); };
+        CmdNew2.OnClick = [this] {
+            CmdNewFolder_Click(module_, Lists2,
+                               {.title = "Tavrix", .name = "New Folder", .offersAnswer = true});
+        };
     }
 
   private:
@@ -29,6 +33,18 @@ class FolderDialog final : public forms::Form {
     forms::CommandButton CmdNew{*this, "CmdNew"};
     FolderLists Lists{module_, Drive1, Dir1, &File1};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
+    // The other side of a dialog with two.
+    forms::DriveListBox Drive2{*this, "Drive2", module_.platform.files, module_.platform.drives};
+    forms::DirListBox Dir2{*this, "Dir2", module_.platform.files};
+    forms::CommandButton CmdFF2{*this, "CmdFF2"};
+    forms::CommandButton CmdNew2{*this, "CmdNew2"};
+    FolderLists Lists2{module_, Drive2, Dir2, nullptr, BadDrive::Program};
+    FolderButton FavoriteButton2{*this,
+                                 module_,
+                                 CmdFF2,
+                                 Lists2,
+                                 [this] { return QuickFoldersOf(module_); },
+                                 {.suffix = "2", .closeEntryIsDefault = true}};
 };
 
 /// The dialog on a machine with A: (no disk), C: and D:, on show in C:\Pictures.

@@ -135,5 +135,25 @@ TEST_F(FolderListsTest, TheListsComeUpWhereTheCurrentFolderCannotBeTold) {
     EXPECT_GT(other.Dir1.ListCount(), 0);
 }
 
+TEST_F(FolderListsTest, ABadDriveMaySendTheListsToTheProgramsFolder) {
+    platform.disks.PutFolder("C:\\Tavrix");
+    forms::MousePointer duringBox = forms::MousePointer::Hourglass;
+    Expect({.text = "The selected drive is currently not available...",
+            .icon = forms::BoxIcon::Exclamation,
+            .whileOpen = [&] { duringBox = toolkit.ScreenPointer(); }});
+    dialog.Lists2.GoTo("D:\\");
+    dialog.Drive2.Deliver(forms::RowEvent{RowOfA});
+    EXPECT_EQ(dialog.Drive2.Drive.Get(), "C:");
+    EXPECT_EQ(dialog.Dir2.Path.Get(), "C:\\Tavrix");
+    EXPECT_EQ(duringBox, forms::MousePointer::Default);
+    EXPECT_FALSE(module.Busy());
+    forms::MousePointer whileRead = forms::MousePointer::Default;
+    platform.faults.AtNth(Service::Files, 1, [&] { whileRead = toolkit.ScreenPointer(); });
+    dialog.Drive2.Deliver(forms::RowEvent{RowOfD});
+    EXPECT_EQ(dialog.Dir2.Path.Get(), "D:\\");
+    EXPECT_EQ(whileRead, forms::MousePointer::Hourglass);
+    EXPECT_EQ(Now(), At("C:\\Pictures"));  // the other side stays
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -140,6 +140,7 @@ class SpaceDrives final : public Drives {
     DriveType Type(const std::string&) override { return DriveType::Fixed; }
     DiskSpace Space(const std::string&) override { return space; }
     std::int64_t FreeBytes(const std::string&) override { return 0; }
+    std::string RemovableDevice(const std::string&) override { return {}; }
 
     DiskSpace space;
 };

@@ -177,5 +177,25 @@ TEST_F(NewFolderTest, TheDialogMayBeClosedWhileMessagesRun) {
     EXPECT_FALSE(module.Busy());
 }
 
+TEST_F(NewFolderTest, ADialogMayOfferANameAndTheRefusedOneAgain) {
+    dialog.Lists2.GoTo("D:\\");
+    const auto answer = [this](const std::string& offered, std::optional<std::string> reply) {
+        toolkit.ExpectInput({.prompt = "Enter the name of the folder to create:",
+                             .title = "Tavrix",
+                             .text = offered,
+                             .reply = std::move(reply)});
+    };
+    answer("New Folder", "a\\b");
+    ExpectRefusal(Backslash);
+    answer("a\\b", "  \\  ");
+    ExpectRefusal(NoName);
+    answer("  \\  ", "c:d");
+    ExpectRefusal(Colon);
+    answer("c:d", "\\Plain\\");
+    Press(dialog.CmdNew2);
+    EXPECT_TRUE(platform.disks.Exists("D:\\Plain"));
+    EXPECT_EQ(dialog.Dir2.Path.Get(), "D:\\Plain");
+}
+
 }  // namespace
 }  // namespace tavrix::test

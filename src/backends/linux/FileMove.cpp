@@ -72,7 +72,8 @@ void FileMove::MakeLink(const std::string& to, const std::string& leadsTo, bool 
 
 bool FileMove::CopyTo(const std::string& to, bool replaces, const GoOn& goOn) const {
     // A copy whose original could not go would be a second file.
-    if (::access(HostFolderOf(source.path).c_str(), W_OK | X_OK) != 0) throw ErrorOf(errno);
+    if (::faccessat(AT_FDCWD, HostFolderOf(source.path).c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        throw ErrorOf(errno);
     const FileDescriptor content = OpenForReading(source.path);
     TargetFile::Options whole = options;
     whole.newMode = source.status.st_mode & 0777U;

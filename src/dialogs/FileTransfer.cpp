@@ -1,0 +1,94 @@
+#include "dialogs/FileTransfer.h"
+
+#include <utility>
+
+#include "base/Text.h"
+#include "core/FailureText.h"
+#include "core/FileServices.h"
+
+namespace tavrix {
+
+FileTransfer::FileTransfer(MainModule& module, CopyWindow& window, TransferAct act, TransferWords words)
+    : module_(module), window_(window), act_(act), words_(std::move(words)) {}
+
+TransferEnd FileTransfer::Run(std::span<const TransferItem> items) {
+    for (const TransferItem& item : items) {
+        try {
+            switch (Take(item)) {
+                case Turn::Next:
+                    break;
+                case Turn::Stop:
+                    return TransferEnd::Stopped;
+                case Turn::Cancel:
+                    return TransferEnd::Canceled;
+            }
+        } catch (const RuntimeError& error) {
+            window_.Close();
+            TellFailure(module_, words_.failure, words_.failureTellsPath ? item.from : item.name, error);
+            return TransferEnd::Failed;
+        }
+    }
+    return TransferEnd::Done;
+}
+
+FileTransfer::Turn FileTransfer::Take(const TransferItem& item) {
+    module_.DoEvents();
+    if (module_.CancelCopy) return Turn::Cancel;
+    window_.Progress(words_.doing + std::string(NewLine2) + item.name);
+    if (module_.platform.files.Same(item.from, item.to)) return Turn::Next;
+    if (!words_.replace.empty() && module_.platform.files.FileExists(item.to)) {
+        const forms::Answer answer = AskToReplace(item);
+        if (answer == forms::Answer::Cancel) return Turn::Stop;
+        if (answer == forms::Answer::No) return Turn::Next;
+    }
+    if (OnRefuse && OnRefuse(item)) return Turn::Next;
+    return Act(item);
+}
+
+forms::Answer FileTransfer::AskToReplace(const TransferItem& item) {
+    window_.Hide();
+    const forms::Answer answer = module_.app.MessageBox(
+        {.text = words_.exists + std::string(NewLine2) + item.name + std::string(NewLine2) + words_.replace,
+         .icon = forms::BoxIcon::Question,
+         .buttons = forms::BoxButtons::YesNoCancel});
+    window_.Show();
+    module_.DoEvents();
+    return answer;
+}
+
+FileTransfer::Turn FileTransfer::Act(const TransferItem& item) {
+    for (;;) {
+        try {
+            if (!Bring(item)) return Turn::Cancel;
+            break;
+        } catch (const RuntimeError& error) {
+            if (error.Number() != ErrorNumber::DiskNotReady || !OnNoDisk) throw;
+        }
+        window_.Hide();
+        const bool again = OnNoDisk();
+        if (!again) return Turn::Stop;
+        window_.Show();
+    }
+    if (act_ == TransferAct::CopyThenRemove) {
+        try {
+            module_.platform.files.Delete(item.from);
+        } catch (const RuntimeError& error) {
+            return OnSourceStays && OnSourceStays(item, error) ? Turn::Next : Turn::Stop;
+        }
+    }
+    if (OnDone) OnDone(item);
+    return Turn::Next;
+}
+
+bool FileTransfer::Bring(const TransferItem& item) {
+    RequireExactly(module_, item.from);
+    const GoOn goOn = [this] {
+        module_.DoEvents();
+        return !module_.CancelCopy;
+    };
+    Files& files = module_.platform.files;
+    return act_ == TransferAct::Move ? files.Move(item.from, item.to, goOn)
+                                     : files.Copy(item.from, item.to, goOn);
+}
+
+}  // namespace tavrix
