@@ -191,10 +191,6 @@ std::optional<MainViewPlacement> MainViewFrm::Placement() const {
     return MainViewPlacement{Left, Top, Width, Height};
 }
 
-void MainViewFrm::ShowTitleOf(const std::string& path) {
-    Caption = std::string(ProductName) + " - [" + path + "]";
-}
-
 void MainViewFrm::mnuTopmost_Click() {
     if (module_.Busy()) return;
     const bool topmost = !menu.mnuTopmost.Checked;

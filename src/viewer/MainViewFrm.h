@@ -14,6 +14,7 @@
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/ScrollBar.h"
 #include "viewer/FullScreenCorner.h"
+#include "viewer/ImageOnShow.h"
 #include "viewer/MainMenu.h"
 #include "viewer/Selection.h"
 
@@ -56,6 +57,7 @@ class MainViewFrm final : public forms::Form {
     FullScreenCorner fullScreenCorner{*this};
 
     Selection selection{MainImage};
+    ImageOnShow imageOnShow{*this};
     StartDialog StartAction = StartDialog::None;
     bool FirstActivation = false;
 
@@ -91,8 +93,6 @@ class MainViewFrm final : public forms::Form {
     void ShowBackgroundColor();
     /// Scrolls to the upper left corner.
     void ScrollHome();
-    /// The title bar with the path of an image.
-    void ShowTitleOf(const std::string& path);
 
   private:
     void hsbPict_Change();

@@ -10,9 +10,7 @@
 #include "core/FloppyPrompt.h"
 #include "core/Folders.h"
 #include "core/ImageKinds.h"
-#include "core/RecentLists.h"
 #include "viewer/MainViewFrm.h"
-#include "viewer/MenuState.h"
 
 namespace tavrix {
 namespace {
@@ -39,18 +37,16 @@ bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
 
 /// Whether the image is on show now.
 bool ShowCurrentImage(MainViewFrm& view) {
-    MainModule& module = view.Module();
+    const MainModule& module = view.Module();
     try {
         view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage);
     } catch (const RuntimeError&) {
         // At the start a failure brings no message.
         view.MainImage.Picture = view.ImageDefault.Picture;
-        module.CurrentImage.clear();
+        view.imageOnShow.Forget();
         return false;
     }
-    view.ShowTitleOf(module.CurrentImage);
-    AddRecentFile(module, module.CurrentImage);
-    SetImageLoadedMenus(view);
+    view.imageOnShow.Opened(module.CurrentImage);
     return true;
 }
 
@@ -103,9 +99,8 @@ void ReadCommandText(MainViewFrm& view) {
     // later start without a word shows it.
     if (!shown) {
         module.LastOpenedStays = module.config.DisplayLastOpened && !module.CurrentImage.empty();
-        module.CurrentImage.clear();
+        view.imageOnShow.Forget();
     }
-    if (module.CurrentImage.empty()) ResetEmptyView(view);
 }
 
 }  // namespace tavrix

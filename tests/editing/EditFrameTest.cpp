@@ -4,6 +4,7 @@
 
 #include "EditingTest.h"
 #include "core/UnsavedImage.h"
+#include "editing/frame/WorkingFile.h"
 
 namespace tavrix::test {
 namespace {

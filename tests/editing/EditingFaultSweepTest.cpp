@@ -104,8 +104,7 @@ class EditingFaultSweep : public ::testing::TestWithParam<std::tuple<Operation, 
         const std::string copy = machine.disks.Content(program.module.CurrentImage).value_or("");
         if (operation.copied) {
             machine.disks.PutFile(Copy, copy);
-            program.module.CurrentImage = Copy;
-            program.View().ShowTitleOf(Copy);
+            program.View().imageOnShow.Become(Copy);
         }
 
         machine.faults.FailNth(service, call, ErrorNumber::PermissionDenied);

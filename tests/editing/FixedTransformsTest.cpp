@@ -4,6 +4,7 @@
 #include <string>
 
 #include "EditingTest.h"
+#include "editing/resizing/ResizeImage.h"
 
 namespace tavrix::test {
 namespace {
@@ -210,11 +211,15 @@ TEST_F(FixedTransforms, OneSideAbove10000PixelsIsNoRefusal) {
 
 TEST_F(FixedTransforms, BothSidesAbove10000PixelsAreRefused) {
     StartWithImage(30, 20);
+    const EditFrame edit(View(), {.undo = "&Undo Resize"});
+    const auto resize = [&](int width, int height) {
+        edit.RunFromMenu([&] { return ResizeImage(View(), edit, width, height); });
+    };
     Expect({.text = NoLarger});
-    ResizeImage(View(), 10000 * 15 + 1, 10000 * 15 + 1);
+    resize(10000 * 15 + 1, 10000 * 15 + 1);
     EXPECT_EQ(module.CurrentImage, Opened);
     ExpectShown(Different(30, 20));
-    ResizeImage(View(), 10000 * 15 + 15, 15);
+    resize(10000 * 15 + 15, 15);
     ExpectSize(10001, 1);
 }
 

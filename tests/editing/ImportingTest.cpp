@@ -128,8 +128,7 @@ TEST_F(ImportingTest, TheSelectionsFlagStaysAndItsOutlineGoesWithThePicture) {
     ExpectBlackButTheFirst();
 
     platform.pictures.SaveBitmap(PlainPicture(30, 20, Black).pixels->Whole(), Working);
-    module.CurrentImage = Gif;
-    View().ShowTitleOf(Gif);
+    View().imageOnShow.Become(Gif);
     View().selection.SelectionShown = false;
     Select(1, 1, 4, 3);
     EXPECT_FALSE(Choose(View().menu.mnuTempFile));

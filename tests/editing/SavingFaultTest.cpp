@@ -103,8 +103,7 @@ constexpr std::array<Doing, 11> Doings{{
      false, true},
     {"export jpg by a bitmap",
      [](OneProcess& program) {
-         program.module.CurrentImage = "C:\\p\\other.dib";
-         program.View().ShowTitleOf(program.module.CurrentImage);
+         program.View().imageOnShow.Become("C:\\p\\other.dib");
          Export<ExportJpgFrm>(program, "ExportJpgFrm", program.View().menu.mnuExportJPG);
      },
      true, true},

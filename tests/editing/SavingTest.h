@@ -147,8 +147,7 @@ class SavingTest : public ViewerTest {
     void MakeUnsaved(int width, int height, Pixel colour) {
         View().MainImage.Picture = PlainPicture(width, height, colour);
         platform.pictures.SaveBitmap(View().MainImage.Image().pixels->Whole(), Working);
-        module.CurrentImage = Working;
-        View().ShowTitleOf(Working);
+        View().imageOnShow.Become(Working);
     }
     /// How often a service was asked for something, counted by the start of the note.
     [[nodiscard]] long Asked(const std::string& start) const {

@@ -31,8 +31,7 @@ class OpeningTest : public ViewerTest {
     /// An edit has made the image on show the working file.
     void Edit(const std::string& path = Unsaved) {
         PutPicture(path, 60, 50);
-        module.CurrentImage = path;
-        View().ShowTitleOf(path);
+        View().imageOnShow.Become(path);
     }
 };
 

@@ -6,7 +6,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "editing/clipboard/SelectedArea.h"
-#include "editing/frame/EditFrame.h"
+#include "editing/frame/ScratchPicture.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {

@@ -7,12 +7,14 @@
 #include "core/HelpContexts.h"
 #include "editing/clipboard/SelectedArea.h"
 #include "editing/frame/EditFrame.h"
+#include "editing/frame/ScratchPicture.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 namespace {
 
-constexpr const char* NotWritten = "Unable to write new image data to a temporary file.";
+constexpr EditWords Words{.undo = "&Undo Crop",
+                          .notWritten = "Unable to write new image data to a temporary file."};
 
 void TellNothingSelected(const MainViewFrm& view) {
     view.App().MessageBox(
@@ -37,19 +39,17 @@ void mnuCrop_Click(MainViewFrm& view) {
         TellNothingSelected(view);
         return;
     }
-    if (RefuseUnread(view, NotWritten)) return;
-    view.menu.mnuUndo.Caption = "&Undo Crop";
-    SaveUndoCopy(view);
-    SkipFailure([&] { TakeWidthOfSelection(view); });
-    SkipFailure([&] { TakeHeightOfSelection(view); });
-    SkipFailure([&] { CopySelectionToPictureTemp(view, 0); });
-    SkipFailure([&] { view.MainImage.Picture = ImageOfPictureTemp(view); });
-    module.DoEvents();
-    ClearPictureTemp(view);
-    module.DoEvents();
-    view.Form_Resize();
-    view.ScrollHome();
-    CommitEdit(view, NotWritten);
+    EditFrame(view, Words).Run([&] {
+        SkipFailure([&] { TakeWidthOfSelection(view); });
+        SkipFailure([&] { TakeHeightOfSelection(view); });
+        SkipFailure([&] { CopySelectionToPictureTemp(view, 0); });
+        SkipFailure([&] { view.MainImage.Picture = ImageOfPictureTemp(view); });
+        module.DoEvents();
+        ClearPictureTemp(view);
+        module.DoEvents();
+        view.imageOnShow.LayOut();
+        return EditResult::Made;
+    });
 }
 
 }  // namespace tavrix

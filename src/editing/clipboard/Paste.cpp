@@ -8,6 +8,8 @@
 #include "editing/clipboard/SelectedArea.h"
 #include "editing/creating/CentreCopy.h"
 #include "editing/frame/EditFrame.h"
+#include "editing/frame/ScratchPicture.h"
+#include "editing/frame/WorkingFile.h"
 #include "editing/resizing/StretchCopy.h"
 #include "viewer/MainViewFrm.h"
 
@@ -16,7 +18,8 @@ namespace {
 
 using forms::Answer;
 
-constexpr const char* NotWritten = "Unable to write clipboard data to a temporary file.";
+constexpr EditWords Words{.undo = "&Undo Paste",
+                          .notWritten = "Unable to write clipboard data to a temporary file."};
 
 enum class Fit { Stretched, Cut };
 
@@ -69,14 +72,27 @@ std::optional<RuntimeError> BringClipboard(MainViewFrm& view, std::optional<Fit>
         }
         module.DoEvents();
         ClearPictureTemp(view);
-        view.Form_Resize();
-        view.ScrollHome();
+        view.imageOnShow.LayOut();
         view.picFrame.Visible = true;
         module.DoEvents();
     } catch (const RuntimeError& error) {
         return error;
     }
     return std::nullopt;
+}
+
+EditResult Paste(MainViewFrm& view) {
+    std::optional<Fit> fit;
+    if (view.selection.SelectionShown) {
+        const Answer answer = AskWhetherToStretch(view);
+        if (answer == Answer::Cancel) return EditResult::Refused;
+        fit = answer == Answer::Yes ? Fit::Stretched : Fit::Cut;
+    }
+    if (const auto error = BringClipboard(view, fit)) {
+        EndWithoutImage(view, "Unable to get image from the clipboard.", *error);
+        return EditResult::Refused;
+    }
+    return EditResult::Made;
 }
 
 }  // namespace
@@ -91,20 +107,7 @@ void mnuPaste_Click(MainViewFrm& view) {
                                        "An image has not been copied to the clipboard yet..."});
         return;
     }
-    if (RefuseUnread(view, NotWritten)) return;
-    view.menu.mnuUndo.Caption = "&Undo Paste";
-    SaveUndoCopy(view);
-    std::optional<Fit> fit;
-    if (view.selection.SelectionShown) {
-        const Answer answer = AskWhetherToStretch(view);
-        if (answer == Answer::Cancel) return;
-        fit = answer == Answer::Yes ? Fit::Stretched : Fit::Cut;
-    }
-    if (const auto error = BringClipboard(view, fit)) {
-        EndWithoutImage(view, "Unable to get image from the clipboard.", *error);
-        return;
-    }
-    CommitEdit(view, NotWritten);
+    EditFrame(view, Words).Run([&] { return Paste(view); });
 }
 
 }  // namespace tavrix

@@ -14,11 +14,11 @@
 #include "editing/creating/CentreCopy.h"
 #include "editing/creating/NewImagePicture.h"
 #include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
 #include "imaging/graphics/Draw.h"
 #include "platform/forms/Twips.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
-#include "viewer/Opening.h"
 
 namespace tavrix {
 
@@ -214,8 +214,7 @@ void NewImageFrm::Create(const ImageSize& size) {
                                   std::string(NewLine2) + error.Description() + "...",
                           .icon = forms::BoxIcon::Exclamation});
         work.Release();
-        module_.CurrentImage.clear();
-        mnuClear_Click(view_);
+        view_.imageOnShow.Clear();
         App().Unload(*this);
         return;
     }
@@ -239,8 +238,7 @@ void NewImageFrm::MakeImage(const ImageSize& size) {
         FillBox(bitmap, {0, 0, bitmap.Width(), bitmap.Height()}, ToPixel(Picture1.BackColor));
     }
     CommitWorkingFile(view_);
-    view_.Form_Resize();
-    view_.ScrollHome();
+    view_.imageOnShow.LayOut();
     if (CheckPaste.Value) PasteCentred();
     module_.config.NewGetsClipboard = CheckPaste.Value;
     module_.DoEvents();

@@ -5,7 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "core/UnsavedImage.h"
-#include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
 #include "editing/frame/WorkingImage.h"
 #include "viewer/MainViewFrm.h"
 
@@ -51,8 +51,7 @@ void mnuCaptureDesktop_Click(MainViewFrm& view) {
     view.Show();
     if (!captured) return;
     module.DoEvents();
-    view.Form_Resize();
-    view.ScrollHome();
+    view.imageOnShow.LayOut();
     KeepWorkingImage(view, Words);
 }
 

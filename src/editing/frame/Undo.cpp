@@ -8,6 +8,7 @@
 #include "core/Folders.h"
 #include "core/UnsavedImage.h"
 #include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -16,7 +17,7 @@ namespace {
 /// Loads the undo file and writes it to the working file, which is the image from then on: a file of the user's is
 /// never written. The failure where there is one; the image is then the one that it was.
 std::optional<RuntimeError> BringBack(MainViewFrm& view) {
-    MainModule& module = view.Module();
+    const MainModule& module = view.Module();
     const std::string target = IsUnsavedImage(module) ? module.CurrentImage : WorkingFileToWrite(module);
     try {
         view.MainImage.Picture = module.platform.pictures.Load(GetTempFolder(module) + UndoFile);
@@ -29,8 +30,7 @@ std::optional<RuntimeError> BringBack(MainViewFrm& view) {
         SkipFailure([&] { view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage); });
         return error;
     }
-    module.CurrentImage = target;
-    view.ShowTitleOf(target);
+    view.imageOnShow.Become(target);
     view.menu.mnuAnimatedGIF.Enabled = false;
     return std::nullopt;
 }
@@ -48,8 +48,7 @@ void mnuUndo_Click(MainViewFrm& view) {
              .icon = forms::BoxIcon::Exclamation});
         return;
     }
-    view.Form_Resize();
-    view.ScrollHome();
+    view.imageOnShow.LayOut();
     view.menu.mnuUndo.Caption = "Can't Undo";
     view.menu.mnuUndo.Enabled = false;
     module.DoEvents();

@@ -1,7 +1,7 @@
 #include "editing/frame/WorkingImage.h"
 
 #include "base/RuntimeError.h"
-#include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 
@@ -13,8 +13,7 @@ void TakeWorkingImage(MainViewFrm& view, const WorkingImageWords& words, const s
     try {
         view.picFrame.Visible = false;
         take();
-        view.Form_Resize();
-        view.ScrollHome();
+        view.imageOnShow.LayOut();
         view.picFrame.Visible = true;
         module.DoEvents();
     } catch (const RuntimeError& error) {

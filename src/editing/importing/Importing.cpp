@@ -6,12 +6,12 @@
 #include "base/Text.h"
 #include "core/Folders.h"
 #include "core/UnsavedImage.h"
-#include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
+#include "editing/frame/WorkingImage.h"
 #include "editing/importing/frmImportImage.h"
 #include "editing/saving/Jpeg.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
-#include "viewer/Opening.h"
 
 namespace tavrix {
 namespace {
@@ -28,29 +28,8 @@ std::string AskForFile(const MainModule& module, const char* pattern, const char
     return ImportFile;
 }
 
-/// Shows the picture that is in MainImage by now.
-void LayOut(MainViewFrm& view) {
-    view.Form_Resize();
-    view.ScrollHome();
-    view.picFrame.Visible = true;
-}
-
-void Import(MainViewFrm& view, const std::string& path) {
-    const MainModule& module = view.Module();
-    const forms::BusyGuard busy(module.Screen());
-    view.picFrame.Visible = false;
-    try {
-        LoadThroughNViewLib(module, view.MainImage, path, 0);
-    } catch (const RuntimeError& error) {
-        EndWithoutImage(view, "Unable to import selected file.", error);
-        return;
-    }
-    LayOut(view);
-    module.DoEvents();
-    CommitWorkingFile(view);
-    if (WriteWorkingFile(view, "Unable to write imported image to a temporary file."))
-        SetImageLoadedMenus(view);
-}
+constexpr WorkingImageWords Words{.notRead = "Unable to import selected file.",
+                                  .notWritten = "Unable to write imported image to a temporary file."};
 
 void AskAndImport(MainViewFrm& view, const char* pattern, const char* caption) {
     const MainModule& module = view.Module();
@@ -58,7 +37,8 @@ void AskAndImport(MainViewFrm& view, const char* pattern, const char* caption) {
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     if (!ConfirmDiscard(module)) return;
     const std::string path = AskForFile(module, pattern, caption);
-    if (!path.empty()) Import(view, path);
+    if (path.empty()) return;
+    TakeWorkingImage(view, Words, [&] { LoadThroughNViewLib(module, view.MainImage, path, 0); });
 }
 
 }  // namespace
@@ -92,10 +72,10 @@ void mnuTempFile_Click(MainViewFrm& view) {
     }
     view.picFrame.Visible = false;
     if (module.KeptWorkingFile == path) module.KeptWorkingFile.clear();  // it is asked about from now on
-    module.CurrentImage = path;
-    view.ShowTitleOf(path);
+    view.imageOnShow.Become(path);
     view.MainImage.Picture = picture;
-    LayOut(view);
+    view.imageOnShow.LayOut();
+    view.picFrame.Visible = true;
     SetImageLoadedMenus(view);
 }
 

@@ -11,7 +11,7 @@
 #include "editing/frame/EditFrame.h"
 #include "editing/frame/EditingDialog.h"
 #include "editing/frame/Sizes.h"
-#include "editing/turning/FixedTransforms.h"
+#include "editing/resizing/ResizeImage.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -190,14 +190,16 @@ void frmImageSize::CmdSize_Click() {
 }
 
 void frmImageSize::Resize(int width, int height) {
-    if (RefuseUnread(view_)) return;
-    view_.menu.mnuUndo.Caption = "&Undo Resize Arbitrary...";
-    SaveUndoCopy(view_);
-    module_.config.ImageSizeAspect = CheckAspect.Value;
-    const forms::Screen& screen = module_.Screen();
-    SkipFailure([&] {
-        ResizeImage(view_, RoundToLong(width * double{screen.TwipsPerPixelX()}),
-                    RoundToLong(height * double{screen.TwipsPerPixelY()}));
+    const EditFrame edit(view_, {.undo = "&Undo Resize Arbitrary..."});
+    edit.Run([&] {
+        module_.config.ImageSizeAspect = CheckAspect.Value;
+        const forms::Screen& screen = module_.Screen();
+        EditResult result = EditResult::Refused;
+        SkipFailure([&] {
+            result = ResizeImage(view_, edit, RoundToLong(width * double{screen.TwipsPerPixelX()}),
+                                 RoundToLong(height * double{screen.TwipsPerPixelY()}));
+        });
+        return result;
     });
 }
 

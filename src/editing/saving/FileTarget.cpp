@@ -6,10 +6,9 @@
 #include "base/Text.h"
 #include "core/FailureText.h"
 #include "core/Folders.h"
-#include "core/RecentLists.h"
 #include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
-#include "editing/frame/EditFrame.h"
+#include "editing/frame/WorkingFile.h"
 #include "platform/forms/Application.h"
 #include "viewer/MainViewFrm.h"
 
@@ -131,9 +130,7 @@ void FileTarget::Save(const std::function<void(const std::string& path)>& write,
             return;
         }
     } else {
-        module_.CurrentImage = path;
-        view_.ShowTitleOf(path);
-        AddRecentFile(module_, module_.CurrentImage);
+        view_.imageOnShow.Saved(path);
         work.Release();
     }
     form_.App().Unload(form_);

@@ -1,6 +1,8 @@
 #include "editing/turning/RotateMainImage.h"
 
+#include "base/RuntimeError.h"
 #include "editing/frame/EditFrame.h"
+#include "editing/frame/ScratchPicture.h"
 #include "editing/turning/RotatePicture.h"
 #include "viewer/MainViewFrm.h"
 
@@ -17,6 +19,11 @@ void RotateMainImage(MainViewFrm& view, float angle) {
         view.Module().DoEvents();
     });
     dest.Refresh();
+}
+
+void MakeRoomForTurn(MainViewFrm& view, float width, float height) {
+    SkipFailure([&] { SizeMainImage(view, width, height); });
+    view.imageOnShow.LayOut();
 }
 
 }  // namespace tavrix

@@ -9,4 +9,7 @@ class MainViewFrm;
 /// counter-clockwise. Throws RuntimeError 6 as RotatePicture, and 481 without a picture.
 void RotateMainImage(MainViewFrm& view, float angle);
 
+/// Gives MainImage the size in twips that a turned picture needs, laid out before it arrives.
+void MakeRoomForTurn(MainViewFrm& view, float width, float height);
+
 }  // namespace tavrix

@@ -12,7 +12,6 @@
 #include "editing/creating/BackColorFrm.h"
 #include "editing/frame/EditFrame.h"
 #include "editing/frame/EditingDialog.h"
-#include "editing/frame/Sizes.h"
 #include "editing/turning/RotateMainImage.h"
 #include "imaging/graphics/Draw.h"
 #include "viewer/MainViewFrm.h"
@@ -153,29 +152,30 @@ void frmRotateImg::CmdRotate_Click() {
 }
 
 void frmRotateImg::Rotate(int degrees) {
-    if (RefuseUnread(view_)) return;
-    view_.menu.mnuUndo.Caption = "&Undo Rotate Arbitrary...";
-    SaveUndoCopy(view_);
-    CopyToPictureTemp(view_);
+    const EditFrame edit(view_, {.undo = "&Undo Rotate Arbitrary..."});
+    edit.Run([&] {
+        RotationPlan plan;
+        return edit.Redraw(
+            [&] {
+                MakeRoomForTurn(view_, plan.width, plan.height);
+                SkipFailure([&] {
+                    Surface& bitmap = view_.MainImage.Bitmap();
+                    FillBox(bitmap, {0, 0, bitmap.Width(), bitmap.Height()}, ToPixel(Picture1.BackColor));
+                });
+                module_.DoEvents();
+                SkipFailure([&] { RotateMainImage(view_, plan.angle); });
+            },
+            [&] { plan = Plan(degrees); });
+    });
+}
+
+RotationPlan frmRotateImg::Plan(int degrees) {
     module_.config.RotateAngle = static_cast<std::int16_t>(degrees);
     module_.config.RotateDirection = OptionCW.Value ? 0 : 1;
     module_.config.RotatePreserve = CheckPreserveSize.Value;
-    const RotationPlan plan = PlanRotation(
+    return PlanRotation(
         {.degrees = degrees, .clockwise = OptionCW.Value, .preserveSize = CheckPreserveSize.Value},
         view_.PictureTemp.Width, view_.PictureTemp.Height, App().Screen().Info());
-    view_.MainImage.Picture = Picture();
-    module_.DoEvents();
-    SkipFailure([&] { SizeMainImage(view_, plan.width, plan.height); });
-    view_.Form_Resize();
-    view_.ScrollHome();
-    SkipFailure([&] {
-        Surface& bitmap = view_.MainImage.Bitmap();
-        FillBox(bitmap, {0, 0, bitmap.Width(), bitmap.Height()}, ToPixel(Picture1.BackColor));
-    });
-    module_.DoEvents();
-    SkipFailure([&] { RotateMainImage(view_, plan.angle); });
-    ClearPictureTemp(view_);
-    CommitEdit(view_);
 }
 
 void mnuArbitrary_Click(MainViewFrm& view) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editing/frame/Sizes.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
@@ -62,6 +63,8 @@ class frmRotateImg final : public forms::Form {
     void Refuse(const std::string& why);
     /// The edit itself, by 1 to 180 degrees.
     void Rotate(int degrees);
+    /// Notes what the user has entered, and says what comes of it for the picture of PictureTemp.
+    RotationPlan Plan(int degrees);
 };
 
 /// The Rotate, Arbitrary command.
