@@ -36,17 +36,16 @@ bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
 }
 
 /// Whether the image is on show now.
-bool ShowCurrentImage(MainViewFrm& view) {
-    const MainModule& module = view.Module();
+bool ShowImage(MainViewFrm& view, const std::string& path) {
     try {
-        view.MainImage.Picture = module.platform.pictures.Load(module.CurrentImage);
+        view.MainImage.Picture = view.Module().platform.pictures.Load(path);
     } catch (const RuntimeError&) {
         // At the start a failure brings no message.
         view.MainImage.Picture = view.ImageDefault.Picture;
         view.imageOnShow.Forget();
         return false;
     }
-    view.imageOnShow.Opened(module.CurrentImage);
+    view.imageOnShow.Opened(path);
     return true;
 }
 
@@ -82,15 +81,14 @@ void ReadCommandText(MainViewFrm& view) {
     bool shown = false;
 
     if (NamesImage(command)) {
-        module.CurrentImage = FullPath(module, command);
-        const std::string image = module.CurrentImage;
+        const std::string image = FullPath(module, command);
         if (IsOnFloppy(image) && !PassesFloppyGuard(module, image, ImageOnFloppy))
             module.platform.process.End();
-        shown = ShowCurrentImage(view);
+        shown = ShowImage(view, image);
     } else if (!command.empty()) {
         ObeyCommandWord(view);
     } else if (module.config.DisplayLastOpened && !module.CurrentImage.empty()) {
-        shown = ShowCurrentImage(view);
+        shown = ShowImage(view, module.CurrentImage);
     }
     module.DoEvents();
     if (!module.CurrentImage.empty()) SkipFailure([&] { ChangeToFolderOf(module, module.CurrentImage); });

@@ -3,6 +3,7 @@
 
 #include "DesktopTest.h"
 #include "SavingTest.h"
+#include "editing/creating/NewImageFrm.h"
 #include "editing/importing/frmImportImage.h"
 #include "editing/turning/frmRotateImg.h"
 
@@ -59,6 +60,15 @@ class LayoutAfter : public DesktopTest {
             dialog.CmdRotate.Deliver(forms::ClickEvent{});
         });
         Choose(Menus().mnuArbitrary);
+    }
+    void Make(const std::string& width, const std::string& height) {
+        toolkit.OnModal("NewImageFrm", [this, width, height] {
+            auto& dialog = *app.Loaded<NewImageFrm>();
+            dialog.txtWidth.Text = width;
+            dialog.txtHeight.Text = height;
+            dialog.CmdOK.Deliver(forms::ClickEvent{});
+        });
+        Choose(Menus().mnuNewImage);
     }
     void Import(forms::Menu& entry, const std::string& folder) {
         toolkit.OnModal("frmImportImage", [this, folder] {
@@ -168,6 +178,47 @@ TEST_F(LayoutAfter, TheTemporaryFile) {
     StartWithImage(30, 20);
     Choose(Menus().mnuTempFile);
     ExpectLaidOut(1000, 900);
+}
+
+TEST_F(LayoutAfter, TheTemporaryFileOverAScrolledPicture) {
+    StartScrolled();
+    platform.disks.PutFile(Working, BitmapOf(Different(1400, 1300)));
+    Choose(Menus().mnuTempFile);
+    ExpectLaidOut(1400, 1300);
+}
+
+TEST_F(LayoutAfter, ALargeNewImage) {
+    StartWithImage(30, 20);
+    Make("1000", "900");
+    ExpectLaidOut(1000, 900);
+}
+
+TEST_F(LayoutAfter, ASmallNewImage) {
+    StartScrolled();
+    Make("300", "200");
+    ExpectLaidOut(300, 200);
+}
+
+TEST_F(LayoutAfter, ACropToASmallPart) {
+    StartWithImage(1500, 1400);
+    Select(10, 20, 50, 100);
+    Choose(Menus().mnuCrop);
+    ExpectLaidOut(38, 78);
+}
+
+TEST_F(LayoutAfter, ACropToAHighPart) {
+    StartWithImage(1500, 1400);
+    Select(10, 20, 50, 1320);
+    Choose(Menus().mnuCrop);
+    ExpectLaidOut(38, 1298);
+}
+
+TEST_F(LayoutAfter, AnUndo) {
+    StartWithImage(700, 100);
+    Choose(Menus().mnu90CW);
+    ExpectLaidOut(100, 700);
+    Choose(Menus().mnuUndo);
+    ExpectLaidOut(700, 100);
 }
 
 TEST_F(LayoutAfter, AResizeThatLeavesTheWindowItsSize) {
