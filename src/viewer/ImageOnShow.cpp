@@ -31,7 +31,6 @@ void ImageOnShow::Load(const std::string& path) {
 }
 
 void ImageOnShow::Lose() {
-    view_.MainImage.Picture = Picture();
     view_.MainImage.Picture = view_.ImageDefault.Picture;
     Forget();
     LayOut();
@@ -40,7 +39,6 @@ void ImageOnShow::Lose() {
 void ImageOnShow::Clear() {
     const forms::BusyGuard busy(view_.Module().Screen());
     view_.picFrame.Refresh();
-    view_.PictureTemp.Picture = Picture();
     view_.PictureTemp.Picture = view_.ImageDefault.Picture;
     Lose();
     view_.picFrame.Visible = true;

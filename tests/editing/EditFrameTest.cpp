@@ -127,6 +127,23 @@ TEST_P(EachEdit, WipesTheSelectionFirst) {
     ExpectEdited(ExpectedOf(Different(40, 30)));
 }
 
+TEST_P(EachEdit, MakesTheUndoCopyBeforeItWipesTheSelection) {
+    StartWithImage(40, 30);
+    Select(5, 6, 30, 20);
+    bool copied = false;
+    for (int call = 1; call <= 5; ++call) {
+        platform.faults.AtNth(Service::Files, call, [&] {
+            if (!platform.faults.Log().back().starts_with("Files.Copy ")) return;
+            copied = true;
+            EXPECT_EQ(Menus().mnuUndo.Caption.Get(), GetParam().undoCaption);
+            EXPECT_TRUE(View().selection.SelectionShown);
+            EXPECT_TRUE(View().selection.Seen());
+        });
+    }
+    Choose(TheEntry());
+    EXPECT_TRUE(copied);
+}
+
 TEST_P(EachEdit, GoesOnWithoutAnUndoCopy) {
     StartWithImage(40, 30);
     platform.disks.Remove(Opened);

@@ -101,6 +101,25 @@ TEST_F(RotateImg, LoadsTheSettings) {
     });
 }
 
+TEST_F(RotateImg, KeepsWhatWasEnteredBeforeItClearsThePicture) {
+    StartWithImage(40, 30);
+    module.config.RotateAngle = 12;
+    int before = 0;
+    int after = 0;
+    WhenMessagesRun([&] {
+        if (View().PictureTemp.Picture.Get().Empty()) return;
+        const bool cleared = View().MainImage.Picture.Get().Empty();
+        EXPECT_EQ(module.config.RotateAngle, cleared ? 45 : 12);
+        ++(cleared ? after : before);
+    });
+    InRotate([](frmRotateImg& dialog) {
+        Paste(dialog.txtAngle, "45");
+        Press(dialog.CmdRotate);
+    });
+    EXPECT_EQ(before, 1);
+    EXPECT_GT(after, 1);
+}
+
 TEST_F(RotateImg, StaysAwayWithoutAnImage) {
     ASSERT_TRUE(Start());
     toolkit.OnModal("frmRotateImg", [this] { ++shown; });

@@ -36,6 +36,21 @@ TEST_F(FullScreenCornerTest, IsAboveAllThatLiesInItsCorner) {
     EXPECT_EQ(controls.back(), &View().CmdFullScreen);
 }
 
+TEST_F(FullScreenCornerTest, LetsMessagesRunWithoutTheKeyboardBeforeItsCommand) {
+    Lay(2 * Inner, 2 * Inner);
+    Count(View().menu.mnuFullScreen);
+    View().CmdFullScreen.SetFocus();
+    int times = 0;
+    toolkit.AtYield(1, [&] {
+        ++times;
+        EXPECT_EQ(Runs(View().menu.mnuFullScreen), 0);
+        EXPECT_EQ(View().ActiveControl(), &View().PictureTemp);
+    });
+    View().CmdFullScreen.Deliver(forms::ClickEvent{});
+    EXPECT_EQ(times, 1);
+    EXPECT_EQ(Runs(View().menu.mnuFullScreen), 1);
+}
+
 TEST_F(FullScreenCornerTest, StandsWhereverABarIsOnShow) {
     for (const auto& [width, height] :
          {std::pair{900, 900}, {900, 300}, {300, 900}, {900, 599}, {590, 900}}) {

@@ -187,6 +187,16 @@ TEST_F(ImageOnShowTest, ANewPathOfASmallDriveLetterIsRaisedEverywhereButInTheTit
     ExpectTitle("c:\\q\\new.jpg");
     EXPECT_EQ(module.CurrentImage, To);
     EXPECT_EQ(Recent().front(), To);
+    EXPECT_EQ(Favorites()[1], "c:\\q\\new.jpg");
+}
+
+TEST_F(ImageOnShowTest, AFullRecentListLosesTheFormerPathAndNoOther) {
+    Begin();
+    for (std::size_t i = 0; i < 7; ++i)
+        module.config.Recent[i] = "C:\\p\\" + std::to_string(i) + ".bmp";
+    View().imageOnShow.Renamed("C:\\p\\0.bmp", To);
+    EXPECT_EQ(Recent(), (Paths{To, "C:\\p\\1.bmp", "C:\\p\\2.bmp", "C:\\p\\3.bmp", "C:\\p\\4.bmp",
+                               "C:\\p\\5.bmp", "C:\\p\\6.bmp"}));
 }
 
 TEST_F(ImageOnShowTest, AFileThatWasNotTheImageIsSoOnceItIsRenamed) {
@@ -319,7 +329,15 @@ TEST_F(ImageOnShowTest, ADeletedImageLeavesAnEmptyView) {
 TEST_F(ImageOnShowTest, ALostImageLeavesAnEmptyViewLaidOut) {
     Begin();
     View().vsbPict.Value = 150;
+    int times = 0;
+    toolkit.AtYield(1, [&] {  // the layout comes last
+        ++times;
+        EXPECT_EQ(module.CurrentImage, "");
+        EXPECT_EQ(View().Caption.Get(), "Tavrix");
+        EXPECT_FALSE(View().menu.mnuEdit.Visible);
+    });
     View().imageOnShow.Lose();
+    EXPECT_EQ(times, 1);
     ExpectEmptyView();
     EXPECT_FALSE(View().vsbPict.Visible);
     EXPECT_EQ(View().picFrame.Width.Get(), View().MainImage.Width.Get());
@@ -331,8 +349,11 @@ TEST_F(ImageOnShowTest, AClearedScreenIsOneWithoutAQuestion) {
     View().picFrame.Visible = false;
     bool busy = false;
     toolkit.AtYield(1, [&] { busy = module.Busy(); });
+    const auto& frame = *static_cast<headless::HeadlessCanvasPeer*>(View().picFrame.Peer());
+    const int paintings = frame.paintings;
     View().imageOnShow.Clear();
     EXPECT_TRUE(busy);
+    EXPECT_EQ(frame.paintings, paintings + 1) << "the frame is painted empty first";
     ExpectEmptyView();
     ExpectIdle();
 }

@@ -93,6 +93,22 @@ TEST_F(OpeningTest, TheFrameIsHiddenAndTheProgramBusyMeanwhile) {
     ExpectIdle();
 }
 
+TEST_F(OpeningTest, TheFolderComesFirstThenTheImageThenTheDesktopThenTheMenus) {
+    ASSERT_TRUE(Start());
+    PutPicture(Other, 80, 70);
+    int times = 0;
+    platform.faults.AtNth(Service::Shell, 1, [&] {
+        ++times;
+        EXPECT_EQ(platform.files.CurrentFolder(), "C:\\other");
+        EXPECT_EQ(module.CurrentImage, Other);
+        EXPECT_EQ(View().Caption.Get(), "Tavrix - [C:\\other\\y.bmp]");
+        EXPECT_FALSE(View().menu.mnuEdit.Visible);
+    });
+    EXPECT_FALSE(Open(Other));
+    EXPECT_EQ(times, 1);
+    EXPECT_TRUE(View().menu.mnuEdit.Visible);
+}
+
 TEST_F(OpeningTest, AMenuClickMeanwhileDoesNothing) {
     StartWithPicture(100, 80);
     PutPicture(Other, 80, 70);

@@ -292,8 +292,12 @@ TEST_F(StartTest, AFailedImageDoesNotFallBackToTheLastOne) {
     PutPicture("C:\\p\\last.bmp", 30, 20);
     Setting("DisplayLastOpened", "True");
     Setting("LastOpenedFile", "C:\\p\\last.bmp");
+    const std::string folder = platform.files.CurrentFolder();
     ASSERT_TRUE(Start("C:\\p\\bad.bmp"));
     ExpectEmptyView();
+    EXPECT_EQ(platform.files.CurrentFolder(), folder);
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(Saved("LastOpenedFile"), "");
 }
 
 TEST_F(StartTest, TheLastImageIsShownWhereThatIsWanted) {
@@ -328,8 +332,13 @@ TEST_F(StartTest, ALastImageOnAFloppyBringsNoPrompt) {
 TEST_F(StartTest, ALastImageThatIsGoneLeavesTheEmptyView) {
     Setting("DisplayLastOpened", "True");
     Setting("LastOpenedFile", "C:\\p\\gone.bmp");
+    platform.disks.PutFolder("C:\\p");
+    const std::string folder = platform.files.CurrentFolder();
     ASSERT_TRUE(Start());
     ExpectEmptyView();
+    EXPECT_EQ(platform.files.CurrentFolder(), folder);
+    EXPECT_TRUE(Ends([this] { View().Deliver(forms::CloseEvent{}); }));
+    EXPECT_EQ(Saved("LastOpenedFile"), "");
 }
 
 TEST_F(StartTest, ACommandLineWinsOverTheLastImage) {

@@ -7,8 +7,6 @@
 
 namespace tavrix {
 
-using forms::MousePointer;
-
 std::string WorkingFileToWrite(const MainModule& module) {
     Files& files = module.platform.files;
     std::string path = GetTempFolder(module) + WorkingFile;
@@ -44,11 +42,9 @@ bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {
 }
 
 void EndWithoutImage(MainViewFrm& view, const std::string& text) {
-    const MainModule& module = view.Module();
-    module.Screen().MousePointer = MousePointer::Default;
+    view.Module().Screen().MousePointer = forms::MousePointer::Default;
     view.App().MessageBox({.text = text, .icon = forms::BoxIcon::Stop});
     view.imageOnShow.Clear();
-    module.Screen().MousePointer = MousePointer::Default;
 }
 
 void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error) {

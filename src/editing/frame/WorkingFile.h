@@ -27,7 +27,7 @@ void WriteMainImageTo(MainViewFrm& view, const std::string& workingFile);
 /// WriteMainImage for commands; a failure ends by EndWithoutImage. Whether the file was written.
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure);
 
-/// Tells a failure that leaves the view without an image, and leaves it so, with the default pointer.
+/// Tells a failure that leaves the view without an image, and leaves it so, with the default pointer from the box on.
 void EndWithoutImage(MainViewFrm& view, const std::string& text);
 /// The same; the text is this one, the error's own, three points.
 void EndWithoutImage(MainViewFrm& view, const std::string& failure, const RuntimeError& error);
