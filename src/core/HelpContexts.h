@@ -25,5 +25,7 @@ inline constexpr unsigned ResizeImage = 1240;
 inline constexpr unsigned CropImage = 1310;
 inline constexpr unsigned DisplayColours = 1320;
 inline constexpr unsigned AnimatedGif = 1330;  ///< a GIF that is not animated
+inline constexpr unsigned SlideDuplicates = 1390;
+inline constexpr unsigned SlideCopyImages = 1400;
 
 }  // namespace tavrix::HelpContext

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "core/Folders.h"
 #include "core/NumberText.h"
+#include "dialogs/ExploreFolder.h"
 #include "dialogs/NewFolder.h"
 
 namespace tavrix {
@@ -36,7 +37,7 @@ FolderChooser::FolderChooser(forms::Form& form, const MainModule& module,
     CmdNewFolder.OnClick = [this] { CmdNewFolder_Click(module_, Lists); };
     CmdExplore.Caption = "&Explore";
     CmdExplore.ToolTip = "View files in the selected directory.";
-    CmdExplore.OnClick = [this] { CmdExplore_Click(); };
+    CmdExplore.OnClick = [this] { ExploreFolder(module_, Dir1.Path); };
     lblFreeSpaceMsg.Caption = "Free Space:";
     // The figure names its drive and would be wrong beside another one.
     Lists.OnFolderChange = [this] { ShowFreeSpace(); };
@@ -67,11 +68,6 @@ void FolderChooser::ShowFreeSpace() {
     lblFreeSpace.Caption = "Free Space on Drive " + drive +
                            ":\\  =" + GroupedNumberOrEmpty(bytes, module_.platform.system.Numbers()) +
                            " bytes...";
-}
-
-void FolderChooser::CmdExplore_Click() {
-    if (module_.platform.shell.Run("explorer.exe " + Dir1.Path.Get())) return;
-    TellFailure("Error, unable to start Windows Explorer to show selected directory.");
 }
 
 void FolderChooser::CmdMyDocuments_Click() {

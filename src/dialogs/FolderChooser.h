@@ -46,7 +46,6 @@ class FolderChooser {
 
   private:
     void CmdMyDocuments_Click();
-    void CmdExplore_Click();
 
     void ShowFreeSpace();
     /// Asks whether to make a folder that is missing, and makes it; whether it is there now.

@@ -1,23 +1,12 @@
 #pragma once
 
-#include <utility>
-
 #include "base/RuntimeError.h"
 #include "core/MainModule.h"
+#include "dialogs/ShowDialog.h"
 #include "platform/forms/Application.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
-
-/// Loads a dialog under the hourglass, which is over when it is shown. The arguments are those of its constructor.
-template <class Dialog, class... Arguments>
-void ShowDialog(const MainModule& module, Arguments&&... arguments) {
-    forms::BusyGuard busy(module.Screen());
-    module.DoEvents();
-    auto& dialog = module.app.Load<Dialog>(std::forward<Arguments>(arguments)...);
-    busy.Release();
-    dialog.ShowModal();
-}
 
 /// A command of the Edit menu that opens a dialog: nothing while another operation runs or without an image; else the
 /// selection is wiped and the dialog shown above the view. Its Form_Load ends the hourglass.

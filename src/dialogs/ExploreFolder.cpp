@@ -1,0 +1,15 @@
+#include "dialogs/ExploreFolder.h"
+
+namespace tavrix {
+
+void ExploreFolder(const MainModule& module, const std::string& folder) {
+    // Only a root keeps its backslash.
+    constexpr std::size_t rootLength = 3;
+    std::string shown = folder;
+    if (shown.size() > rootLength && shown.ends_with('\\')) shown.pop_back();
+    if (module.platform.shell.Run("explorer.exe " + shown)) return;
+    module.app.MessageBox({.text = "Error, unable to start Windows Explorer to show selected directory.",
+                           .icon = forms::BoxIcon::Stop});
+}
+
+}  // namespace tavrix
