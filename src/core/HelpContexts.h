@@ -24,6 +24,9 @@ inline constexpr unsigned RotateImage = 1190;
 inline constexpr unsigned ResizeImage = 1240;
 inline constexpr unsigned CropImage = 1310;
 inline constexpr unsigned DisplayColours = 1320;
+inline constexpr unsigned LoadShow = 1360;
+inline constexpr unsigned SaveShow = 1370;
+inline constexpr unsigned SlideDescriptions = 1380;
 inline constexpr unsigned AnimatedGif = 1330;  ///< a GIF that is not animated
 
 }  // namespace tavrix::HelpContext
