@@ -93,8 +93,7 @@ void frmDescription::ShowFormData() {
                         GroupedNumberOrEmpty(current_ + 1, module_.platform.system.Numbers()) + ":";
     lblFilename.Caption = SlidePath();
     Text1.Text = module_.show.SlideDescriptions[current_];
-    Text1.SelectAll();
-    Text1.SetFocus();
+    FocusEndOfText();
 }
 
 void frmDescription::Store() {
