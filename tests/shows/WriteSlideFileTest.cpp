@@ -439,12 +439,13 @@ TEST_F(WriteSlideFileTest, AnEarlierCancelIsForgotten) {
     ExpectCountsAsSaved();
 }
 
-TEST_F(WriteSlideFileTest, TheWindowMayBeClosedWhileItSaves) {
+TEST_F(WriteSlideFileTest, WhoClosesTheWindowCancels) {
     UseSlides({"C:\\p\\b.bmp", "C:\\p\\c.bmp"});
-    toolkit.AtYield(1, [this] { app.Unload(*app.Loaded<WaitCopyFrm>()); });
-    Save();
-    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\p\\b.bmp", "", "C:\\p\\c.bmp", ""}));
-    ExpectCountsAsSaved();
+    toolkit.AtYield(3, [this] { app.Unload(*app.Loaded<WaitCopyFrm>()); });
+    ExpectCanceled();
+    EXPECT_EQ(Save(), SaveEnd::Canceled);
+    EXPECT_EQ(OnDisk(), DefaultHeader());
+    ExpectNotSaved();
 }
 
 TEST_F(WriteSlideFileTest, ACanceledSaveKeepsABackupOfTheFormerShow) {
