@@ -14,8 +14,10 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "app/ContactSheet.h"
 #include "backends/headless/HeadlessServices.h"
@@ -44,6 +46,10 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "shows/editor/frmDescription.h"
+#include "shows/library/LoadRecentFile.h"
+#include "shows/library/LoadSlideFile.h"
+#include "shows/library/SaveSlideFile.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -70,6 +76,12 @@ Picture TestCard(int width, int height) {
     return PictureOf(std::move(surface));
 }
 
+/// A target that no show reaches.
+class NoTarget final : public ShowTarget {
+  public:
+    void Load(const std::string&) override {}
+};
+
 class Gallery {
   public:
     explicit Gallery(std::filesystem::path folder) : folder_(std::move(folder)) {
@@ -91,6 +103,7 @@ class Gallery {
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
         DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
+        DrawShowDialogs();
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -191,6 +204,25 @@ class Gallery {
         DrawForm(app_.Load<frmImageSize>(view));
         DrawForm(app_.Load<NewImageFrm>(view));
         module_.CurrentImage.clear();
+    }
+
+    void DrawShowDialogs() {
+        for (const char* name :
+             {"Garden.tvs", "Harbour.tvs", "Holidays & more.tvs", "The mountains in spring.tvs"})
+            platform_.disks.PutFile("C:\\Tavrix\\SLIDES\\" + std::string(name), "");
+        module_.config.RecentShows = {"C:\\Tavrix\\SLIDES\\Harbour.tvs",
+                                      "C:\\Pictures\\Holidays & more\\beach.tvs"};
+        NoTarget target;
+        LoadEnd end{};
+        DrawForm(app_.Load<LoadSlideFile>(module_, target, end));
+        DrawForm(app_.Load<LoadRecentFile>(module_, target, end));
+        std::optional<SaveEnd> saved;
+        DrawForm(app_.Load<SaveSlideFile>(module_, "Untitled.tvs", saved));
+        const std::vector<std::string> slides{"C:\\Pictures\\small.bmp", "Holidays & more\\beach.bmp"};
+        module_.show.InsertSlides(0, slides);
+        module_.show.SlideDescriptions.Set(1, "The beach on the last day, before the rain");
+        DrawForm(app_.Load<frmDescription>(module_, "C:\\Pictures\\show.tvs", 1));
+        module_.show.EraseSlides();
     }
 
     void DrawStage() {

@@ -26,9 +26,10 @@ bool PassesFloppyGuard(const MainModule& module, const std::string& path, const 
 bool AsksForDisk(const MainModule& module, const std::string& path, const FloppyWording& wording) {
     const std::string blank(NewLine2);
     const std::string drive = UpperCase(Left(path, 3));
+    const std::string file = wording.wholePath ? path : From(path, 3);
     const forms::Answer answer =
-        module.app.MessageBox({.text = wording.request + blank + From(path, 3) + blank + wording.drive +
-                                       drive + blank + "Press the \"OK\" button to continue.",
+        module.app.MessageBox({.text = wording.request + blank + file + blank + wording.drive + drive +
+                                       blank + "Press the \"OK\" button to continue.",
                                .buttons = forms::BoxButtons::OkCancel,
                                .systemModal = wording.systemModal});
     return answer == forms::Answer::Ok;

@@ -11,6 +11,7 @@ struct FloppyWording {
     const char* request;  ///< the line before the file
     const char* drive;    ///< the line before the drive
     bool systemModal;
+    bool wholePath = false;  ///< the file is named with its drive
 };
 
 /// For a show that the program is started with.
@@ -19,6 +20,10 @@ inline constexpr FloppyWording ShowOnFloppy{
 /// For an image.
 inline constexpr FloppyWording ImageOnFloppy{
     "Insert the disk that contains the file:", "...into Floppy Drive ", false};
+
+/// For a show that is loaded from the list of recent ones.
+inline constexpr FloppyWording RecentShowOnFloppy{
+    "Insert the disk that contains the file:", "...into Floppy Drive ", false, true};
 
 /// Whether a path is on drive A: or B:.
 [[nodiscard]] bool IsOnFloppy(const std::string& path);

@@ -114,6 +114,31 @@ TEST_F(FieldsTest, AHandlerMayReplaceTheText) {
     EXPECT_EQ(log, (std::vector<std::string>{"x", "0", "y0", "0"}));
 }
 
+TEST_F(FieldsTest, AHandlerMayChangeWhatIsPastedAndSetTheCaret) {
+    form.Text1.OnChange = [this] {
+        const std::string text = form.Text1.Text;
+        const int caret = form.Text1.SelStart;
+        if (text.find('\"') == std::string::npos) return;
+        std::string changed;
+        for (const char c : text)
+            changed += c == '"' ? "''" : std::string(1, c);
+        form.Text1.Text = changed;
+        form.Text1.SelStart = caret + 2;
+    };
+    form.Text1.Text = "<>";
+    Open();
+    form.Text1.SetFocus();
+    driver->UserSelects(form.Text1, {1, 0});
+    driver->UserPastes(form.Text1, "a\"b\"c");
+    driver->Settle();
+    EXPECT_EQ(form.Text1.Text.Get(), "<a''b''c>");
+    EXPECT_EQ(driver->ShownText(form.Text1), "<a''b''c>");
+    EXPECT_EQ(driver->ShownSelection(form.Text1), (Selection{8, 0}));
+    driver->UserTypes(form.Text1, "d");
+    driver->Settle();
+    EXPECT_EQ(driver->ShownText(form.Text1), "<a''b''cd>");
+}
+
 TEST_F(FieldsTest, PositionsCountCharacters) {
     const std::string text = "a\U0001F600b\u00E4\U0001F601";
     form.Text1.Text = text;

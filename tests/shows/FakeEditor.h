@@ -30,8 +30,14 @@ class FakeEditor final : public forms::Form, public SlideEditor {
         for (auto index = indices.rbegin(); index != indices.rend(); ++index)
             rows.erase(rows.begin() + *index);
     }
+    void ShowLoaded(const std::string& path) override {
+        ++loads;
+        ReadRows();
+        filename = path;
+    }
     void PathsChanged() override { ReadRows(); }
     void SetFilename(const std::string& path) override { filename = path; }
+    [[nodiscard]] std::string Filename() const override { return filename; }
     void EditDescriptions() override {
         ++edits;
         if (onEdit) onEdit();
@@ -39,6 +45,7 @@ class FakeEditor final : public forms::Form, public SlideEditor {
 
     std::vector<std::string> rows;
     std::string filename = "Untitled.tvs";
+    int loads = 0;
     int edits = 0;
     std::function<void()> onEdit;
 

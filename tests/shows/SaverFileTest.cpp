@@ -159,24 +159,52 @@ TEST_F(SaverFileTest, AFullRecordIsWrittenAndThenFails) {
 }
 
 TEST_F(SaverFileTest, FailuresToWriteAreToldOf) {
-    PutShow("former");
-    const auto failing = [this](int call, const std::string& text) {
+    const std::string former = Header() + Slides({"former.bmp", "former"});
+    PutShow(former);
+    const auto failing = [&](int call, const std::string& text) {
         platform.faults.Clear();
         platform.faults.FailNth(Service::Files, call, ErrorNumber::DiskFull);
         ExpectStop(text + "\r\n\r\nDisk full...");
         WriteSaverFile(module, ShowPath);
         EXPECT_TRUE(platform.faults.Fired());
-        EXPECT_EQ(OnDisk(), "former");
+        EXPECT_EQ(OnDisk(), former);
     };
-    failing(1, "Unable to save Screen Saver.");
-    failing(2, "An error occurred while trying to write the Screen Saver header.");
-    failing(3, "An error occurred while saving Screen Saver data.");
-    failing(4, "An error occurred while saving Screen Saver data.");
+    constexpr int look = 4;  // Info, Open, Read, Read
+    failing(look + 1, "Unable to save Screen Saver.");
+    failing(look + 2, "An error occurred while trying to write the Screen Saver header.");
+    failing(look + 3, "An error occurred while saving Screen Saver data.");
+    failing(look + 4, "An error occurred while saving Screen Saver data.");
     platform.faults.Clear();
-    platform.faults.FailNth(Service::Files, 5, ErrorNumber::DiskFull);
+    platform.faults.FailNth(Service::Files, look + 5, ErrorNumber::DiskFull);
     WriteSaverFile(module, ShowPath);
     EXPECT_FALSE(platform.faults.Fired());
     EXPECT_TRUE(OnDisk().ends_with(Slides({"former.bmp", "former"})));
+    EXPECT_TRUE(platform.shell.trash.empty());
+}
+
+TEST_F(SaverFileTest, AFileWithSlidesThatWereNotReadGoesToTheTrash) {
+    const auto writesOver = [this](const std::string& former) {
+        PutShow(former);
+        platform.shell.trash.clear();
+        WriteSaverFile(module, ShowPath);
+        EXPECT_TRUE(OnDisk().ends_with(Slides({"former.bmp", "former"})));
+        ASSERT_EQ(platform.shell.trash.size(), 1U) << former;
+        EXPECT_EQ(platform.shell.trash[0].content, former);
+    };
+    writesOver(Header() + Slides({"former.bmp", "former", "cut.bmp"}));
+    writesOver(Header() + Slides({"former.bmp", "former", "more.bmp", ""}));
+    writesOver(Header() + Slides({"former.bmp", "another description"}));
+    writesOver("no show");
+    // What can be read again is not read whole the first time.
+    platform.shell.trash.clear();
+    const std::string whole = Header() + Slides({"a.bmp", "A"});
+    PutShow(whole);
+    platform.faults.FailNth(Service::Files, 2, ErrorNumber::DiskNotReady);
+    ExpectStop("An error occurred while reading the Screen Saver file header.\r\n\r\nDisk not ready...",
+               true);
+    EXPECT_TRUE(ReadSaverFile(module, ShowPath));
+    platform.faults.Clear();
+    writesOver(whole);
 }
 
 TEST_F(SaverFileTest, AProtectedFileIsToldOf) {
@@ -185,6 +213,7 @@ TEST_F(SaverFileTest, AProtectedFileIsToldOf) {
     ExpectStop("Unable to save Screen Saver.\r\n\r\nPermission denied...");
     WriteSaverFile(module, ShowPath);
     EXPECT_EQ(OnDisk(), "former");
+    EXPECT_TRUE(platform.shell.trash.empty());
     ExpectStop("Unable to save Screen Saver.\r\n\r\nPath not found...");
     WriteSaverFile(module, "C:\\none\\s.tvs");
 }

@@ -16,6 +16,10 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "shows/editor/frmDescription.h"
+#include "shows/library/LoadRecentFile.h"
+#include "shows/library/LoadSlideFile.h"
+#include "shows/library/SaveSlideFile.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -72,6 +76,32 @@ forms::Form& LoadNavigator(Program& program) {
     return *program.app.Loaded<frmToolbar>();
 }
 
+/// A target that no show reaches.
+class NoTarget final : public ShowTarget {
+  public:
+    void Load(const std::string&) override {}
+};
+
+template <class Form>
+forms::Form& LoadsShows(Program& program) {
+    static NoTarget target;
+    static LoadEnd end{};
+    program.platform.disks.PutFile("C:\\Tavrix\\SLIDES\\Holidays & more.tvs", "");
+    program.module.config.RecentShows[0] = "C:\\Tavrix\\SLIDES\\Holidays & more.tvs";
+    return program.app.Load<Form>(program.module, target, end);
+}
+
+forms::Form& LoadSaveShow(Program& program) {
+    static std::optional<SaveEnd> end;
+    return program.app.Load<SaveSlideFile>(program.module, "C:\\Pictures\\Holidays & more.tvs", end);
+}
+
+forms::Form& LoadDescriptions(Program& program) {
+    const std::vector<std::string> slides{"C:\\Pictures\\small.bmp", "Holidays & more\\beach.bmp"};
+    program.module.show.InsertSlides(0, slides);
+    return program.app.Load<frmDescription>(program.module, "C:\\Pictures\\show.tvs", 1);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -103,6 +133,10 @@ std::vector<Window> EveryWindow() {
         {"frmRotateImg", OfView<frmRotateImg>},
         {"frmImageSize", OfView<frmImageSize>},
         {"NewImageFrm", OfView<NewImageFrm>},
+        {"LoadSlideFile", LoadsShows<LoadSlideFile>},
+        {"LoadRecentFile", LoadsShows<LoadRecentFile>},
+        {"SaveSlideFile", LoadSaveShow},
+        {"frmDescription", LoadDescriptions},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };

@@ -7,6 +7,7 @@
 #include "core/FailureText.h"
 #include "core/Folders.h"
 #include "dialogs/DialogWork.h"
+#include "dialogs/FileNameField.h"
 #include "dialogs/NewFolder.h"
 #include "editing/frame/WorkingFile.h"
 #include "platform/forms/Application.h"
@@ -83,20 +84,7 @@ bool FileTarget::NameIsUsable() {
         txtFilename.SetFocus();
         return false;
     }
-    return HasNo(':', "A filename may not contain a colon (:), unable to export image...") &&
-           HasNo('\\', "A filename may not contain a backslash (\\), unable to export image...") &&
-           HasNo('/', "A filename may not contain a slash (/), unable to export image...");
-}
-
-bool FileTarget::HasNo(char character, const std::string& refusal) {
-    const std::string& name = txtFilename.Text;
-    const std::size_t at = name.find(character);
-    if (at == std::string::npos) return true;
-    const auto caret = static_cast<int>(CharacterCount(std::string_view(name).substr(0, at)));
-    Tell(refusal);
-    txtFilename.SelStart = caret;
-    txtFilename.SetFocus();
-    return false;
+    return HoldsBareFileName(module_, txtFilename);
 }
 
 bool FileTarget::UserAgrees() {

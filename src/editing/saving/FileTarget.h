@@ -75,8 +75,6 @@ class FileTarget {
 
   private:
     void lblCurrent_Click();
-    /// Whether the name lacks a character; otherwise tells the refusal and puts the caret before it.
-    bool HasNo(char character, const std::string& refusal);
     void Tell(const std::string& text);
 };
 

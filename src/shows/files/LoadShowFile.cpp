@@ -4,6 +4,7 @@
 
 #include "core/RecentLists.h"
 #include "platform/services/DrivePath.h"
+#include "shows/SlideEditor.h"
 #include "shows/files/ReadShow.h"
 
 namespace tavrix {
@@ -30,6 +31,7 @@ bool LoadShowFile(MainModule& module, const std::string& path) {
     const ReadShowResult result = ReadInOurWords(module, normal, record);
     module.config.SetShowOptions(record.options);
     module.show.TakeSlides(std::move(record.slides));
+    if (SlideEditor* editor = LoadedEditor(module.app)) editor->NoteReading(normal, result.whole);
     if (result.end == ShowFileEnd::Complete) {
         module.config.LastSlideShow = normal;
         AddRecentShow(module, normal);

@@ -75,7 +75,9 @@ class Telling {
 ReadShowResult ReadShow(const MainModule& module, const std::string& path, const ReadShowWords& words,
                         ShowRecord& record, const std::function<void()>& forget) {
     const ShowFileReading reading = ReadShowFile(module.platform.files, path, record);
-    ReadShowResult result{.end = reading.end, .upgradeNoteShown = reading.older && !module.ScreenSaverMode};
+    ReadShowResult result{.end = reading.end,
+                          .upgradeNoteShown = reading.older && !module.ScreenSaverMode,
+                          .whole = reading.Whole()};
     const Telling telling(module, words);
     if (result.Refused()) {
         forget();

@@ -20,6 +20,7 @@ struct ReadShowWords {
 struct ReadShowResult {
     ShowFileEnd end = ShowFileEnd::Complete;
     bool upgradeNoteShown = false;
+    bool whole = false;  ///< the record has all that the file has
 
     /// It is no show, or one of another release, and the record is as it was.
     [[nodiscard]] bool Refused() const {

@@ -60,7 +60,8 @@ ShowFileReading ReadShowFile(Files& files, const std::string& path, ShowRecord& 
         ReadOptions(file, reading.older, record.options);
         stage = ShowFileEnd::SlidesFailed;
         record.slides.EraseSlides();
-        reading.tooLong = ReadSlides(file, reading.older, record.slides);
+        reading.tooLong = reading.cut = ReadSlides(file, reading.older, record.slides);
+        if (reading.tooLong) SkipFailure([&] { reading.cut = !file.AtEnd(); });
     } catch (const RuntimeError& error) {
         reading.end = stage;
         reading.why = error;

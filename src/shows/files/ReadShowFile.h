@@ -24,8 +24,12 @@ struct ShowFileReading {
     ShowFileEnd end = ShowFileEnd::Complete;
     bool older = false;    ///< in the format that is read and never written; told from the options on
     bool tooLong = false;  ///< more slides may follow those that there is room for
+    bool cut = false;      ///< they do, or that could not be found out
     std::string version;   ///< the version line of OtherRelease
     std::optional<RuntimeError> why;  ///< set for NotOpened, HeaderFailed and SlidesFailed
+
+    /// Whether the record has all that the file has.
+    [[nodiscard]] bool Whole() const { return end == ShowFileEnd::Complete && !cut; }
 };
 
 /// Reads a show's file without a word to the user. The options of the record are replaced as far as the file has them; its

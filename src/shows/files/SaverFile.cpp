@@ -5,6 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "core/FailureText.h"
+#include "shows/files/PutAside.h"
 #include "shows/files/ReadShow.h"
 #include "shows/files/ShowFileWriter.h"
 
@@ -21,6 +22,16 @@ ShowFileEncoding EncodingOf(const MainModule& module) {
         encoding.Add(show.SlideDescriptions[index]);
     }
     return encoding;
+}
+
+/// The settings change no slides: where the file has others, they are all that there is of them.
+void PutAsideUnseen(const MainModule& module, const std::string& path) {
+    Files& files = module.platform.files;
+    if (!IsThere(files, path)) return;
+    ShowRecord record;
+    const bool whole = ReadShowFile(files, path, record).Whole();
+    const ShowSlides& slides = module.show;
+    if (!whole || record.slides != slides) PutAside(module, path);
 }
 
 }  // namespace
@@ -45,6 +56,7 @@ void WriteSaverFile(const MainModule& module, const std::string& path) {
     const char* failure = "Unable to save Screen Saver.";
     std::unique_ptr<ShowFileWriter> file;
     try {
+        PutAsideUnseen(module, path);
         file = std::make_unique<ShowFileWriter>(module.platform.files.Create(path), EncodingOf(module));
         failure = "An error occurred while trying to write the Screen Saver header.";
         file->WriteHeader(module.config);

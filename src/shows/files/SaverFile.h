@@ -13,7 +13,8 @@ namespace tavrix {
 /// Whether the window is to show the record: not for a file that is no show or of another release.
 [[nodiscard]] bool ReadSaverFile(MainModule& module, const std::string& path);
 
-/// Writes the shared record over the file: all slides up to the first empty one, their paths as they are.
+/// Writes the shared record over the file: all slides up to the first empty one, their paths as they are. A file with other
+/// slides than these is put aside first (PutAside): it was not read whole, or is not the one that was read.
 void WriteSaverFile(const MainModule& module, const std::string& path);
 
 }  // namespace tavrix

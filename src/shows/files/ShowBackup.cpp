@@ -6,6 +6,8 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/services/DrivePath.h"
+#include "shows/SlideEditor.h"
+#include "shows/files/PutAside.h"
 #include "shows/files/ReadShowFile.h"
 
 namespace tavrix {
@@ -30,41 +32,58 @@ std::string BackupPath(const MainModule& module, const std::string& path) {
 }
 
 enum class Content : std::uint8_t {
-    Show,    ///< it reads back
-    None,    ///< there is no file, or no whole show in it
-    Unknown  ///< it could not be read
+    Nothing,  ///< there is no file, or it is empty
+    Show,     ///< it reads back, all of it
+    Cut,      ///< it has more slides than there is room for
+    Broken,   ///< there is no whole show in it
+    Unknown   ///< it could not be read
 };
 
 Content ContentOf(const MainModule& module, const std::string& path) {
     Files& files = module.platform.files;
-    if (!files.FileExists(path)) return Content::None;
     ShowRecord record;
     const ShowFileReading reading = ReadShowFile(files, path, record);
-    if (reading.end == ShowFileEnd::Complete) return Content::Show;
-    if (!reading.why) return Content::None;
+    if (reading.Whole()) return Content::Show;
+    if (reading.end == ShowFileEnd::Complete) return Content::Cut;
+    if (!reading.why) return Content::Broken;
     switch (reading.why->Number()) {
+        case ErrorNumber::FileNotFound:
+        case ErrorNumber::PathNotFound:
+            return Content::Nothing;
         case ErrorNumber::InputPastEnd:
         case ErrorNumber::TypeMismatch:
         case ErrorNumber::Overflow:
         case ErrorNumber::OutOfMemory:
-            return Content::None;
+            break;
         default:
             return Content::Unknown;
     }
+    bool empty = false;
+    SkipFailure([&] { empty = files.Info(path).length == 0; });
+    return empty ? Content::Nothing : Content::Broken;
 }
 
 }  // namespace
 
 ShowBackup::ShowBackup(const MainModule& module, const std::string& path)
-    : module_(module), copy_(BackupPath(module, path)) {
-    const Content former = ContentOf(module_, path);
-    safe_ = former == Content::None;
-    if (former != Content::Show) return;
+    : module_(module), path_(path), copy_(BackupPath(module, path)) {
+    SlideEditor* editor = LoadedEditor(module_.app);
+    const Content former = ContentOf(module_, path_);
+    const bool seenWhole = editor == nullptr || !editor->HasReadInPart(path_);
+    safe_ = former == Content::Nothing;
+    if (safe_ || (former == Content::Show && seenWhole)) return;
+    PutAside(module_, path_);
+    safe_ = true;
+    if (editor != nullptr) editor->NoteReading(path_, true);  // what comes there now is the editor's own
+}
+
+void ShowBackup::Keep() {
+    if (safe_) return;
     const Content kept = ContentOf(module_, copy_);
-    safe_ = kept == Content::Show;
-    if (kept != Content::None) return;
+    safe_ = kept == Content::Show || kept == Content::Cut;
+    if (safe_ || kept == Content::Unknown) return;
     SkipFailure([&] {  // the show can be saved as a whole all the same
-        module_.platform.files.Copy(path, copy_);
+        module_.platform.files.Copy(path_, copy_);
         safe_ = true;
     });
 }

@@ -1,11 +1,7 @@
 #include "shows/files/WriteSlideFile.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <memory>
 #include <optional>
-#include <utility>
-#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -13,8 +9,9 @@
 #include "core/RecentLists.h"
 #include "core/ShowFolder.h"
 #include "dialogs/CopyWindow.h"
-#include "platform/services/DrivePath.h"
 #include "shows/SlideEditor.h"
+#include "shows/files/PutAside.h"
+#include "shows/files/SavePlan.h"
 #include "shows/files/ShowBackup.h"
 #include "shows/files/ShowFileWriter.h"
 
@@ -22,61 +19,6 @@ namespace tavrix {
 namespace {
 
 const std::string Paragraph(NewLine2);
-
-/// A file that a show refers to, and how the show stores it.
-struct StoredFile {
-    enum class Form : std::uint8_t {
-        AsItIs,
-        Relative,  ///< it lies in the show's folder or below
-        Copied,    ///< it is copied there
-    };
-    std::string path;
-    std::string stored;
-    Form form = Form::AsItIs;
-};
-
-struct StoredSlide {
-    StoredFile file;
-    std::string description;
-};
-
-/// What a save writes. It has to be known before the first of it is written, for the sake of the encoding, and before the
-/// target is touched.
-struct SavePlan {
-    ShowOptions options;  ///< with the sound as it is stored
-    StoredFile sound;
-    std::vector<StoredSlide> slides;
-};
-
-StoredFile Store(const ShowFolder& folder, const std::string& path, bool copies) {
-    if (auto relative = folder.Relative(path))
-        return {path, *std::move(relative), StoredFile::Form::Relative};
-    const bool bareName = NormalPath(path).find('\\') == std::string::npos;
-    if (!copies || bareName) return {path, path, StoredFile::Form::AsItIs};
-    return {path, FileNameOf(path), StoredFile::Form::Copied};
-}
-
-StoredFile StoreSound(const ShowFolder& folder, const AppConfig& config) {
-    const std::string& path = config.SoundFile;
-    if (path.empty() || config.SoundMode != 1 || !config.SaveSlides) {
-        return {path, path, StoredFile::Form::AsItIs};
-    }
-    if (auto relative = folder.Relative(path))
-        return {path, *std::move(relative), StoredFile::Form::Relative};
-    return {path, FileNameOf(path), StoredFile::Form::Copied};
-}
-
-SavePlan PlanOf(const MainModule& module, const ShowFolder& folder) {
-    const SlideShow& show = module.show;
-    SavePlan plan{.options = module.config, .sound = StoreSound(folder, module.config), .slides = {}};
-    plan.options.SoundFile = plan.sound.stored;
-    const int count = std::min<int>(show.SlideCount, SlideTexts::Slots);
-    for (int i = 0; i < count; ++i) {
-        plan.slides.push_back(
-            {Store(folder, show.SlideFiles[i], module.config.SaveSlides), show.SlideDescriptions[i]});
-    }
-    return plan;
-}
 
 ShowFileEncoding EncodingOf(const SavePlan& plan) {
     ShowFileEncoding encoding;
@@ -88,6 +30,13 @@ ShowFileEncoding EncodingOf(const SavePlan& plan) {
     return encoding;
 }
 
+/// The folder that the rows of the editor are seen from; none where it is not its show that is saved.
+ShowFolder FormerFolder(const MainModule& module) {
+    const SlideEditor* editor = LoadedEditor(module.app);
+    if (module.show.SaveFromArrays || editor == nullptr) return ShowFolder("");
+    return ShowFolder::Of(editor->Filename());
+}
+
 class SavingShow {
   public:
     SavingShow(MainModule& module, const std::string& folder, const std::string& name)
@@ -96,7 +45,7 @@ class SavingShow {
           folder_(folder),
           path_(folder + name),
           count_(module.show.SlideCount),
-          plan_(PlanOf(module, folder_)),
+          plan_(PlanSave(module, folder_, name, FormerFolder(module))),
           window_(module) {}
 
     SaveEnd Run() {
@@ -129,8 +78,9 @@ class SavingShow {
         std::unique_ptr<ShowFileWriter> file;
         std::optional<ShowBackup> backup;
         try {
-            file = std::make_unique<ShowFileWriter>(module_.platform.files.Create(path_), EncodingOf(plan_));
             backup.emplace(module_, path_);
+            file = std::make_unique<ShowFileWriter>(module_.platform.files.Create(path_), EncodingOf(plan_));
+            backup->Keep();
             failure_ = "An error occurred while trying to write the slide show header.";
             if (module_.CancelCopy || !WriteAll(*file)) {
                 PutInPlace(*file, *backup);
@@ -141,7 +91,7 @@ class SavingShow {
             return SaveEnd::Whole;
         } catch (const RuntimeError& error) {
             TellFailure(module_, failure_, error);
-            if (backup) PutInPlace(*file, *backup);
+            if (file) PutInPlace(*file, *backup);
             return SaveEnd::Partial;
         }
     }
@@ -174,12 +124,18 @@ class SavingShow {
         if (backup.Safe()) SkipFailure([&] { file.Close(); });
     }
 
+    /// A file with other content that has the name is put aside first. What is there already is not copied.
     void CopyIntoFolder(const StoredFile& file) {
         window_.Tell("Tavrix is copying the file:" + Paragraph + file.path);
-        const std::string& name = file.stored;
-        // These would be the folder itself, or the one that it lies in.
-        if (name.empty() || name == "." || name == "..") throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
-        module_.platform.files.Copy(file.path, folder_.Path() + name);
+        if (!CanName(file.stored)) throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+        Files& files = module_.platform.files;
+        const std::string target = folder_.Path() + file.stored;
+        if (files.Same(file.source, target)) return;
+        if (IsThere(files, target)) {
+            if (SameContent(files, file.source, target)) return;
+            PutAside(module_, target);
+        }
+        files.Copy(file.source, target);
     }
 
     void Finish() {
@@ -199,10 +155,11 @@ class SavingShow {
     }
 
     void ShowIn(SlideEditor& editor) {
-        for (std::size_t i = 0; i < written_; ++i) {
+        for (std::size_t i = 0; i < plan_.slides.size(); ++i) {
             const StoredFile& file = plan_.slides[i].file;
             const int row = static_cast<int>(i);
-            if (show_.SlideFiles[row] == file.path) show_.SlideFiles.Set(row, file.stored);
+            const std::string& now = i < written_ ? file.stored : file.kept;
+            if (show_.SlideFiles[row] == file.path) show_.SlideFiles.Set(row, now);
         }
         editor.PathsChanged();
         editor.SetFilename(path_);
