@@ -27,6 +27,11 @@ TEST_F(LoadSlideFileTest, BeginsInTheFolderOfShowsWithTheFirst) {
     }));
 }
 
+TEST_F(LoadSlideFileTest, SoItDoesWhereThatIsTheCurrentFolder) {
+    platform.files.ChangeFolder("C:\\Tavrix\\SLIDES");
+    InFolders([](LoadSlideFile& dialog) { EXPECT_EQ(dialog.Chooser.File1.FileName(), "a.tvs"); });
+}
+
 TEST_F(LoadSlideFileTest, BeginsWithTheShowOfTheLastTime) {
     module.config.LastSlideShow = B;
     InFolders([](LoadSlideFile& dialog) { EXPECT_EQ(dialog.Chooser.File1.FileName(), "b.tvs"); });
@@ -300,7 +305,7 @@ TEST_F(SaverTargetTest, TakesTheShowAndBeginsWithItsFirstImage) {
 }
 
 TEST_F(SaverTargetTest, FromTheRecentListToo) {
-    module.config.RecentShows[0] = B;
+    module.config.RecentShows[0] = "c:\\Tavrix/SLIDES\\b.tvs";
     EXPECT_TRUE(InRecent([](LoadRecentFile& dialog) { Press(dialog.CmdOK); }));
     EXPECT_EQ(settings.file, B);
     EXPECT_EQ(settings.shown, 1);

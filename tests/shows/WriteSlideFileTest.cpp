@@ -495,6 +495,19 @@ TEST_F(WriteSlideFileTest, ABackupThatDoesNotReadBackMakesRoom) {
     EXPECT_EQ(BackupContent(), FormerShow("other.bmp"));
 }
 
+TEST_F(WriteSlideFileTest, ABackupThatCannotBeReadNowIsNotReplaced) {
+    PutShow(FormerShow());
+    SaveAndCancelAtYield(1);
+    const std::string backup = BackupContent();
+    PutShow(FormerShow("other.bmp"));
+    const std::size_t before = platform.faults.Log().size();
+    platform.faults.FailNth(Service::Files, 5, ErrorNumber::DiskNotReady);  // Open, Read, Read, Create, Open
+    SaveAndCancelAtYield(3);
+    EXPECT_TRUE(platform.faults.Log().at(before + 4).starts_with("Files.Open C:\\Tavrix\\Backup of"));
+    EXPECT_EQ(BackupContent(), backup);
+    EXPECT_EQ(OnDisk(), FormerShow("other.bmp"));
+}
+
 TEST_F(WriteSlideFileTest, WithoutABackupLessDoesNotTakeThePlaceOfTheFormerShow) {
     PutShow(FormerShow());
     platform.faults.FailAlways(Service::Files, "Copy", ErrorNumber::DiskNotReady);
@@ -775,6 +788,15 @@ TEST_F(SaveAsTest, ASoundThatIsNotInTheFolderComesFromTheCurrentOne) {
         EXPECT_EQ(platform.disks.Content(std::string(folder) + "b.wav"), "sound b");
         editor.SetFilename(ShowPath);
     }
+}
+
+TEST_F(SaveAsTest, TheSoundInTheFolderKeepsItsName) {
+    module.config.SaveSlides = true;
+    platform.disks.PutFile("C:\\p\\a.wav", "no sound");
+    UseSlides({"C:\\p\\a.wav"});
+    EXPECT_EQ(Save(), SaveEnd::Whole);
+    EXPECT_EQ(OnDisk(), DefaultHeader("a.wav", "1") + Slides({"a (2).wav", ""}));
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\a.wav"), "sound of the show");
 }
 
 TEST_F(SaveAsTest, RowsOfAnotherShowAreNotTakenForTheEditors) {

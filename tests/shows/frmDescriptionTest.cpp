@@ -280,6 +280,21 @@ TEST_F(frmDescriptionTest, PreviewShowsTheSlideOnTheStage) {
     EXPECT_FALSE(module.Busy());
 }
 
+TEST_F(frmDescriptionTest, PreviewEndsTheStageThatIsThere) {
+    auto& dialog = Open(1);
+    module.StageImage = "C:\\Shows\\sub\\b.bmp";
+    app.Load<FullViewFrm>(module).Show();
+    toolkit.OnModal("FullViewFrm", [this] {
+        int stages = 0;
+        for (int i = 0; i < app.FormCount(); ++i)
+            stages += dynamic_cast<FullViewFrm*>(&app.FormAt(i)) != nullptr ? 1 : 0;
+        EXPECT_EQ(stages, 1);
+        app.Loaded<FullViewFrm>()->Deliver(forms::KeyEvent{true, forms::KeyCode::Escape, 0, nullptr});
+    });
+    Press(dialog.CmdPreview);
+    EXPECT_EQ(app.Loaded<FullViewFrm>(), nullptr);
+}
+
 TEST_F(frmDescriptionTest, ADialogThatIsClosedInThatMomentShowsNoStage) {
     auto& dialog = Open(1);
     toolkit.AtYield(1, [&dialog] { Press(dialog.CmdCancel); });
