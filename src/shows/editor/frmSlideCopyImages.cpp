@@ -11,7 +11,6 @@
 #include "dialogs/DialogWork.h"
 #include "dialogs/ExploreFolder.h"
 #include "dialogs/NewFolder.h"
-#include "viewer/ImageOnShow.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -135,7 +134,7 @@ void frmSlideCopyImages::Transfer(const std::string& destination) {
     transfer.OnDone = [&](const TransferItem& item) {
         if (!sources_.move) return;
         if (editor_.Moved(item.from, item.to)) entriesChanged = true;
-        ImageOnShow(view_).Moved(item.from, item.to);
+        view_.imageOnShow.Moved(item.from, item.to);
     };
     const TransferEnd end = transfer.Run(items);
     window.Close();
