@@ -47,6 +47,8 @@
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
 #include "shows/editor/frmDescription.h"
+#include "shows/editor/frmSlideCopyImages.h"
+#include "shows/editor/frmSlideDup.h"
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
@@ -223,6 +225,14 @@ class Gallery {
         module_.show.SlideDescriptions.Set(1, "The beach on the last day, before the rain");
         DrawForm(app_.Load<frmDescription>(module_, "C:\\Pictures\\show.tvs", 1));
         module_.show.EraseSlides();
+        DrawForm(app_.Load<frmSlideDup>(
+            module_,
+            std::vector<std::string>{"C:\\PICTURES\\HOLIDAYS & MORE\\BEACH.BMP", "C:\\PICTURES\\SMALL.BMP"},
+            frmSlideDup::Editor{}));
+        const frmSlideCopyImages::Sources sources{
+            "C:\\Pictures\\Holidays & more\\", {"beach.bmp", "sea.bmp"}, true};
+        DrawForm(app_.Load<frmSlideCopyImages>(*app_.Loaded<MainViewFrm>(), sources,
+                                               frmSlideCopyImages::Editor{}));
     }
 
     void DrawStage() {

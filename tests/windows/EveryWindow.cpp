@@ -17,6 +17,8 @@
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
 #include "shows/editor/frmDescription.h"
+#include "shows/editor/frmSlideCopyImages.h"
+#include "shows/editor/frmSlideDup.h"
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
@@ -102,6 +104,19 @@ forms::Form& LoadDescriptions(Program& program) {
     return program.app.Load<frmDescription>(program.module, "C:\\Pictures\\show.tvs", 1);
 }
 
+forms::Form& LoadDuplicates(Program& program) {
+    return program.app.Load<frmSlideDup>(program.module,
+                                         std::vector<std::string>{"C:\\PICTURES\\HOLIDAYS & MORE\\BEACH.BMP"},
+                                         frmSlideDup::Editor{});
+}
+
+forms::Form& LoadSlideCopy(Program& program) {
+    return program.app.Load<frmSlideCopyImages>(
+        program.View(),
+        frmSlideCopyImages::Sources{"C:\\Pictures\\Holidays & more\\", {"beach.bmp", "sea.bmp"}, true},
+        frmSlideCopyImages::Editor{});
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -137,6 +152,8 @@ std::vector<Window> EveryWindow() {
         {"LoadRecentFile", LoadsShows<LoadRecentFile>},
         {"SaveSlideFile", LoadSaveShow},
         {"frmDescription", LoadDescriptions},
+        {"frmSlideDup", LoadDuplicates},
+        {"frmSlideCopyImages", LoadSlideCopy},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
