@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 namespace tavrix {
 namespace {
@@ -12,6 +14,7 @@ constexpr int BufferedFrames = 4096;  ///< closing waits for two buffers
 }  // namespace
 
 bool CdPlayer::ReadTracks() {
+    if (imageOut_) return false;
     if (disc_) return !tracks_.empty();
     if (!Usable()) return false;
     disc_ = Disc(cdio_.Open(device_.c_str(), DRIVER_UNKNOWN), cdio_.Destroy);
@@ -79,6 +82,11 @@ bool CdPlayer::MoveDoor(bool open) {
     Stop();
     disc_.reset();
     start_ = 0;
+    std::error_code error;
+    if (std::filesystem::is_regular_file(device_, error)) {
+        imageOut_ = open;
+        return true;
+    }
     if (!Usable()) return false;
     driver_id_t driver = DRIVER_UNKNOWN;
     return (open ? cdio_.Eject(device_.c_str()) : cdio_.CloseTray(device_.c_str(), &driver)) ==

@@ -18,8 +18,9 @@ class CdPlayer {
   public:
     enum class Outcome { Done, NoDisc, NoDevice };
 
-    /// `device` is the host path of an optical drive, which may be empty, or of a disc image.
-    explicit CdPlayer(std::string device) : device_(std::move(device)) {}
+    /// `device` is the host path of an optical drive, which may be empty, or of a disc image. The door of an image is
+    /// open or closed as it was left.
+    CdPlayer(std::string device, bool doorOpen) : device_(std::move(device)), imageOut_(doorOpen) {}
     CdPlayer(const CdPlayer&) = delete;
     CdPlayer& operator=(const CdPlayer&) = delete;
     ~CdPlayer() { Stop(); }
@@ -33,7 +34,7 @@ class CdPlayer {
     /// Plays on to the end of the disc, leaving out what is no audio.
     [[nodiscard]] Outcome Play();
     void Stop();
-    /// Opens or closes the tray. False for images, and where the drive refuses it.
+    /// Opens or closes the tray. An image is no disc while its door is open. False where the drive refuses it.
     [[nodiscard]] bool MoveDoor(bool open);
 
   private:
@@ -50,6 +51,7 @@ class CdPlayer {
     static void Fill(void* self, std::uint8_t* into, int bytes);
 
     std::string device_;
+    bool imageOut_;  ///< it is an image, and its door is open
     CdioLibrary cdio_;
     SdlAudio sdl_;
     Disc disc_{nullptr, nullptr};

@@ -271,14 +271,16 @@ std::vector<HostDrive> DriveMap::ListedDrives() {
     all.insert(configured_.begin(), configured_.end());
     std::vector<HostDrive> listed;
     for (const auto& [letter, drive] : all) {
-        if (drive.listed) listed.push_back(drive);
+        if (drive.listed) listed.push_back(WithDoor(drive));
     }
     return listed;
 }
 
 std::optional<HostDrive> DriveMap::Find(char letter) {
     const char upper = UpperCase(std::string(1, letter))[0];
-    if (const auto found = configured_.find(upper); found != configured_.end()) return found->second;
+    if (const auto found = configured_.find(upper); found != configured_.end()) {
+        return WithDoor(found->second);
+    }
     auto found = found_.find(upper);
     if (found == found_.end() || !found->second.present) {
         FindMedia();
@@ -320,6 +322,21 @@ std::string DriveMap::MountedDevice(const HostDrive& drive) const {
     struct stat status {};
     const bool block = ::stat(found.c_str(), &status) == 0 && S_ISBLK(status.st_mode);
     return block && TypeOfMount(found, {}) == DriveType::Removable ? found : std::string();
+}
+
+void DriveMap::NoteDoor(const std::string& device, bool open) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(device, error)) return;
+    if (open) {
+        openDoors_.insert(device);
+    } else {
+        openDoors_.erase(device);
+    }
+}
+
+HostDrive DriveMap::WithDoor(HostDrive drive) const {
+    if (IsDoorOpen(drive.device)) drive.present = false;
+    return drive;
 }
 
 void DriveMap::KeepDisk(const HostDrive& drive) {

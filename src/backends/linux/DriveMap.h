@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -92,6 +93,10 @@ class DriveMap {
     [[nodiscard]] std::string CdDevice();
     /// The block device whose removable medium is mounted at a drive's root; empty when there is none.
     [[nodiscard]] std::string MountedDevice(const HostDrive& drive) const;
+    /// The door of an optical drive was opened or closed. A disc image whose door is open is a drive without a disk, for
+    /// this process alone; devices tell themselves.
+    void NoteDoor(const std::string& device, bool open);
+    [[nodiscard]] bool IsDoorOpen(const std::string& device) const { return openDoors_.contains(device); }
     /// For after the last file has left a drive: a floppy's folder that is empty now stays a disk.
     static void KeepDisk(const HostDrive& drive);
     /// Free bytes of a drive with a disk.
@@ -116,6 +121,7 @@ class DriveMap {
   private:
     void AddConfigured(std::string_view line);
     void FindMedia();
+    [[nodiscard]] HostDrive WithDoor(HostDrive drive) const;
     [[nodiscard]] char FreeLetter() const;
     [[nodiscard]] bool MayBeOnMedium(std::string_view hostPath) const;
     [[nodiscard]] const HostDrive* OwnerOf(std::string_view hostPath);
@@ -127,6 +133,7 @@ class DriveMap {
     std::map<char, HostDrive> configured_;
     std::map<char, HostDrive> found_;
     std::map<std::string, char> formerLetters_;  ///< a medium that comes back gets its letter again
+    std::set<std::string> openDoors_;            ///< of disc images
     bool mediaKnown_ = false;
 };
 

@@ -201,7 +201,9 @@ void HostSound::RunCd(const std::vector<std::string>& words) {
     } else if (words[0] == "SEEK" && words.size() == 4 && words[2] == "TO") {
         Seek(words[3]);
     } else if (words[0] == "SET" && (is({"DOOR", "OPEN"}) || is({"DOOR", "CLOSED"}))) {
-        if (!cd_->MoveDoor(words[3] == "OPEN")) throw CommandFailure{"The drive does not move its door"};
+        const bool open = words[3] == "OPEN";
+        if (!cd_->MoveDoor(open)) throw CommandFailure{"The drive does not move its door"};
+        drives_.NoteDoor(drives_.CdDevice(), open);
     } else if (words[0] != "SET" || !is({"TIME", "FORMAT", "TMSF"})) {
         throw CommandFailure{NotUnderstood};
     }
@@ -219,7 +221,7 @@ void HostSound::OpenCd() {
     if (device.empty()) {
         throw CommandFailure{RuntimeError(ErrorNumber::DeviceUnavailable).Description(), CdAudio};
     }
-    auto player = std::make_unique<CdPlayer>(device);
+    auto player = std::make_unique<CdPlayer>(device, drives_.IsDoorOpen(device));
     if (!player->Usable()) throw CommandFailure{"The library libcdio is not installed", CdAudio};
     cd_ = std::move(player);
 }
