@@ -1,19 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "core/MainModule.h"
+#include "shows/stage/MediaControl.h"
 
 namespace tavrix {
-
-enum class SoundFileKind { None, Wave, Midi };
-
-/// What a sound file's ending says, in any case of letters: ".WAV" or ".MID".
-[[nodiscard]] SoundFileKind KindOfSoundFile(const std::string& file);
-
-/// Whether the drive with the letter `CdRomDriveLetter` can be made the current one, as it can with a disc in it. The
-/// current drive is the same afterwards.
-[[nodiscard]] bool CdDriveAnswers(const MainModule& module);
 
 /// The sound behind a show, as the settings `SoundMode`, `SoundFile`, `CDTrack` and `SoundLoop` say when it starts; what
 /// has started is what Stop stops, whatever the settings say by then. It plays by itself between Start and Stop. Start
@@ -35,12 +25,8 @@ class SoundEngine {
     void StartCd();
     void StopFile();
     void StopCd();
-    void PlayWave(const std::string& file, unsigned flags);
-    /// Runs a command; a failure of the platform is told and counts as one of the command.
-    [[nodiscard]] bool Succeeds(const std::string& command);
     /// Stops and releases what plays under an alias.
     void StopAndClose(const char* stop, const char* close);
-    void TellUnexpected();
 
     MainModule& module_;
     int mode_ = 0;  ///< SoundMode at the start
