@@ -52,6 +52,9 @@
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/library/FindSlideFrm.h"
+#include "shows/options/BrowseWavFrm.h"
+#include "shows/options/SlideOptionsFrm.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -233,6 +236,34 @@ class Gallery {
             "C:\\Pictures\\Holidays & more\\", {"beach.bmp", "sea.bmp"}, true};
         DrawForm(app_.Load<frmSlideCopyImages>(*app_.Loaded<MainViewFrm>(), sources,
                                                frmSlideCopyImages::Editor{}));
+        DrawShowOptions();
+    }
+
+    void DrawShowOptions() {
+        const ShowFolder folder("C:\\Pictures");
+        DrawForm(app_.Load<SlideOptionsFrm>(module_, folder), "-no-sound");
+        module_.WaveDevicePresent = true;
+        module_.config.SoundMode = 1;
+        module_.config.SoundFile = "C:\\Pictures\\Holidays & more\\waves.wav";
+        for (const char* name : {"waves.wav", "song.mid", "wind.wav"})
+            platform_.disks.PutFile(std::string("C:\\Pictures\\Holidays & more\\") + name, "");
+        auto& options = app_.Load<SlideOptionsFrm>(module_, folder);
+        DrawForm(app_.Load<BrowseWavFrm>(module_, options));
+        DrawForm(options);
+        module_.config.SoundMode = 2;
+        DrawForm(app_.Load<SlideOptionsFrm>(module_, folder), "-disc");
+        module_.config.SoundMode = 0;
+        DrawLibrary();
+    }
+
+    void DrawLibrary() {
+        for (const char* name : {"spring.tvs", "summer.tvs", "the way to the sea and back again.tvs"})
+            platform_.disks.PutFile(std::string("C:\\Pictures\\Holidays & more\\") + name, "");
+        std::string answer;
+        auto& find = app_.Load<FindSlideFrm>(module_, answer);
+        find.Show();
+        find.Find.CmdFind.OnClick();
+        DrawForm(find);
     }
 
     void DrawStage() {

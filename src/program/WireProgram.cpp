@@ -3,6 +3,7 @@
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
+#include "shows/library/LibraryCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -28,6 +29,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallEditingCommands(view);
     InstallListCommands(view);
     InstallStageCommands(view);
+    InstallShowLibrary(view);
     return view;
 }
 

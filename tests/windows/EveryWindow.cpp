@@ -22,6 +22,9 @@
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/library/FindSlideFrm.h"
+#include "shows/options/BrowseWavFrm.h"
+#include "shows/options/SlideOptionsFrm.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -117,6 +120,20 @@ forms::Form& LoadSlideCopy(Program& program) {
         frmSlideCopyImages::Editor{});
 }
 
+forms::Form& LoadSlideOptions(Program& program) {
+    return program.app.Load<SlideOptionsFrm>(program.module, ShowFolder("C:\\Pictures"));
+}
+
+forms::Form& LoadBrowseWav(Program& program) {
+    return program.app.Load<BrowseWavFrm>(
+        program.module, program.app.Load<SlideOptionsFrm>(program.module, ShowFolder("C:\\Pictures")));
+}
+
+forms::Form& LoadFindSlide(Program& program) {
+    static std::string answer;
+    return program.app.Load<FindSlideFrm>(program.module, answer);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -154,6 +171,9 @@ std::vector<Window> EveryWindow() {
         {"frmDescription", LoadDescriptions},
         {"frmSlideDup", LoadDuplicates},
         {"frmSlideCopyImages", LoadSlideCopy},
+        {"SlideOptionsFrm", LoadSlideOptions},
+        {"BrowseWavFrm", LoadBrowseWav},
+        {"FindSlideFrm", LoadFindSlide},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
