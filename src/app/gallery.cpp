@@ -52,7 +52,9 @@
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/library/DeleteSlideFrm.h"
 #include "shows/library/FindSlideFrm.h"
+#include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
 #include "shows/stage/FullViewFrm.h"
@@ -264,6 +266,12 @@ class Gallery {
         find.Show();
         find.Find.CmdFind.OnClick();
         DrawForm(find);
+        module_.config.LastSlideShow = "C:\\Pictures\\Holidays & more\\summer.tvs";
+        module_.config.UseRecycleBin = false;
+        DrawForm(app_.Load<DeleteSlideFrm>(module_));
+        module_.config.UseRecycleBin = true;
+        DrawForm(app_.Load<frmRenameShow>(module_));
+        module_.config.LastSlideShow.clear();
     }
 
     void DrawStage() {

@@ -69,6 +69,7 @@ Deletion DeleteToBin(const MainModule& module, const std::string& path, bool con
 
 bool DeleteAsUserAgrees(const MainModule& module, const std::string& path) {
     try {
+        RequireExactly(module, path);
         return DeleteToBin(module, path, true) == Deletion::Done;
     } catch (const RuntimeError& error) {
         const std::string what = module.config.UseRecycleBin

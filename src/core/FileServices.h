@@ -33,7 +33,8 @@ enum class Deletion { Done, Declined };
 /// not take is never removed for good. Callers that have no words for a failure use DeleteAsUserAgrees.
 Deletion DeleteToBin(const MainModule& module, const std::string& path, bool confirm);
 
-/// DeleteToBin with the question, and a box about a failure. Whether the file was deleted.
+/// DeleteToBin with the question, and a box about a failure, for a file that was chosen from a list (RequireExactly).
+/// Whether the file was deleted.
 bool DeleteAsUserAgrees(const MainModule& module, const std::string& path);
 
 }  // namespace tavrix

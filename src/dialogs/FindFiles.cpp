@@ -274,6 +274,7 @@ void FindFiles::DeleteSelected() {
     const std::string path = ListFiles.List(row);
     if (!MayDelete(path)) return;
     try {
+        RequireExactly(module_, path);
         if (DeleteToBin(module_, path, true) == Deletion::Done) OnDeleted(path);
     } catch (const RuntimeError& error) {
         Tell(FailureText("Unable to delete the selected file.", error), forms::BoxIcon::Exclamation);

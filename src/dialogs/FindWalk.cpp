@@ -1,6 +1,7 @@
 #include "dialogs/FindWalk.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -29,12 +30,16 @@ void FindWalk::Walk(const std::string& folder) {
     }
 }
 
-FindWalk::Level FindWalk::Read(const std::string& folder) const {
-    Level level{.folder = folder};
-    SkipFailure([&] { level.subfolders = module_.platform.files.Folders(folder); });
-    SkipFailure([&] { level.files = module_.platform.files.List(folder, patterns_); });
-    level.subfolders.resize(std::min(level.subfolders.size(), MostSubfolders));
-    return level;
+FindWalk::Level FindWalk::Read(const std::string& folder) {
+    const std::unique_ptr<FolderLook> look = module_.platform.files.Look(folder, patterns_);
+    while (!look->Wait(static_cast<int>(Breath.count()))) {
+        Breathe();
+        if (cancelled_) return {};
+    }
+    FolderContent content;
+    SkipFailure([&] { content = look->Take(); });
+    content.folders.resize(std::min(content.folders.size(), MostSubfolders));
+    return {.folder = folder, .subfolders = std::move(content.folders), .files = std::move(content.files)};
 }
 
 void FindWalk::Breathe() {

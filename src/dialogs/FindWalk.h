@@ -34,13 +34,13 @@ class FindWalk {
 
   private:
     struct Level {
-        std::string folder;
+        std::string folder{};
         std::vector<std::string> subfolders{};
         std::size_t next = 0;  ///< of the subfolders
         std::vector<std::string> files{};
     };
 
-    [[nodiscard]] Level Read(const std::string& folder) const;
+    [[nodiscard]] Level Read(const std::string& folder);
     void Breathe();
 
     const MainModule& module_;

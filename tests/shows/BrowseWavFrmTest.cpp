@@ -35,7 +35,7 @@ class BrowseWavFrmTest : public ShowsTest {
         files.Deliver(forms::RowEvent{files.IndexOf(name)});
     }
     static void Press(forms::CommandButton& button) { button.Deliver(forms::ClickEvent{}); }
-    [[nodiscard]] Calls Sent() { return std::exchange(platform.sound.calls, {}); }
+    Calls Sent() { return std::exchange(platform.sound.calls, {}); }
     void ExpectTold(const std::string& text) { Expect({.text = text}); }
     void ExpectRecycle(const std::string& path, forms::Answer reply) {
         Expect({.text = "Are you sure you want to send the following file to the Recycle Bin?\r\n\r\n" + path,

@@ -47,7 +47,7 @@ class SlideOptionsFrmTest : public ShowsTest {
     static void Press(forms::CommandButton& button) { button.Deliver(forms::ClickEvent{}); }
     static void Choose(forms::OptionButton& option) { option.Deliver(forms::ClickEvent{}); }
     static void Tick(forms::CheckBox& box, bool ticked) { box.Deliver(forms::CheckEvent{ticked}); }
-    [[nodiscard]] Calls Sent() { return std::exchange(platform.sound.calls, {}); }
+    Calls Sent() { return std::exchange(platform.sound.calls, {}); }
     void Refuse(const std::string& command) { platform.sound.results[command] = 0; }
     void ExpectTold(const std::string& text) { Expect({.text = text}); }
     void ExpectNotReady() { Expect({.text = NotReady, .icon = forms::BoxIcon::Exclamation}); }

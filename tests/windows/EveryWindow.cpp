@@ -22,7 +22,9 @@
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/library/DeleteSlideFrm.h"
 #include "shows/library/FindSlideFrm.h"
+#include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
 #include "shows/stage/FullViewFrm.h"
@@ -174,6 +176,8 @@ std::vector<Window> EveryWindow() {
         {"SlideOptionsFrm", LoadSlideOptions},
         {"BrowseWavFrm", LoadBrowseWav},
         {"FindSlideFrm", LoadFindSlide},
+        {"DeleteSlideFrm", OfModule<DeleteSlideFrm>},
+        {"frmRenameShow", OfModule<frmRenameShow>},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };

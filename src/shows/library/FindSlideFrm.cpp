@@ -6,11 +6,10 @@
 #include "core/Folders.h"
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
-#include "platform/forms/Application.h"
 #include "shows/files/LoadShowFile.h"
+#include "shows/library/LibraryDialog.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/StageCommands.h"
-#include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 namespace {
@@ -28,7 +27,9 @@ FindWords Words() {
                 "search for files..."};
 }
 
-void PlayFoundShow(MainModule& module) {
+void PlayFoundShow(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     EndStage(module);
     module.SlideShowActive = true;
     module.StartedAsShow = true;
@@ -66,16 +67,9 @@ void FindSlideFrm::CmdOpen_Click() {
 }
 
 void mnuFindSlideShow_Click(MainViewFrm& view) {
-    MainModule& module = view.Module();
-    if (module.Busy()) return;
-    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
-    forms::BusyGuard busy(module.Screen());
-    module.DoEvents();
     std::string answer;
-    auto& dialog = module.app.Load<FindSlideFrm>(module, answer);
-    busy.Release();
-    dialog.ShowModal();
-    if (answer == FindSlideFrm::StartSlideShow) PlayFoundShow(module);
+    ShowLibraryDialog<FindSlideFrm>(view, answer);
+    if (answer == FindSlideFrm::StartSlideShow) PlayFoundShow(view);
 }
 
 }  // namespace tavrix

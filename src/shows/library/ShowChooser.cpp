@@ -1,0 +1,29 @@
+#include "shows/library/ShowChooser.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace tavrix {
+namespace {
+
+/// Goes to a folder that is there; without a word about one that is not.
+bool GoTo(const MainModule& module, FileChooser& chooser, const std::string& folder) {
+    if (folder.empty() || !module.platform.files.FolderExists(folder)) return false;
+    SkipFailure([&] { chooser.Lists.GoTo(folder); });
+    return true;
+}
+
+}  // namespace
+
+void StartAtLastShow(const MainModule& module, FileChooser& chooser) {
+    const std::string& last = module.config.LastSlideShow;
+    const bool there = GoTo(module, chooser, FolderOf(last));
+    if (!there && !GoTo(module, chooser, module.AppPath + "SLIDES")) GoTo(module, chooser, module.AppPath);
+    forms::FileListBox& files = chooser.File1;
+    files.Refresh();
+    if (files.ListCount() == 0) return;
+    const int row = there ? files.IndexOf(FileNameOf(last)) : -1;
+    files.ListIndex = row >= 0 ? row : 0;
+}
+
+}  // namespace tavrix
