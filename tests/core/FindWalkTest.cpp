@@ -108,7 +108,8 @@ TEST_F(FindWalkTest, AnySingleFailureCostsOneFolderAtMost) {
         const Texts found = Walk();
         EXPECT_TRUE(platform.faults.Fired());
         EXPECT_EQ(found.size(), call == 1 ? 0U : 2U) << call;
-        EXPECT_TRUE(std::ranges::includes(all, found)) << call;
+        for (const std::string& path : found)
+            EXPECT_TRUE(std::ranges::count(all, path) == 1) << path << call;
     }
 }
 

@@ -132,6 +132,7 @@ TEST_F(FindSlideFrmTest, BeginsOnTheDriveOfTheImage) {
             EXPECT_EQ(Status(find), Hint);
         },
         false);
+    platform.files.ChangeDrive("C");
     platform.disks.RemoveDrive('D');
     Show([](FindFiles& find) { EXPECT_EQ(find.Drive1.Drive.Get(), "C:"); }, false);
 }
@@ -335,13 +336,17 @@ TEST_F(FindSlideFrmTest, AWindowThatIsClosedAsTheSearchBeginsSearchesNothing) {
 }
 
 TEST_F(FindSlideFrmTest, TheListHoldsSomeThousandsAndTheCountAll) {
-    for (int number = 0; number < 32770; ++number)
-        platform.disks.PutFile("D:\\m\\" + std::to_string(100'000 + number) + ".tvs", "");
+    auto disk = std::make_shared<headless::MemoryDisk>();
+    for (int number = 0; number < 32770; ++number) {
+        disk->root->children[std::to_string(100'000 + number) + ".tvs"] =
+            std::make_shared<headless::MemoryNode>();
+    }
+    platform.disks.InsertDisk('D', disk);
     Show([this](FindFiles& find) {
         find.Drive1.Drive = "D:";
         Press(find.CmdFind);
         EXPECT_EQ(find.ListFiles.ListCount(), 32767);
-        EXPECT_EQ(find.ListFiles.List(32766), "D:\\m\\132766.tvs");
+        EXPECT_EQ(find.ListFiles.List(32766), "D:\\132766.tvs");
         EXPECT_EQ(find.FoundCount, 32770);
         EXPECT_EQ(Status(find), "Found a total of: 32,770 slide shows on D:");
     });

@@ -45,7 +45,7 @@ class SlideOptionsFrmTest : public ShowsTest {
         return dialog;
     }
     static void Press(forms::CommandButton& button) { button.Deliver(forms::ClickEvent{}); }
-    static void Choose(forms::OptionButton& option) { option.Deliver(forms::ClickEvent{}); }
+    static void Choose(forms::OptionButton& option) { option.Deliver(forms::CheckEvent{true}); }
     static void Tick(forms::CheckBox& box, bool ticked) { box.Deliver(forms::CheckEvent{ticked}); }
     Calls Sent() { return std::exchange(platform.sound.calls, {}); }
     void Refuse(const std::string& command) { platform.sound.results[command] = 0; }
