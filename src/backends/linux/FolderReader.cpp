@@ -16,23 +16,22 @@ class FolderReader::Job {
   public:
     Job(std::string path, PatternList patterns) : path_(std::move(path)), patterns_(std::move(patterns)) {}
 
-    void Run() {
-        FolderContent content;
-        std::optional<RuntimeError> failure;
+    /// Nobody looks at what is read before Tell.
+    void Read() {
         try {
             ReadBoth(
                 path_, [this](const std::string& name) { return patterns_.Matches(name); },
-                [&](std::string&& name, EntryKind kind) {
-                    (kind == EntryKind::File ? content.files : content.folders).push_back(std::move(name));
+                [this](std::string&& name, EntryKind kind) {
+                    (kind == EntryKind::File ? content_.files : content_.folders).push_back(std::move(name));
                 });
-            SortAsListed(content.files);
-            SortAsListed(content.folders);
+            SortAsListed(content_.files);
+            SortAsListed(content_.folders);
         } catch (const RuntimeError& error) {
-            failure = error;
+            failure_ = error;
         }
+    }
+    void Tell() {
         const std::lock_guard lock(mutex_);
-        content_ = std::move(content);
-        failure_ = std::move(failure);
         done_ = true;
         changed_.notify_all();
     }
@@ -71,9 +70,13 @@ class FolderReader::Worker {
                 job = std::move(next_);
                 next_.reset();
             }
-            job->Run();
-            const std::lock_guard lock(mutex_);
-            --jobs_;
+            job->Read();
+            {
+                // Before it is told: whoever hears of it may have the next one at once.
+                const std::lock_guard lock(mutex_);
+                --jobs_;
+            }
+            job->Tell();
         }
     }
     /// Whether it took the job: it takes one while it has none.
@@ -133,7 +136,8 @@ std::unique_ptr<FolderLook> FolderReader::Begin(const std::string& hostPath, Pat
         } catch (const std::system_error&) {
             // Without a thread the caller waits.
             worker_.reset();
-            job->Run();
+            job->Read();
+            job->Tell();
         }
     }
     return std::make_unique<WorkersLook>(std::move(job), std::move(finish));
