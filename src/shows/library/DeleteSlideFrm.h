@@ -5,6 +5,7 @@
 #include "dialogs/FileChooser.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Image.h"
+#include "shows/library/ShowsFolder.h"
 
 namespace tavrix {
 
@@ -19,7 +20,7 @@ class DeleteSlideFrm final : public forms::Form {
     MainModule& module_;
 
   public:
-    FileChooser Chooser{*this, module_, "*.tvs"};
+    FileChooser Chooser{*this, module_, ShowPattern};
     forms::CommandButton CmdDelete{*this, "CmdDelete"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};

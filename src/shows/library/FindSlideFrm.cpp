@@ -8,6 +8,7 @@
 #include "core/RecentLists.h"
 #include "shows/files/LoadShowFile.h"
 #include "shows/library/LibraryDialog.h"
+#include "shows/library/ShowsFolder.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/StageCommands.h"
 
@@ -16,7 +17,7 @@ namespace {
 
 FindWords Words() {
     return {.title = "Tavrix - [Find Slide Show(s)]",
-            .patterns = "*.tvs",
+            .patterns = ShowPattern,
             .kind = "slide shows",
             .label = "Enter filename pattern to search for or enter * to find ALL slide show files:",
             .searching = "Searching for slide shows...",

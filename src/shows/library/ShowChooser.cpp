@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "shows/library/ShowsFolder.h"
 
 namespace tavrix {
 namespace {
@@ -18,7 +19,7 @@ bool GoTo(const MainModule& module, FileChooser& chooser, const std::string& fol
 void StartAtLastShow(const MainModule& module, FileChooser& chooser) {
     const std::string& last = module.config.LastSlideShow;
     const bool there = GoTo(module, chooser, FolderOf(last));
-    if (!there && !GoTo(module, chooser, module.AppPath + "SLIDES")) GoTo(module, chooser, module.AppPath);
+    if (!there) GoTo(module, chooser, ShowsFolder(module));
     forms::FileListBox& files = chooser.File1;
     files.Refresh();
     if (files.ListCount() == 0) return;

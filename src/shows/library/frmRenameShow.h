@@ -5,6 +5,7 @@
 #include "dialogs/FileChooser.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/TextBox.h"
+#include "shows/library/ShowsFolder.h"
 
 namespace tavrix {
 
@@ -20,7 +21,7 @@ class frmRenameShow final : public forms::Form {
     MainModule& module_;
 
   public:
-    FileChooser Chooser{*this, module_, "*.tvs"};
+    FileChooser Chooser{*this, module_, ShowPattern};
     forms::Label lblFilename{*this, "lblFilename"};
     forms::TextBox txtFilename{*this, "txtFilename"};
     forms::CommandButton CmdRename{*this, "CmdRename"};
