@@ -93,7 +93,7 @@ class LibraryTest(ProgramTest):
 
     def test_escape_stops_a_search_and_then_closes_the_window(self):
         self.show_file("../a first/one.tvs")
-        for group in range(200):
+        for group in range(100):
             for number in range(100):
                 os.makedirs(os.path.join(self.home.pictures, "many", f"g{group}", f"f{number}"))
         program = self.start_on(self.home.pictures)
