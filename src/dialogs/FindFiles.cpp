@@ -204,6 +204,17 @@ void FindFiles::Enable(bool enabled) {
 void FindFiles::Search() {
     form_.MousePointer = forms::MousePointer::ArrowHourglass;
     module_.DoEvents();
+    // On every way out: a window that thinks it searches cannot be closed.
+    const struct Ending {
+        FindFiles& find;
+        ~Ending() {
+            find.Enable(true);
+            find.FindRunning = false;
+            find.FindCancelled = false;
+            find.CmdCancel.Enabled = true;
+            find.form_.MousePointer = forms::MousePointer::Default;
+        }
+    } ending{*this};
     FindRunning = true;
     Enable(false);
     FoundCount = 0;
@@ -227,10 +238,6 @@ void FindFiles::Search() {
     if (txtSearch.Text.Get().empty()) txtSearch.Text = "*";
     SelectToReplace(txtSearch);
     TellResult();
-    FindRunning = false;
-    FindCancelled = false;
-    CmdCancel.Enabled = true;
-    form_.MousePointer = forms::MousePointer::Default;
 }
 
 void FindFiles::TellResult() {
