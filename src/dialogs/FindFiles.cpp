@@ -204,6 +204,7 @@ void FindFiles::Enable(bool enabled) {
 void FindFiles::Search() {
     form_.MousePointer = forms::MousePointer::ArrowHourglass;
     module_.DoEvents();
+    if (form_.Unloaded()) return;
     // On every way out: a window that thinks it searches cannot be closed.
     const struct Ending {
         FindFiles& find;

@@ -333,6 +333,15 @@ TEST_F(FindSlideFrmTest, AWindowThatIsClosedAsTheSearchBeginsSearchesNothing) {
         EXPECT_EQ(app.Loaded<FindSlideFrm>(), nullptr);
         EXPECT_EQ(platform.faults.Calls(Service::Files), 0);
     });
+    Show(
+        [this](FindFiles& find) {
+            toolkit.AtYield(2, [&] { Press(find.CmdCancel); });
+            platform.faults.Clear();
+            Press(find.CmdFind);
+            EXPECT_EQ(app.Loaded<FindSlideFrm>(), nullptr);
+            EXPECT_EQ(platform.faults.Calls(Service::Files), 0);
+        },
+        false);
 }
 
 TEST_F(FindSlideFrmTest, TheListHoldsSomeThousandsAndTheCountAll) {
