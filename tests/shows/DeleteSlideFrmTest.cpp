@@ -504,6 +504,19 @@ TEST_F(DeleteSlideFrmTest, AFolderThatIsEmptyThenIsOffered) {
     EXPECT_EQ(platform.files.CurrentFolder(), "C:\\");
 }
 
+TEST_F(DeleteSlideFrmTest, ACurrentFolderThatIsAnotherOneStays) {
+    Put({"1.bmp", "2.jpg"});
+    platform.files.ChangeFolder("C:\\p");
+    DeleteSlideFrm& dialog = Open();
+    AskShow();
+    Ask(AskImages, Answer::Yes);
+    ExpectTotal("2");
+    AskFolder("C:\\s", Answer::Yes);
+    ExpectTold(Done);
+    Press(dialog.CmdDelete);
+    EXPECT_EQ(platform.files.CurrentFolder(), "C:\\p");
+}
+
 TEST_F(DeleteSlideFrmTest, TheFolderOfShowsIsOfferedToo) {
     PutShow(Header(), "C:\\Tavrix\\SLIDES\\s.tvs");
     module.config.LastSlideShow.clear();
@@ -536,6 +549,15 @@ TEST_F(DeleteSlideFrmTest, AFolderWithSubfoldersIsNotOffered) {
     ExpectTold(Done);
     Press(dialog.CmdDelete);
     EXPECT_TRUE(There("C:\\s\\sub"));
+}
+
+TEST_F(DeleteSlideFrmTest, AFolderThatGotSubfoldersMeanwhileIsNotOffered) {
+    DeleteSlideFrm& dialog = Open();
+    AskShow();
+    Ask(AskImages, Answer::No, [this] { platform.disks.PutFolder("C:\\s\\sub"); });
+    ExpectTold(Done);
+    Press(dialog.CmdDelete);
+    EXPECT_EQ(dialog.Chooser.Dir1.ListCount(), 1);
 }
 
 TEST_F(DeleteSlideFrmTest, TheDialogStaysWhileItWorks) {

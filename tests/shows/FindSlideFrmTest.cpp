@@ -456,6 +456,21 @@ TEST_F(FindSlideFrmTest, WhatCannotBeDeletedStaysListed) {
     });
 }
 
+TEST_F(FindSlideFrmTest, WhatMayNotBeDeletedStaysListed) {
+    Show([](FindFiles& find) {
+        Press(find.CmdFind);
+        std::string asked;
+        find.MayDelete = [&asked](const std::string& path) {
+            asked = path;
+            return false;
+        };
+        PressDelete(find);
+        EXPECT_EQ(asked, "C:\\s\\old\\CATS 2.TVS");
+        EXPECT_EQ(find.ListFiles.ListCount(), 3);
+        EXPECT_EQ(find.FoundCount, 3);
+    });
+}
+
 TEST_F(FindSlideFrmTest, AShowWithoutImagesIsNotPlayed) {
     Show([this](FindFiles& find) {
         ExpectTold(
