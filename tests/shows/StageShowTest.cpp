@@ -27,6 +27,51 @@ TEST_F(StageShowTest, AShowStepsByItsIntervalAndLoops) {
     EXPECT_FALSE(module.Busy());
 }
 
+TEST_F(StageShowTest, WhileASlideStandsTheNextOneIsExpected) {
+    PutSlides(3);
+    Play();
+    EXPECT_EQ(platform.pictures.expected, (Texts{PathOf(1)}));
+    Advance(5000);
+    EXPECT_EQ(platform.pictures.expected.back(), PathOf(2));
+    Advance(5000);
+    EXPECT_EQ(platform.pictures.expected.back(), PathOf(0));
+    Press(KeyCode::Left);
+    EXPECT_EQ(Shown(), 1);
+    EXPECT_EQ(platform.pictures.expected.back(), PathOf(2));
+    Press(KeyCode::Escape);
+    ASSERT_FALSE(Playing());
+    EXPECT_EQ(platform.pictures.expected.back(), "");
+}
+
+TEST_F(StageShowTest, NothingIsExpectedAtTheEndOrFromChance) {
+    PutSlides(2);
+    module.config.LoopSlideShow = false;
+    Play();
+    Advance(5000);
+    EXPECT_EQ(platform.pictures.expected, (Texts{PathOf(1)}));
+    Advance(5000);
+    ASSERT_FALSE(Playing());
+    platform.pictures.expected.clear();
+    module.config.RandomSlides = true;
+    module.config.LoopSlideShow = true;
+    Play();
+    Advance(20000);
+    EXPECT_TRUE(platform.pictures.expected.empty());
+}
+
+TEST_F(StageShowTest, OnlyAStillSlideThatIsThereIsExpected) {
+    PutSlides(3);
+    module.config.AnimateGIF89 = true;
+    PutGif("C:\\s\\play.gif");
+    module.show.SlideFiles.Set(1, "C:\\s\\play.gif");
+    PutPicture("C:\\s\\here.bmp", FirstWidth, Height);
+    module.show.SlideFiles.Set(2, "C:\\elsewhere\\here.bmp");
+    Play();
+    EXPECT_EQ(platform.pictures.expected, (Texts{""}));
+    Advance(5000);
+    EXPECT_EQ(platform.pictures.expected.back(), "C:\\s\\here.bmp");
+}
+
 TEST_F(StageShowTest, AThousandSlidesPlayInFileOrderToTheEnd) {
     PutSlides(1000);
     module.config.LoopSlideShow = false;

@@ -151,6 +151,7 @@ void FullViewFrm::Form_Activate() {
     displayed_ = true;
     SlideChanging = false;
     StartTimer();
+    ExpectNextSlide();
     if (role_.saver) {
         HidePointer();
         SetTopmost(true);
@@ -212,6 +213,7 @@ void FullViewFrm::FormUnload() {
 void FullViewFrm::Form_Unload(bool&) {
     ShowPointer();
     if (!role_.show) return;
+    module_.platform.pictures.Expect("");
     if (InShow() && module_.config.ShowToolbar) {
         if (auto* toolbar = App().Loaded<frmToolbar>()) App().Unload(*toolbar);
         module_.DoEvents();
@@ -256,6 +258,7 @@ void FullViewFrm::SlideTimer_Timer() {
     MouseMoveCount = 0;
     if (Unloaded()) return;
     SlideTimer.Enabled = true;
+    ExpectNextSlide();
     module_.DoEvents();
 }
 
@@ -266,6 +269,17 @@ void FullViewFrm::ChooseNextSlide() {
         ++CurrentSlide;
     }
     if (CurrentSlide > SlideTexts::LastIndex) CurrentSlide = 0;
+}
+
+void FullViewFrm::ExpectNextSlide() {
+    // What chance will choose is not known before.
+    if (!role_.show || module_.config.RandomSlides) return;
+    int next = std::clamp(CurrentSlide, 0, SlideTexts::LastIndex) + 1;
+    if (next > SlideTexts::LastIndex || module_.show.SlideFiles[next].empty()) {
+        if (!module_.config.LoopSlideShow && !role_.saver) return;
+        next = 0;
+    }
+    if (next != CurrentSlide) loader_.ExpectSlide(module_.show.SlideFiles[next]);
 }
 
 bool FullViewFrm::ChangeSlide(BusyGuard& guard) {

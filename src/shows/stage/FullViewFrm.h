@@ -77,6 +77,8 @@ class FullViewFrm final : public forms::Form {
     void Attempt(Statements statements);
 
     void ChooseNextSlide();
+    /// Tells the platform which slide comes next if the user leaves it at that.
+    void ExpectNextSlide();
     void RememberSlide();
     /// The next slide, from its index on. False when the show has ended.
     bool ChangeSlide(forms::BusyGuard& guard);

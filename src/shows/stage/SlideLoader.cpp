@@ -7,9 +7,20 @@
 
 namespace tavrix {
 
+std::string SlideLoader::FileOf(const std::string& storedPath) const {
+    return module_.platform.files.FileExists(storedPath) ? storedPath : FileNameOf(storedPath);
+}
+
 void SlideLoader::LoadSlide(const std::string& storedPath) {
-    const bool stands = module_.platform.files.FileExists(storedPath);
-    LoadFile(stands ? storedPath : FileNameOf(storedPath));
+    LoadFile(FileOf(storedPath));
+}
+
+void SlideLoader::ExpectSlide(const std::string& storedPath) {
+    SkipFailure([&] {
+        const std::string path = FileOf(storedPath);
+        const bool still = !IsGif89File(module_, path);
+        module_.platform.pictures.Expect(still ? FullPath(module_, path) : std::string());
+    });
 }
 
 void SlideLoader::LoadFile(const std::string& path) {

@@ -19,11 +19,17 @@ class SlideLoader {
     /// pending messages. Throws RuntimeError when there is no such file or it cannot be shown.
     void LoadSlide(const std::string& storedPath);
 
+    /// LoadSlide will probably be asked for this slide next, which is decoded meanwhile if it is a still one. Tells no
+    /// failure: that is for LoadSlide to find.
+    void ExpectSlide(const std::string& storedPath);
+
     // These two take any path that leads somewhere from the current folder. They throw RuntimeError.
     void LoadStill(const std::string& path);
     void LoadAnimated(const std::string& path);
 
   private:
+    /// The path of a slide's file, which may not be there.
+    [[nodiscard]] std::string FileOf(const std::string& storedPath) const;
     void LoadFile(const std::string& path);
 
     MainModule& module_;
