@@ -23,6 +23,7 @@ inline constexpr unsigned SlideOptions = 340;
 inline constexpr unsigned FindSlideShow = 350;
 inline constexpr unsigned DeleteSlideShow = 360;
 inline constexpr unsigned RenameSlideShow = 370;
+inline constexpr unsigned SlideShowEditor = 320;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
 inline constexpr unsigned RotateImage = 1190;
 inline constexpr unsigned ResizeImage = 1240;

@@ -4,6 +4,7 @@
 #include "lists/Commands.h"
 #include "shows/Commands.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/editor/SlideLoadFrm.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -30,6 +31,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallListCommands(view);
     InstallStageCommands(view);
     InstallShowLibrary(view);
+    InstallEditorCommands(view);
     return view;
 }
 

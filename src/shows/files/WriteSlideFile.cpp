@@ -191,7 +191,10 @@ class SavingShow {
 }  // namespace
 
 SaveEnd WriteSlideFile(MainModule& module, const std::string& folder, const std::string& name) {
-    return SavingShow(module, folder, name).Run();
+    const SaveEnd end = SavingShow(module, folder, name).Run();
+    SlideEditor* editor = module.show.SaveFromArrays ? nullptr : LoadedEditor(module.app);
+    if (editor != nullptr) editor->SaveEnded(end);
+    return end;
 }
 
 }  // namespace tavrix
