@@ -282,7 +282,7 @@ class Gallery {
         for (int number = 1; number <= 12; ++number)
             module_.show.SlideFiles.Set(number - 1,
                                         "C:\\Pictures\\picture number " + std::to_string(number) + ".bmp");
-        editor.TakeShow("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
+        editor.ShowLoaded("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
         editor.File1.SetSelection({2, 5});
         editor.ListView.ListIndex = 3;
         editor.ListView.SetSelection({3, 5});

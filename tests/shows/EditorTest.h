@@ -48,7 +48,7 @@ class EditorTest : public ViewerTest {
             module.show.SlideDescriptions.Set(i, "about " + std::string(1, letter));
         }
         module.show.ShowChanged = false;
-        Editor().TakeShow(path);
+        Editor().ShowLoaded(path);
     }
 
     /// The letters of the rows. A row whose text is not that of its slide, and a description that is not empty and not that
@@ -62,7 +62,8 @@ class EditorTest : public ViewerTest {
             EXPECT_EQ(row, module.show.SlideFiles[i]);
             const char letter = FileNameOf(row).front();
             const std::string& description = module.show.SlideDescriptions[i];
-            if (!description.empty()) EXPECT_EQ(description, "about " + std::string(1, letter));
+            EXPECT_TRUE(description.empty() || description == "about " + std::string(1, letter))
+                << description;
             letters.push_back(letter);
         }
         EXPECT_EQ(module.show.SlideDescriptions[static_cast<int>(rows.size())], "");
@@ -77,7 +78,8 @@ class EditorTest : public ViewerTest {
     }
     static Rows Selected(const forms::ListControl& list) {
         Rows rows;
-        for (const forms::RowRange& range : list.Selection().Ranges()) {
+        const forms::RowRanges selected = list.Selection();
+        for (const forms::RowRange& range : selected.Ranges()) {
             for (int row = range.first; row < range.end; ++row)
                 rows.push_back(row);
         }

@@ -82,11 +82,12 @@ TEST_F(SlideLoadRowsTest, CursorsAndOtherFilesAreNotListed) {
 TEST_F(SlideLoadRowsTest, TheShowTakesNoMoreThanItHasSlots) {
     std::vector<std::string> many(SlideTexts::Slots - 3, "C:\\Pictures\\x.bmp");
     module.show.InsertSlides(0, many);
-    Editor().TakeShow(SlideLoadFrm::Untitled);
+    Editor().ShowLoaded(SlideLoadFrm::Untitled);
     Editor().ListView.ListIndex = 0;
     const headless::ExpectedBox maximum{
-        .text = "The maximum of 30,000 slides has been loaded. Any remaining images in the Slide Show file "
-                "will be ignored...",
+        .text =
+            "The maximum of 30,000 slides has been loaded. Any remaining images in the Slide Show file "
+            "will be ignored...",
         .icon = forms::BoxIcon::Exclamation,
         .systemModal = true};
     Expect(maximum);

@@ -141,7 +141,7 @@ forms::Form& LoadEditor(Program& program) {
     auto& editor = program.app.Load<SlideLoadFrm>(program.View());
     editor.Lists.GoTo("C:\\Pictures");
     program.module.show.SlideFiles.Set(0, "C:\\Pictures\\Holidays & more\\the second of the pictures.bmp");
-    editor.TakeShow("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
+    editor.ShowLoaded("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
     return editor;
 }
 

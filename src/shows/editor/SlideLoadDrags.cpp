@@ -104,7 +104,7 @@ void SlideLoadFrm::ListView_OLEDragDrop(const std::vector<std::string>& files) {
             slides.clear();  // the load takes the place of what came before
             const forms::BusyGuard busy(module_.Screen());
             LoadShowFile(module_, path);
-            TakeShow(path);
+            ShowLoaded(path);
         } else if (IsImportOnly(path)) {
             refused.insert(UpperCase(Right(path, 4)));
         } else if (IsSlide(path)) {

@@ -35,7 +35,7 @@ void SlideLoadFrm::CmdSave_Click() {
     module_.show.SaveFromArrays = false;
     module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
     const std::string path = ShowPath();
-    WriteSlideFile(module_, FolderOf(path), FileNameOf(path));
+    NoteSave(WriteSlideFile(module_, FolderOf(path), FileNameOf(path)));
 }
 
 void SlideLoadFrm::CmdSaveAs_Click() {
@@ -45,10 +45,6 @@ void SlideLoadFrm::CmdSaveAs_Click() {
         return;
     }
     TellNotYet(App(), CmdSaveAs.Caption);
-}
-
-void SlideLoadFrm::SaveEnded(SaveEnd end) {
-    saveFailed_ = end != SaveEnd::Whole;
 }
 
 void SlideLoadFrm::Form_QueryUnload(bool& cancel) {

@@ -17,6 +17,10 @@ namespace ShiftMask = forms::ShiftMask;
 /// What the stage shows of a show; cursors are no slides by this list, though they can be dropped.
 constexpr const char* SourcePattern = "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico;*.wmf;*.emf;*.rle";
 
+// Twips; so it fits a display of 1024 by 768 pixels.
+constexpr float StartWidth = 12600;
+constexpr float StartHeight = 9000;
+
 constexpr int FunctionKey(int number) {
     return KeyCode::F1 + number - 1;
 }
@@ -68,6 +72,8 @@ SlideLoadFrm::SlideLoadFrm(forms::Application& application, MainViewFrm& view)
     for (forms::ListControl* list :
          {static_cast<forms::ListControl*>(&File1), static_cast<forms::ListControl*>(&ListView)})
         list->MultiSelect = forms::MultiSelect::Extended;
+    Width = StartWidth;
+    Height = StartHeight;
     InstallCommands();
     InstallKeys();
     Arrange();

@@ -84,14 +84,13 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     [[nodiscard]] std::string SlidePath(int row) const { return folder_.SlidePath(ListView.List(row)); }
     /// Shows the slides of MainModule::show, which have been read from this file. Nothing is current or selected then, and
     /// a save that failed before is forgotten.
-    void TakeShow(const std::string& path);
+    void ShowLoaded(const std::string& path);
 
     // SlideEditor
     void SlidesRemoved(std::span<const int> indices) override;
     void PathsChanged() override;
     void SetFilename(const std::string& path) override;
     void EditDescriptions() override;
-    void SaveEnded(SaveEnd end) override;
 
     void CmdLoad_Click();
 
@@ -202,6 +201,8 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     // The end
     void CmdSave_Click();
     void CmdSaveAs_Click();
+    /// Remembers a save that left no whole file, though it counts as saved.
+    void NoteSave(SaveEnd end) { saveFailed_ = end != SaveEnd::Whole; }
     /// Whether there is something that no file has.
     [[nodiscard]] bool Unsaved() const { return module_.show.ShowChanged || saveFailed_; }
     /// Asks what is to become of changes; whether the editor may close.
@@ -213,7 +214,7 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     ListKeys slideKeys_{ListView};
     Dragged dragged_ = Dragged::One;
     int draggedRow_ = -1;
-    bool saveFailed_ = false;  ///< the last save left no whole file, though it counts as saved
+    bool saveFailed_ = false;  ///< see NoteSave
     bool closing_ = false;     ///< the question about changes stands
     std::string kept_;         ///< what KeepForEndOfSession has written
 };

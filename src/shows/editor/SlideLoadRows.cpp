@@ -147,7 +147,7 @@ void SlideLoadFrm::ShowCount() {
     lblNumSlides.Caption = SlideCountText(ListView.ListCount(), module_.platform.system.Numbers());
 }
 
-void SlideLoadFrm::TakeShow(const std::string& path) {
+void SlideLoadFrm::ShowLoaded(const std::string& path) {
     const int count = module_.show.Count();
     std::vector<std::string> rows;
     rows.reserve(static_cast<std::size_t>(count));

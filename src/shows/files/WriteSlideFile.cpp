@@ -191,10 +191,7 @@ class SavingShow {
 }  // namespace
 
 SaveEnd WriteSlideFile(MainModule& module, const std::string& folder, const std::string& name) {
-    const SaveEnd end = SavingShow(module, folder, name).Run();
-    SlideEditor* editor = module.show.SaveFromArrays ? nullptr : LoadedEditor(module.app);
-    if (editor != nullptr) editor->SaveEnded(end);
-    return end;
+    return SavingShow(module, folder, name).Run();
 }
 
 }  // namespace tavrix
