@@ -1,12 +1,9 @@
-#include "core/RenameFile.h"
 #include "shows/EditorTest.h"
-#include "support/ErrorOfCall.h"
 
 namespace tavrix::test {
 namespace {
 
 using forms::Answer;
-using headless::Service;
 
 class SlideLoadFilesTest : public EditorTest {
   protected:
@@ -23,8 +20,9 @@ class SlideLoadFilesTest : public EditorTest {
         Run(Editor().Menu1.mnuRenameFile);
     }
     void ExpectBin(char letter, Answer reply) {
-        ExpectQuestion("Are you sure you want to send the following file to the Recycle Bin?\r\n\r\n" + Picture(letter),
-                       reply);
+        ExpectQuestion(
+            "Are you sure you want to send the following file to the Recycle Bin?\r\n\r\n" + Picture(letter),
+            reply);
     }
     std::string Sources() {
         std::string letters;
@@ -32,7 +30,9 @@ class SlideLoadFilesTest : public EditorTest {
             letters.push_back(Editor().File1.List(row).front());
         return letters;
     }
-    std::string LastCommand() { return platform.shell.commands.empty() ? "" : platform.shell.commands.back(); }
+    std::string LastCommand() {
+        return platform.shell.commands.empty() ? "" : platform.shell.commands.back();
+    }
 };
 
 TEST_F(SlideLoadFilesTest, OneFileIsDeletedAfterTheBinsQuestion) {
@@ -66,8 +66,9 @@ TEST_F(SlideLoadFilesTest, SeveralFilesAreAskedForOnce) {
 TEST_F(SlideLoadFilesTest, AFileThatCannotBeDeletedEndsTheWork) {
     platform.shell.trashRefusal = ErrorNumber::PathFileAccessError;
     SelectSources({0, 2});
-    ExpectQuestion("You are about to delete 2 files from the directory:\r\n\r\nC:\\Pictures\\\r\n\r\nAre you sure?",
-                   Answer::Yes);
+    ExpectQuestion(
+        "You are about to delete 2 files from the directory:\r\n\r\nC:\\Pictures\\\r\n\r\nAre you sure?",
+        Answer::Yes);
     Expect({.text = "Unable to delete all of the selected files.\r\n\r\nPath/File access error...",
             .icon = forms::BoxIcon::Stop});
     Run(Editor().Menu1.mnuDeleteFile);
@@ -76,7 +77,8 @@ TEST_F(SlideLoadFilesTest, AFileThatCannotBeDeletedEndsTheWork) {
 }
 
 TEST_F(SlideLoadFilesTest, WhatIsSelectedOpenOrASlideIsNotDeleted) {
-    ExpectTold("Unable to delete file(s) by pressing the delete key, nothing is selected in the file list...");
+    ExpectTold(
+        "Unable to delete file(s) by pressing the delete key, nothing is selected in the file list...");
     Run(Editor().Menu1.mnuDeleteFile);
     module.CurrentImage = "c:\\pictures\\B.BMP";
     SelectSources({0, 1});
@@ -87,7 +89,8 @@ TEST_F(SlideLoadFilesTest, WhatIsSelectedOpenOrASlideIsNotDeleted) {
     ExpectTold("Unable to delete this file, image is currently open...");
     Run(Editor().Menu1.mnuDeleteFile);
     const std::string inShow =
-        "Unable to delete this file, image is in the currently open slide show.\r\n\r\nRemove this file from the View "
+        "Unable to delete this file, image is in the currently open slide show.\r\n\r\nRemove this file from "
+        "the View "
         "List and then try again...";
     PutSlides("c", "C:\\Pictures\\s.tvs");
     SelectSources({0, 2});
@@ -106,10 +109,12 @@ TEST_F(SlideLoadFilesTest, ARenamedFileKeepsItsEndingAndItsSlides) {
     module.show.SlideFiles.Set(3, "A.BMP");
     Editor().PathsChanged();
     AnswerName("a.bmp", "new");
-    ExpectTold("The old filename was in the current slide show, the entry for this slide was updated as a result...",
-               RenameTitle);
+    ExpectTold(
+        "The old filename was in the current slide show, the entry for this slide was updated as a result...",
+        RenameTitle);
     Rename(0);
-    EXPECT_EQ(Editor().ListView.Texts(), (Texts{"C:\\Pictures\\new.bmp", Picture('b'), Picture('c'), "new.bmp"}));
+    EXPECT_EQ(Editor().ListView.Texts(),
+              (Texts{"C:\\Pictures\\new.bmp", Picture('b'), Picture('c'), "new.bmp"}));
     EXPECT_EQ(module.show.SlideFiles[0], "C:\\Pictures\\new.bmp");
     EXPECT_EQ(module.show.SlideFiles[3], "new.bmp");
     EXPECT_EQ(module.show.SlideDescriptions[0], "about a");
@@ -171,36 +176,6 @@ TEST_F(SlideLoadFilesTest, AFailedRenameLeavesFileAndRows) {
     EXPECT_FALSE(module.show.ShowChanged);
 }
 
-TEST_F(SlideLoadFilesTest, ARenameThatFailsAtAnyCallLosesNoFile) {
-    platform.disks.PutFile("C:\\f\\a.txt", "content");
-    for (int call = 1;; ++call) {
-        platform.faults.FailNth(Service::Files, call, ErrorNumber::DiskFull);
-        const int error = ErrorOfCall([this] { RenameFile(platform.files, "C:\\f\\a.txt", "C:\\f\\b.txt"); });
-        const bool fired = platform.faults.Fired();
-        platform.faults.Clear();
-        const auto a = platform.disks.Content("C:\\f\\a.txt");
-        const auto b = platform.disks.Content("C:\\f\\b.txt");
-        EXPECT_TRUE(a == "content" || b == "content") << call;
-        if (error == 0) {
-            EXPECT_EQ(a, std::nullopt);
-            EXPECT_EQ(b, "content");
-            platform.disks.Remove("C:\\f\\b.txt");
-            platform.disks.PutFile("C:\\f\\a.txt", "content");
-        } else {
-            EXPECT_EQ(a, "content");
-            EXPECT_EQ(b, std::nullopt);
-        }
-        if (!fired) break;
-        ASSERT_LT(call, 50);
-    }
-}
-
-TEST_F(SlideLoadFilesTest, ARenameReplacesNothing) {
-    EXPECT_EQ(ErrorOfCall([this] { RenameFile(platform.files, Picture('a'), Picture('b')); }), 58);
-    EXPECT_EQ(ErrorOfCall([this] { RenameFile(platform.files, Picture('a'), "C:\\Temp"); }), 58);
-    EXPECT_TRUE(platform.files.FileExists(Picture('a')));
-}
-
 TEST_F(SlideLoadFilesTest, FoldersAreExplored) {
     Run(Editor().Menu1.mnuExploreFolder);
     EXPECT_EQ(LastCommand(), "explorer.exe C:\\Pictures");
@@ -226,7 +201,8 @@ TEST_F(SlideLoadFilesTest, WhereNoFolderCanBeExploredItIsTold) {
     Run(Editor().Menu2.mnuExploreSlideFolder);
     EXPECT_EQ(LastCommand(), "");
     PutSlides("", "C:\\Shows\\s.tvs");
-    ExpectTold("There are no slides in the View List, will attempt to browse the slide show's folder instead...");
+    ExpectTold(
+        "There are no slides in the View List, will attempt to browse the slide show's folder instead...");
     Run(Editor().Menu2.mnuExploreSlideFolder);
     EXPECT_EQ(LastCommand(), "explorer.exe C:\\Shows");
     PutSlides("a", "C:\\Shows\\s.tvs");

@@ -38,22 +38,26 @@ TEST_F(SlideLoadInformationTest, ASavedShowWithItsSoundAndItsSlides) {
     PutFile("C:\\Shows\\x.bmp", 2000);
     PutFile("C:\\Pictures\\y.bmp", 345);
     for (int i = 0; i < 3; ++i)
-        module.show.SlideFiles.Set(i, Texts{"x.bmp", "C:\\Pictures\\y.bmp", "gone.bmp"}[static_cast<std::size_t>(i)]);
+        module.show.SlideFiles.Set(
+            i, Texts{"x.bmp", "C:\\Pictures\\y.bmp", "gone.bmp"}[static_cast<std::size_t>(i)]);
     Editor().ShowLoaded("C:\\Shows\\s.tvs");
     module.config.SoundMode = 1;
     module.config.SoundFile = "m.wav";
     const std::string head = "C:\\Shows\\s.tvs" + (Rule + Facts("Slide show file size", "1,234")) + Rule;
-    const std::string tail = std::string(Rule) + "3 slides (images) total...\r\nTotal size of slide show = 2,345 bytes";
-    ExpectTold(head + "Sound file = m.wav\r\nSound file size = 56,789 bytes" + tail + "\r\n(One slide is missing.)",
-               ShowTitle);
+    const std::string tail =
+        std::string(Rule) + "3 slides (images) total...\r\nTotal size of slide show = 2,345 bytes";
+    ExpectTold(
+        head + "Sound file = m.wav\r\nSound file size = 56,789 bytes" + tail + "\r\n(One slide is missing.)",
+        ShowTitle);
     Run(Editor().Menu2.mnuSlideShowInfo);
 
     platform.disks.Remove("C:\\Shows\\m.wav");
     module.show.SlideFiles.Set(3, "gone too.bmp");
     Editor().ShowLoaded("C:\\Shows\\s.tvs");
-    ExpectTold(head + "Sound file = m.wav\r\nSound file size = (Size of sound file is unknown.)" + Rule +
-                   "4 slides (images) total...\r\nTotal size of slide show = 2,345 bytes\r\n(2 slides are missing.)",
-               ShowTitle);
+    ExpectTold(
+        head + "Sound file = m.wav\r\nSound file size = (Size of sound file is unknown.)" + Rule +
+            "4 slides (images) total...\r\nTotal size of slide show = 2,345 bytes\r\n(2 slides are missing.)",
+        ShowTitle);
     Run(Editor().Menu2.mnuSlideShowInfo);
     EXPECT_FALSE(module.Busy());
 }
@@ -113,9 +117,10 @@ TEST_F(SlideLoadInformationTest, AGifIsNamedWithItsVersion) {
     ExpectImage("C:\\Other\\a.gif", Facts("File size", "15"), "Graphics Interchange Format (GIF87a)");
     Run(Editor().Menu1.mnuShowFileInfo);
     platform.disks.Remove("C:\\Other\\a.gif");
-    ExpectImage("C:\\Other\\a.gif",
-                "File size = (File size is unknown.)\r\nFile date and time = (Unable to get file date and time.)",
-                "Unknown");
+    ExpectImage(
+        "C:\\Other\\a.gif",
+        "File size = (File size is unknown.)\r\nFile date and time = (Unable to get file date and time.)",
+        "Unknown");
     Run(Editor().Menu1.mnuShowFileInfo);
 }
 

@@ -10,7 +10,8 @@ using forms::Answer;
 class SlideLoadStageTest : public EditorTest {};
 
 TEST_F(SlideLoadStageTest, AnEmptyListCannotBeShown) {
-    ExpectTold("There are no slides in the View List to show.\r\n\r\nAdd files to the list and then try again...");
+    ExpectTold(
+        "There are no slides in the View List to show.\r\n\r\nAdd files to the list and then try again...");
     Press(Editor().CmdOK);
     EXPECT_EQ(stages, 0);
 }

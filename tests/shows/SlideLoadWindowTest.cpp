@@ -75,7 +75,9 @@ TEST_F(SlideLoadOpeningTest, WithoutThatFolderItBeginsInTheProgramsOwn) {
     platform.disks.InsertDisk('D');
     platform.disks.PutFolder("D:\\x");
     platform.files.ChangeDrive("D");
-    ASSERT_TRUE(Start("SHOW"));
+    ASSERT_TRUE(Start());
+    platform.disks.Remove("C:\\Tavrix\\SLIDES");
+    Choose(View().menu.mnuSlideShow);
     EXPECT_EQ(Editor().Dir1.Path.Get(), "C:\\Tavrix");
 }
 

@@ -8,7 +8,6 @@
 #include "core/FailureText.h"
 #include "core/FileServices.h"
 #include "core/RecentLists.h"
-#include "core/RenameFile.h"
 #include "shows/editor/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
 
@@ -114,7 +113,7 @@ void SlideLoadFrm::mnuRenameFile_Click() {
     const std::optional<std::string> newName = AskForName(folder, name);
     if (!newName) return;
     try {
-        RenameFile(module_.platform.files, folder + name, folder + *newName);
+        module_.platform.files.Rename(folder + name, folder + *newName);
     } catch (const RuntimeError& error) {
         App().MessageBox({.text = FailureText("Unable to rename selected file to: " + *newName, error),
                           .title = title,
