@@ -1,12 +1,11 @@
 // Drags of rows, and files that come from other programs.
 
-#include <algorithm>
-#include <array>
 #include <set>
 #include <utility>
 
 #include "base/Text.h"
 #include "core/FileServices.h"
+#include "core/ImageKinds.h"
 #include "platform/services/DrivePath.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/SlideOrder.h"
@@ -14,17 +13,6 @@
 #include "viewer/ImageTypes.h"
 
 namespace tavrix {
-namespace {
-
-constexpr std::array SlideEndings{".GIF", ".CUR", ".RLE", ".WMF", ".JPEG", ".ICO",
-                                  ".EMF", ".JPG", ".DIB", ".JPE", ".JIF",  ".BMP"};
-
-bool IsSlide(const std::string& path) {
-    return std::ranges::any_of(SlideEndings,
-                               [&](const char* ending) { return EndsInIgnoringCase(path, ending); });
-}
-
-}  // namespace
 
 void SlideLoadFrm::BeginDrag(forms::ListControl& list, const forms::MouseArguments& press) {
     if (module_.Busy() || press.row < 0) return;
@@ -107,7 +95,7 @@ void SlideLoadFrm::ListView_OLEDragDrop(const std::vector<std::string>& files) {
             ShowLoaded(path);
         } else if (IsImportOnly(path)) {
             refused.insert(UpperCase(Right(path, 4)));
-        } else if (IsSlide(path)) {
+        } else if (ImageKindOf(path) != nullptr) {
             slides.push_back(path);
         }
     }

@@ -59,6 +59,7 @@ void SlideLoadFrm::mnuDeleteFile_Click() {
         try {
             for (const std::string& path : paths) {
                 breather.Breathe();
+                RequireExactly(module_, path);
                 DeleteToBin(module_, path, false);
                 RemoveRecentFile(module_, path);
             }
@@ -113,6 +114,7 @@ void SlideLoadFrm::mnuRenameFile_Click() {
     const std::optional<std::string> newName = AskForName(folder, name);
     if (!newName) return;
     try {
+        RequireExactly(module_, folder + name);
         module_.platform.files.Rename(folder + name, folder + *newName);
     } catch (const RuntimeError& error) {
         App().MessageBox({.text = FailureText("Unable to rename selected file to: " + *newName, error),

@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/HelpContexts.h"
+#include "core/ImageKinds.h"
 #include "core/NumberText.h"
 #include "core/WaitFrm.h"
 #include "shows/stage/StageCommands.h"
@@ -13,9 +14,6 @@ namespace {
 
 namespace KeyCode = forms::KeyCode;
 namespace ShiftMask = forms::ShiftMask;
-
-/// What the stage shows of a show; cursors are no slides by this list, though they can be dropped.
-constexpr const char* SourcePattern = "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico;*.wmf;*.emf;*.rle";
 
 // Twips; so it fits a display of 1024 by 768 pixels.
 constexpr float StartWidth = 12600;
@@ -38,7 +36,7 @@ SlideLoadFrm::SlideLoadFrm(forms::Application& application, MainViewFrm& view)
     : Form(application, {.name = "SlideLoadFrm", .resizable = true, .acceptsDrops = true}),
       view_(view),
       module_(view.Module()),
-      File1(*this, "File1", module_.platform.files, SourcePattern) {
+      File1(*this, "File1", module_.platform.files, PatternOf(ImagesShown::Slides)) {
     HelpContext = HelpContext::SlideShowEditor;
     lblShow.Caption = "Slide show:";
     lblFilename.Literal = true;
