@@ -71,6 +71,15 @@ class Bench {
         Editor().ShowLoaded("C:\\Shows\\long.tvs");
         module.show.ShowChanged = true;
     }
+    /// The longest show is told to be too long.
+    void ExpectMaximum() {
+        if (count_ != Longest) return;
+        toolkit.Expect({.text =
+                            "The maximum of 30,000 slides has been loaded. Any remaining images in the Slide "
+                            "Show file will be ignored...",
+                        .icon = forms::BoxIcon::Exclamation,
+                        .systemModal = true});
+    }
     void Ask(const std::string& text, const std::string& title = "Tavrix") {
         toolkit.Expect({.text = text,
                         .icon = forms::BoxIcon::Question,
@@ -132,19 +141,13 @@ forms::RowRanges Odd(int rows) {
 }
 
 void AddAllBehindACurrentRow(benchmark::State& state) {
-    Measure(state,
-            {[](Bench& bench) {
-                 bench.PutShow(1);
-                 bench.Editor().File1.Refresh();
-                 bench.Editor().ListView.ListIndex = 0;
-                 // With the row that is there, the longest folder is one file too long.
-                 if (bench.Count() != Longest) return;
-                 bench.toolkit.Expect({.text = "The maximum of 30,000 slides has been loaded. Any "
-                                               "remaining images in the Slide Show file will be ignored...",
-                                       .icon = forms::BoxIcon::Exclamation,
-                                       .systemModal = true});
-             },
-             [](Bench& bench) { Press(bench.Editor().CmdAddAll); }});
+    Measure(state, {[](Bench& bench) {
+                        bench.PutShow(1);
+                        bench.Editor().File1.Refresh();
+                        bench.Editor().ListView.ListIndex = 0;
+                        bench.ExpectMaximum();  // with the row that is there
+                    },
+                    [](Bench& bench) { Press(bench.Editor().CmdAddAll); }});
 }
 
 void SelectAll(benchmark::State& state) {
@@ -209,6 +212,7 @@ void Load(benchmark::State& state) {
                             "About to update the slide show file:\r\n\r\nC:\\Shows\\long.tvs\r\n\r\nAre "
                             "you sure?");
                         Press(bench.Editor().CmdSave);
+                        bench.ExpectMaximum();
                     },
                     [](Bench& bench) {
                         bench.Editor().ListView.Deliver(forms::DropEvent{{"C:\\Shows\\long.tvs"}, 1, 1});
@@ -218,7 +222,7 @@ void Load(benchmark::State& state) {
 }
 
 void Settings(benchmark::internal::Benchmark* benchmark) {
-    benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(9);
+    benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(25);
 }
 
 BENCHMARK(AddAllBehindACurrentRow)->Apply(Settings);

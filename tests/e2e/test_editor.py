@@ -83,6 +83,11 @@ class EditorTest(ProgramTest):
         self.screen.press("F8")
         self.expect_rows(editor, "dabce")
 
+    def box(self, program, beginning):
+        """The message box with this text; the question about changes looks like one."""
+        return wait_until(lambda: next((box for box in [program.message_box()] if box.text.startswith(beginning)), None),
+                          f"the box {beginning!r}")
+
     def shows(self, letter):
         screen = Image.new("RGB", (self.screen.width, self.screen.height), _BACKGROUND)
         screen.paste(_COLOURS[letter], (screen.width // 2 - 150, screen.height // 2 - 100,
@@ -111,6 +116,8 @@ class EditorTest(ProgramTest):
         for letter in "dabce":
             self.shows(letter)
             self.screen.press("Right")
+        self.shows("d")
+        self.screen.press("Escape")
         wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the show")
         self.screen.press("Escape")
         question = self.dialog(program, "Tavrix - [Changes Made]")
@@ -162,10 +169,8 @@ class EditorTest(ProgramTest):
             os.makedirs(os.path.join(path, "full"))
         self.screen.press("Escape")
         self.dialog(program, "Tavrix - [Changes Made]").find("push button", "Save").act()
-        program.message_box().press("Yes")
-        box = program.message_box()
-        self.assertTrue(box.text.startswith("Unable to save slide show."), box.text)
-        box.press("OK")
+        self.box(program, "About to update the slide show file:").press("Yes")
+        self.box(program, "Unable to save slide show.").press("OK")
         self.expect_rows(editor, "ac")
         wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the failure")
         if os.path.isfile(path):
@@ -188,14 +193,13 @@ class EditorTest(ProgramTest):
 
     def test_both_menus_open_by_mouse_and_keyboard(self):
         program, editor = self.open()
-        for name, entry in (("Files:", "Source Folder Information"), (_VIEW_LIST, "REVERSE Slide Order")):
+        for name in ("Files:", _VIEW_LIST):
             place = self.middle_of(editor.find("list", name))
             self.screen.click(*place)
             for opening in (lambda: self.screen.click(*place, button=3), lambda: self.screen.press("Menu"),
                             lambda: self.screen.press("Shift+F10")):
                 opening()
-                wait_until(lambda: any(item.name.startswith(entry) for item in program.root().all("menu item")),
-                           f"the menu with {entry}")
+                wait_until(program.popups, f"the menu of {name}")
                 self.screen.press("Escape")
                 wait_until(lambda: not program.popups(), "the end of the menu")
         self.screen.press("Escape")
