@@ -9,7 +9,7 @@
 #include "platform/services/DrivePath.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/SlideOrder.h"
-#include "shows/files/LoadShowFile.h"
+#include "shows/library/ShowTarget.h"
 #include "viewer/ImageTypes.h"
 
 namespace tavrix {
@@ -91,8 +91,7 @@ void SlideLoadFrm::ListView_OLEDragDrop(const std::vector<std::string>& files) {
             if (!*mayLoad) continue;
             slides.clear();  // the load takes the place of what came before
             const forms::BusyGuard busy(module_.Screen());
-            LoadShowFile(module_, path);
-            ShowLoaded(path);
+            EditorTarget(module_, *this).Load(path);
         } else if (IsImportOnly(path)) {
             refused.insert(UpperCase(Right(path, 4)));
         } else if (ImageKindOf(path) != nullptr) {

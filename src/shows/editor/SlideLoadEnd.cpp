@@ -1,10 +1,11 @@
-// Saving and closing.
+// Loading, saving and closing.
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "core/NotYet.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/files/ShowFileWriter.h"
+#include "shows/library/LoadShow.h"
+#include "shows/library/SaveSlideFile.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
 
@@ -14,6 +15,15 @@ namespace {
 const std::string Paragraph(NewLine2);
 
 }  // namespace
+
+void SlideLoadFrm::CmdLoad_Click() {
+    constexpr int no = 2;
+    if (Unsaved() && !Ask("The current slide show has changed." + Paragraph + "Load a new slide show anyway?",
+                          "Tavrix", no))
+        return;
+    EditorTarget target(module_, *this);
+    LoadShow(module_, target);
+}
 
 void SlideLoadFrm::CmdSave_Click() {
     if (ListView.ListCount() == 0) {
@@ -44,7 +54,9 @@ void SlideLoadFrm::CmdSaveAs_Click() {
              "Add files to the list and then try again...");
         return;
     }
-    TellNotYet(App(), CmdSaveAs.Caption);
+    module_.show.SaveFromArrays = false;
+    module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
+    if (const std::optional<SaveEnd> end = SaveShowAs(module_, ShowPath())) NoteSave(*end);
 }
 
 void SlideLoadFrm::Form_QueryUnload(bool& cancel) {

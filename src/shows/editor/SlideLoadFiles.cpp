@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -10,6 +11,7 @@
 #include "core/RecentLists.h"
 #include "shows/editor/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
+#include "shows/editor/frmSlideCopyImages.h"
 
 namespace tavrix {
 namespace {
@@ -124,11 +126,12 @@ void SlideLoadFrm::mnuRenameFile_Click() {
     }
     RemoveRecentFile(module_, folder + name);
     File1.RefreshKeepingRows();
-    if (const int renamed = File1.IndexOf(*newName); renamed >= 0) {
-        File1.ListIndex = renamed;
-        File1.SetSelection({renamed, renamed + 1});
+    if (const int found = File1.IndexOf(*newName); found >= 0) {
+        File1.ListIndex = found;
+        File1.SetSelection({found, found + 1});
     }
-    if (RenameInRows(folder + name, *newName)) {
+    const auto renamed = [&newName](const std::string& slide) { return FolderOf(slide) + *newName; };
+    if (ChangeRowsOf(folder + name, renamed)) {
         Tell(
             "The old filename was in the current slide show, the entry for this slide was updated as a "
             "result...",
@@ -136,17 +139,42 @@ void SlideLoadFrm::mnuRenameFile_Click() {
     }
 }
 
-bool SlideLoadFrm::RenameInRows(const std::string& path, const std::string& newName) {
+bool SlideLoadFrm::ChangeRowsOf(const std::string& path,
+                                const std::function<std::string(const std::string& row)>& change) {
     bool any = false;
     for (int row = 0; row < ListView.ListCount(); ++row) {
         if (!EqualIgnoringCase(SlidePath(row), path)) continue;
-        const std::string renamed = FolderOf(ListView.List(row)) + newName;
-        module_.show.SlideFiles.Set(row, renamed);
-        ListView.SetList(row, renamed);
+        const std::string changed = change(ListView.List(row));
+        module_.show.SlideFiles.Set(row, changed);
+        ListView.SetList(row, changed);
         any = true;
     }
     if (any) module_.show.ShowChanged = true;
     return any;
+}
+
+void SlideLoadFrm::TransferFiles(bool move) {
+    const std::string word = move ? "move" : "copy";
+    if (File1.ListCount() == 0) {
+        Tell("There are no files in the source directory, nothing to " + word + "...");
+        return;
+    }
+    if (File1.SelectedCount() == 0) {
+        Tell("No source files are selected, nothing to " + word + "...");
+        return;
+    }
+    frmSlideCopyImages::Sources sources{.folder = SourceFolder(), .names = {}, .move = move};
+    for (const std::string& path : SelectedSources())
+        sources.names.push_back(FileNameOf(path));
+    const auto moved = [this](const std::string& from, const std::string& to) {
+        return ChangeRowsOf(from, [&to](const std::string&) { return to; });
+    };
+    forms::BusyGuard busy(module_.Screen());
+    auto& dialog = App().Load<frmSlideCopyImages>(
+        view_, std::move(sources),
+        frmSlideCopyImages::Editor{.Moved = moved, .RefreshSources = [this] { File1.RefreshKeepingRows(); }});
+    busy.Release();
+    dialog.ShowModal();
 }
 
 void SlideLoadFrm::mnuExploreFolder_Click() {

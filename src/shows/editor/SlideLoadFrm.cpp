@@ -6,6 +6,7 @@
 #include "core/ImageKinds.h"
 #include "core/NumberText.h"
 #include "core/WaitFrm.h"
+#include "shows/library/ShowsFolder.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/MainViewFrm.h"
 
@@ -65,8 +66,7 @@ SlideLoadFrm::SlideLoadFrm(forms::Application& application, MainViewFrm& view)
     Describe(CmdCancel, "&Close");
     CmdOK.Default = true;
     CmdCancel.Cancel = true;
-    for (forms::CommandButton* notYet : {&CmdOptions, &CmdLoad, &CmdSaveAs})
-        notYet->Enabled = false;
+    CmdOptions.Enabled = false;
     for (forms::ListControl* list :
          {static_cast<forms::ListControl*>(&File1), static_cast<forms::ListControl*>(&ListView)})
         list->MultiSelect = forms::MultiSelect::Extended;
@@ -116,6 +116,8 @@ void SlideLoadFrm::InstallCommands() {
     CmdAll.OnClick = Guarded(&Me::CmdAll_Click);
     CmdNone.OnClick = Guarded(&Me::CmdNone_Click);
     CmdPreview.OnClick = Guarded(&Me::CmdPreview_Click);
+    CmdLoad.OnClick = Guarded(&Me::CmdLoad_Click);
+    CmdSaveAs.OnClick = Guarded(&Me::CmdSaveAs_Click);
     CmdSave.OnClick = Guarded(&Me::CmdSave_Click);
     CmdOK.OnClick = Guarded(&Me::CmdOK_Click);
     CmdCancel.OnClick = [this] { App().Unload(*this); };
@@ -141,6 +143,8 @@ void SlideLoadFrm::InstallCommands() {
     Menu1.mnuAddAll.Install(Guarded(&Me::CmdAddAll_Click));
     Menu1.mnuAddSelected.Install(Guarded(&Me::CmdAdd_Click));
     Menu1.mnuExploreFolder.Install(Guarded(&Me::mnuExploreFolder_Click));
+    Menu1.mnuCopyFiles.Install(Guarded(&Me::mnuCopyFiles_Click));
+    Menu1.mnuMoveFiles.Install(Guarded(&Me::mnuMoveFiles_Click));
     Menu1.mnuRenameFile.Install(Guarded(&Me::mnuRenameFile_Click));
     Menu1.mnuDeleteFile.Install(Guarded(&Me::mnuDeleteFile_Click));
     Menu1.mnuSourceInfo.Install(Guarded(&Me::mnuSourceInfo_Click));
@@ -153,6 +157,7 @@ void SlideLoadFrm::InstallCommands() {
     Menu2.mnuInverse2.Install(Guarded(&Me::mnuInverse2_Click));
     Menu2.mnuRemoveAll.Install(Guarded(&Me::CmdRemoveAll_Click));
     Menu2.mnuRemoveSelected.Install(Guarded(&Me::CmdRemove_Click));
+    Menu2.mnuEditDescription.Install(Guarded(&Me::mnuEditDescription_Click));
     Menu2.mnuClearDescriptions.Install(Guarded(&Me::mnuClearDescriptions_Click));
     Menu2.mnuMoveFileUp.Install(Guarded(&Me::mnuMoveFileUp_Click));
     Menu2.mnuMoveFileDown.Install(Guarded(&Me::mnuMoveFileDown_Click));
@@ -162,6 +167,7 @@ void SlideLoadFrm::InstallCommands() {
     Menu2.mnuRandomizeOrder.Install(Guarded(&Me::mnuRandomizeOrder_Click));
     Menu2.mnuExploreShowFolder.Install(Guarded(&Me::mnuExploreShowFolder_Click));
     Menu2.mnuExploreSlideFolder.Install(Guarded(&Me::mnuExploreSlideFolder_Click));
+    Menu2.mnuCheckDuplicate.Install(Guarded(&Me::mnuCheckDuplicate_Click));
     Menu2.mnuSelectMissing.Install(Guarded(&Me::mnuSelectMissing_Click));
     Menu2.mnuRemoveMissing.Install(Guarded(&Me::mnuRemoveMissing_Click));
     Menu2.mnuSlideShowInfo.Install(Guarded(&Me::mnuSlideShowInfo_Click));
@@ -230,11 +236,7 @@ void SlideLoadFrm::Form_Load() {
     module_.show.ShowChanged = false;
     SetFilename(Untitled);
     ShowCount();
-    for (const std::string& folder : {module_.AppPath + "SLIDES\\", module_.AppPath}) {
-        if (!module_.platform.files.FolderExists(folder)) continue;
-        SkipFailure([&] { Lists.GoTo(folder); });
-        break;
-    }
+    SkipFailure([this] { Lists.GoTo(ShowsFolder(module_)); });
     UnloadWaitWindow(App());
 }
 
@@ -267,7 +269,15 @@ void mnuSlideShow_Click(MainViewFrm& view) {
     editor.Show();
 }
 
+void mnuOpenSlideShow_Click(MainViewFrm& view) {
+    const MainModule& module = view.Module();
+    if (module.Busy()) return;
+    mnuSlideShow_Click(view);
+    if (auto* editor = module.app.Loaded<SlideLoadFrm>()) editor->CmdLoad_Click();
+}
+
 void InstallEditorCommands(MainViewFrm& view) {
+    view.menu.mnuOpenSlideShow.Install([&view] { mnuOpenSlideShow_Click(view); });
     view.menu.mnuSlideShow.Install([&view] { mnuSlideShow_Click(view); });
 }
 

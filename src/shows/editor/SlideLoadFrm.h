@@ -82,14 +82,13 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     [[nodiscard]] bool HasFile() const { return ShowPath() != Untitled; }
     /// Where the slide of a row is.
     [[nodiscard]] std::string SlidePath(int row) const { return folder_.SlidePath(ListView.List(row)); }
-    /// Shows the slides of MainModule::show, which have been read from this file. Nothing is current or selected then, and
-    /// a save that failed before is forgotten.
-    void ShowLoaded(const std::string& path);
-
     // SlideEditor
     void SlidesRemoved(std::span<const int> indices) override;
+    /// A save that failed before is forgotten too.
+    void ShowLoaded(const std::string& path) override;
     void PathsChanged() override;
     void SetFilename(const std::string& path) override;
+    [[nodiscard]] std::string Filename() const override { return ShowPath(); }
     void EditDescriptions() override;
 
     void CmdLoad_Click();
@@ -126,6 +125,7 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void mnuListSelectNone_Click() { ListView.SelectNone(); }
     void mnuInverse2_Click() { ListView.InvertSelection(); }
     void mnuEditDescription_Click();
+    void EditDescriptionsFrom(int row);
     void mnuClearDescriptions_Click();
     /// The folder of the source list, with a backslash at the end.
     [[nodiscard]] std::string SourceFolder() const;
@@ -153,7 +153,8 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void MoveCurrentTo(int row);
     void ArrangeSlides(const std::vector<int>& order);
 
-    // Missing slides
+    // Missing and duplicate slides
+    void mnuCheckDuplicate_Click();
     void mnuSelectMissing_Click();
     void mnuRemoveMissing_Click();
     /// The rows whose files are not there, once the user has agreed; nothing where there is nothing more to do.
@@ -178,6 +179,9 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void TellImageInformation(const std::optional<std::string>& path) const;
 
     // Files
+    void mnuCopyFiles_Click() { TransferFiles(false); }
+    void mnuMoveFiles_Click() { TransferFiles(true); }
+    void TransferFiles(bool move);
     void mnuDeleteFile_Click();
     void mnuRenameFile_Click();
     void mnuExploreFolder_Click();
@@ -187,8 +191,9 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     [[nodiscard]] bool MayDelete(const std::vector<std::string>& paths) const;
     /// The new name of a file as the user wants it; nothing for none, which was told where it is an error.
     [[nodiscard]] std::optional<std::string> AskForName(const std::string& folder, const std::string& name);
-    /// Gives the rows of this file its new name. Whether there are any.
-    bool RenameInRows(const std::string& path, const std::string& newName);
+    /// Gives the rows of this file another text, which is made of the former one. Whether there are any.
+    bool ChangeRowsOf(const std::string& path,
+                      const std::function<std::string(const std::string& row)>& change);
 
     // Drags
     enum class Dragged : std::uint8_t { One, Selection, All };
@@ -221,6 +226,8 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
 
 /// The Slide Show Editor command.
 void mnuSlideShow_Click(MainViewFrm& view);
+/// The Load Slide Show command: the editor, which asks for a show at once.
+void mnuOpenSlideShow_Click(MainViewFrm& view);
 
 /// Gives the main view's menu what opens the editor.
 void InstallEditorCommands(MainViewFrm& view);

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "core/SlideCountText.h"
 #include "shows/editor/SlideLoadFrm.h"
+#include "shows/editor/frmDescription.h"
 
 namespace tavrix {
 namespace {
@@ -118,8 +119,25 @@ void SlideLoadFrm::RemoveSlides(const forms::RowRanges& rows) {
 }
 
 void SlideLoadFrm::EditDescriptions() {
+    if (ListView.ListCount() == 0) return;
+    ListView.ListIndex = 0;
+    EditDescriptionsFrom(0);
+}
+
+void SlideLoadFrm::mnuEditDescription_Click() {
+    if (ListView.ListCount() == 0) {
+        Tell("There are no slides in the View List, unable to edit file descriptions...");
+    } else {
+        EditDescriptionsFrom(ListView.ListIndex);
+    }
+}
+
+void SlideLoadFrm::EditDescriptionsFrom(int row) {
     module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
-    if (ListView.ListCount() > 0) ListView.ListIndex = 0;
+    forms::BusyGuard busy(module_.Screen());
+    auto& dialog = App().Load<frmDescription>(module_, ShowPath(), row);
+    busy.Release();
+    dialog.ShowModal();
 }
 
 void SlideLoadFrm::mnuClearDescriptions_Click() {
