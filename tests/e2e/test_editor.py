@@ -108,6 +108,10 @@ class EditorTest(ProgramTest):
         with open(path, encoding="cp1252", newline="") as file:
             return [line.strip('"') for line in file.read().split("\r\n")[12:-1]]
 
+    def expect_stored(self, path, lines):
+        wait_until(lambda: os.path.exists(path) and self.stored(path) == lines,
+                   lambda: f"{lines} in {path}; it is {self.stored(path) if os.path.exists(path) else None}")
+
     def test_a_show_is_made_by_mouse_and_keyboard_and_played(self):
         program, editor = self.open()
         self.assertNotIn("Tavrix", program.titles())
@@ -129,6 +133,39 @@ class EditorTest(ProgramTest):
         self.assertNotIn(_TITLE, program.titles())
         self.end_by_escape(program)
 
+    def test_a_show_is_saved_closed_loaded_by_the_recent_list_and_played(self):
+        program, editor = self.open()
+        self.make_show(program, editor)
+        self.screen.press("Alt+v")
+        self.dialog(program, "Save - Tavrix Slide Show  (.tvs)")
+        self.screen.press("Ctrl+a")
+        self.screen.type("made")
+        self.screen.press("Return")
+        path = os.path.join(self.slides, "made.tvs")
+        self.box(program, "About to save the slide show as:").press("Yes")
+        # What lies in the folder of the show is seen from there.
+        self.expect_stored(path, [text for letter in "dabc" for text in (letter + ".bmp", "")] +
+                           [drive_path(self.path("e")), ""])
+        wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the save")
+        self.screen.press("Escape")
+        program.main()
+        program.menu_entry("Slide Show", "Load Slide Show").act()
+        self.dialog(program, "Load - Tavrix Slide Show  (.tvs)").find("push button", "Recent...").act()
+        self.dialog(program, "Load Slide Show - [Recent Files]")
+        self.screen.press("Return")
+        editor = self.dialog(program, _TITLE)
+        self.expect_rows(editor, "dabce")
+        self.screen.press("Alt+h")
+        for letter in "dabced":
+            self.shows(letter)
+            self.screen.press("Right")
+        self.shows("a")
+        self.screen.press("Escape")
+        wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the show")
+        self.screen.press("Escape")
+        program.main()
+        self.end_by_escape(program)
+
     def test_a_dropped_show_is_changed_and_saved(self):
         program, editor = self.open()
         path = self.show_file("c", "a", "b")
@@ -143,9 +180,8 @@ class EditorTest(ProgramTest):
         box = program.message_box()
         self.assertIn(drive_path(path), box.text)
         box.press("Yes")
-        wait_until(lambda: self.stored(path) == [text for letter in "cba" for text in
-                                                 (drive_path(self.path(letter)), "about " + letter)],
-                   lambda: f"the saved order; it is {self.stored(path)}")
+        self.expect_stored(path, [text for letter in "cba" for text in
+                                  (drive_path(self.path(letter)), "about " + letter)])
         wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the save")
         self.screen.press("Escape")
         program.main()
