@@ -195,7 +195,7 @@ TEST_F(SlideLoadDialogsTest, SlidesFollowFilesThatAreMoved) {
         dialog.Lists.GoTo("C:\\Else");
         Press(dialog.CmdCopy);
     });
-    ExpectQuestion("OK to move 2 files to the following directory?\r\n\r\nC:\\Else", Answer::Yes);
+    ExpectQuestion("OK to move 2 files to the following directory?\r\n\r\nC:\\Else\\", Answer::Yes);
     ExpectTold(
         "Some of the selected file(s) were in the current slide show, the entries for this slide were "
         "updated as a result...");

@@ -10,6 +10,8 @@ class SlideLoadMissingTest : public EditorTest {
     static constexpr const char* Select = "Tavrix - [Select Missing Slides]";
     static constexpr const char* Remove = "Tavrix - [Remove Missing Slides]";
     static constexpr const char* Question = "Check current slide show to see if all files still exist?";
+    using Milliseconds = forms::Milliseconds;
+    int answered = 0;
     void Lose(const std::string& letters) {
         for (const char letter : letters)
             platform.disks.Remove(Picture(letter));
@@ -96,6 +98,32 @@ TEST_F(SlideLoadMissingTest, ARelativeSlideIsLookedForInTheFolderOfTheShow) {
     ExpectTold("One missing slide show file was found in the View List...", Select);
     Run(Editor().Menu2.mnuSelectMissing);
     EXPECT_EQ(Selected(Editor().ListView), Rows{1});
+}
+
+TEST_F(SlideLoadMissingTest, TheWindowAnswersWhileSlidesAreLookedFor) {
+    PutSlides("abcde");
+    const auto slowly = [this] {
+        platform.faults.Clear();
+        platform.faults.AtNth(headless::Service::Files, 2, [this] {
+            toolkit.Advance(Milliseconds(60));
+            // Nothing that the user does then changes the list.
+            toolkit.AtYield(1, [this] {
+                ++answered;
+                EXPECT_TRUE(module.Busy());
+                SelectSlides({0});
+                Press(Editor().CmdRemove);
+                Press(Editor().CmdCancel);
+                Editor().Deliver(forms::CloseEvent{});
+            });
+        });
+    };
+    ExpectQuestion(Question, Answer::Yes, Select);
+    ExpectTold("No missing slide show files were found...", Select);
+    slowly();
+    Run(Editor().Menu2.mnuSelectMissing);
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(Letters(), "abcde");
+    EXPECT_TRUE(IsOpen());
 }
 
 TEST_F(SlideLoadMissingTest, ManyAreCountedInGroups) {

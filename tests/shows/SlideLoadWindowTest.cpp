@@ -205,6 +205,7 @@ TEST_F(SlideLoadWindowTest, TextsAreAsTold) {
     EXPECT_EQ(texts, expected);
     EXPECT_EQ(e.File1.Pattern.Get(), "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico;*.wmf;*.emf;*.rle");
     EXPECT_TRUE(e.CmdCancel.Cancel);
+    EXPECT_TRUE(e.CmdOK.Default);
 }
 
 TEST_F(SlideLoadWindowTest, EachKeyOfTheSourceListRunsTheEntryThatNamesIt) {

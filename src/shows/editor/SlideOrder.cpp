@@ -44,7 +44,7 @@ class Blocks {
     }
 
   private:
-    static constexpr std::ptrdiff_t BlockLength = 1024;
+    static constexpr std::ptrdiff_t BlockLength = 2048;
 
     /// The block of a place, which is counted from the block's beginning afterwards.
     std::vector<int>& BlockOf(int& at, bool orBehind) {
