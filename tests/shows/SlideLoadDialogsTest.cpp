@@ -4,6 +4,7 @@
 #include "shows/editor/frmSlideDup.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/options/SlideOptionsFrm.h"
 
 namespace tavrix::test {
 namespace {
@@ -207,6 +208,40 @@ TEST_F(SlideLoadDialogsTest, SlidesFollowFilesThatAreMoved) {
     EXPECT_TRUE(module.show.ShowChanged);
     EXPECT_EQ(Editor().File1.ListCount(), 3);
     EXPECT_TRUE(platform.files.FileExists("C:\\Else\\c.bmp"));
+}
+
+TEST_F(SlideLoadDialogsTest, TheOptionsKnowTheShowAndItsCount) {
+    PutSlides("abc", "C:\\Pictures\\s.tvs");
+    module.show.SlideCount = 0;
+    toolkit.OnModal("SlideOptionsFrm", [this] {
+        ++dialogs;
+        EXPECT_EQ(module.show.SlideCount, 3);
+        auto& dialog = *app.Loaded<SlideOptionsFrm>();
+        dialog.CheckRandom.Value = true;
+        Press(dialog.CmdOK);
+    });
+    Press(Editor().CmdOptions);
+    EXPECT_EQ(dialogs, 1);
+    EXPECT_TRUE(module.config.RandomSlides);
+    EXPECT_TRUE(module.show.ShowChanged);
+}
+
+TEST_F(SlideLoadDialogsTest, ShowsAreRenamedAndDeletedByTheirDialogs) {
+    PutSlides("ab", "C:\\Shows\\s.tvs");
+    for (const char* name : {"frmRenameShow", "DeleteSlideFrm"}) {
+        toolkit.OnModal(name, [this, name] {
+            ++dialogs;
+            for (int i = 0; i < app.FormCount(); ++i) {
+                if (app.FormAt(i).Name() == name) app.FormAt(i).Deliver(forms::CloseEvent{});
+            }
+        });
+    }
+    Run(Editor().Menu2.mnuRenameShow);
+    EXPECT_EQ(dialogs, 1);
+    Run(Editor().Menu2.mnuDeleteShow);
+    EXPECT_EQ(dialogs, 2);
+    EXPECT_EQ(Letters(), "ab");
+    EXPECT_EQ(Editor().ShowPath(), "C:\\Shows\\s.tvs");
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
-// Loading, saving and closing.
+// The show as a file, its options, and the end of the editor.
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/files/ShowFileWriter.h"
+#include "shows/library/DeleteSlideFrm.h"
 #include "shows/library/LoadShow.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/library/frmRenameShow.h"
+#include "shows/options/SlideOptionsFrm.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
 
@@ -57,6 +60,19 @@ void SlideLoadFrm::CmdSaveAs_Click() {
     module_.show.SaveFromArrays = false;
     module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
     if (const std::optional<SaveEnd> end = SaveShowAs(module_, ShowPath())) NoteSave(*end);
+}
+
+void SlideLoadFrm::CmdOptions_Click() {
+    module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
+    ShowDialog<SlideOptionsFrm>(module_, folder_);
+}
+
+void SlideLoadFrm::mnuRenameShow_Click() {
+    ShowDialog<frmRenameShow>(module_);
+}
+
+void SlideLoadFrm::mnuDeleteShow_Click() {
+    ShowDialog<DeleteSlideFrm>(module_);
 }
 
 void SlideLoadFrm::Form_QueryUnload(bool& cancel) {

@@ -169,12 +169,9 @@ void SlideLoadFrm::TransferFiles(bool move) {
     const auto moved = [this](const std::string& from, const std::string& to) {
         return ChangeRowsOf(from, [&to](const std::string&) { return to; });
     };
-    forms::BusyGuard busy(module_.Screen());
-    auto& dialog = App().Load<frmSlideCopyImages>(
+    ShowDialog<frmSlideCopyImages>(
         view_, std::move(sources),
         frmSlideCopyImages::Editor{.Moved = moved, .RefreshSources = [this] { File1.RefreshKeepingRows(); }});
-    busy.Release();
-    dialog.ShowModal();
 }
 
 void SlideLoadFrm::mnuExploreFolder_Click() {

@@ -66,7 +66,6 @@ SlideLoadFrm::SlideLoadFrm(forms::Application& application, MainViewFrm& view)
     Describe(CmdCancel, "&Close");
     CmdOK.Default = true;
     CmdCancel.Cancel = true;
-    CmdOptions.Enabled = false;
     for (forms::ListControl* list :
          {static_cast<forms::ListControl*>(&File1), static_cast<forms::ListControl*>(&ListView)})
         list->MultiSelect = forms::MultiSelect::Extended;
@@ -116,6 +115,7 @@ void SlideLoadFrm::InstallCommands() {
     CmdAll.OnClick = Guarded(&Me::CmdAll_Click);
     CmdNone.OnClick = Guarded(&Me::CmdNone_Click);
     CmdPreview.OnClick = Guarded(&Me::CmdPreview_Click);
+    CmdOptions.OnClick = Guarded(&Me::CmdOptions_Click);
     CmdLoad.OnClick = Guarded(&Me::CmdLoad_Click);
     CmdSaveAs.OnClick = Guarded(&Me::CmdSaveAs_Click);
     CmdSave.OnClick = Guarded(&Me::CmdSave_Click);
@@ -170,6 +170,8 @@ void SlideLoadFrm::InstallCommands() {
     Menu2.mnuCheckDuplicate.Install(Guarded(&Me::mnuCheckDuplicate_Click));
     Menu2.mnuSelectMissing.Install(Guarded(&Me::mnuSelectMissing_Click));
     Menu2.mnuRemoveMissing.Install(Guarded(&Me::mnuRemoveMissing_Click));
+    Menu2.mnuRenameShow.Install(Guarded(&Me::mnuRenameShow_Click));
+    Menu2.mnuDeleteShow.Install(Guarded(&Me::mnuDeleteShow_Click));
     Menu2.mnuSlideShowInfo.Install(Guarded(&Me::mnuSlideShowInfo_Click));
     Menu2.mnuShowImagePath.Install(Guarded(&Me::mnuShowImagePath_Click));
     Menu2.mnuViewAnimatedGIF2.Install(Guarded(&Me::mnuViewAnimatedGIF2_Click));

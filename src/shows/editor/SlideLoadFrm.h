@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/ShowFolder.h"
@@ -206,6 +207,18 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     // The end
     void CmdSave_Click();
     void CmdSaveAs_Click();
+    void CmdOptions_Click();
+    void mnuRenameShow_Click();
+    void mnuDeleteShow_Click();
+    /// Loads a dialog under the hourglass, which is over when it is shown. The arguments are those of its constructor.
+    template <class Dialog, class... Arguments>
+    void ShowDialog(Arguments&&... arguments) {
+        forms::BusyGuard busy(module_.Screen());
+        module_.DoEvents();
+        auto& dialog = App().Load<Dialog>(std::forward<Arguments>(arguments)...);
+        busy.Release();
+        dialog.ShowModal();
+    }
     /// Remembers a save that left no whole file, though it counts as saved.
     void NoteSave(SaveEnd end) { saveFailed_ = end != SaveEnd::Whole; }
     /// Whether there is something that no file has.

@@ -134,10 +134,7 @@ void SlideLoadFrm::mnuEditDescription_Click() {
 
 void SlideLoadFrm::EditDescriptionsFrom(int row) {
     module_.show.SlideCount = static_cast<std::int16_t>(ListView.ListCount());
-    forms::BusyGuard busy(module_.Screen());
-    auto& dialog = App().Load<frmDescription>(module_, ShowPath(), row);
-    busy.Release();
-    dialog.ShowModal();
+    ShowDialog<frmDescription>(module_, ShowPath(), row);
 }
 
 void SlideLoadFrm::mnuClearDescriptions_Click() {
