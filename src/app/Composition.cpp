@@ -1,6 +1,7 @@
 #include "app/Composition.h"
 
 #include "program/WireProgram.h"
+#include "shows/editor/SlideLoadFrm.h"
 #include "viewer/EndOfSession.h"
 
 namespace tavrix {
@@ -39,6 +40,7 @@ void Composition::Run() {
 
 void Composition::Save() {
     SaveForEndOfSession(module_);
+    KeepUnsavedShow(module_);
 }
 
 void Composition::EndFromOutside() {

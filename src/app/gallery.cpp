@@ -46,14 +46,15 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmDescription.h"
 #include "shows/editor/frmSlideCopyImages.h"
 #include "shows/editor/frmSlideDup.h"
+#include "shows/library/DeleteSlideFrm.h"
+#include "shows/library/FindSlideFrm.h"
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
-#include "shows/library/DeleteSlideFrm.h"
-#include "shows/library/FindSlideFrm.h"
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
@@ -111,6 +112,7 @@ class Gallery {
         DrawFolderDialogs();
         DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
         DrawShowDialogs();
+        DrawEditor(*app_.Loaded<MainViewFrm>());
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -272,6 +274,20 @@ class Gallery {
         module_.config.UseRecycleBin = true;
         DrawForm(app_.Load<frmRenameShow>(module_));
         module_.config.LastSlideShow.clear();
+    }
+
+    void DrawEditor(MainViewFrm& view) {
+        auto& editor = app_.Load<SlideLoadFrm>(view);
+        editor.Lists.GoTo("C:\\Pictures");
+        for (int number = 1; number <= 12; ++number)
+            module_.show.SlideFiles.Set(number - 1,
+                                        "C:\\Pictures\\picture number " + std::to_string(number) + ".bmp");
+        editor.ShowLoaded("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
+        editor.File1.SetSelection({2, 5});
+        editor.ListView.ListIndex = 3;
+        editor.ListView.SetSelection({3, 5});
+        DrawForm(editor);
+        view.Hide();  // it comes back with the end of the editor
     }
 
     void DrawStage() {

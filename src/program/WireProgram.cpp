@@ -3,6 +3,7 @@
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
+#include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
@@ -30,6 +31,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallListCommands(view);
     InstallStageCommands(view);
     InstallShowLibrary(view);
+    InstallEditorCommands(view);
     return view;
 }
 

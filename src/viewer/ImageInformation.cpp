@@ -6,10 +6,9 @@
 #include "base/Rounding.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "core/FileServices.h"
 #include "core/HelpContexts.h"
-#include "core/ImageKinds.h"
 #include "core/NumberText.h"
+#include "viewer/ImageTypes.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -26,26 +25,11 @@ std::string TextOrUnknown(Statement statement) {
     return text;
 }
 
-/// The bytes as they can stand in a line of text.
-std::string Printable(const std::string& bytes) {
-    constexpr char firstPrintable = ' ';
-    constexpr char deleteMark = 0x7F;
-    std::string text = DecodeTextFile(bytes);
-    for (char& c : text) {
-        const bool control = (c >= 0 && c < firstPrintable) || c == deleteMark;
-        if (control) c = '?';
-    }
-    return text;
-}
-
 std::string TypeOf(const MainModule& module, const std::string& path) {
-    if (EndsInIgnoringCase(path, ".GIF")) {
-        return TextOrUnknown(
-            [&] { return "Graphics Interchange Format (" + Printable(GifSignature(module, path)) + ")"; });
-    }
-    const ImageKind* const kind = ImageKindOf(path);
-    if (kind != nullptr && !kind->typeName.empty()) return std::string(kind->typeName);
-    return "RLE4 or RLE8 Compressed Bitmap (.RLE)";
+    return TextOrUnknown([&] {
+        const std::string type = FileTypeText(module, path);
+        return type.empty() ? FileTypeText(module, ".RLE") : type;
+    });
 }
 
 std::string Pixels(float twips, float twipsPerPixel) {

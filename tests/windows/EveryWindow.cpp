@@ -16,14 +16,15 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmDescription.h"
 #include "shows/editor/frmSlideCopyImages.h"
 #include "shows/editor/frmSlideDup.h"
+#include "shows/library/DeleteSlideFrm.h"
+#include "shows/library/FindSlideFrm.h"
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/library/SaveSlideFile.h"
-#include "shows/library/DeleteSlideFrm.h"
-#include "shows/library/FindSlideFrm.h"
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
@@ -136,6 +137,14 @@ forms::Form& LoadFindSlide(Program& program) {
     return program.app.Load<FindSlideFrm>(program.module, answer);
 }
 
+forms::Form& LoadEditor(Program& program) {
+    auto& editor = program.app.Load<SlideLoadFrm>(program.View());
+    editor.Lists.GoTo("C:\\Pictures");
+    program.module.show.SlideFiles.Set(0, "C:\\Pictures\\Holidays & more\\the second of the pictures.bmp");
+    editor.ShowLoaded("C:\\Pictures\\Holidays & more\\a show of all the pictures of the beach.tvs");
+    return editor;
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -178,6 +187,7 @@ std::vector<Window> EveryWindow() {
         {"FindSlideFrm", LoadFindSlide},
         {"DeleteSlideFrm", OfModule<DeleteSlideFrm>},
         {"frmRenameShow", OfModule<frmRenameShow>},
+        {"SlideLoadFrm", LoadEditor},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
