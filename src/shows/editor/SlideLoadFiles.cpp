@@ -9,6 +9,7 @@
 #include "core/FailureText.h"
 #include "core/FileServices.h"
 #include "core/RecentLists.h"
+#include "dialogs/ExploreFolder.h"
 #include "shows/editor/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmSlideCopyImages.h"
@@ -175,12 +176,12 @@ void SlideLoadFrm::TransferFiles(bool move) {
 }
 
 void SlideLoadFrm::mnuExploreFolder_Click() {
-    Explore(SourceFolder());
+    ExploreFolder(module_, SourceFolder());
 }
 
 void SlideLoadFrm::mnuExploreShowFolder_Click() {
     if (HasFile()) {
-        Explore(folder_.Path());
+        ExploreFolder(module_, folder_.Path());
     } else {
         Tell("The current slide show has not been saved, no folder to browse...");
     }
@@ -193,22 +194,12 @@ void SlideLoadFrm::mnuExploreSlideFolder_Click() {
         Tell(
             "There are no slides in the View List, will attempt to browse the slide show's folder "
             "instead...");
-        Explore(folder_.Path());
+        ExploreFolder(module_, folder_.Path());
     } else if (ListView.ListIndex < 0) {
         Tell("Select an image in the slide show to browse its folder and then try again...");
     } else {
-        Explore(FolderOf(SlidePath(ListView.ListIndex)));
+        ExploreFolder(module_, FolderOf(SlidePath(ListView.ListIndex)));
     }
-}
-
-void SlideLoadFrm::Explore(const std::string& folder) const {
-    // Only a root keeps its backslash.
-    constexpr std::size_t rootLength = 3;
-    std::string shown = folder;
-    if (shown.size() > rootLength && shown.ends_with('\\')) shown.pop_back();
-    if (module_.platform.shell.Run("explorer.exe " + shown)) return;
-    App().MessageBox({.text = "Error, unable to start Windows Explorer to show selected directory.",
-                      .icon = forms::BoxIcon::Stop});
 }
 
 }  // namespace tavrix

@@ -188,7 +188,6 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void mnuExploreFolder_Click();
     void mnuExploreShowFolder_Click();
     void mnuExploreSlideFolder_Click();
-    void Explore(const std::string& folder) const;
     [[nodiscard]] bool MayDelete(const std::vector<std::string>& paths) const;
     /// The new name of a file as the user wants it; nothing for none, which was told where it is an error.
     [[nodiscard]] std::optional<std::string> AskForName(const std::string& folder, const std::string& name);
