@@ -4,7 +4,8 @@
 
 namespace tavrix {
 
-FileChooser::FileChooser(forms::Form& form, const MainModule& module, const std::string& pattern)
+FileChooser::FileChooser(forms::Form& form, const MainModule& module, const std::string& pattern,
+                         BadDrive badDrive)
     : module_(module),
       lblFiles(form, "lblFiles"),
       File1(form, "File1", module.platform.files, pattern),
@@ -13,7 +14,7 @@ FileChooser::FileChooser(forms::Form& form, const MainModule& module, const std:
       lblDrives(form, "lblDrives"),
       Drive1(form, "Drive1", module.platform.files, module.platform.drives),
       CmdFF(form, "CmdFF"),
-      Lists(module, Drive1, Dir1, &File1),
+      Lists(module, Drive1, Dir1, &File1, badDrive),
       FavoriteButton(form, module, CmdFF, Lists, [&module] { return QuickFoldersOf(module); }) {
     lblFiles.Caption = "Fil&es:";
     lblFiles.SetBuddy(File1);

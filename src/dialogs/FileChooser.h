@@ -17,7 +17,8 @@ namespace tavrix {
 class FileChooser {
   public:
     /// To be a member of the form. The pattern is that of the file list.
-    FileChooser(forms::Form& form, const MainModule& module, const std::string& pattern);
+    FileChooser(forms::Form& form, const MainModule& module, const std::string& pattern,
+                BadDrive badDrive = BadDrive::Returns);
     FileChooser(const FileChooser&) = delete;
     FileChooser& operator=(const FileChooser&) = delete;
 

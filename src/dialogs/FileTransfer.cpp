@@ -24,7 +24,8 @@ TransferEnd FileTransfer::Run(std::span<const TransferItem> items) {
             }
         } catch (const RuntimeError& error) {
             window_.Close();
-            TellFailure(module_, words_.failure, words_.failureTellsPath ? item.from : item.name, error);
+            const std::string& path = item.told.empty() ? item.from : item.told;
+            TellFailure(module_, words_.failure, words_.failureTellsPath ? path : item.name, error);
             return TransferEnd::Failed;
         }
     }

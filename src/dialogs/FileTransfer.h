@@ -16,6 +16,7 @@ struct TransferItem {
     std::string from;
     std::string to;
     std::string name;  ///< as progress and questions tell it
+    std::string told = {};  ///< the source as a failure tells it; empty: as it is spelled
 };
 
 /// What is done to each file.

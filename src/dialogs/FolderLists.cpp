@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/FailureText.h"
+#include "core/Folders.h"
 
 namespace tavrix {
 
@@ -19,8 +20,10 @@ FolderLists::FolderLists(const MainModule& module, forms::DriveListBox& drives, 
 }
 
 void FolderLists::GoTo(const std::string& folder) {
+    // What is chosen in the lists is told from look-alikes by its spelling.
+    const std::string spelled = GetShortPath(module_, folder);
     drives_.Drive = Left(folder, 2);
-    folders_.Path = folder;
+    folders_.Path = spelled.empty() ? folder : spelled;
 }
 
 std::string FolderLists::Folder() const {

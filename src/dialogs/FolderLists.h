@@ -27,7 +27,8 @@ class FolderLists {
     FolderLists(const FolderLists&) = delete;
     FolderLists& operator=(const FolderLists&) = delete;
 
-    /// Sends the drive list and the folder list to a full drive path. Throws what the two lists throw.
+    /// Sends the drive list and the folder list to a full drive path, which is spelled as on the disk from then on. Throws
+    /// what the two lists throw.
     void GoTo(const std::string& folder);
     /// The folder of the folder list, with a backslash at the end.
     [[nodiscard]] std::string Folder() const;

@@ -1,6 +1,7 @@
 #include "program/WireProgram.h"
 
 #include "editing/Commands.h"
+#include "filing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
@@ -28,6 +29,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     auto& view = module.app.Load<MainViewFrm>(module, lives);
     InstallViewerCommands(view);
     InstallEditingCommands(view);
+    InstallFilingCommands(view);
     InstallListCommands(view);
     InstallStageCommands(view);
     InstallShowLibrary(view);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "core/MainModule.h"
+#include "dialogs/FolderLists.h"
+#include "platform/forms/FileListBox.h"
+
+namespace tavrix {
+
+/// Whether the image on show lies in a folder that the user chose: there is one, and it is not the working file in the
+/// temporary folder.
+[[nodiscard]] bool ImageHasItsFolder(const MainModule& module);
+
+/// Sends lists to the folder of the image on show, as far as there is one that the user chose.
+void GoToFolderOfImage(const MainModule& module, FolderLists& lists);
+
+/// The row of a file's name, in any case where it is not there as it is spelled; -1 when there is none.
+[[nodiscard]] int RowOfFile(const forms::FileListBox& files, const std::string& name);
+
+}  // namespace tavrix
