@@ -40,6 +40,12 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "editing/turning/frmRotateImg.h"
+#include "filing/deleting/DeleteFolderFrm.h"
+#include "filing/deleting/DeleteImgFrm.h"
+#include "filing/deleting/RenameImgFrm.h"
+#include "filing/moving/frmCopyImages.h"
+#include "filing/moving/frmMoveCurrentImg.h"
+#include "filing/moving/frmMoveImages.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/Decoders.h"
 #include "lists/frmBrowseQuick.h"
@@ -111,6 +117,7 @@ class Gallery {
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
         DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
+        DrawFilingDialogs(*app_.Loaded<MainViewFrm>());
         DrawShowDialogs();
         DrawEditor(*app_.Loaded<MainViewFrm>());
         DrawStage();
@@ -180,6 +187,20 @@ class Gallery {
         DrawForm(app_.Load<frmBrowseQuick>(module_, quick));
         DrawForm(quick);
         DrawSavingDialogs(*app_.Loaded<MainViewFrm>());
+    }
+
+    void DrawFilingDialogs(MainViewFrm& view) {
+        module_.CurrentImage = "C:\\Pictures\\picture number 7.bmp";
+        module_.config.LastCopyToPath = "C:\\Pictures\\Work";
+        DrawForm(app_.Load<frmMoveImages>(module_));
+        DrawForm(app_.Load<frmCopyImages>(module_));
+        std::string target;
+        DrawForm(app_.Load<frmMoveCurrentImg>(module_, target));
+        module_.config.UseRecycleBin = false;
+        DrawForm(app_.Load<DeleteImgFrm>(module_));
+        DrawForm(app_.Load<DeleteFolderFrm>(module_));
+        DrawForm(app_.Load<RenameImgFrm>(view));
+        module_.CurrentImage.clear();
     }
 
     void DrawSavingDialogs(MainViewFrm& view) {

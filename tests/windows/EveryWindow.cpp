@@ -12,6 +12,12 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "editing/turning/frmRotateImg.h"
+#include "filing/deleting/DeleteFolderFrm.h"
+#include "filing/deleting/DeleteImgFrm.h"
+#include "filing/deleting/RenameImgFrm.h"
+#include "filing/moving/frmCopyImages.h"
+#include "filing/moving/frmMoveCurrentImg.h"
+#include "filing/moving/frmMoveImages.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
@@ -145,6 +151,16 @@ forms::Form& LoadEditor(Program& program) {
     return editor;
 }
 
+forms::Form& LoadMoveCurrent(Program& program) {
+    static std::string target;
+    return program.app.Load<frmMoveCurrentImg>(program.module, target);
+}
+
+forms::Form& LoadDeleteImages(Program& program) {
+    program.module.config.UseRecycleBin = false;  // the picture that says so is to be seen
+    return program.app.Load<DeleteImgFrm>(program.module);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -188,6 +204,12 @@ std::vector<Window> EveryWindow() {
         {"DeleteSlideFrm", OfModule<DeleteSlideFrm>},
         {"frmRenameShow", OfModule<frmRenameShow>},
         {"SlideLoadFrm", LoadEditor},
+        {"frmMoveImages", OfModule<frmMoveImages>, "f"},
+        {"frmCopyImages", OfModule<frmCopyImages>, "f"},
+        {"frmMoveCurrentImg", LoadMoveCurrent},
+        {"DeleteImgFrm", LoadDeleteImages},
+        {"DeleteFolderFrm", OfModule<DeleteFolderFrm>},
+        {"RenameImgFrm", OfView<RenameImgFrm>},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
