@@ -10,6 +10,7 @@
 #include "core/FileServices.h"
 #include "core/RecentLists.h"
 #include "dialogs/ExploreFolder.h"
+#include "dialogs/RenameFile.h"
 #include "shows/editor/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmSlideCopyImages.h"
@@ -73,32 +74,6 @@ void SlideLoadFrm::mnuDeleteFile_Click() {
     File1.RefreshKeepingRows();
 }
 
-std::optional<std::string> SlideLoadFrm::AskForName(const std::string& folder, const std::string& name) {
-    const std::string title = "Tavrix - [Rename Image]";
-    constexpr std::size_t endingLength = 4;
-    const std::string ending = Right(name, endingLength);
-    std::optional<std::string> answer =
-        App().InputBox({.prompt = folder + name + Paragraph + "Enter a new name for the file:",
-                        .title = title,
-                        .text = name});
-    if (!answer || answer->empty()) return std::nullopt;
-    if (Right(*answer, endingLength) != ending) *answer += ending;
-    if (answer->find_first_of(":\\/") != std::string::npos) {
-        Tell("You may not include a path in the filename, unable to rename file...", title);
-        return std::nullopt;
-    }
-    if (EqualIgnoringCase(*answer, name)) {
-        Tell("The new filename is the same as the current one, unable to rename file...", title);
-        return std::nullopt;
-    }
-    if (module_.platform.files.FileExists(folder + *answer) ||
-        module_.platform.files.FolderExists(folder + *answer)) {
-        Tell("The filename that was specified already exists, unable to rename file...", title);
-        return std::nullopt;
-    }
-    return answer;
-}
-
 void SlideLoadFrm::mnuRenameFile_Click() {
     const std::string title = "Tavrix - [Rename Image]";
     const int row = FirstSelectedSource();
@@ -114,24 +89,17 @@ void SlideLoadFrm::mnuRenameFile_Click() {
         Tell("Unable to rename selected file, image is currently open...", title);
         return;
     }
-    const std::optional<std::string> newName = AskForName(folder, name);
-    if (!newName) return;
-    try {
-        RequireExactly(module_, folder + name);
-        module_.platform.files.Rename(folder + name, folder + *newName);
-    } catch (const RuntimeError& error) {
-        App().MessageBox({.text = FailureText("Unable to rename selected file to: " + *newName, error),
-                          .title = title,
-                          .icon = forms::BoxIcon::Stop});
-        return;
-    }
+    const std::optional<std::string> path = RenameFile(
+        module_, folder + name, {.title = title, .failure = "Unable to rename selected file to: "});
+    if (!path) return;
+    const std::string newName = FileNameOf(*path);
     RemoveRecentFile(module_, folder + name);
     File1.RefreshKeepingRows();
-    if (const int found = File1.IndexOf(*newName); found >= 0) {
+    if (const int found = File1.IndexOf(newName); found >= 0) {
         File1.ListIndex = found;
         File1.SetSelection({found, found + 1});
     }
-    const auto renamed = [&newName](const std::string& slide) { return FolderOf(slide) + *newName; };
+    const auto renamed = [&newName](const std::string& slide) { return FolderOf(slide) + newName; };
     if (ChangeRowsOf(folder + name, renamed)) {
         Tell(
             "The old filename was in the current slide show, the entry for this slide was updated as a "

@@ -189,8 +189,6 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void mnuExploreShowFolder_Click();
     void mnuExploreSlideFolder_Click();
     [[nodiscard]] bool MayDelete(const std::vector<std::string>& paths) const;
-    /// The new name of a file as the user wants it; nothing for none, which was told where it is an error.
-    [[nodiscard]] std::optional<std::string> AskForName(const std::string& folder, const std::string& name);
     /// Gives the rows of this file another text, which is made of the former one. Whether there are any.
     bool ChangeRowsOf(const std::string& path,
                       const std::function<std::string(const std::string& row)>& change);
