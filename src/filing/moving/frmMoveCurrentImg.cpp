@@ -4,7 +4,6 @@
 #include "base/Text.h"
 #include "core/FailureText.h"
 #include "core/FileServices.h"
-#include "core/Folders.h"
 #include "core/HelpContexts.h"
 #include "dialogs/NewFolder.h"
 #include "filing/CurrentImageFolder.h"
@@ -36,9 +35,11 @@ void MoveTo(MainViewFrm& view, const std::string& target) {
     try {
         const forms::BusyGuard busy(module.Screen());
         module.DoEvents();
-        const std::string to = FullPath(module, target);
+        Files& files = module.platform.files;
+        const bool bare = FolderOf(target).empty();
+        const std::string to = bare ? WithBackslash(files.CurrentFolder()) + target : target;
         RequireExactly(module, from);
-        module.platform.files.Rename(from, to);
+        files.Rename(from, to);
         view.imageOnShow.Renamed(from, to);
         view.imageOnShow.ShowTitleOf(target);
     } catch (const RuntimeError& error) {
