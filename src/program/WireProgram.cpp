@@ -1,5 +1,6 @@
 #include "program/WireProgram.h"
 
+#include "browsing/Commands.h"
 #include "editing/Commands.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
@@ -32,6 +33,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);
+    InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
     return view;
 }
 
