@@ -16,6 +16,18 @@ namespace {
 
 constexpr const char* WaitText = "Please wait...";
 
+/// A flag that is set as long as this lives.
+class Choosing {
+  public:
+    explicit Choosing(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Choosing() { flag_ = false; }
+    Choosing(const Choosing&) = delete;
+    Choosing& operator=(const Choosing&) = delete;
+
+  private:
+    bool& flag_;
+};
+
 }  // namespace
 
 frmThumbnail::frmThumbnail(forms::Application& application, MainViewFrm& view, ThumbnailList& list,
@@ -282,9 +294,8 @@ void frmThumbnail::ChooseList() {
         list_.ThumbnailFolder.clear();
         list_.ThumbnailsShown = true;
         // The return from the dialog is no return to a list: what the dialog has left is to be read first.
-        choosing_ = true;
+        const Choosing choosing(choosing_);
         App().Load<Dialog>(module_, list_).ShowModal();
-        choosing_ = false;
         if (list_.ThumbnailFolder == ThumbnailList::Selected) list_.ThumbnailFolder.clear();
     }
     if (!list_.ThumbnailsShown) ShowList();

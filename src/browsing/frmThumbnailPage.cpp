@@ -36,13 +36,18 @@ void frmThumbnail::ShowThumbnails(int start) {
     if (start > ThumbnailList::Most || start < 0) return;
     loading_ = true;
     forms::Control* const focus = ActiveControl();
-    BeginPage();
-    const PageEnd end = FillPage(start);
-    if (end.canceled) {
-        lblShowing.Caption = "Canceled...";
-    } else {
-        Pages.Made(end.reached, list_.ThumbnailCount());
-        ShowPageNumbers(start);
+    try {
+        BeginPage();
+        const PageEnd end = FillPage(start);
+        if (end.canceled) {
+            lblShowing.Caption = "Canceled...";
+        } else {
+            Pages.Made(end.reached, list_.ThumbnailCount());
+            ShowPageNumbers(start);
+        }
+    } catch (...) {
+        EndPage(focus);  // a window that stays locked could not even be closed
+        throw;
     }
     EndPage(focus);
 }

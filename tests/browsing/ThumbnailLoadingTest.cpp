@@ -32,6 +32,7 @@ class SlowPictures final : public Pictures {
     int decoding = 0;                                  ///< pictures that are on their way now
     int mostDecoding = 0;
     int waitedInTake = 0;
+    std::string noMemoryFor;  ///< a path
 
   private:
     class Arriving;
@@ -63,6 +64,7 @@ class SlowPictures::Arriving final : public PictureToFit {
 };
 
 std::unique_ptr<PictureToFit> SlowPictures::LoadToFit(const std::string& path, const FitBox& box) {
+    if (path == noMemoryFor) throw std::bad_alloc();
     const auto time = takes.contains(path) ? takes.at(path) : forms::Milliseconds(0);
     return std::make_unique<Arriving>(*this, pictures_.LoadToFit(path, box), toolkit_.Now() + time);
 }
@@ -166,6 +168,18 @@ TEST_F(ThumbnailLoading, TheBrowserDoesNotCloseWhileAPageIsMade) {
     Browser().Deliver(forms::CloseEvent{});
     EXPECT_EQ(app.Loaded<frmThumbnail>(), nullptr);
     EXPECT_NE(toolkit.VisibleWindow("MainViewFrm"), nullptr);
+}
+
+TEST_F(ThumbnailLoading, NoMemoryLocksNothing) {
+    Browse();
+    pictures.noMemoryFor = PathOf(3);
+    toolkit.Expect({.text = "Out of memory...", .icon = forms::BoxIcon::Stop});
+    Browser().Deliver(forms::DropEvent{{PathOf(1), PathOf(3), PathOf(2)}, 1, 1});
+    EXPECT_FALSE(module.Busy());
+    EXPECT_TRUE(Browser().CmdClose.Enabled);
+    EXPECT_FALSE(Browser().CmdStop.Visible);
+    Browser().Deliver(forms::CloseEvent{});
+    EXPECT_EQ(app.Loaded<frmThumbnail>(), nullptr);
 }
 
 TEST_F(ThumbnailLoading, APictureThatFailsLateIsToldOf) {

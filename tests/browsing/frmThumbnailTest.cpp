@@ -249,12 +249,40 @@ TEST_F(frmThumbnailTest, NothingElseStartsWhileAPageIsMade) {
         Drop({PathOf(20)});
         Browser().Form_Activate();
         Browser().Deliver(forms::CloseEvent{});
+        EXPECT_EQ(module.Screen().MousePointer.Get(), forms::MousePointer::ArrowHourglass);
     });
     Press(Browser().CmdNext);
     EXPECT_EQ(toolkit.Popups().size(), 0U);
     ASSERT_NE(app.Loaded<frmThumbnail>(), nullptr);
     ExpectPage(10, 18);
     EXPECT_EQ(module.CurrentImage, "");
+}
+
+TEST_F(frmThumbnailTest, NothingElseStartsWhileALargeListIsLookedThrough) {
+    PutNumbered(1'000);
+    ASSERT_TRUE(Start());
+    TakeFolder();
+    int tried = 0;
+    for (int yield = 1; yield < 25; ++yield) {
+        toolkit.AtYield(yield, [this, &tried] {
+            auto* browser = app.Loaded<frmThumbnail>();
+            if (browser == nullptr || browser->CmdStop.Visible ||
+                browser->lblNumFiles.Caption.Get() != "1000")
+                return;
+            ++tried;
+            EXPECT_EQ(module.Screen().MousePointer.Get(), forms::MousePointer::ArrowHourglass);
+            Drop({PathOf(20)});
+            Press(browser->CmdNext);
+            Press(browser->CmdBrowse);
+            browser->Form_Activate();
+            browser->Deliver(forms::CloseEvent{});
+            ASSERT_NE(app.Loaded<frmThumbnail>(), nullptr);
+        });
+    }
+    Choose(View().menu.mnuThumbnailBrowse);
+    EXPECT_GE(tried, 10);
+    ExpectPage(1, 9);
+    EXPECT_EQ(Browser().lblTotalSize.Caption.Get(), "29,000");
 }
 
 TEST_F(frmThumbnailTest, ThePageIsMadeImageByImage) {
