@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -17,6 +18,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/ContactSheet.h"
@@ -27,6 +29,9 @@
 #include "backends/qt/help/HelpWindow.h"
 #include "backends/shared/help/HelpBook.h"
 #include "base/RuntimeError.h"
+#include "browsing/frmThumbFolder.h"
+#include "browsing/frmThumbSelect.h"
+#include "browsing/frmThumbnail.h"
 #include "core/Main.h"
 #include "core/WaitFrm.h"
 #include "dialogs/WaitCopyFrm.h"
@@ -120,6 +125,7 @@ class Gallery {
         DrawFilingDialogs(*app_.Loaded<MainViewFrm>());
         DrawShowDialogs();
         DrawEditor(*app_.Loaded<MainViewFrm>());
+        DrawThumbnails(*app_.Loaded<MainViewFrm>());
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -309,6 +315,34 @@ class Gallery {
         editor.ListView.SetSelection({3, 5});
         DrawForm(editor);
         view.Hide();  // it comes back with the end of the editor
+    }
+
+    void DrawThumbnails(MainViewFrm& view) {
+        ThumbnailList list;
+        auto& files = app_.Load<frmThumbSelect>(module_, list);
+        files.Show();
+        for (const int row : {1, 2, 5})
+            files.Chooser.File1.Select(row);
+        DrawForm(files);
+        DrawForm(app_.Load<frmThumbFolder>(module_, list));
+        constexpr std::array<std::pair<int, int>, 9> sizes{{{640, 480},
+                                                            {480, 640},
+                                                            {32, 32},
+                                                            {1000, 100},
+                                                            {100, 1000},
+                                                            {160, 120},
+                                                            {161, 121},
+                                                            {90, 60},
+                                                            {3000, 2000}}};
+        list = {{}, "C:\\Pictures\\", false};
+        for (const auto& [width, height] : sizes) {
+            list.ThumbnailFiles.push_back("C:\\Pictures\\" + std::to_string(width) + "x" +
+                                          std::to_string(height) + ".bmp");
+            platform_.pictures.SetPicture(list.ThumbnailFiles.back(), TestCard(width, height));
+        }
+        list.ThumbnailFiles.push_back("C:\\Pictures\\small.bmp");
+        DrawForm(app_.Load<frmThumbnail>(view, list, [] {}));
+        view.Hide();
     }
 
     void DrawStage() {

@@ -1,5 +1,6 @@
 #include "program/WireProgram.h"
 
+#include "browsing/Commands.h"
 #include "editing/Commands.h"
 #include "filing/Commands.h"
 #include "lists/Commands.h"
@@ -34,6 +35,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);
+    InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
     return view;
 }
 

@@ -25,25 +25,25 @@ std::string TextOrUnknown(Statement statement) {
     return text;
 }
 
-std::string TypeOf(const MainModule& module, const std::string& path) {
-    return TextOrUnknown([&] {
-        const std::string type = FileTypeText(module, path);
-        return type.empty() ? FileTypeText(module, ".RLE") : type;
+std::string TypeOf(const MainModule& module, const ReportedImage& image) {
+    std::string type = image.unreadGifType;
+    SkipFailure([&] {
+        type = FileTypeText(module, image.path);
+        if (type.empty()) type = FileTypeText(module, ".RLE");
     });
+    return type;
 }
 
-std::string Pixels(float twips, float twipsPerPixel) {
-    return std::to_string(RoundToLong(static_cast<double>(twips) / static_cast<double>(twipsPerPixel)));
+int Pixels(float twips, float twipsPerPixel) {
+    return RoundToLong(static_cast<double>(twips) / static_cast<double>(twipsPerPixel));
 }
 
-std::string Report(const MainViewFrm& view) {
-    const MainModule& module = view.Module();
+}  // namespace
+
+std::string ImageReport(const MainModule& module, const ReportedImage& image) {
     System& system = module.platform.system;
-    const std::string& path = module.CurrentImage;
-    const forms::Screen& screen = module.Screen();
-
     std::optional<FileInfo> info;
-    SkipFailure([&] { info = module.platform.files.Info(path); });
+    SkipFailure([&] { info = module.platform.files.Info(image.path); });
     const std::string size = TextOrUnknown(
         [&] { return info ? GroupedNumber(info->length, system.Numbers()) + " bytes" : Unknown; });
     const std::string date =
@@ -51,14 +51,11 @@ std::string Report(const MainViewFrm& view) {
 
     const std::string line(NewLine);
     const std::string blank(NewLine2);
-    return "Current Image File:" + blank + path + line + Rule + blank + "Image Size:  (pixels)" + blank +
-           "Width = " + Pixels(view.MainImage.Width, screen.TwipsPerPixelX()) + line +
-           "Height = " + Pixels(view.MainImage.Height, screen.TwipsPerPixelY()) + line + Rule + blank +
-           "File size = " + size + line + "File date and time = " + date + line +
-           "File type = " + TypeOf(module, path);
+    return image.heading + blank + image.path + line + Rule + blank + "Image Size:  (pixels)" + blank +
+           "Width = " + std::to_string(image.width) + line + "Height = " + std::to_string(image.height) +
+           line + Rule + blank + "File size = " + size + line + "File date and time = " + date + line +
+           "File type = " + TypeOf(module, image);
 }
-
-}  // namespace
 
 void mnuImageSize_Click(MainViewFrm& view) {
     const MainModule& module = view.Module();
@@ -70,7 +67,11 @@ void mnuImageSize_Click(MainViewFrm& view) {
         return;
     }
     module.DoEvents();
-    module.app.MessageBox({.text = Report(view),
+    const forms::Screen& screen = module.Screen();
+    const ReportedImage image{"Current Image File:", module.CurrentImage,
+                              Pixels(view.MainImage.Width, screen.TwipsPerPixelX()),
+                              Pixels(view.MainImage.Height, screen.TwipsPerPixelY()), Unknown};
+    module.app.MessageBox({.text = ImageReport(module, image),
                            .title = "Tavrix - [Image Information]",
                            .help = true,
                            .helpContext = HelpContext::ImageInformation});

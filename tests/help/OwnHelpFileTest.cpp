@@ -40,7 +40,7 @@ TEST(OwnHelpFileTest, EveryContextHasAPage) {
           Context::Settings,     Context::SaveCopy,         Context::Export,      Context::Import,
           Context::MovedProgram, Context::CropImage,        Context::NewImage,    Context::BackgroundColor,
           Context::RotateImage,  Context::ResizeImage,      Context::Wallpaper,   Context::DisplayColours,
-          Context::AnimatedGif}) {
+          Context::AnimatedGif,  Context::Thumbnails,       Context::ThumbFolder, Context::ThumbSelect}) {
         ASSERT_NE(book.Find(context), nullptr) << context;
         EXPECT_GT(book.Find(context)->body.size(), 200U) << context;
     }

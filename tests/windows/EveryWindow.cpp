@@ -1,5 +1,8 @@
 #include "windows/EveryWindow.h"
 
+#include "browsing/frmThumbFolder.h"
+#include "browsing/frmThumbSelect.h"
+#include "browsing/frmThumbnail.h"
 #include "core/WaitFrm.h"
 #include "dialogs/WaitCopyFrm.h"
 #include "editing/creating/BackColorFrm.h"
@@ -73,6 +76,18 @@ forms::Form& LoadBackColor(Program& program) {
 forms::Form& LoadBrowseQuick(Program& program) {
     return program.app.Load<frmBrowseQuick>(program.module,
                                             program.app.Load<frmQuickFolders>(program.module));
+}
+
+forms::Form& LoadThumbnails(Program& program) {
+    static ThumbnailList list;
+    list = {std::vector<std::string>(12, "C:\\Pictures\\small.bmp"), "C:\\Pictures\\", false};
+    return program.app.Load<frmThumbnail>(program.View(), list, [] {});
+}
+
+template <class Dialog>
+forms::Form& MakesThumbnails(Program& program) {
+    static ThumbnailList list;
+    return program.app.Load<Dialog>(program.module, list);
 }
 
 forms::Form& LoadStage(Program& program) {
@@ -210,6 +225,9 @@ std::vector<Window> EveryWindow() {
         {"DeleteImgFrm", LoadDeleteImages},
         {"DeleteFolderFrm", OfModule<DeleteFolderFrm>},
         {"RenameImgFrm", OfView<RenameImgFrm>},
+        {"frmThumbnail", LoadThumbnails},
+        {"frmThumbFolder", MakesThumbnails<frmThumbFolder>},
+        {"frmThumbSelect", MakesThumbnails<frmThumbSelect>},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };

@@ -30,14 +30,19 @@ void InstallStageCommands(MainViewFrm& view) {
     });
 }
 
+void ViewStageImage(MainModule& module) {
+    EndStage(module);
+    module.SlideShowActive = false;
+    module.app.Load<FullViewFrm>(module).ShowModal();
+}
+
 void ViewFullScreen(MainViewFrm& view) {
     MainModule& module = view.Module();
     EndStage(module);
     view.selection.Drop();
     module.StageImage = module.CurrentImage;
-    module.SlideShowActive = false;
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
-    module.app.Load<FullViewFrm>(module).ShowModal();
+    ViewStageImage(module);
 }
 
 void mnuFullScreen_Click(MainViewFrm& view) {

@@ -15,7 +15,10 @@ void EndStage(MainModule& module);
 /// Gives the main view's menu what shows its image on the stage.
 void InstallStageCommands(MainViewFrm& view);
 
-/// Shows StageImage on the stage, above the main view, until the user closes it.
+/// Shows StageImage on the stage until the user closes it.
+void ViewStageImage(MainModule& module);
+
+/// Shows the image on show on the stage, above the main view, until the user closes it.
 void ViewFullScreen(MainViewFrm& view);
 
 void mnuFullScreen_Click(MainViewFrm& view);

@@ -1,0 +1,189 @@
+"""The thumbnail browser over a folder of mixed pictures: pages, Stop, the pointer's hints, the popup, opening, drops."""
+
+import os
+import shutil
+import time
+import unittest
+
+from PIL import Image
+from driver import drive_path, wait_until
+from driver.drop import DropSource
+from driver.waiting import wait_unchanged
+from support import ProgramTest
+
+SAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples")
+BROWSER = "Tavrix - [Thumbnail Browser]"
+FOLDER_DIALOG = "Thumbnail Browser - [Select Folder to Browse]"
+FILES_DIALOG = "Thumbnail Browser - [Select Files]"
+FILES = 40
+
+
+class ThumbnailsTest(ProgramTest):
+    def put_samples(self):
+        """Forty pictures of all kinds that are opened, in the order of their names."""
+        kinds = (".bmp", ".dib", ".jpg", ".gif", ".wmf", ".emf", ".ico", ".rle", ".cur")
+        samples = [name for name in sorted(os.listdir(SAMPLES)) if name.endswith(kinds)]
+        self.names = []
+        for number in range(1, FILES + 1):
+            sample = samples[number % len(samples)]
+            self.names.append(f"{number:02}-{sample}")
+            shutil.copy(os.path.join(SAMPLES, sample), os.path.join(self.home.pictures, self.names[-1]))
+
+    def browse(self, settings=""):
+        """The program with the browser on the folder of pictures."""
+        self.home.write_settings("[Viewer]\nStartupDialog=0\n" + settings)
+        program = self.start(folder=self.home.pictures)
+        program.main()
+        program.menu_entry("File", "Thumbnails", "Browse Folder").act()
+        self.dialog(program, FOLDER_DIALOG)
+        self.screen.press("Return")
+        return program, self.browser(program)
+
+    def browser(self, program):
+        window = program.window(BROWSER)
+        wait_until(lambda: self.screen.active() == window.id, "the browser becoming active")
+        return program.wait(lambda: next((top for top in program.root().children() if top.name == BROWSER), None),
+                            BROWSER)
+
+    def labels(self, browser):
+        return [label.text for label in browser.all("label")]
+
+    def wait_page(self, browser, first, last):
+        """Waits until a page stands, and for the thumbnails of its images."""
+        wanted = f"{first} to {last}" if first != last else str(first)
+        wait_until(lambda: wanted in self.labels(browser), lambda: f"page {wanted}; there are {self.labels(browser)}")
+        shown = self.thumbnails(browser)
+        self.assertEqual([graphic.name for graphic in shown], self.names[first - 1:last])
+        return shown
+
+    def thumbnails(self, browser):
+        return [graphic for graphic in browser.all("graphic") if "-" in graphic.name]
+
+    def colours(self, graphic):
+        x, y, width, height = graphic.extents
+        return len(self.screen.grab(x, y, width, height).convert("RGB").getcolors(1 << 24))
+
+    def point_at(self, graphic):
+        x, y, width, height = graphic.extents
+        self.screen.move_pointer(x + width // 2 - 1, y + height // 2)
+        self.screen.move_pointer(x + width // 2, y + height // 2)
+
+    def click(self, graphic, button=1):
+        x, y, width, height = graphic.extents
+        self.screen.click(x + width // 2, y + height // 2, button=button)
+
+    def test_pages_show_every_kind_and_wrap(self):
+        self.put_samples()
+        program, browser = self.browse()
+        seen = 0
+        for first, last in ((1, 9), (10, 18), (19, 27), (28, 36), (37, 40)):
+            for graphic in self.wait_page(browser, first, last):
+                wait_until(lambda graphic=graphic: self.colours(graphic) > 1, f"something of {graphic.name}")
+                seen += 1
+            self.screen.press("Alt+n")
+        self.assertEqual(seen, FILES)
+        self.wait_page(browser, 1, 9)
+        self.screen.press("Alt+p")
+        self.wait_page(browser, 32, 40)
+        browser.find("push button", "Back one image").act()
+        self.wait_page(browser, 31, 39)
+        browser.find("push button", "Forward one image").act()
+        self.wait_page(browser, 32, 40)
+        total = sum(os.path.getsize(os.path.join(self.home.pictures, name)) for name in self.names)
+        for text in (str(FILES), f"{total:,}", drive_path(self.home.pictures) + "\\"):
+            self.assertIn(text, self.labels(browser))
+        self.assertNotIn("Tavrix", program.titles())
+        self.screen.press("Escape")
+        program.main()
+        self.assertEqual(program.titles(), ["Tavrix"])
+
+    def test_hints_and_the_popup(self):
+        self.put_samples()
+        program, browser = self.browse()
+        third = self.wait_page(browser, 1, 9)[2]
+        self.point_at(third)
+        size = os.path.getsize(os.path.join(self.home.pictures, self.names[2]))
+        hint = f"{self.names[2]} ({size:,} bytes)"
+        wait_until(lambda: hint in self.labels(browser), lambda: f"{hint}; there are {self.labels(browser)}")
+        self.click(third, button=3)
+        program.wait(program.popups, "the popup menu")
+        self.screen.press("Escape")
+        program.wait(lambda: not program.popups(), "the end of the popup menu")
+        self.click(third, button=3)
+        program.wait(program.popups, "the popup menu again")
+        self.screen.press("i")
+        box = program.message_box()
+        self.assertEqual(box.title, "Tavrix - [Image Information]")
+        self.assertIn(drive_path(os.path.join(self.home.pictures, self.names[2])), box.text)
+        with Image.open(os.path.join(self.home.pictures, self.names[2])) as image:
+            self.assertIn(f"Width = {image.width}", box.text)
+        box.press("OK")
+        self.wait_page(browser, 1, 9)
+        self.click(third, button=3)
+        program.wait(program.popups, "the popup menu once more")
+        self.screen.press("w")
+        stage = program.window("Tavrix Full Screen View")
+        wait_until(lambda: self.screen.active() == stage.id, "the stage becoming active")
+        wait_unchanged(lambda: self.screen.grab(0, 0, 50, 50).tobytes(), "the stage")
+        self.screen.press("space")
+        program.wait(lambda: program.titles() == [BROWSER], "the browser alone")
+        self.wait_page(browser, 1, 9)
+        self.click(third, button=3)
+        program.wait(program.popups, "the popup menu for opening")
+        self.screen.press("o")
+        program.main(os.path.join(self.home.pictures, self.names[2]))
+        self.assertNotIn(BROWSER, program.titles())
+
+    def test_a_left_click_opens_and_nothing_else_does(self):
+        self.put_samples()
+        program, browser = self.browse(settings="ClickScreenOpen=True\nWindowMaximized=True\n")
+        x, y, width, height = self.wait_page(browser, 1, 9)[0].extents
+        # The button goes up long after the main view has come under the pointer.
+        self.screen.drag((x + width // 2, y + height // 2), (x + width // 2 + 2, y + height // 2), steps=40)
+        main = program.main(os.path.join(self.home.pictures, self.names[0]))
+        wait_unchanged(program.titles, "the windows")
+        self.assertEqual(program.titles(), [main.title])
+
+    def test_selected_files_and_dropped_ones(self):
+        self.put_samples()
+        self.home.write_settings("[Viewer]\nStartupDialog=0\n")
+        program = self.start(folder=self.home.pictures)
+        program.main()
+        program.menu_entry("File", "Thumbnails", "Select Files").act()
+        dialog = self.dialog(program, FILES_DIALOG)
+        for name in (self.names[4], self.names[1]):
+            row = wait_until(lambda name=name: next(
+                (r for r in dialog.find("list", "Select Files:").children() if r.name == name), None), name)
+            self.click(row)
+        self.screen.press("Alt+o")
+        browser = self.browser(program)
+        wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"two; there are {self.labels(browser)}")
+        self.assertEqual([g.name for g in self.thumbnails(browser)], [self.names[1], self.names[4]])
+        self.assertIn("Tavrix is showing thumbnails of selected files...", self.labels(browser))
+        dropped = [os.path.join(self.home.pictures, self.names[i]) for i in (7, 3, 5)]
+        self.assertTrue(DropSource(self.screen, dropped).drop_on(program.window(BROWSER)))
+        wait_until(lambda: "1 to 3" in self.labels(browser), lambda: f"three; there are {self.labels(browser)}")
+        self.assertEqual([g.name for g in self.thumbnails(browser)], [os.path.basename(path) for path in dropped])
+
+    def test_stop_in_the_middle_of_a_huge_picture(self):
+        self.names = ["1-small.jpg", "2-huge.jpg", "3-small.jpg"]
+        for name in self.names[::2]:
+            shutil.copy(os.path.join(SAMPLES, "hills.jpg"), os.path.join(self.home.pictures, name))
+        noise = Image.effect_noise((1000, 800), 90).resize((12_500, 8_000), Image.Resampling.NEAREST)
+        Image.merge("RGB", [noise] * 3).save(os.path.join(self.home.pictures, self.names[1]), quality=90,
+                                             progressive=True)
+        program, browser = self.browse()
+        stop = wait_until(lambda: next(iter(browser.all("push button", "Stop")), None), "the Stop button")
+        wait_until(lambda: len(self.thumbnails(browser)) == 1, "the first thumbnail")
+        begin = time.monotonic()
+        self.click(stop)
+        wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"the end; there are {self.labels(browser)}")
+        took = time.monotonic() - begin
+        self.assertEqual([g.name for g in self.thumbnails(browser)], self.names[:1])
+        self.assertLess(took, 1.0)  # the accessibility bus takes most of it
+        self.screen.press("Escape")
+        program.main()
+
+
+if __name__ == "__main__":
+    unittest.main()
