@@ -2,6 +2,7 @@
 
 #include "editing/Commands.h"
 #include "lists/Commands.h"
+#include "settings/Commands.h"
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
@@ -32,6 +33,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);
+    InstallSettingsCommands(view);
     return view;
 }
 
