@@ -29,7 +29,7 @@ frmTip::frmTip(forms::Application& application, MainModule& module)
     cmdOK.OnClick = [this] { App().Unload(*this); };
     using namespace forms;
     constexpr float textWidth = 6000;
-    constexpr float textHeight = 1500;  // of the longest tip, so that the window keeps its size
+    constexpr float textHeight = 1000;  // of the longest tip, so that the window keeps its size
     SetLayout(Column({lblHeading, AtLeast(textWidth, textHeight, lblTipText),
                       Row({chkLoadTipsAtStartup, Stretch(), cmdNextTip, cmdOK})}));
 }
