@@ -42,6 +42,13 @@ def make_pictures(folder):
         yield name, path
 
 
+def no_dialogs_at_start(environment):
+    with open(os.path.join(environment["HOME"], ".config", "tavrix", "settings"), "a", encoding="ascii") as file:
+        file.write("ProgramRun=1\nShow Tips at Startup=0\n")
+    with open(os.path.join(environment["TAVRIX_HOME"], "tavrix.ini"), "w", encoding="ascii") as file:
+        file.write("[Viewer]\nStartupDialog=0\n")
+
+
 class Display:
     """A virtual display whose screen is a file."""
 
@@ -110,6 +117,7 @@ def main():
         display = Display(children, folder)
         subprocess.run([os.path.join(RELEASE, "bin", "tavrix-install"), os.path.join(RELEASE, "app", "tavrix")],
                        env=display.environment, check=True)
+        no_dialogs_at_start(display.environment)
         for picture, path in make_pictures(folder):
             with Image.open(path) as image:
                 display.look_for(image.getpixel((10, 10)))

@@ -39,6 +39,8 @@ class Bench {
     explicit Bench(int count) : count_(count) {
         platform.store.Set("EXEPath", "C:\\Tavrix\\");
         platform.store.Set("ProgramRun", "1");
+        platform.store.Set("Show Tips at Startup", "0");
+        platform.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         platform.process.commandLine = "SHOW";
         for (int i = 0; i < count; ++i)
             platform.disks.PutFile(PathOf(i), "x");

@@ -57,6 +57,7 @@ class Machine {
     Machine() {
         memory_.store.Set("EXEPath", "C:\\Tavrix\\");
         memory_.store.Set("ProgramRun", "1");
+        memory_.store.Set("Show Tips at Startup", "0");
         memory_.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         module_.AppPath = "C:\\Tavrix\\";
         WireProgram(module_, lives_);

@@ -26,6 +26,9 @@ using namespace tavrix;
 struct Machine {
     Machine() {
         platform.store.Set("EXEPath", "C:\\Tavrix\\");
+        platform.store.Set("ProgramRun", "1");
+        platform.store.Set("Show Tips at Startup", "0");
+        platform.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         Surface surface(640, 480);
         platform.pictures.SetPicture("C:\\p\\x.jpg", PictureOf(std::move(surface)));
         WireProgram(module, lives);

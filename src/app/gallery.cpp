@@ -57,6 +57,11 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "settings/SysInfoFrm.h"
+#include "settings/frmAbout.h"
+#include "settings/frmAdvanced.h"
+#include "settings/frmPreferences.h"
+#include "settings/frmTip.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmDescription.h"
 #include "shows/editor/frmSlideCopyImages.h"
@@ -105,6 +110,9 @@ class Gallery {
   public:
     explicit Gallery(std::filesystem::path folder) : folder_(std::move(folder)) {
         platform_.store.Set("EXEPath", "C:\\Tavrix\\");
+        platform_.store.Set("ProgramRun", "1");
+        platform_.store.Set("Show Tips at Startup", "0");
+        platform_.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         platform_.pictures.SetPicture("C:\\Pictures\\small.bmp", TestCard(640, 480));
         platform_.pictures.SetPicture("C:\\Pictures\\large.bmp", TestCard(4000, 3000));
         WireProgram(module_, lives_);
@@ -126,6 +134,7 @@ class Gallery {
         DrawShowDialogs();
         DrawEditor(*app_.Loaded<MainViewFrm>());
         DrawThumbnails(*app_.Loaded<MainViewFrm>());
+        DrawSettingsDialogs(*app_.Loaded<MainViewFrm>());
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -343,6 +352,23 @@ class Gallery {
         list.ThumbnailFiles.push_back("C:\\Pictures\\small.bmp");
         DrawForm(app_.Load<frmThumbnail>(view, list, [] {}));
         view.Hide();
+    }
+
+    void DrawSettingsDialogs(MainViewFrm& view) {
+        platform_.disks.AddDrive('D', DriveType::CdRom);
+        platform_.system.memory = {17'179'869'184, 9'663'676'416, 19'327'352'832, 11'811'160'064};
+        platform_.disks.PutFile("C:\\Tavrix\\TIPOFDAY.DAT",
+                                "That F1 opens the help page of the window that you are in? The help window may stay "
+                                "open beside it while you work.\n");
+        DrawForm(app_.Load<frmPreferences>(view));
+        DrawForm(app_.Load<frmAdvanced>(module_));
+        DrawForm(app_.Load<frmTip>(module_));
+        DrawForm(app_.Load<SysInfoFrm>(module_));
+        for (const double day : {0.05, 0.26, 0.5, 0.74}) {
+            auto& about = app_.Load<frmAbout>(module_);
+            about.ShowMoment({day, 0.3 + day / 2, 20 * day});
+            DrawForm(about, "-" + std::to_string(static_cast<int>(day * 24)) + "h");
+        }
     }
 
     void DrawStage() {

@@ -5,6 +5,10 @@ namespace tavrix::HelpContext {
 // The pages of the help file by their numbers, as windows (Form::HelpContext) and boxes name them.
 
 inline constexpr unsigned Contents = 0;
+inline constexpr unsigned GettingStarted = 10;
+inline constexpr unsigned CreateShow = 20;  ///< how to create a slide show
+inline constexpr unsigned Questions = 30;   ///< frequently asked questions
+inline constexpr unsigned Search = 40;      ///< how to search; the help window is ready to when it turns to it
 inline constexpr unsigned MainView = 100;
 inline constexpr unsigned OpenImage = 110;
 inline constexpr unsigned FavoriteFolder = 120;
@@ -29,6 +33,11 @@ inline constexpr unsigned MoveCurrentImage = 650;
 inline constexpr unsigned DeleteImages = 690;
 inline constexpr unsigned DeleteFolder = 710;
 inline constexpr unsigned RenameImages = 780;
+inline constexpr unsigned Preferences = 260;
+inline constexpr unsigned AdvancedSettings = 270;
+inline constexpr unsigned TipOfTheDay = 280;
+inline constexpr unsigned About = 290;
+inline constexpr unsigned SystemInformation = 310;
 inline constexpr unsigned MovedProgram = 410;  ///< moved or newly installed
 inline constexpr unsigned RotateImage = 1190;
 inline constexpr unsigned ResizeImage = 1240;

@@ -4,6 +4,7 @@
 #include "editing/Commands.h"
 #include "filing/Commands.h"
 #include "lists/Commands.h"
+#include "settings/Commands.h"
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
@@ -36,6 +37,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallShowLibrary(view);
     InstallEditorCommands(view);
     InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
+    InstallSettingsCommands(view);
     return view;
 }
 

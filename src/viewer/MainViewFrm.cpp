@@ -1,22 +1,40 @@
 #include "viewer/MainViewFrm.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/NotYet.h"
+#include "core/SystemDialogs.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
 #include "viewer/AutomaticSize.h"
+#include "viewer/BackgroundColours.h"
 #include "viewer/DefaultPicture.h"
 #include "viewer/DropFiles.h"
 #include "viewer/MenuState.h"
 #include "viewer/StartArguments.h"
 
 namespace tavrix {
+
+namespace {
+
+/// Runs messages until no other window of the program is on the screen: a dialog that is not modal is still there when its
+/// command has ended.
+void WaitUntilAlone(const forms::Form& form) {
+    const auto alone = [&form] {
+        for (int i = 0; i < form.App().FormCount(); ++i) {
+            const forms::Form& other = form.App().FormAt(i);
+            if (&other != &form && other.Visible()) return false;
+        }
+        return true;
+    };
+    if (!alone()) form.App().GetToolkit().RunUntil(alone);
+}
+
+}  // namespace
 
 namespace MouseButton = forms::MouseButton;
 using forms::MousePointer;
@@ -120,10 +138,7 @@ void MainViewFrm::PlaceWindow() {
 }
 
 void MainViewFrm::ShowBackgroundColor() {
-    // The last one is a grey, whatever its name in the preferences says.
-    static constexpr std::array<Colour, 6> colours{
-        Black, White, ButtonFace, Colour{0x400000}, Colour{0x40}, Colour{0x404040}};
-    picFrame.BackColor = colours[static_cast<std::size_t>(module_.config.BackgroundColor)];
+    picFrame.BackColor = BackgroundColours[static_cast<std::size_t>(module_.config.BackgroundColor)];
 }
 
 void MainViewFrm::Form_Activate() {
@@ -135,24 +150,14 @@ void MainViewFrm::Form_Activate() {
 
     std::string tips = "1";
     SkipFailure([&] { tips = module_.platform.store.Get("Show Tips at Startup", "1"); });
-    if (ParseLong(tips).value_or(1) != 0) {
-        const forms::TopmostBracket bracket(*this,
-                                            module_.config.TopMostWindow && menu.mnuTipOfDay.Installed());
-        menu.mnuTipOfDay.Click();
-    }
+    if (ParseLong(tips).value_or(1) != 0) menu.mnuTipOfDay.Click();
     OpenStartDialogs();
 }
 
 void MainViewFrm::OpenDisplayProperties() {
     WindowState = WindowState::Minimized;
     module_.DoEvents();
-    bool started = false;
-    SkipFailure([&] {
-        started = module_.platform.shell.Run("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,@0,3");
-    });
-    if (!started) {
-        App().MessageBox({.text = "An error occurred while trying to open the display properties dialog..."});
-    }
+    tavrix::OpenDisplayProperties(module_);
     module_.DoEvents();
     WindowState = WindowState::Normal;
 }
@@ -160,8 +165,10 @@ void MainViewFrm::OpenDisplayProperties() {
 void MainViewFrm::OpenStartDialogs() {
     const std::int16_t always = module_.config.StartupDialog;
     const auto open = [&](StartDialog dialog, forms::Menu& entry, bool also = false) {
+        if (StartAction != dialog && always != static_cast<std::int16_t>(dialog) && !also) return;
+        WaitUntilAlone(*this);
         if (StartAction == dialog && !entry.Installed()) TellNotYet(App(), std::string(entry.Caption));
-        if (StartAction == dialog || always == static_cast<std::int16_t>(dialog) || also) entry.Click();
+        entry.Click();
     };
     open(StartDialog::About, menu.mnuAbout, module_.FirstRun);
     open(StartDialog::SlideShowEditor, menu.mnuSlideShow);

@@ -22,7 +22,7 @@ class HelpTest(ProgramTest):
 
     def page(self, top):
         """The title of the page that is turned up."""
-        return next((item.name for item in top.find("list", "Pages").children() if item.has("selected")), None)
+        return next((item.name for item in top.find("tree", "Pages").children() if item.has("selected")), None)
 
     def wait_page(self, top, title):
         wait_until(lambda: self.page(top) == title, lambda: f"the page {title!r}; it is {self.page(top)!r}")
@@ -57,11 +57,33 @@ class HelpTest(ProgramTest):
         window, top = self.help_window(program)
         self.wait_page(top, "Contents")
         self.press_in(window, "Tab", "Tab", "Return")
-        self.wait_page(top, "Opening images")
+        self.wait_page(top, "How to create a slide show")
         self.screen.press("Alt+Left")
         self.wait_page(top, "Contents")
         top.find("push button", "Close").act()
         wait_until(lambda: HELP not in program.titles(), "the help window's end")
+        self.end_from(main, program)
+
+    def test_a_search_by_keys_leads_to_a_page_and_back(self):
+        program = self.start()
+        main = program.main()
+        program.menu_entry("Help", "Help Topic", "Search...").act()
+        window, top = self.help_window(program)
+        self.screen.activate(window)
+        wait_until(lambda: top.find("text", "Search").has("focused"), "the keyboard in the search field")
+        self.screen.press("w", "a", "l", "l", "p")
+        wait_until(lambda: any(item.name == "The desktop: capture and wallpaper"
+                               for item in top.find("list").children()), "the page that tells of it")
+        self.screen.press("Down")
+        text = wait_until(lambda: top.find("document text") if top.find("document text").name ==
+                          "The desktop: capture and wallpaper" else None, "that page")
+        self.assertTrue(text)
+        self.screen.press("Escape")
+        self.wait_page(top, "The desktop: capture and wallpaper")
+        self.screen.press("Alt+Left")
+        self.wait_page(top, "Searching this help")
+        self.screen.press("Alt+Right")
+        self.wait_page(top, "The desktop: capture and wallpaper")
         self.end_from(main, program)
 
     def test_the_program_is_used_while_help_is_open(self):
@@ -82,7 +104,7 @@ class HelpTest(ProgramTest):
         self.assertTrue(box.accessible.has("showing"))
         self.press_in(window, "Alt+Home")
         self.wait_page(top, "Contents")
-        item = next(item for item in top.find("list", "Pages").children() if item.name == "Settings")
+        item = next(item for item in top.find("tree", "Pages").children() if item.name == "Settings")
         x, y, width, height = item.extents
         self.screen.click(x + width // 2, y + height // 2)
         self.wait_page(top, "Settings")

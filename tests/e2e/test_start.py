@@ -107,6 +107,7 @@ class StartTest(ProgramTest):
                 self.end_by_escape(program)
 
     def test_help_is_told_and_the_program_ends(self):
+        before = self.home.read_settings()
         for command in ("HELP", "help", "/h", "?"):
             with self.subTest(command):
                 program = self.start(command)
@@ -114,7 +115,7 @@ class StartTest(ProgramTest):
                 self.assertEqual((box.title, box.text, box.buttons), ("Tavrix", HELP, ["OK"]))
                 box.press("OK")
                 self.assertEqual(program.wait_end(), 0)
-        self.assertFalse(os.path.exists(self.home.settings))
+        self.assertEqual(self.home.read_settings(), before)
 
     def test_saver_without_a_show_ends_silently(self):
         for command in ("SCRNSAVE", "SCRNSAVE /C", "SCRNSAVE picture.bmp"):

@@ -6,6 +6,7 @@
 
 #include "SelectionCommandTest.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -57,8 +58,7 @@ class ClipboardFaultSweep : public ::testing::TestWithParam<std::tuple<Operation
     /// Whether a fault came.
     static bool RunWithFault(const Operation& operation, Service service, int call) {
         headless::HeadlessServices machine;
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         const std::string before = BitmapOf(Different(40, 30));
         machine.disks.PutFile(ImageFile, before);

@@ -13,6 +13,7 @@
 #include "core/UnsavedImage.h"
 #include "editing/desktop/frmSetWallpaper.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -50,8 +51,7 @@ constexpr std::array<std::string_view, 11> KnownBoxes{
 class DesktopFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         machine.disks.PutFile(Opened, BitmapOf(Different(40, 30)));
         machine.disks.PutFile(Wallpaper, BitmapOf(Different(50, 40)));

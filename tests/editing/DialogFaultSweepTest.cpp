@@ -10,6 +10,7 @@
 #include "editing/resizing/frmImageSize.h"
 #include "editing/turning/frmRotateImg.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -80,8 +81,7 @@ constexpr std::array<Doing, 3> Doings{{
 class DialogFaultSweep : public ::testing::TestWithParam<std::tuple<Doing, Service>> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
         machine.disks.PutFile(Image, BitmapOf(Different(40, 30)));
         machine.clipboard.formats = {ClipboardFormat::Bitmap};

@@ -15,6 +15,7 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -161,9 +162,7 @@ constexpr std::array<std::string_view, 17> KnownBoxes{
 class SavingFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
-        machine.store.Set("Show Tips at Startup", "0");
+        MakeQuiet(machine);
         machine.disks.PutFile("C:\\Tavrix\\tavrix.ini",
                               "[Viewer]\r\nStartupDialog=0\r\nAutosizeWindow=False\r\n");
         for (const char* name : {"old.gif", "old.bmp", "old.jpg"})

@@ -4,12 +4,15 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QWindow>
 #include <memory>
 
@@ -41,6 +44,20 @@ class HelpWindowTest : public ::testing::Test {
         }
         throw std::runtime_error(caption);
     }
+    /// The entry of a row of the contents, chapters included; null beyond the last.
+    static QTreeWidgetItem* Entry(int row) {
+        QTreeWidgetItemIterator item(&Part<QTreeWidget>());
+        for (; row > 0 && *item != nullptr; --row)
+            ++item;
+        return *item;
+    }
+    static QStringList Found() {
+        QStringList titles;
+        auto& list = Part<QListWidget>();
+        for (int row = 0; row < list.count(); ++row)
+            titles.append(list.item(row)->text());
+        return titles;
+    }
     static std::string Page() { return Part<QTextBrowser>().accessibleName().toStdString(); }
     static void Settle() { QTest::qWait(1); }
     static void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
@@ -53,9 +70,9 @@ class HelpWindowTest : public ::testing::Test {
     }
     /// Clicks through the window system's door, where a blocked window hears nothing.
     static void ClickRow(int row) {
-        auto& list = Part<QListWidget>();
-        const QPoint inList = list.visualItemRect(list.item(row)).center();
-        const QPoint point = list.viewport()->mapTo(&Widget(), inList);
+        auto& tree = Part<QTreeWidget>();
+        const QPoint inTree = tree.visualItemRect(Entry(row)).center();
+        const QPoint point = tree.viewport()->mapTo(&Widget(), inTree);
         QTest::mouseClick(Widget().windowHandle(), Qt::LeftButton, {}, point);
         Settle();
     }
@@ -85,9 +102,9 @@ TEST_F(HelpWindowTest, OpensOnItsPageWithTheListBesideIt) {
     Open(410);
     EXPECT_EQ(Page(), "Moved & more");
     EXPECT_FALSE(Button("&Back").isEnabled());
-    EXPECT_EQ(Part<QListWidget>().count(), 3);
-    EXPECT_EQ(Part<QListWidget>().currentRow(), 2);
-    EXPECT_EQ(Part<QListWidget>().accessibleName(), QLatin1String("Pages"));
+    EXPECT_EQ(Entry(3), nullptr);
+    EXPECT_EQ(Part<QTreeWidget>().currentItem(), Entry(2));
+    EXPECT_EQ(Part<QTreeWidget>().accessibleName(), QLatin1String("Pages"));
     EXPECT_EQ(Part<QTextBrowser>().toPlainText(), QLatin1String("Moved & more\nmoved"));
     Open(77);
     EXPECT_EQ(Page(), "Contents");
@@ -141,7 +158,99 @@ TEST_F(HelpWindowTest, BackGoesThroughThePagesThatWereSeen) {
     Open(5);
     Key(Qt::Key_Home, Qt::AltModifier);
     EXPECT_EQ(Page(), "Contents");
-    EXPECT_EQ(Part<QListWidget>().currentRow(), 0);
+    EXPECT_EQ(Part<QTreeWidget>().currentItem(), Entry(0));
+}
+
+TEST_F(HelpWindowTest, ForwardGoesWhereBackCameFrom) {
+    Open(0);
+    Open(5);
+    Open(410);
+    EXPECT_FALSE(Button("&Forward").isEnabled());
+    Key(Qt::Key_Left, Qt::AltModifier);
+    Key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(Page(), "Contents");
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(Page(), "Five");
+    Button("&Forward").click();
+    EXPECT_EQ(Page(), "Moved & more");
+    EXPECT_FALSE(Button("&Forward").isEnabled());
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(Page(), "Moved & more");
+    Button("&Back").click();
+    EXPECT_TRUE(Button("&Forward").isEnabled());
+    ClickRow(0);
+    EXPECT_FALSE(Button("&Forward").isEnabled()) << "another way was taken";
+    Button("&Back").click();
+    EXPECT_EQ(Page(), "Five");
+}
+
+TEST_F(HelpWindowTest, ChaptersHoldTheirPages) {
+    book = *HelpBook::Parse(
+        "TAVRIX HELP 1\n@page 0 Contents\n**First**\n- [x](page:7)\n@page 7 Seven\nx\n@page 8 Eight\nx\n");
+    Open(7);
+    EXPECT_EQ(Entry(0)->text(0), QLatin1String("Contents"));
+    EXPECT_EQ(Entry(1)->text(0), QLatin1String("First"));
+    EXPECT_EQ(Entry(2)->parent(), Entry(1));
+    EXPECT_EQ(Entry(3)->text(0), QLatin1String("Eight"));
+    EXPECT_EQ(Part<QTreeWidget>().currentItem(), Entry(2));
+    ClickRow(1);
+    EXPECT_EQ(Page(), "Seven") << "a chapter is no page";
+    Part<QTreeWidget>().setFocus();
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Page(), "Seven");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Page(), "Eight");
+}
+
+TEST_F(HelpWindowTest, ASearchListsPagesWhileItIsTyped) {
+    Open(0);
+    Key(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(Part<QLineEdit>().hasFocus());
+    Key(Qt::Key_M);
+    Key(Qt::Key_O);
+    EXPECT_TRUE(Part<QListWidget>().isVisible());
+    EXPECT_FALSE(Part<QTreeWidget>().isVisible());
+    EXPECT_EQ(Found(), QStringList{QStringLiteral("Moved & more")});
+    EXPECT_EQ(Part<QListWidget>().accessibleName(), QLatin1String("One page found"));
+    EXPECT_EQ(Page(), "Contents") << "nothing was chosen yet";
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Page(), "Moved & more");
+    EXPECT_TRUE(Part<QListWidget>().hasFocus());
+    EXPECT_EQ(Part<QTextBrowser>().extraSelections().size(), 3) << "two in the heading, one in the text";
+}
+
+TEST_F(HelpWindowTest, EscapeEndsTheSearchBeforeItClosesTheWindow) {
+    Open(5);
+    Part<QLineEdit>().setText(QStringLiteral("moved"));
+    EXPECT_EQ(Found().size(), 1);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(Widget().isVisible());
+    EXPECT_EQ(Part<QLineEdit>().text(), QString());
+    EXPECT_TRUE(Part<QTreeWidget>().isVisible());
+    EXPECT_TRUE(Part<QTextBrowser>().extraSelections().isEmpty());
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Widget().isVisible());
+}
+
+TEST_F(HelpWindowTest, WhatNoPageHasIsSaid) {
+    Open(5);
+    Part<QLineEdit>().setText(QStringLiteral("zebra"));
+    EXPECT_EQ(Found(), QStringList{QStringLiteral("No page has these words.")});
+    EXPECT_EQ(Part<QListWidget>().accessibleName(), QLatin1String("0 pages found"));
+    Part<QLineEdit>().setFocus();
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Page(), "Five");
+    Part<QLineEdit>().setText(QStringLiteral(" , "));
+    EXPECT_TRUE(Part<QTreeWidget>().isVisible()) << "that is no word";
+}
+
+TEST_F(HelpWindowTest, ThePageOnSearchingBeginsASearch) {
+    book = *HelpBook::Parse("TAVRIX HELP 1\n@page 0 Contents\nx\n@page 40 Searching\nx\n");
+    Open(40);
+    EXPECT_EQ(Page(), "Searching");
+    EXPECT_TRUE(Part<QLineEdit>().hasFocus());
+    Open(0);
+    EXPECT_TRUE(Part<QTextBrowser>().hasFocus());
 }
 
 TEST_F(HelpWindowTest, TheTextGrowsAndShrinksWithinBounds) {

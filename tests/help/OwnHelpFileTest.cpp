@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <set>
 
 #include "backends/shared/help/HelpBook.h"
+#include "backends/shared/help/HelpIndex.h"
 #include "core/HelpContexts.h"
 
 namespace tavrix::test {
@@ -31,18 +34,60 @@ std::set<unsigned> LinksOf(const std::string& body) {
     return pages;
 }
 
+/// The numbers that windows and boxes name, by their names, as the header lists them.
+std::map<std::string, unsigned> ContextsOfSources() {
+    std::ifstream file(CONTEXTS_HEADER, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    static const std::regex line(R"(constexpr unsigned (\w+) = (\d+);)");
+    std::map<std::string, unsigned> contexts;
+    for (std::sregex_iterator i(text.begin(), text.end(), line), end; i != end; ++i)
+        contexts[(*i)[1].str()] = static_cast<unsigned>(std::stoul((*i)[2].str()));
+    return contexts;
+}
+
 TEST(OwnHelpFileTest, EveryContextHasAPage) {
-    namespace Context = HelpContext;
     const HelpBook book = OwnBook();
-    for (const unsigned context :
-         {Context::Contents,     Context::MainView,         Context::OpenImage,   Context::FavoriteFolder,
-          Context::QuickFolders, Context::ImageInformation, Context::RecentFiles, Context::StartingTavrix,
-          Context::Settings,     Context::SaveCopy,         Context::Export,      Context::Import,
-          Context::MovedProgram, Context::CropImage,        Context::NewImage,    Context::BackgroundColor,
-          Context::RotateImage,  Context::ResizeImage,      Context::Wallpaper,   Context::DisplayColours,
-          Context::AnimatedGif,  Context::Thumbnails,       Context::ThumbFolder, Context::ThumbSelect}) {
-        ASSERT_NE(book.Find(context), nullptr) << context;
-        EXPECT_GT(book.Find(context)->body.size(), 200U) << context;
+    const auto contexts = ContextsOfSources();
+    ASSERT_EQ(contexts.at("MainView"), HelpContext::MainView);
+    std::set<unsigned> numbers;
+    for (const auto& [name, number] : contexts) {
+        EXPECT_TRUE(numbers.insert(number).second) << name << " has the number of another one";
+        const HelpPage* const page = book.Find(number);
+        ASSERT_NE(page, nullptr) << name;
+        EXPECT_GT(page->body.size(), 200U) << name;
+    }
+}
+
+TEST(OwnHelpFileTest, TheSearchHasItsPage) {
+    EXPECT_EQ(HelpContext::Search, HelpBook::SearchPage);
+}
+
+/// What people would type, and the page that they want.
+TEST(OwnHelpFileTest, ASearchFindsThePageThatTells) {
+    const HelpBook book = OwnBook();
+    const HelpIndex index(book);
+    for (const auto& [words, page] : std::map<std::string, unsigned>{{"rotate", 1190},
+                                                                     {"rotating", 1190},
+                                                                     {"resize image", 1240},
+                                                                     {"crop", 1310},
+                                                                     {"wallpaper", 210},
+                                                                     {"jpeg export", 190},
+                                                                     {"recent files", 150},
+                                                                     {"create slide show", 20},
+                                                                     {"quick folder", 130},
+                                                                     {"tip startup", 280},
+                                                                     {"recycle bin", 270},
+                                                                     {"floppy drive", 270},
+                                                                     {"memory", 310},
+                                                                     {"backup", 1350},
+                                                                     {"version", 290},
+                                                                     {"undo", 30},
+                                                                     {"descriptions", 1380},
+                                                                     {"duplicate", 1390},
+                                                                     {"command line", 160}}) {
+        const auto found = index.Find(words);
+        const auto place = std::ranges::find(found, page, &HelpPage::context) - found.begin();
+        EXPECT_LT(place, 3) << words << ": " << (found.empty() ? "nothing" : found.front()->title);
     }
 }
 

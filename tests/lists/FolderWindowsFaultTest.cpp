@@ -5,6 +5,7 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 #include <gtest/gtest.h>
@@ -23,9 +24,7 @@ void Press(forms::CommandButton& button) {
 class FolderWindowsFault : public ::testing::TestWithParam<Service> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
-        machine.store.Set("Show Tips at Startup", "0");
+        MakeQuiet(machine);
         machine.disks.AddDrive('D', DriveType::Fixed);
         machine.disks.InsertDisk('D');
         machine.disks.PutFile("C:\\Pictures\\a.bmp", "a");

@@ -17,8 +17,6 @@ class StageLifeTest : public test::MainViewFixture {
 
     StageLifeTest() {
         Setting("AutosizeWindow", "False");
-        Setting("StartupDialog", "0");
-        platform.store.Set("Show Tips at Startup", "0");
         platform.pictures.SetPicture(Path, test::PlainPicture(100, 80));
         toolkit.OnModal("FullViewFrm", [this] {
             seen();

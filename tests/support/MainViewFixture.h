@@ -2,14 +2,18 @@
 
 #include "program/WireProgram.h"
 #include "support/ProgramFixture.h"
+#include "support/QuietMachine.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix::test {
 
-/// A program that starts with the main view.
+/// A program that starts with the main view; nothing opens at the start, unless a test says so.
 class MainViewFixture : public ProgramFixture {
   protected:
-    MainViewFixture() { WireProgram(module, lives); }
+    MainViewFixture() {
+        MakeQuiet(platform);
+        WireProgram(module, lives);
+    }
 
     /// Starts the program with a command line; false when it ended.
     bool Start(const std::string& commandLine = "") {

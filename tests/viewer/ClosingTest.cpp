@@ -1,6 +1,7 @@
 #include "OneProcess.h"
 #include "ViewerTest.h"
 #include "dialogs/WaitCopyFrm.h"
+#include "support/QuietMachine.h"
 
 namespace tavrix::test {
 namespace {
@@ -144,8 +145,7 @@ class RoundTripTest : public ::testing::TestWithParam<PlaceOnScreen> {};
 
 TEST_P(RoundTripTest, ASavedPlaceDoesNotDrift) {
     headless::HeadlessServices machine;
-    machine.store.Set("EXEPath", "C:\\Tavrix\\");
-    machine.store.Set("ProgramRun", "1");
+    MakeQuiet(machine);
     machine.disks.PutFile("C:\\Tavrix\\tavrix.ini",
                           "[Viewer]\r\nSaveWindowSize=True\r\nAutosizeWindow=False\r\nStartupDialog=0\r\n");
     const auto saved = [&machine] {

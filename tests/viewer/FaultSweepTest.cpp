@@ -3,6 +3,7 @@
 #include "OneProcess.h"
 #include "support/FaultSweep.h"
 #include "support/ProgramFixture.h"
+#include "support/QuietMachine.h"
 
 namespace tavrix::test {
 namespace {
@@ -28,8 +29,7 @@ void PrintTo(const Operation& operation, std::ostream* out) {
 class FaultSweep : public ::testing::TestWithParam<std::tuple<Operation, Service>> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.PutFile(SettingsFile, SettingsBefore);
         machine.pictures.SetPicture(Image, PlainPicture(640, 480));
         machine.pictures.SetPicture(Other, PlainPicture(30, 20));

@@ -10,6 +10,7 @@
 #include "OneProcess.h"
 #include "support/FaultSweep.h"
 #include "support/ProgramFixture.h"
+#include "support/QuietMachine.h"
 #include "viewer/OpenFrm.h"
 
 namespace tavrix::test {
@@ -47,8 +48,7 @@ constexpr std::array<std::string_view, 11> KnownBoxes{
 class OpenFrmFault : public ::testing::TestWithParam<std::tuple<Doing, Service>> {
   protected:
     static void SetUpMachine(headless::HeadlessServices& machine) {
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.PutFile(
             "C:\\Tavrix\\tavrix.ini",
             "[Viewer]\r\nStartupDialog=0\r\nOpenShowPreview=True\r\nFavoriteFolder=D:\\f\\\r\n"

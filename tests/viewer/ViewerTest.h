@@ -9,14 +9,12 @@
 
 namespace tavrix::test {
 
-/// A main view with a user who drags its frame, uses the mouse and the menu. The window does not size itself and
-/// nothing opens at the start, unless a test says so.
+/// A main view with a user who drags its frame, uses the mouse and the menu. The window does not size itself,
+/// unless a test says so.
 class ViewerTest : public MainViewFixture {
   protected:
     ViewerTest() {
         Setting("AutosizeWindow", "False");
-        Setting("StartupDialog", "0");
-        platform.store.Set("Show Tips at Startup", "0");
         lives.ShowMainView = [this] {
             auto& window = LoadMainView(module, lives);
             if (beforeShow) beforeShow(window);

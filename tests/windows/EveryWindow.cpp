@@ -25,6 +25,11 @@
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "settings/SysInfoFrm.h"
+#include "settings/frmAbout.h"
+#include "settings/frmAdvanced.h"
+#include "settings/frmPreferences.h"
+#include "settings/frmTip.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmDescription.h"
 #include "shows/editor/frmSlideCopyImages.h"
@@ -39,6 +44,7 @@
 #include "shows/options/SlideOptionsFrm.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
+#include "support/QuietMachine.h"
 #include "viewer/ExitFrm.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/OpenFrm.h"
@@ -176,6 +182,12 @@ forms::Form& LoadDeleteImages(Program& program) {
     return program.app.Load<DeleteImgFrm>(program.module);
 }
 
+forms::Form& LoadTip(Program& program) {
+    program.platform.disks.PutFile("C:\\Tavrix\\TIPOFDAY.DAT",
+                                   "That each button shows a short explanation when the pointer rests on it?\n");
+    return program.app.Load<frmTip>(program.module);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -228,14 +240,18 @@ std::vector<Window> EveryWindow() {
         {"frmThumbnail", LoadThumbnails},
         {"frmThumbFolder", MakesThumbnails<frmThumbFolder>},
         {"frmThumbSelect", MakesThumbnails<frmThumbSelect>},
+        {"frmPreferences", OfView<frmPreferences>},
+        {"frmAdvanced", OfModule<frmAdvanced>},
+        {"frmTip", LoadTip},
+        {"frmAbout", OfModule<frmAbout>},
+        {"SysInfoFrm", OfModule<SysInfoFrm>},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
 }
 
 Program::Program(forms::Toolkit& toolkit) : app(toolkit), module(app, platform.services) {
-    platform.store.Set("EXEPath", "C:\\Tavrix\\");
-    platform.store.Set("ProgramRun", "1");
+    test::MakeQuiet(platform);
     platform.pictures.SetPicture("C:\\Pictures\\small.bmp", PlainPicture(640, 480));
     platform.files.MakeFolder("C:\\Pictures\\Holidays & more");
     for (int number = 1; number <= 20; ++number)

@@ -31,9 +31,10 @@ def recent_caption(path):
 
 
 class Home:
-    """A private user: a home, the program's folder and a temporary folder, kept from one start to the next."""
+    """A private user: a home, the program's folder and a temporary folder, kept from one start to the next. Nobody wants
+    this user's attention at the start, unless `quiet` is off: no tip, no dialog, no first run."""
 
-    def __init__(self, folder, installed=True):
+    def __init__(self, folder, installed=True, quiet=True):
         self.folder = folder
         self.program = os.path.join(folder, "program")
         self.temporary = os.path.join(folder, "temporary")
@@ -53,8 +54,36 @@ class Home:
         }
         if installed:
             subprocess.run([INSTALL, PROGRAM], env={**os.environ, **self.environment}, check=True, stdout=subprocess.DEVNULL)
+        self.quiet = quiet
+        if quiet:
+            self.set_in_store("ProgramRun", "1")
+            self.set_in_store("Show Tips at Startup", "0")
+            self.write_settings("[Viewer]\n")
+
+    @property
+    def _store(self):
+        return os.path.join(self.environment["XDG_CONFIG_HOME"], "tavrix", "settings")
+
+    def set_in_store(self, name, value):
+        """Sets a value that is kept apart from the program's folder."""
+        text = "[Settings]\n"
+        if os.path.exists(self._store):
+            with open(self._store, encoding="utf-8") as file:
+                text = file.read()
+        lines = [line for line in text.splitlines() if line.partition("=")[0] != name]
+        os.makedirs(os.path.dirname(self._store), mode=0o700, exist_ok=True)
+        with open(self._store, "w", encoding="utf-8") as file:
+            file.write("\n".join([*lines, f"{name}={value}", ""]))
+
+    def in_store(self, name):
+        """Such a value; None when it is not there."""
+        with open(self._store, encoding="utf-8") as file:
+            return next((line.partition("=")[2].strip('"') for line in file.read().splitlines()
+                         if line.partition("=")[0] == name), None)
 
     def write_settings(self, text):
+        if self.quiet and "StartupDialog=" not in text:
+            text = text.replace("[Viewer]\n", "[Viewer]\nStartupDialog=0\n", 1)
         with open(self.settings, "w", encoding="cp1252", newline="") as file:
             file.write(text.replace("\n", "\r\n"))
 

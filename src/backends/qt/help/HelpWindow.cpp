@@ -14,6 +14,7 @@ void HelpWindow::Open(const HelpBook& book, unsigned context) {
     if (!widget_) widget_ = std::make_unique<HelpWidget>(book);
     widget_->ShowPage(context);
     widget_->ComeToFront(topmost_());
+    if (context == HelpBook::SearchPage) widget_->BeginSearch();
 }
 
 void HelpWindow::Close() {

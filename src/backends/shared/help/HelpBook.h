@@ -21,6 +21,7 @@ struct HelpPage {
 /// without a title, and control characters are left out.
 class HelpBook {
   public:
+    static constexpr unsigned SearchPage = 40;  ///< tells how to search; who turns to it wants to
     static constexpr std::size_t MostPages = 1000;
     static constexpr std::size_t LongestBody = 64 * 1024;  ///< bytes; what is longer is cut
     static constexpr std::size_t LargestFile = 4 * 1024 * 1024;
