@@ -5,6 +5,7 @@
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -32,6 +33,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);
+    InstallSaverCommands(view);
     return view;
 }
 
