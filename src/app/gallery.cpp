@@ -74,6 +74,7 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -135,6 +136,7 @@ class Gallery {
         DrawEditor(*app_.Loaded<MainViewFrm>());
         DrawThumbnails(*app_.Loaded<MainViewFrm>());
         DrawSettingsDialogs(*app_.Loaded<MainViewFrm>());
+        DrawSaverSetup();
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -369,6 +371,18 @@ class Gallery {
             about.ShowMoment({day, 0.3 + day / 2, 20 * day});
             DrawForm(about, "-" + std::to_string(static_cast<int>(day * 24)) + "h");
         }
+    }
+
+    void DrawSaverSetup() {
+        DrawForm(app_.Load<SaverSetup>(module_), "-no-file");
+        const std::string show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
+        platform_.disks.PutFile(show, "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
+                                      "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+        platform_.store.Set("CurrentSaver", show);
+        module_.OsPlatformId = 1;
+        DrawForm(app_.Load<SaverSetup>(module_), "-password");
+        module_.OsPlatformId = 2;
+        DrawForm(app_.Load<SaverSetup>(module_));
     }
 
     void DrawStage() {

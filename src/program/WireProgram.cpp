@@ -8,6 +8,7 @@
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -38,6 +39,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallEditorCommands(view);
     InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
     InstallSettingsCommands(view);
+    InstallSaverCommands(view);
     return view;
 }
 

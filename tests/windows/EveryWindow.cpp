@@ -42,6 +42,7 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "support/QuietMachine.h"
@@ -188,6 +189,15 @@ forms::Form& LoadTip(Program& program) {
     return program.app.Load<frmTip>(program.module);
 }
 
+forms::Form& LoadSaverSetup(Program& program) {
+    constexpr const char* show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
+    program.platform.disks.PutFile(
+        show,
+        "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n2\r\n\"\"\r\n0\r\n0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+    program.platform.store.Set("CurrentSaver", show);
+    return program.app.Load<SaverSetup>(program.module);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -245,6 +255,7 @@ std::vector<Window> EveryWindow() {
         {"frmTip", LoadTip},
         {"frmAbout", OfModule<frmAbout>},
         {"SysInfoFrm", OfModule<SysInfoFrm>},
+        {"SaverSetup", LoadSaverSetup, "w"},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };
