@@ -7,8 +7,8 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
+#include "dialogs/DialogPictures.h"
 #include "filing/CurrentImageFolder.h"
-#include "filing/deleting/BinPicture.h"
 #include "filing/deleting/DeleteListedFile.h"
 #include "filing/deleting/RemoveListedFolder.h"
 
@@ -35,7 +35,7 @@ DeleteImgFrm::DeleteImgFrm(forms::Application& application, MainModule& module)
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     CmdHelp.Caption = "&Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::DeleteImages); };
-    Image1.Picture = StruckOutBin(application.Screen().Info().twipsPerPixelX);
+    Image1.Picture = DialogPicture(DialogSign::Bin, module_.Screen().TwipsPerPixelX());
     Image1.ToolTip = "Deleted files will NOT be stored in recycle bin!";
     Image1.AccessibleName = "Deleted files will NOT be stored in recycle bin!";
     Image1.Visible = !module_.config.UseRecycleBin;
