@@ -28,7 +28,7 @@ class PreferencesTest(ProgramTest):
         tip.find("push button", "Next Tip").act()
         following = tips[(tips.index(shown) + 1) % len(tips)]
         wait_until(lambda: any(label.name == following for label in tip.all("label")), "the next tip")
-        self.screen.press("Alt+S")
+        self.screen.press("Alt+s")
         wait_until(lambda: self.home.in_store("Show Tips at Startup") == "0", "the stored choice")
         self.close_by_escape(program, "Tip of the Day")
         self.dialog(program, "About Tavrix")
@@ -47,7 +47,7 @@ class PreferencesTest(ProgramTest):
         program, window, view = self.open(300, 200)
         program.menu_entry("Options", "Preferences").act()
         self.dialog(program, "Preferences")
-        self.screen.press("Alt+M", "Alt+D", "Alt+O")
+        self.screen.press("Alt+m", "Alt+d", "Alt+o")
         program.wait(lambda: "Preferences" not in program.titles(), "the end of the dialog")
         self.assertEqual(self.home.setting("WindowMaximized"), "True")
         self.assertEqual(self.home.setting("StartupDialog"), "0")
@@ -56,7 +56,7 @@ class PreferencesTest(ProgramTest):
                    "the maximised window")
         program.menu_entry("Options", "Preferences").act()
         self.dialog(program, "Preferences")
-        self.screen.press("Alt+V")
+        self.screen.press("Alt+v")
         self.close_by_escape(program, "Preferences")
         self.assertEqual(self.home.setting("ViewFullScreen"), "False")
 
