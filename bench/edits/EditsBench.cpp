@@ -100,7 +100,7 @@ class Machine {
     Services services_{files_,          memory_.drives,      memory_.profile, memory_.registry,
                        memory_.store,   memory_.shell,       pictures_,       memory_.clipboard,
                        memory_.sound,   memory_.help,        memory_.system,  memory_.process,
-                       memory_.viewLib, memory_.wakefulness, memory_.desktop};
+                       memory_.viewLib, memory_.wakefulness, memory_.desktop, memory_.saverPassword};
     headless::HeadlessToolkit toolkit_;
     forms::Application app_{toolkit_};
     MainModule module_{app_, services_};

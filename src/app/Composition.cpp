@@ -23,9 +23,9 @@ Composition::Composition(HostPlatform& host)
       help_(
           host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },
           [this](const std::string& text) { app_.MessageBox({.text = text, .icon = forms::BoxIcon::Stop}); }),
-      services_{host.files, host.drives,   host.profile, registry_,    host.store,
-                host.shell, host.pictures, clipboard_,   host.sound,   help_,
-                system_,    host.process,  host.viewLib, wakefulness_, desktop_} {
+      services_{host.files,    host.drives,  host.profile, registry_,     host.store, host.shell,
+                host.pictures, clipboard_,   host.sound,   help_,         system_,    host.process,
+                host.viewLib,  wakefulness_, desktop_,     saverPassword_} {
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
     };

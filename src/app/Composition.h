@@ -8,6 +8,7 @@
 #include "backends/qt/desktop/QtDesktop.h"
 #include "backends/qt/desktop/QtWakefulness.h"
 #include "backends/qt/help/HelpWindow.h"
+#include "backends/shared/NoSaverPassword.h"
 #include "backends/shared/help/HelpDesk.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
@@ -40,6 +41,7 @@ class Composition {
     qt::QtWakefulness wakefulness_;
     qt::QtDesktop desktop_;
     qt::DesktopRegistry registry_{host_.registry, desktop_};
+    NoSaverPassword saverPassword_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;

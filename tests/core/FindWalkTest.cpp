@@ -253,9 +253,9 @@ class SleepingDiskTest : public FindWalkTest {
     }
     Texts WalkTheDisk() {
         const auto& s = platform.services;
-        const Services services{disk,     s.drives,   s.profile,   s.registry,    s.store,
-                                s.shell,  s.pictures, s.clipboard, s.sound,       s.help,
-                                s.system, s.process,  s.viewLib,   s.wakefulness, s.desktop};
+        const Services services{disk,       s.drives,      s.profile, s.registry,     s.store,  s.shell,
+                                s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
+                                s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
         MainModule sleeper(app, services);
         Texts found;
         FindWalk walk(sleeper, "*.tvs", cancelled);

@@ -159,7 +159,7 @@ class GetDiskFreeBytesTest : public ProgramFixture {
                       platform.sound,    platform.help,
                       platform.system,   platform.process,
                       platform.viewLib,  platform.wakefulness,
-                      platform.desktop};
+                      platform.desktop,  platform.saverPassword};
     MainModule other{app, services};
 };
 

@@ -86,7 +86,7 @@ class OptionsSoundTest : public SoundPlayTest {
     Services services{hostFiles,        hostDrives,           platform.profile,  platform.registry,
                       platform.store,   platform.shell,       platform.pictures, platform.clipboard,
                       hostSound,        platform.help,        platform.system,   platform.process,
-                      platform.viewLib, platform.wakefulness, platform.desktop};
+                      platform.viewLib, platform.wakefulness, platform.desktop,  platform.saverPassword};
     headless::HeadlessToolkit toolkit;
     forms::Application app{toolkit};
     MainModule module{app, services};

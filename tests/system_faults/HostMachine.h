@@ -69,9 +69,9 @@ class HostMachine {
     HostProfile profile{map};
     HostPictures pictures{files};
     HostViewLib viewLib{files};
-    Services services{files,       drives,       profile,        rest.registry,    rest.store,
-                      rest.shell,  pictures,     rest.clipboard, rest.sound,       rest.help,
-                      rest.system, rest.process, viewLib,        rest.wakefulness, rest.desktop};
+    Services services{files,    drives,           profile,      rest.registry,     rest.store,  rest.shell,
+                      pictures, rest.clipboard,   rest.sound,   rest.help,         rest.system, rest.process,
+                      viewLib,  rest.wakefulness, rest.desktop, rest.saverPassword};
 };
 
 }  // namespace tavrix::test

@@ -27,6 +27,7 @@ enum class Service {
     NViewLib,
     Wakefulness,
     Desktop,
+    SaverPassword,
 };
 
 /// Faults on demand. Each call of a service counts, and so does each call of an open file's reader or writer; the one

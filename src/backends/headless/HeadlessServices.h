@@ -17,6 +17,7 @@
 #include "backends/headless/RecordingHelp.h"
 #include "backends/headless/RecordingShell.h"
 #include "backends/headless/RecordingWakefulness.h"
+#include "backends/headless/ScriptedSaverPassword.h"
 #include "platform/services/Services.h"
 
 namespace tavrix::headless {
@@ -45,9 +46,11 @@ struct HeadlessServices {
     MemoryViewLib viewLib{disks, faults};
     RecordingWakefulness wakefulness{faults};
     RecordingDesktop desktop{registry, faults};
+    ScriptedSaverPassword saverPassword{faults};
 
-    tavrix::Services services{files, drives, profile, registry, store,   shell,       pictures, clipboard,
-                              sound, help,   system,  process,  viewLib, wakefulness, desktop};
+    tavrix::Services services{files,    drives,      profile, registry,     store,  shell,
+                              pictures, clipboard,   sound,   help,         system, process,
+                              viewLib,  wakefulness, desktop, saverPassword};
 };
 
 }  // namespace tavrix::headless

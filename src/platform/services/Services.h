@@ -10,6 +10,7 @@
 #include "platform/services/Process.h"
 #include "platform/services/Profile.h"
 #include "platform/services/Registry.h"
+#include "platform/services/SaverPassword.h"
 #include "platform/services/Shell.h"
 #include "platform/services/Sound.h"
 #include "platform/services/System.h"
@@ -35,6 +36,7 @@ struct Services {
     NViewLib& viewLib;
     Wakefulness& wakefulness;
     Desktop& desktop;
+    SaverPassword& saverPassword;
 };
 
 }  // namespace tavrix
