@@ -69,6 +69,7 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -126,6 +127,7 @@ class Gallery {
         DrawShowDialogs();
         DrawEditor(*app_.Loaded<MainViewFrm>());
         DrawThumbnails(*app_.Loaded<MainViewFrm>());
+        DrawSaverSetup();
         DrawStage();
         DrawBoxes();
         DrawHelp();
@@ -343,6 +345,18 @@ class Gallery {
         list.ThumbnailFiles.push_back("C:\\Pictures\\small.bmp");
         DrawForm(app_.Load<frmThumbnail>(view, list, [] {}));
         view.Hide();
+    }
+
+    void DrawSaverSetup() {
+        DrawForm(app_.Load<SaverSetup>(module_), "-no-file");
+        const std::string show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
+        platform_.disks.PutFile(show, "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
+                                      "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+        platform_.store.Set("CurrentSaver", show);
+        module_.OsPlatformId = 1;
+        DrawForm(app_.Load<SaverSetup>(module_), "-password");
+        module_.OsPlatformId = 2;
+        DrawForm(app_.Load<SaverSetup>(module_));
     }
 
     void DrawStage() {

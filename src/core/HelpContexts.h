@@ -19,6 +19,7 @@ inline constexpr unsigned Import = 200;
 inline constexpr unsigned Wallpaper = 210;
 inline constexpr unsigned NewImage = 240;
 inline constexpr unsigned BackgroundColor = 250;
+inline constexpr unsigned SaverSettings = 310;
 inline constexpr unsigned SlideShowEditor = 320;
 inline constexpr unsigned SlideOptions = 340;
 inline constexpr unsigned FindSlideShow = 350;

@@ -54,8 +54,12 @@ void AddRecentFile(MainModule& module, std::string& path) {
 }
 
 void AddRecentShow(MainModule& module, std::string& path) {
-    constexpr std::size_t longestNonFile = 7;
     TellDesktop(module, path);
+    ListRecentShow(module, path);
+}
+
+void ListRecentShow(MainModule& module, std::string& path) {
+    constexpr std::size_t longestNonFile = 7;
     if (CharacterCount(path) <= longestNonFile || path.find(':') == std::string::npos) return;
     if (!module.config.KeepRecent) return;
     auto& shows = module.config.RecentShows;

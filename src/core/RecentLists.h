@@ -16,6 +16,9 @@ void AddRecentFile(MainModule& module, std::string& path);
 /// The same for a show. What has no colon or not more than 7 characters is no file, and is not listed.
 void AddRecentShow(MainModule& module, std::string& path);
 
+/// The same without a word to the desktop: nothing was opened.
+void ListRecentShow(MainModule& module, std::string& path);
+
 /// Takes an image that no longer exists from the list.
 void RemoveRecentFile(MainModule& module, const std::string& path);
 

@@ -137,6 +137,17 @@ void SaveSlideSettings(const MainModule& module) {
     SkipFailure([&] { write.WriteTo(SettingsFile(module)); });
 }
 
+void SaveSaverSettings(const MainModule& module) {
+    const AppConfig& c = module.config;
+    SettingsWriter write(module);
+    write.Text("LastSlideShow", c.LastSlideShow);
+    if (c.KeepRecent) write.List("RecentShow", c.RecentShows);
+    write.Number("BackgroundColor", c.BackgroundColor);
+    write.Flag("ResumeLastDisplayed", c.ResumeLastDisplayed);
+    write.Number("PasswordDelay", c.PasswordDelay);
+    SkipFailure([&] { write.WriteTo(SettingsFile(module)); });
+}
+
 void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>& placement) {
     const std::string tempFolder = GetTempFolder(module);
     // Written before the question below, which may be the last thing that this process lives to see.

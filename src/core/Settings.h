@@ -28,6 +28,9 @@ void SavePreferenceSettings(const MainModule& module);
 /// Writes what the slide options own; failures as above.
 void SaveSlideSettings(const MainModule& module);
 
+/// Writes what the settings of the screen saver own, and the recent shows while they are kept; failures as above.
+void SaveSaverSettings(const MainModule& module);
+
 /// Writes what is saved at exit, removes the temporary files that are due, and asks about an image on the clipboard.
 /// Failures are skipped: the process ends all the same.
 void SaveAllSettings(MainModule& module, const std::optional<MainViewPlacement>& placement);

@@ -48,12 +48,20 @@ bool InBin(double x, double y) {
     return aside < halfWidth && !slit;
 }
 
+bool InScreen(double x, double y) {
+    const double aside = std::abs(x - 16);
+    if (Between(y, 7, 21)) return aside < 10 && !(Between(y, 8.5, 19.5) && aside < 8.5);
+    return (Between(y, 21, 24) && aside < 2) || (Between(y, 24, 25.5) && aside < 5);
+}
+
 bool InSign(DialogSign sign, double x, double y) {
     switch (sign) {
         case DialogSign::Speaker:
             return InSpeaker(x, y);
         case DialogSign::Disc:
             return InDisc(x, y);
+        case DialogSign::Screen:
+            return InScreen(x, y);
         case DialogSign::Bin:
             break;
     }

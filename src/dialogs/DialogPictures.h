@@ -6,7 +6,7 @@
 
 namespace tavrix {
 
-enum class DialogSign : std::uint8_t { Speaker, Disc, Bin };
+enum class DialogSign : std::uint8_t { Speaker, Disc, Bin, Screen };
 
 /// A small picture for a dialog: a dark sign on a light plate, drawn for the scale of the screen.
 [[nodiscard]] Picture DialogPicture(DialogSign sign, float twipsPerPixel);

@@ -7,6 +7,7 @@
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
@@ -36,6 +37,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallShowLibrary(view);
     InstallEditorCommands(view);
     InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
+    InstallSaverCommands(view);
     return view;
 }
 

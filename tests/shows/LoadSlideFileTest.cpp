@@ -266,10 +266,10 @@ TEST_F(LoadSlideFileTest, WhicheverCallFailsTheDialogEndsAndTheShowStands) {
 class FakeSaverSettings final : public SaverSettings {
   public:
     void SetCurrentFile(const std::string& path) override { file = path; }
-    void ShowOptionsOfShow() override { ++shown; }
+    void ReadCurrentFile() override { read.push_back(file); }
 
     std::string file = "former";
-    int shown = 0;
+    std::vector<std::string> read;
 };
 
 class SaverTargetTest : public LoadingTest {
@@ -296,10 +296,9 @@ TEST_F(SaverTargetTest, TakesTheShowAndBeginsWithItsFirstImage) {
     module.config.LastSlideShow = "c:\\tavrix\\SLIDES\\b.tvs";
     EXPECT_TRUE(InFolders([](LoadSlideFile& dialog) { Press(dialog.CmdOK); }));
     EXPECT_EQ(settings.file, "C:\\tavrix\\SLIDES\\b.tvs");
-    EXPECT_EQ(settings.shown, 1);
+    EXPECT_EQ(settings.read, Texts{settings.file});
     EXPECT_EQ(Saved("ImageLastDisplayed"), "0");
     EXPECT_EQ(module.config.ImageLastDisplayed, 0);
-    EXPECT_EQ(SlideFiles(), (Texts{"C:\\p\\b.bmp"}));
     EXPECT_EQ(module.config.RecentShows[0], "");
     module.config.LastSlideShow = A;
 }
@@ -308,18 +307,7 @@ TEST_F(SaverTargetTest, FromTheRecentListToo) {
     module.config.RecentShows[0] = "c:\\Tavrix/SLIDES\\b.tvs";
     EXPECT_TRUE(InRecent([](LoadRecentFile& dialog) { Press(dialog.CmdOK); }));
     EXPECT_EQ(settings.file, B);
-    EXPECT_EQ(settings.shown, 1);
-}
-
-TEST_F(SaverTargetTest, WhatIsNoShowIsNotShown) {
-    PutShow("GIF89a", A);
-    ExpectExclamation(
-        "The selected file is not a valid Tavrix Screen Saver file...\r\n\r\nFilenames with .TVS in the last "
-        "4 "
-        "positions are normally associated with Tavrix files.");
-    EXPECT_TRUE(InFolders([](LoadSlideFile& dialog) { Press(dialog.CmdOK); }));
-    EXPECT_EQ(settings.file, A);
-    EXPECT_EQ(settings.shown, 0);
+    EXPECT_EQ(settings.read, Texts{settings.file});
 }
 
 TEST_F(SaverTargetTest, SettingsThatCannotBeWrittenDoNotStopIt) {
@@ -328,7 +316,7 @@ TEST_F(SaverTargetTest, SettingsThatCannotBeWrittenDoNotStopIt) {
     platform.faults.Clear();
     EXPECT_EQ(Saved("ImageLastDisplayed"), "7");
     EXPECT_EQ(module.config.ImageLastDisplayed, 0);
-    EXPECT_EQ(settings.shown, 1);
+    EXPECT_EQ(settings.read, Texts{settings.file});
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class SaverFileTest : public ShowsTest {
     }
     bool Read(const std::string& content) {
         PutShow(content);
-        return ReadSaverFile(module, ShowPath);
+        return !ReadSaverFile(module, ShowPath).Refused();
     }
     void ExpectFormerSlides() {
         EXPECT_EQ(SlideFiles(), (Texts{"former.bmp"}));
@@ -82,7 +82,7 @@ TEST_F(SaverFileTest, SoDoesAnotherRelease) {
 
 TEST_F(SaverFileTest, AFileThatCannotBeOpenedLeavesTheFormerSlides) {
     ExpectStop("Unable to open the current Screen Saver data file.\r\n\r\nFile not found...", true);
-    EXPECT_TRUE(ReadSaverFile(module, "C:\\none.tvs"));
+    EXPECT_FALSE(ReadSaverFile(module, "C:\\none.tvs").Refused());
     ExpectFormerSlides();
 }
 
@@ -145,7 +145,7 @@ TEST_F(SaverFileTest, WhatIsWrittenReadsBack) {
     module.show.SlideDescriptions.Set(0, "\xC3\xA4");
     WriteSaverFile(module, ShowPath);
     module.show.EraseSlides();
-    EXPECT_TRUE(ReadSaverFile(module, ShowPath));
+    EXPECT_FALSE(ReadSaverFile(module, ShowPath).Refused());
     EXPECT_EQ(SlideFiles(), (Texts{"C:\\\xE6\x97\xA5.bmp"}));
     EXPECT_EQ(SlideDescriptions(), (Texts{"\xC3\xA4"}));
 }
@@ -202,7 +202,7 @@ TEST_F(SaverFileTest, AFileWithSlidesThatWereNotReadGoesToTheTrash) {
     platform.faults.FailNth(Service::Files, 2, ErrorNumber::DiskNotReady);
     ExpectStop("An error occurred while reading the Screen Saver file header.\r\n\r\nDisk not ready...",
                true);
-    EXPECT_TRUE(ReadSaverFile(module, ShowPath));
+    EXPECT_FALSE(ReadSaverFile(module, ShowPath).Refused());
     platform.faults.Clear();
     writesOver(whole);
 }

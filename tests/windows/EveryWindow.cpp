@@ -37,6 +37,7 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
 #include "viewer/ExitFrm.h"
@@ -176,6 +177,15 @@ forms::Form& LoadDeleteImages(Program& program) {
     return program.app.Load<DeleteImgFrm>(program.module);
 }
 
+forms::Form& LoadSaverSetup(Program& program) {
+    constexpr const char* show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
+    program.platform.disks.PutFile(
+        show,
+        "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n2\r\n\"\"\r\n0\r\n0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+    program.platform.store.Set("CurrentSaver", show);
+    return program.app.Load<SaverSetup>(program.module);
+}
+
 template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
@@ -228,6 +238,7 @@ std::vector<Window> EveryWindow() {
         {"frmThumbnail", LoadThumbnails},
         {"frmThumbFolder", MakesThumbnails<frmThumbFolder>},
         {"frmThumbSelect", MakesThumbnails<frmThumbSelect>},
+        {"SaverSetup", LoadSaverSetup, "w"},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };

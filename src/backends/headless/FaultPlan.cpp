@@ -6,9 +6,9 @@
 namespace tavrix::headless {
 namespace {
 
-constexpr std::array<const char*, 15> ServiceNames{
+constexpr std::array<const char*, 16> ServiceNames{
     "Files", "Drives", "Profile", "Registry", "UserStore", "Shell",       "Pictures", "Clipboard",
-    "Sound", "Help",   "System",  "Process",  "NViewLib",  "Wakefulness", "Desktop"};
+    "Sound", "Help",   "System",  "Process",  "NViewLib",  "Wakefulness", "Desktop",  "SaverPassword"};
 
 }  // namespace
 

@@ -6,7 +6,6 @@
 #include "base/RuntimeError.h"
 #include "core/FailureText.h"
 #include "shows/files/PutAside.h"
-#include "shows/files/ReadShow.h"
 #include "shows/files/ShowFileWriter.h"
 
 namespace tavrix {
@@ -36,7 +35,7 @@ void PutAsideUnseen(const MainModule& module, const std::string& path) {
 
 }  // namespace
 
-bool ReadSaverFile(MainModule& module, const std::string& path) {
+ReadShowResult ReadSaverFile(MainModule& module, const std::string& path) {
     const ReadShowWords words{
         .kind = "Screen Saver",
         .openFailed = "Unable to open the current Screen Saver data file.",
@@ -49,7 +48,7 @@ bool ReadSaverFile(MainModule& module, const std::string& path) {
     module.config.SetShowOptions(record.options);
     const bool slidesRead = result.end == ShowFileEnd::Complete || result.end == ShowFileEnd::SlidesFailed;
     if (slidesRead) module.show.TakeSlides(std::move(record.slides));
-    return !result.Refused();
+    return result;
 }
 
 void WriteSaverFile(const MainModule& module, const std::string& path) {

@@ -5,7 +5,6 @@
 #include "core/Settings.h"
 #include "platform/services/DrivePath.h"
 #include "shows/files/LoadShowFile.h"
-#include "shows/files/SaverFile.h"
 
 namespace tavrix {
 
@@ -20,7 +19,7 @@ void SaverTarget::Load(const std::string& path) {
     const ProfileEntry first{"ImageLastDisplayed", "0"};
     SkipFailure([&] { module_.platform.profile.Write("Viewer", {&first, 1}, SettingsFile(module_)); });
     module_.config.ImageLastDisplayed = 0;
-    if (ReadSaverFile(module_, file)) settings_.ShowOptionsOfShow();
+    settings_.ReadCurrentFile();
 }
 
 }  // namespace tavrix

@@ -34,8 +34,8 @@ class SaverSettings {
     virtual ~SaverSettings() = default;
 
     virtual void SetCurrentFile(const std::string& path) = 0;
-    /// Shows the options of the show that the windows share.
-    virtual void ShowOptionsOfShow() = 0;
+    /// Reads that file into the show that the windows share, and shows its options. Failures are told.
+    virtual void ReadCurrentFile() = 0;
 };
 
 /// The settings of the screen saver. An editor's rows, the recent shows and LastSlideShow are left alone; the saver begins

@@ -11,6 +11,7 @@
 #include "core/RecentLists.h"
 #include "shows/library/LibraryDialog.h"
 #include "shows/library/ShowChooser.h"
+#include "shows/saver/CurrentSaver.h"
 
 namespace tavrix {
 namespace {
@@ -133,7 +134,7 @@ void frmRenameShow::Rename(const std::string& oldName, const std::string& newNam
     AddRecentShow(module_, newPath);
     SkipFailure([&] {
         UserStore& store = module_.platform.store;
-        if (EqualIgnoringCase(store.Get("CurrentSaver", ""), oldPath)) store.Set("CurrentSaver", newPath);
+        if (EqualIgnoringCase(store.Get(CurrentSaver, ""), oldPath)) store.Set(CurrentSaver, newPath);
     });
     Chooser.File1.Refresh();
 }

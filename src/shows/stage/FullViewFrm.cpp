@@ -1,6 +1,7 @@
 #include "shows/stage/FullViewFrm.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/Rounding.h"
 #include "base/RuntimeError.h"
@@ -8,6 +9,7 @@
 #include "core/Folders.h"
 #include "core/Settings.h"
 #include "platform/forms/Application.h"
+#include "shows/stage/StageBackground.h"
 #include "shows/stage/StageOverlay.h"
 #include "shows/stage/StagePointers.h"
 #include "shows/stage/frmToolbar.h"
@@ -22,22 +24,8 @@ using forms::BusyGuard;
 constexpr const char* SaverTitle = "Screen Saver Main Form";
 constexpr int SaverInterval = 5;  ///< seconds
 
-Colour BackgroundOf(int setting) {
-    switch (setting) {
-        case 0:
-            return Black;
-        case 1:
-            return White;
-        case 2:
-            return ButtonFace;
-        case 3:
-            return Colour{0x400000};
-        case 4:
-            return Colour{0x000040};
-        default:
-            return Colour{0x404040};
-    }
-}
+/// Milliseconds of the grace period, by the setting PasswordDelay.
+constexpr std::array<int, 5> GracePeriods{0, 5'000, 10'000, 30'000, 60'000};
 
 }  // namespace
 
@@ -54,12 +42,14 @@ FullViewFrm::FullViewFrm(forms::Application& application, MainModule& module)
     Image1.MousePointer = forms::MousePointer::Custom;
     TimerMouse.Enabled = false;
     TimerMouse.Interval = MouseInterval;
+    TimerPass.Enabled = false;
 
     PicFocus.OnKeyDown = [this](int& keyCode, int shift) { Form_KeyDown(keyCode, shift); };
     Image1.OnMouseMove = [this](const forms::MouseArguments& mouse) { Form_MouseMove(mouse); };
     Image1.OnMouseUp = [this](const forms::MouseArguments& mouse) { Image1_MouseUp(mouse); };
     SlideTimer.OnTimer = [this] { SlideTimer_Timer(); };
     TimerMouse.OnTimer = [this] { TimerMouse_Timer(); };
+    TimerPass.OnTimer = [this] { TimerPass.Enabled = false; };
 }
 
 FullViewFrm::~FullViewFrm() = default;
@@ -75,9 +65,13 @@ void FullViewFrm::Attempt(Statements statements) {
 }
 
 void FullViewFrm::Form_Load() {
-    if (role_.saver) Image1.MouseIcon = SaverPointer();
-    if (!role_.saver) Caption = "Tavrix Full Screen View";
-    BackColor = BackgroundOf(module_.config.BackgroundColor);
+    if (role_.saver) {
+        Image1.MouseIcon = SaverPointer();
+        if (PasswordInForce()) BeginGuard();
+    } else {
+        Caption = "Tavrix Full Screen View";
+    }
+    BackColor = StageBackground(module_.config.BackgroundColor);
     if (module_.config.ResumeLastDisplayed && role_.saver) {
         CurrentSlide = module_.config.ImageLastDisplayed;
         const bool slot = CurrentSlide >= 0 && CurrentSlide <= SlideTexts::LastIndex;
@@ -88,6 +82,13 @@ void FullViewFrm::Form_Load() {
     } else {
         LoadOneImage();
     }
+}
+
+void FullViewFrm::BeginGuard() {
+    if (!module_.platform.saverPassword.SetRunning(true)) module_.platform.process.End();
+    const auto delay = static_cast<std::size_t>(std::clamp<int>(module_.config.PasswordDelay, 0, 4));
+    TimerPass.Interval = GracePeriods[delay];
+    TimerPass.Enabled = GracePeriods[delay] != 0;
 }
 
 void FullViewFrm::LoadOneImage() {
@@ -136,10 +137,12 @@ void FullViewFrm::Form_Activate() {
     if (loadFailed_) {
         const std::string path = role_.show ? CurrentPath() : module_.StageImage;
         if (auto* toolbar = App().Loaded<frmToolbar>()) toolbar->Hide();
-        Hide();
+        // A guarded saver stays as the cover under the box.
+        if (!PasswordInForce()) Hide();
         module_.DoEvents();
         ReportFailure(path, loadErrorText_);
-        return;
+        if (Unloaded()) return;
+        loadFailed_ = false;
     }
     SlideChanging = true;
     if (!Gif89a1.FileName.Get().empty()) {
@@ -210,6 +213,30 @@ void FullViewFrm::FormUnload() {
     App().Unload(*this);
 }
 
+void FullViewFrm::Form_QueryUnload(bool& cancel) {
+    if (!role_.saver) return;
+    // Whoever asks is not heard while a slide changes.
+    if (!module_.Busy() && (!PasswordInForce() || TimerPass.Enabled || KnowsPassword())) return;
+    cancel = true;
+    if (!module_.Busy()) StayOn();
+}
+
+bool FullViewFrm::KnowsPassword() {
+    SlideTimer.Enabled = false;
+    ShowPointer();
+    bool right = false;
+    SkipFailure([&] { right = module_.platform.saverPassword.Verify(); });
+    return right;
+}
+
+void FullViewFrm::StayOn() {
+    HidePointer();
+    SetTopmost(true);
+    SlideChanging = false;
+    MouseMoveCount = 0;
+    SlideTimer.Enabled = true;
+}
+
 void FullViewFrm::Form_Unload(bool&) {
     ShowPointer();
     if (!role_.show) return;
@@ -223,6 +250,7 @@ void FullViewFrm::Form_Unload(bool&) {
     }
     sound_.Stop();
     if (InShow()) module_.platform.wakefulness.Inhibit(false);
+    if (PasswordInForce()) static_cast<void>(module_.platform.saverPassword.SetRunning(false));
     if (!role_.saver && !role_.startedAsShow) return;
     if (App().Loaded<MainViewFrm>() == nullptr) module_.platform.process.End();
     module_.StartedAsShow = false;  // the process outlives the show

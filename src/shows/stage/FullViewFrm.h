@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/MainModule.h"
@@ -18,6 +19,9 @@ namespace tavrix {
 /// (StageImage), a slide show (SlideShowActive), or the screen saver (ScreenSaverMode as well). From then on to its
 /// unload the role is its own, whatever becomes of the flags. Where there is no main view, the end of a show is the end
 /// of the process. At most one stage is loaded (EndStage).
+///
+/// Where a password is in force (MainModule::UsePassword), a saver covers the display until it was entered: once the grace
+/// period is over, whatever asks the stage to close asks for it first.
 class FullViewFrm final : public forms::Form {
   public:
     static constexpr int MouseInterval = 2000;  ///< milliseconds
@@ -30,15 +34,18 @@ class FullViewFrm final : public forms::Form {
     forms::Image Image1{*this, "Image1"};
     forms::Timer SlideTimer{*this};
     forms::Timer TimerMouse{*this};
+    forms::Timer TimerPass{*this};  ///< the grace period, in which the saver ends without the password
 
     int CurrentSlide = 0;
-    int SlideTotal = 0;          ///< counted for a random order only
-    bool SlideChanging = false;  ///< moves of the mouse are the window system's own meanwhile
-    int MouseMoveCount = 0;      ///< of the saver
+    int SlideTotal = 0;                ///< counted for a random order only
+    bool SlideChanging = false;        ///< moves of the mouse are the window system's own meanwhile
+    int MouseMoveCount = 0;            ///< of the saver
+    std::optional<int> FirstMoveTime;  ///< of the saver: whole seconds of the toolkit's clock
 
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Resize() override;
+    void Form_QueryUnload(bool& cancel) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseMove(const forms::MouseArguments& mouse) override;
     void Form_MouseUp(const forms::MouseArguments& mouse) override;
@@ -60,8 +67,11 @@ class FullViewFrm final : public forms::Form {
     [[nodiscard]] const std::string& CurrentDescription() const;
 
   private:
+    static constexpr int SelfGuardingPlatform = 2;
+
     void Image1_MouseUp(const forms::MouseArguments& mouse);
     void TimerMouse_Timer();
+    void CountMove();
 
     void LoadOneImage();
     void LoadFirstSlide();
@@ -69,6 +79,15 @@ class FullViewFrm final : public forms::Form {
     void ShowOverlay();
     void ReportFailure(const std::string& path, const std::string& errorText);
     void StartTimer();
+    /// Tells the system that a guarded saver runs, and begins the grace period. The process ends where the system cannot
+    /// be kept from letting others pass.
+    void BeginGuard();
+    [[nodiscard]] bool PasswordInForce() const {
+        return role_.saver && module_.UsePassword && module_.OsPlatformId != SelfGuardingPlatform;
+    }
+    [[nodiscard]] bool KnowsPassword();
+    /// The saver was not allowed to end.
+    void StayOn();
     /// Sizes and places what is on the stage; `centred` halves what is left beside it.
     void Place(float (*centred)(float whole, float part));
     void FitImage();

@@ -1,8 +1,10 @@
 // What the keys and the mouse do on the stage.
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
+#include "base/Rounding.h"
 #include "base/Text.h"
 #include "platform/forms/Application.h"
 #include "shows/stage/FullViewFrm.h"
@@ -129,7 +131,29 @@ void FullViewFrm::Form_MouseMove(const forms::MouseArguments&) {
     if (InShow() && module_.config.ShowToolbar) {
         if (auto* toolbar = App().Loaded<frmToolbar>()) toolbar->HideHints();
     }
-    if (Image1.Visible && !role_.saver) ShowPointer();
+    if (role_.saver) {
+        if (!SlideChanging) CountMove();
+    } else if (Image1.Visible) {
+        ShowPointer();
+    }
+}
+
+void FullViewFrm::CountMove() {
+    constexpr double memory = 5;  ///< seconds
+    const HandlerScope scope(*this);
+    if (MouseMoveCount > module_.config.MouseSensitivity) {
+        FormUnload();
+        if (Unloaded()) return;
+    } else {
+        ++MouseMoveCount;
+    }
+    const double now = std::chrono::duration<double>(App().GetToolkit().Now()).count();
+    if (!FirstMoveTime) {
+        FirstMoveTime = RoundToLong(now);
+    } else if (now - *FirstMoveTime > memory) {
+        FirstMoveTime.reset();
+        MouseMoveCount = 0;
+    }
 }
 
 void FullViewFrm::Form_MouseUp(const forms::MouseArguments& mouse) {
