@@ -142,7 +142,7 @@ void ReadWindowsAndDialogs(AppConfig& c, SettingsReader& read) {
     c.WallpaperAspect = read.OnlyTrueSets("WallpaperAspect");
     c.SelectDuplicates = read.OnlyTrueSets("SelectDuplicates");
     c.LastSlideShow = NormalPath(read.Text("LastSlideShow"));
-    read.Keep("LastSlideShow", c.LastSlideShow);
+    read.KeepShared("LastSlideShow", c.LastSlideShow);
     c.KeepRecent = read.OnlyTrueSets("KeepRecent", true);
 }
 
@@ -164,6 +164,8 @@ void LoadSettings(MainModule& module) {
 
     ReadList(read, "Recent", c.Recent, NormalPath);
     ReadList(read, "RecentShow", c.RecentShows, ShowPath);
+    for (std::size_t i = 0; i < c.RecentShows.size(); ++i)
+        read.KeepShared("RecentShow" + std::to_string(i + 1), c.RecentShows[i]);
     ReadList(read, "FavoriteFile", c.FavoriteFiles, FavoritePath);
     c.FavoriteFolder = FavoriteFolder(module, read.Text("FavoriteFolder"));
     read.Keep("FavoriteFolder", c.FavoriteFolder);

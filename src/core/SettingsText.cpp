@@ -24,6 +24,10 @@ void SettingsReader::Keep(const std::string& key, const std::string& value) {
     if (CharacterCount(Raw(key)) == longestRead) module_.PerhapsCut[key] = value;
 }
 
+void SettingsReader::KeepShared(const std::string& key, const std::string& value) {
+    module_.PerhapsCut[key] = value;
+}
+
 bool SettingsReader::OnlyFalseClears(const std::string& key) const {
     return UpperCase(Text(key)) != "FALSE";
 }

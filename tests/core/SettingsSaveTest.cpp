@@ -378,6 +378,45 @@ TEST_F(SettingsSaveTest, ANewTextReplacesOneThatWasTooLong) {
     EXPECT_EQ(Saved("Recent1"), "");
 }
 
+TEST_F(SettingsSaveTest, WhatTheSettingsOfTheScreenSaverWroteMeanwhileStays) {
+    Setting("LastSlideShow", "C:\\old.tvs");
+    Setting("RecentShow1", "C:\\old.tvs");
+    LoadSettings(module);
+    Setting("LastSlideShow", "C:\\saver.tvs");
+    Setting("RecentShow1", "C:\\saver.tvs");
+    Setting("RecentShow2", "C:\\old.tvs");
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("LastSlideShow"), "C:\\saver.tvs");
+    EXPECT_EQ(Saved("RecentShow1"), "C:\\saver.tvs");
+    EXPECT_EQ(Saved("RecentShow2"), "C:\\old.tvs");
+}
+
+TEST_F(SettingsSaveTest, WhatChangedHereIsWrittenOverIt) {
+    Setting("LastSlideShow", "C:\\old.tvs");
+    Setting("RecentShow1", "C:\\old.tvs");
+    LoadSettings(module);
+    Setting("LastSlideShow", "C:\\saver.tvs");
+    module.config.LastSlideShow = "C:\\mine.tvs";
+    module.config.RecentShows[0] = "";
+    SaveAllSettings(module, Placement);
+    EXPECT_EQ(Saved("LastSlideShow"), "C:\\mine.tvs");
+    EXPECT_EQ(Saved("RecentShow1"), "");
+}
+
+TEST_F(SettingsSaveTest, TheSettingsOfTheScreenSaverAreWrittenInTheirOrder) {
+    module.config.ResumeLastDisplayed = true;
+    module.config.PasswordDelay = 3;
+    SaveSaverSettings(module);
+    Written expected{{"LastSlideShow", "C:\\s.tvs"}};
+    for (const auto& entry : ExitLists())
+        if (entry.first.starts_with("RecentShow")) expected.push_back(entry);
+    const Written rest{{"BackgroundColor", std::to_string(module.config.BackgroundColor)},
+                       {"ResumeLastDisplayed", "True"},
+                       {"PasswordDelay", "3"}};
+    expected.insert(expected.end(), rest.begin(), rest.end());
+    EXPECT_EQ(WrittenTo(SettingsPath), expected);
+}
+
 TEST_F(SettingsSaveTest, TheTemporaryFilesGo) {
     for (const char* file : {"C:\\Temp\\~undo.tmp", "C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"})
         platform.disks.PutFile(file, "x");

@@ -205,7 +205,7 @@ void SaverSetup::ShowPassword() {
     lblPassDelay.Enabled = false;
     ComboPassDelay.Enabled = false;
     CmdPassChange.Enabled = false;
-    lblPassMsg.Caption = "Feature disabled: this desktop locks the screen itself.";
+    lblPassMsg.Caption = "Feature disabled: locking the screen is left to the desktop.";
 }
 
 void SaverSetup::lblCurrentFile_Click() {
