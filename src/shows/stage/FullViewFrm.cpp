@@ -215,10 +215,10 @@ void FullViewFrm::FormUnload() {
 
 void FullViewFrm::Form_QueryUnload(bool& cancel) {
     if (!role_.saver) return;
-    // Whoever asks is not heard while a slide changes.
-    if (!module_.Busy() && (!PasswordInForce() || TimerPass.Enabled || KnowsPassword())) return;
+    cancel = module_.Busy();  // nobody is heard while a slide changes
+    if (cancel || !PasswordInForce() || TimerPass.Enabled || KnowsPassword()) return;
     cancel = true;
-    if (!module_.Busy()) StayOn();
+    StayOn();
 }
 
 bool FullViewFrm::KnowsPassword() {
