@@ -350,8 +350,9 @@ class Gallery {
     void DrawSaverSetup() {
         DrawForm(app_.Load<SaverSetup>(module_), "-no-file");
         const std::string show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
-        platform_.disks.PutFile(show, "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
-                                      "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+        platform_.disks.PutFile(show,
+                                "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
+                                "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
         platform_.store.Set("CurrentSaver", show);
         module_.OsPlatformId = 1;
         DrawForm(app_.Load<SaverSetup>(module_), "-password");
