@@ -106,7 +106,7 @@ void Page(benchmark::State& state) {
     const Services services{machine.files,   machine.drives,      machine.profile, machine.registry,
                             machine.store,   machine.shell,       pictures,        machine.clipboard,
                             machine.sound,   machine.help,        machine.system,  machine.process,
-                            machine.viewLib, machine.wakefulness, machine.desktop};
+                            machine.viewLib, machine.wakefulness, machine.desktop, machine.saverPassword};
     qt::QtToolkit toolkit([](const std::string& path) { return path; });
     forms::Application app(toolkit);
     MainModule module(app, services);

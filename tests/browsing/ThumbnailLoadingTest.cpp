@@ -112,7 +112,7 @@ class ThumbnailLoading : public ::testing::Test {
     Services services{machine.files,   machine.drives,      machine.profile, machine.registry,
                       machine.store,   machine.shell,       pictures,        machine.clipboard,
                       machine.sound,   machine.help,        machine.system,  machine.process,
-                      machine.viewLib, machine.wakefulness, machine.desktop};
+                      machine.viewLib, machine.wakefulness, machine.desktop, machine.saverPassword};
     forms::Application app{toolkit};
     MainModule module{app, services};
     Lives lives;
