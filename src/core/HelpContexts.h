@@ -11,6 +11,7 @@ inline constexpr unsigned Questions = 30;   ///< frequently asked questions
 inline constexpr unsigned Search = 40;      ///< how to search; the help window is ready to when it turns to it
 inline constexpr unsigned MainView = 100;
 inline constexpr unsigned OpenImage = 110;
+inline constexpr unsigned FavoriteFiles = 115;
 inline constexpr unsigned FavoriteFolder = 120;
 inline constexpr unsigned QuickFolders = 130;
 inline constexpr unsigned ImageInformation = 140;
