@@ -4,6 +4,7 @@
 #include "editing/Commands.h"
 #include "editing/importing/Importing.h"
 #include "filing/Commands.h"
+#include "finding/Commands.h"
 #include "lists/Commands.h"
 #include "settings/Commands.h"
 #include "shows/Commands.h"
@@ -52,6 +53,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallEditingCommands(view);
     InstallFilingCommands(view);
     InstallListCommands(view, others);
+    InstallFindingCommands(view, others);
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);
