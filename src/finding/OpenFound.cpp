@@ -26,7 +26,10 @@ void OpenFound(forms::Form& dialog, MainViewFrm& view, const OtherSubsystems& ot
 }
 
 bool IsOpen(const MainViewFrm& view, const std::string& path) {
-    if (!EqualIgnoringCase(path, view.Module().CurrentImage)) return false;
+    const MainModule& module = view.Module();
+    const std::string& open = module.CurrentImage;
+    if (open.empty()) return false;
+    if (!EqualIgnoringCase(path, open) && !module.platform.files.SameEntry(path, open)) return false;
     view.App().MessageBox({.text = "Unable to delete this file, image is currently open..."});
     return true;
 }

@@ -13,7 +13,7 @@ class MainViewFrm;
 void OpenFound(forms::Form& dialog, MainViewFrm& view, const OtherSubsystems& others, const std::string& path,
                const std::string& title);
 
-/// Whether the file of a list is the image on show, which the user is told then: it is not to be deleted.
+/// Whether the file of a list is the image on show, by whatever path, which the user is told then: it is not to be deleted.
 [[nodiscard]] bool IsOpen(const MainViewFrm& view, const std::string& path);
 
 }  // namespace tavrix

@@ -96,17 +96,20 @@ void frmDuplicateFiles::BuildTexts() {
 
 void frmDuplicateFiles::BuildLayout() {
     using namespace forms;
-    constexpr float width = 7800;
+    // With the buttons beside it as wide as the longest status.
+    constexpr float width = 9150;
     constexpr float drivesHeight = 1300;
     constexpr float filesHeight = 3300;
     constexpr float statusHeight = 330;
     picStatus.Move(0, 0, width, statusHeight);
-    SetLayout(
-        Row({Growing(Column({lblDrives,
-                             Row({Growing(AtLeast(0, drivesHeight, ListDrives)),
-                                  Grid(2, {CmdAll, CmdNone, CmdFixed, CmdRemovable, CmdCDROM, CmdNetwork})}),
-                             lblFiles, Growing(AtLeast(width, filesHeight, ListFiles)), picStatus})),
-             Column({CmdFind, CmdOpen, CmdPreview, CmdShowPath, CmdDelete, CmdClose, CmdHelp, Stretch()})}));
+    SetLayout(Column(
+        {Growing(Row(
+             {Growing(Column({lblDrives,
+                              Row({Growing(AtLeast(0, drivesHeight, ListDrives)),
+                                   Grid(2, {CmdAll, CmdNone, CmdFixed, CmdRemovable, CmdCDROM, CmdNetwork})}),
+                              lblFiles, Growing(AtLeast(width, filesHeight, ListFiles))})),
+              Column({CmdFind, CmdOpen, CmdPreview, CmdShowPath, CmdDelete, CmdClose, CmdHelp, Stretch()})})),
+         picStatus}));
 }
 
 void frmDuplicateFiles::Form_Load() {
@@ -117,8 +120,9 @@ void frmDuplicateFiles::Form_Load() {
 }
 
 void frmDuplicateFiles::Form_Resize() {
-    // As wide as the list, and with room for a line of text whatever the font.
-    picStatus.Move(picStatus.Left, picStatus.Top, ListFiles.Width, lblFiles.Height * 1.5F);
+    // As wide as what is above it, and with room for a line of text whatever the font.
+    picStatus.Move(picStatus.Left, picStatus.Top, CmdHelp.Left + CmdHelp.Width - picStatus.Left,
+                   lblFiles.Height * 1.5F);
 }
 
 void frmDuplicateFiles::Form_QueryUnload(bool& cancel) {
@@ -324,10 +328,8 @@ void frmDuplicateFiles::CmdPreview_Click() {
              "Click the \"Open\" button to import this file...");
         return;
     }
-    {
-        const forms::BusyGuard busy(module_.Screen());
-        module_.DoEvents();
-    }
+    const forms::BusyGuard busy(module_.Screen());  // the stage ends it when the picture stands
+    module_.DoEvents();
     if (!Unloaded()) others_.PreviewOnStage(*path);
 }
 

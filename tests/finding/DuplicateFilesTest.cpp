@@ -509,6 +509,7 @@ TEST_F(DuplicateFilesTest, PreviewsOnTheStage) {
             ++staged;
             EXPECT_EQ(module.StageImage, "C:\\A\\X.BMP");
             EXPECT_FALSE(module.SlideShowActive);
+            EXPECT_FALSE(module.Busy());
             app.Unload(*app.Loaded<FullViewFrm>());
         });
         module.SlideShowActive = true;
@@ -583,6 +584,23 @@ TEST_F(DuplicateFilesTest, DeletesAFileAndLeavesALoneOne) {
     });
     EXPECT_FALSE(platform.disks.Exists("C:\\C\\X.BMP"));
     EXPECT_TRUE(platform.disks.Exists("C:\\B\\x.bmp"));
+}
+
+TEST_F(DuplicateFilesTest, TheOpenImageIsMeantByWhateverPath) {
+    const auto disk = platform.disks.InsertDisk('F');
+    platform.disks.InsertDisk('D', disk);
+    PutPicture("D:\\p\\x.bmp", 10, 10);
+    Put("C:\\x.bmp");
+    ASSERT_TRUE(Start("F:\\p\\x.bmp"));
+    Show([this](frmDuplicateFiles& form) {
+        Search(form);
+        EXPECT_EQ(Listed(form), (Texts{"D:\\p\\x.bmp", "C:\\x.bmp"}));
+        form.ListFiles.ListIndex = 0;
+        Expect({.text = "Unable to delete this file, image is currently open..."});
+        Press(form.CmdDelete);
+        EXPECT_EQ(form.ListFiles.ListCount(), 2);
+    });
+    EXPECT_TRUE(platform.disks.Exists("D:\\p\\x.bmp"));
 }
 
 TEST_F(DuplicateFilesTest, AVanishedFileIsNotTheOneBesideIt) {
