@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
 #include <array>
@@ -51,10 +52,13 @@
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveCurrentImg.h"
 #include "filing/moving/frmMoveImages.h"
+#include "finding/FindImageFrm.h"
+#include "finding/frmDuplicateFiles.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/Decoders.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
+#include "lists/frmFavorites.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
 #include "settings/SysInfoFrm.h"
@@ -203,6 +207,7 @@ class Gallery {
         quick.Rows.front().lblPath.Caption = "C:\\Pictures\\Holidays & more\\";
         DrawForm(app_.Load<frmBrowseQuick>(module_, quick));
         DrawForm(quick);
+        DrawFinding(*app_.Loaded<MainViewFrm>());
         DrawSavingDialogs(*app_.Loaded<MainViewFrm>());
     }
 
@@ -218,6 +223,30 @@ class Gallery {
         DrawForm(app_.Load<DeleteFolderFrm>(module_));
         DrawForm(app_.Load<RenameImgFrm>(view));
         module_.CurrentImage.clear();
+    }
+
+    void DrawFinding(MainViewFrm& view) {
+        for (int number = 0; number < 20; number += 2)
+            platform_.disks.PutFile("C:\\Pictures\\Work\\Picture Number " + std::to_string(number) + ".BMP",
+                                    "");
+        module_.config.FavoriteFiles = {"C:\\Pictures\\Holidays & more\\beach.jpg", "",
+                                        "C:\\Pictures\\Work\\Picture Number 2.BMP"};
+        DrawForm(app_.Load<frmFavorites>(view));
+        auto& find = app_.Load<FindImageFrm>(view, OtherSubsystems{});
+        find.Show();
+        find.Find.CmdFind.OnClick();
+        DrawForm(find);
+        auto& duplicates = app_.Load<frmDuplicateFiles>(view, OtherSubsystems{});
+        duplicates.Show();
+        QTimer::singleShot(300, [] {
+            // The question whether to begin.
+            for (QPushButton* button : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
+                if (button->text().contains("OK")) button->click();
+            }
+        });
+        duplicates.CmdFind.OnClick();
+        DrawForm(duplicates);
+        module_.config.FavoriteFiles.fill("");
     }
 
     void DrawSavingDialogs(MainViewFrm& view) {

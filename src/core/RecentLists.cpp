@@ -32,17 +32,17 @@ void PutFirst(List& list, std::string& path) {
     list.front() = path;
 }
 
-void TellDesktop(const MainModule& module, const std::string& path) {
-    if (!module.config.UseRecentDocuments) return;
-    SkipFailure([&] { module.platform.shell.AddRecent(path); });
-    module.DoEvents();
-}
-
 bool MayRemove(const MainModule& module, const std::string& path) {
     return !path.empty() && module.config.KeepRecent;
 }
 
 }  // namespace
+
+void TellDesktop(const MainModule& module, const std::string& path) {
+    if (!module.config.UseRecentDocuments) return;
+    SkipFailure([&] { module.platform.shell.AddRecent(path); });
+    module.DoEvents();
+}
 
 void AddRecentFile(MainModule& module, std::string& path) {
     TellDesktop(module, path);

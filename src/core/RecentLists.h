@@ -9,6 +9,9 @@ namespace tavrix {
 // The lists of recent images and recent shows. Paths are compared without regard to case. With KeepRecent off the
 // lists do not change.
 
+/// Tells the desktop of an opened file, where UseRecentDocuments is on. Messages run.
+void TellDesktop(const MainModule& module, const std::string& path);
+
 /// Tells the desktop of an opened image and puts it first among the recent ones. An image that is listed already stays
 /// where it is; a new one gets its first letter in upper case, in the caller's variable too.
 void AddRecentFile(MainModule& module, std::string& path);

@@ -142,7 +142,7 @@ void FindFiles::txtSearch_Change() {
 }
 
 void FindFiles::CmdFind_Click() {
-    if (module_.Busy() || FindRunning) return;
+    if (module_.Busy() || FindRunning || preparing_) return;
     preparing_ = true;
     ListFiles.Clear();
     ListFiles.ToolTip = "";
@@ -285,7 +285,9 @@ void FindFiles::DeleteSelected() {
         RequireExactly(module_, path);
         if (DeleteToBin(module_, path, true) == Deletion::Done) OnDeleted(path);
     } catch (const RuntimeError& error) {
-        Tell(FailureText("Unable to delete the selected file.", error), forms::BoxIcon::Exclamation);
+        module_.app.MessageBox({.text = FailureText("Unable to delete the selected file.", error),
+                                .title = words_.deletion,
+                                .icon = forms::BoxIcon::Exclamation});
         return;
     }
     // The row goes in any case: what the user does not want to delete he does not want to see here either.

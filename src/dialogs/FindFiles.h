@@ -27,6 +27,7 @@ struct FindWords {
     std::string findAll;    ///< the question whether to find all of them on a drive, up to the drive
     std::string canceled;   ///< the status after a search that was stopped
     std::string noFiles;    ///< there is nothing to open
+    std::string deletion;   ///< the title of the box about a file that was not deleted
 };
 
 /// A window that finds files on a drive by a part of their names, lists them, opens one, and deletes one by its Delete key.

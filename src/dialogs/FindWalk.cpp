@@ -30,14 +30,23 @@ void FindWalk::Walk(const std::string& folder) {
     }
 }
 
-FindWalk::Level FindWalk::Read(const std::string& folder) {
+void FindWalk::Require(const std::string& folder) {
+    lastBreath_ = module_.app.GetToolkit().Now();
+    static_cast<void>(Look(folder));
+}
+
+FolderContent FindWalk::Look(const std::string& folder) {
     const std::unique_ptr<FolderLook> look = module_.platform.files.Look(folder, patterns_);
     while (!look->Wait(static_cast<int>(Breath.count()))) {
         Breathe();
         if (cancelled_) return {};
     }
+    return look->Take();
+}
+
+FindWalk::Level FindWalk::Read(const std::string& folder) {
     FolderContent content;
-    SkipFailure([&] { content = look->Take(); });
+    SkipFailure([&] { content = Look(folder); });
     content.folders.resize(std::min(content.folders.size(), MostSubfolders));
     return {.folder = folder, .subfolders = std::move(content.folders), .files = std::move(content.files)};
 }

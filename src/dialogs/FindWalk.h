@@ -31,6 +31,11 @@ class FindWalk {
 
     /// Walks a folder, which has a backslash at the end.
     void Walk(const std::string& folder);
+    /// Reads a folder without its subfolders, and throws what Files::List does where it cannot be read. Nothing is told of
+    /// what is in it.
+    void Require(const std::string& folder);
+    /// Runs events, if it is time to: for handlers that have much to do.
+    void Breathe();
 
   private:
     struct Level {
@@ -40,8 +45,9 @@ class FindWalk {
         std::vector<std::string> files{};
     };
 
+    /// Nothing when it was cancelled. Throws where the folder cannot be read.
+    [[nodiscard]] FolderContent Look(const std::string& folder);
     [[nodiscard]] Level Read(const std::string& folder);
-    void Breathe();
 
     const MainModule& module_;
     std::string patterns_;

@@ -2,18 +2,36 @@
 
 #include "browsing/Commands.h"
 #include "editing/Commands.h"
+#include "editing/importing/Importing.h"
 #include "filing/Commands.h"
+#include "finding/Commands.h"
 #include "lists/Commands.h"
 #include "settings/Commands.h"
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/library/SaveSlideFile.h"
 #include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
 #include "viewer/MainViewFrm.h"
+#include "viewer/OtherSubsystems.h"
 
 namespace tavrix {
+namespace {
+
+OtherSubsystems Others(MainModule& module, MainViewFrm& view) {
+    return {.PreviewOnStage =
+                [&module](const std::string& path) {
+                    module.StageImage = path;
+                    ViewStageImage(module);
+                },
+            .SaveShowAs = [&module](const std::string& name) { SaveShowAs(module, name); },
+            .Import = [&view](const std::string& path,
+                              const OpenFailure& failure) { ImportIntoMainView(view, path, failure); }};
+}
+
+}  // namespace
 
 void WireProgram(MainModule& module, Lives& lives) {
     InstallShowCommands(module, lives);
@@ -30,10 +48,12 @@ void WireProgram(MainModule& module, Lives& lives) {
 
 MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     auto& view = module.app.Load<MainViewFrm>(module, lives);
+    const OtherSubsystems others = Others(module, view);
     InstallViewerCommands(view);
     InstallEditingCommands(view);
     InstallFilingCommands(view);
-    InstallListCommands(view);
+    InstallListCommands(view, others);
+    InstallFindingCommands(view, others);
     InstallStageCommands(view);
     InstallShowLibrary(view);
     InstallEditorCommands(view);

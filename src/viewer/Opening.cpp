@@ -3,16 +3,18 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Folders.h"
+#include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
 #include "viewer/MainViewFrm.h"
+#include "viewer/MenuState.h"
 
 namespace tavrix {
 namespace {
 
-/// Shows the picture of a file; whether it did. A failure is told, and leaves the view without an image.
-bool ShowPicture(MainViewFrm& view, const std::string& path, const OpenFailure& failure) {
+/// Whether `show` could show a picture. A failure is told, and leaves the view without an image.
+bool ShowPicture(MainViewFrm& view, const OpenFailure& failure, const std::function<void()>& show) {
     try {
-        view.imageOnShow.Load(path);
+        show();
         return true;
     } catch (const RuntimeError& error) {
         view.App().MessageBox({.text = failure.text + std::string(NewLine2) + error.Description() + "...",
@@ -23,24 +25,44 @@ bool ShowPicture(MainViewFrm& view, const std::string& path, const OpenFailure& 
     return false;
 }
 
+void OpenedAside(MainViewFrm& view, const std::string& path) {
+    view.imageOnShow.Become(path);
+    SetImageLoadedMenus(view);
+    TellDesktop(view.Module(), path);
+}
+
 }  // namespace
 
-void LoadIntoMainView(MainViewFrm& view, const std::string& anyPath, const OpenFailure& failure) {
-    MainModule& module = view.Module();
-    const std::string path = FullPath(module, anyPath);
+void OpenIntoMainView(MainViewFrm& view, const std::string& path, const OpenFailure& failure,
+                      const WayOfOpening& way) {
+    const MainModule& module = view.Module();
     forms::BusyGuard busy(module.Screen());
     view.picFrame.Visible = false;
     module.DoEvents();
-    if (!ShowPicture(view, path, failure)) {
+    if (!ShowPicture(view, failure, way.Show)) {
         busy.Release();
         view.picFrame.Visible = true;
         return;
     }
     SkipFailure([&] { ChangeToFolderOf(module, path); });
-    view.imageOnShow.Opened(path);
+    if (!way.Become()) return;
     busy.Release();
     if (module.config.ViewFullScreen) view.menu.mnuFullScreen.Click();
     view.picFrame.Visible = true;
+}
+
+void LoadIntoMainView(MainViewFrm& view, const std::string& anyPath, const OpenFailure& failure,
+                      RecentFiles recent) {
+    const std::string path = FullPath(view.Module(), anyPath);
+    const auto become = [&] {
+        if (recent == RecentFiles::TakeIt) {
+            view.imageOnShow.Opened(path);
+        } else {
+            OpenedAside(view, path);
+        }
+        return true;
+    };
+    OpenIntoMainView(view, path, failure, {[&] { view.imageOnShow.Load(path); }, become});
 }
 
 void mnuReloadImage_Click(MainViewFrm& view) {
@@ -49,7 +71,8 @@ void mnuReloadImage_Click(MainViewFrm& view) {
     const forms::BusyGuard busy(module.Screen());
     view.selection.Drop();
     view.picFrame.Visible = false;
-    ShowPicture(view, module.CurrentImage, {"Unable to open the selected file."});
+    ShowPicture(view, {"Unable to open the selected file."},
+                [&] { view.imageOnShow.Load(module.CurrentImage); });
     module.DoEvents();
     view.picFrame.Visible = true;
 }

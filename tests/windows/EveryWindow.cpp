@@ -21,8 +21,11 @@
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveCurrentImg.h"
 #include "filing/moving/frmMoveImages.h"
+#include "finding/FindImageFrm.h"
+#include "finding/frmDuplicateFiles.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
+#include "lists/frmFavorites.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
 #include "settings/SysInfoFrm.h"
@@ -199,6 +202,11 @@ forms::Form& LoadSaverSetup(Program& program) {
 }
 
 template <class Form>
+forms::Form& LoadFinder(Program& program) {
+    return program.app.Load<Form>(program.View(), OtherSubsystems{});
+}
+
+template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
 }
@@ -217,6 +225,9 @@ std::vector<Window> EveryWindow() {
         {"ExitFrm", LoadExitQuestion},
         {"OpenFrm", OfView<OpenFrm>},
         {"frmFavFolder", OfModule<frmFavFolder>},
+        {"frmFavorites", OfView<frmFavorites>},
+        {"FindImageFrm", LoadFinder<FindImageFrm>},
+        {"frmDuplicateFiles", LoadFinder<frmDuplicateFiles>},
         {"frmQuickFolders", OfModule<frmQuickFolders>, "es"},
         {"frmBrowseQuick", LoadBrowseQuick},
         {"SaveCopyFrm", OfView<SaveCopyFrm>},

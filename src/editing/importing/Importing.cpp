@@ -51,6 +51,22 @@ void mnuImportPCX_Click(MainViewFrm& view) {
     AskAndImport(view, "*.pcx", "Import PCX Image File");
 }
 
+void ImportIntoMainView(MainViewFrm& view, const std::string& path, const OpenFailure& failure) {
+    const MainModule& module = view.Module();
+    const auto show = [&] {
+        LoadThroughNViewLib(module, view.MainImage, path, 0);
+        module.DoEvents();
+        view.imageOnShow.LayOut();
+    };
+    const auto become = [&] {
+        CommitWorkingFile(view);
+        if (!WriteWorkingFile(view, Words.notWritten)) return false;
+        view.imageOnShow.Opened(module.CurrentImage);
+        return true;
+    };
+    OpenIntoMainView(view, path, failure, {show, become});
+}
+
 void mnuTempFile_Click(MainViewFrm& view) {
     MainModule& module = view.Module();
     if (module.Busy()) return;

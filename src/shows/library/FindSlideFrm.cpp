@@ -25,7 +25,8 @@ FindWords Words() {
             .canceled = "Find Slide Show(s) was canceled...",
             .noFiles =
                 "No valid slide show files were found, select a drive and press the \"Find\" button to "
-                "search for files..."};
+                "search for files...",
+            .deletion = "Tavrix - [Find Slide Show(s)]"};
 }
 
 void PlayFoundShow(MainViewFrm& view) {
