@@ -8,6 +8,7 @@
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
+#include "shows/package/PackageCommands.h"
 #include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
@@ -15,9 +16,11 @@
 
 namespace tavrix {
 
-void WireProgram(MainModule& module, Lives& lives) {
+void WireProgram(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
     InstallShowCommands(module, lives);
-    lives.ShowMainView = [&module, &lives] { LoadMainView(module, lives).Show(); };
+    lives.ShowMainView = [&module, &lives, programFiles] {
+        LoadMainView(module, lives, programFiles).Show();
+    };
 
     const auto showHelp = [&module](const std::string& file, unsigned context) {
         module.platform.help.Show(file, HelpCommand::Context, context);
@@ -28,7 +31,7 @@ void WireProgram(MainModule& module, Lives& lives) {
     module.app.OnHelpKey = [&module, showHelp](unsigned context) { showHelp(module.HelpFile, context); };
 }
 
-MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
+MainViewFrm& LoadMainView(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
     auto& view = module.app.Load<MainViewFrm>(module, lives);
     InstallViewerCommands(view);
     InstallEditingCommands(view);
@@ -40,6 +43,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
     InstallSettingsCommands(view);
     InstallSaverCommands(view);
+    InstallPackageCommands(view, programFiles);
     return view;
 }
 
