@@ -78,6 +78,9 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/package/DelPackageFrm.h"
+#include "shows/package/PackageFrm.h"
+#include "shows/package/PackageLayout.h"
 #include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
@@ -340,6 +343,9 @@ class Gallery {
         DrawForm(app_.Load<DeleteSlideFrm>(module_));
         module_.config.UseRecycleBin = true;
         DrawForm(app_.Load<frmRenameShow>(module_));
+        package::InstalledFiles programFiles(module_);
+        DrawForm(app_.Load<PackageFrm>(module_, programFiles));
+        DrawForm(app_.Load<DelPackageFrm>(module_));
         module_.config.LastSlideShow.clear();
     }
 
@@ -388,9 +394,10 @@ class Gallery {
     void DrawSettingsDialogs(MainViewFrm& view) {
         platform_.disks.AddDrive('D', DriveType::CdRom);
         platform_.system.memory = {17'179'869'184, 9'663'676'416, 19'327'352'832, 11'811'160'064};
-        platform_.disks.PutFile("C:\\Tavrix\\TIPOFDAY.DAT",
-                                "That F1 opens the help page of the window that you are in? The help window may stay "
-                                "open beside it while you work.\n");
+        platform_.disks.PutFile(
+            "C:\\Tavrix\\TIPOFDAY.DAT",
+            "That F1 opens the help page of the window that you are in? The help window may stay "
+            "open beside it while you work.\n");
         DrawForm(app_.Load<frmPreferences>(view));
         DrawForm(app_.Load<frmAdvanced>(module_));
         DrawForm(app_.Load<frmTip>(module_));
@@ -405,8 +412,9 @@ class Gallery {
     void DrawSaverSetup() {
         DrawForm(app_.Load<SaverSetup>(module_), "-no-file");
         const std::string show = "C:\\Pictures\\Holidays & more\\the second of the shows of the beach.tvs";
-        platform_.disks.PutFile(show, "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
-                                      "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+        platform_.disks.PutFile(show,
+                                "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n1\r\n\"C:\\waves.wav\"\r\n0\r\n"
+                                "0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
         platform_.store.Set("CurrentSaver", show);
         module_.OsPlatformId = 1;
         DrawForm(app_.Load<SaverSetup>(module_), "-password");

@@ -56,5 +56,7 @@ inline constexpr unsigned SlideDescriptions = 1380;
 inline constexpr unsigned AnimatedGif = 1330;  ///< a GIF that is not animated
 inline constexpr unsigned SlideDuplicates = 1390;
 inline constexpr unsigned SlideCopyImages = 1400;
+inline constexpr unsigned PackageShow = 1410;
+inline constexpr unsigned DeletePackage = 1420;
 
 }  // namespace tavrix::HelpContext

@@ -11,6 +11,7 @@
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/library/LibraryCommands.h"
 #include "shows/library/SaveSlideFile.h"
+#include "shows/package/PackageCommands.h"
 #include "shows/saver/SaverCommands.h"
 #include "shows/stage/StageCommands.h"
 #include "viewer/Commands.h"
@@ -33,9 +34,11 @@ OtherSubsystems Others(MainModule& module, MainViewFrm& view) {
 
 }  // namespace
 
-void WireProgram(MainModule& module, Lives& lives) {
+void WireProgram(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
     InstallShowCommands(module, lives);
-    lives.ShowMainView = [&module, &lives] { LoadMainView(module, lives).Show(); };
+    lives.ShowMainView = [&module, &lives, programFiles] {
+        LoadMainView(module, lives, programFiles).Show();
+    };
 
     const auto showHelp = [&module](const std::string& file, unsigned context) {
         module.platform.help.Show(file, HelpCommand::Context, context);
@@ -46,7 +49,7 @@ void WireProgram(MainModule& module, Lives& lives) {
     module.app.OnHelpKey = [&module, showHelp](unsigned context) { showHelp(module.HelpFile, context); };
 }
 
-MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
+MainViewFrm& LoadMainView(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
     auto& view = module.app.Load<MainViewFrm>(module, lives);
     const OtherSubsystems others = Others(module, view);
     InstallViewerCommands(view);
@@ -60,6 +63,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     InstallBrowsingCommands(view, [&module] { ViewStageImage(module); });
     InstallSettingsCommands(view);
     InstallSaverCommands(view);
+    InstallPackageCommands(view, programFiles);
     return view;
 }
 

@@ -45,6 +45,9 @@
 #include "shows/library/frmRenameShow.h"
 #include "shows/options/BrowseWavFrm.h"
 #include "shows/options/SlideOptionsFrm.h"
+#include "shows/package/DelPackageFrm.h"
+#include "shows/package/PackageFrm.h"
+#include "shows/package/PackageLayout.h"
 #include "shows/saver/SaverSetup.h"
 #include "shows/stage/FullViewFrm.h"
 #include "shows/stage/frmToolbar.h"
@@ -187,8 +190,9 @@ forms::Form& LoadDeleteImages(Program& program) {
 }
 
 forms::Form& LoadTip(Program& program) {
-    program.platform.disks.PutFile("C:\\Tavrix\\TIPOFDAY.DAT",
-                                   "That each button shows a short explanation when the pointer rests on it?\n");
+    program.platform.disks.PutFile(
+        "C:\\Tavrix\\TIPOFDAY.DAT",
+        "That each button shows a short explanation when the pointer rests on it?\n");
     return program.app.Load<frmTip>(program.module);
 }
 
@@ -199,6 +203,13 @@ forms::Form& LoadSaverSetup(Program& program) {
         "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n2\r\n\"\"\r\n0\r\n0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
     program.platform.store.Set("CurrentSaver", show);
     return program.app.Load<SaverSetup>(program.module);
+}
+
+forms::Form& LoadPackage(Program& program) {
+    static std::unique_ptr<package::InstalledFiles> files;
+    files = std::make_unique<package::InstalledFiles>(program.module);
+    program.platform.disks.PutFile("C:\\Tavrix\\SLIDES\\Holidays & more.tvs", "");
+    return program.app.Load<PackageFrm>(program.module, *files);
 }
 
 template <class Form>
@@ -267,6 +278,8 @@ std::vector<Window> EveryWindow() {
         {"frmAbout", OfModule<frmAbout>},
         {"SysInfoFrm", OfModule<SysInfoFrm>},
         {"SaverSetup", LoadSaverSetup, "w"},
+        {"PackageFrm", LoadPackage, "f"},
+        {"DelPackageFrm", OfModule<DelPackageFrm>},
         {"FullViewFrm", LoadStage, "", true},
         {"frmToolbar", LoadNavigator, "", false, true},
     };

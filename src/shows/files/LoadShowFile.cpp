@@ -24,11 +24,11 @@ ReadShowResult ReadInOurWords(MainModule& module, const std::string& path, ShowR
 
 }  // namespace
 
-bool LoadShowFile(MainModule& module, const std::string& path) {
+ReadShowResult LoadSharedShow(MainModule& module, const std::string& path) {
     std::string normal = NormalPath(path);
     ShowRecord record{.slides = {}, .options = module.config};
     module.show.EraseSlides();
-    const ReadShowResult result = ReadInOurWords(module, normal, record);
+    ReadShowResult result = ReadInOurWords(module, normal, record);
     module.config.SetShowOptions(record.options);
     module.show.TakeSlides(std::move(record.slides));
     if (SlideEditor* editor = LoadedEditor(module.app)) editor->NoteReading(normal, result.whole);
@@ -37,6 +37,11 @@ bool LoadShowFile(MainModule& module, const std::string& path) {
         AddRecentShow(module, normal);
         module.show.ShowChanged = result.upgradeNoteShown;
     }
+    return result;
+}
+
+bool LoadShowFile(MainModule& module, const std::string& path) {
+    static_cast<void>(LoadSharedShow(module, path));
     return !module.show.Empty();
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/MainModule.h"
-#include "shows/files/ReadShowFile.h"
+#include "shows/files/ReadShow.h"
 
 namespace tavrix {
 
@@ -11,6 +11,9 @@ namespace tavrix {
 /// told here and leave the slides that came before them. ShowChanged is true afterwards if and only if the file has an
 /// older format, which saving would change. Whether the show holds a slide.
 bool LoadShowFile(MainModule& module, const std::string& path);
+
+/// The same; how the reading ended.
+ReadShowResult LoadSharedShow(MainModule& module, const std::string& path);
 
 /// Reads a show's file as a value, in the words of LoadShowFile, and leaves the loaded show, ShowChanged, LastSlideShow and
 /// the options alone; a file that cannot be read leaves the list of recent shows all the same. How far it came.

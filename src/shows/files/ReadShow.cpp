@@ -77,7 +77,8 @@ ReadShowResult ReadShow(const MainModule& module, const std::string& path, const
     const ShowFileReading reading = ReadShowFile(module.platform.files, path, record);
     ReadShowResult result{.end = reading.end,
                           .upgradeNoteShown = reading.older && !module.ScreenSaverMode,
-                          .whole = reading.Whole()};
+                          .whole = reading.Whole(),
+                          .why = reading.why};
     const Telling telling(module, words);
     if (result.Refused()) {
         forget();

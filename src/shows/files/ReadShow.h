@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "base/RuntimeError.h"
 #include "core/MainModule.h"
 #include "shows/files/ReadShowFile.h"
 
@@ -20,7 +22,8 @@ struct ReadShowWords {
 struct ReadShowResult {
     ShowFileEnd end = ShowFileEnd::Complete;
     bool upgradeNoteShown = false;
-    bool whole = false;  ///< the record has all that the file has
+    bool whole = false;               ///< the record has all that the file has
+    std::optional<RuntimeError> why;  ///< what reading failed with, where the system told it
 
     /// It is no show, or one of another release, and the record is as it was.
     [[nodiscard]] bool Refused() const {

@@ -1,13 +1,11 @@
 #include "shows/files/SavePlan.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
-#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/services/DrivePath.h"
-#include "shows/files/PutAside.h"
+#include "shows/files/CopyNames.h"
 
 namespace tavrix {
 namespace {
@@ -16,13 +14,6 @@ using Form = StoredFile::Form;
 
 bool HasDrive(const std::string& path) {
     return path.find(':') != std::string::npos;
-}
-
-/// "a.bmp" with a number: "a (2).bmp".
-std::string Numbered(const std::string& name, int number) {
-    const std::size_t dot = name.rfind('.');
-    const std::size_t end = dot == std::string::npos || dot == 0 ? name.size() : dot;
-    return name.substr(0, end) + " (" + std::to_string(number) + ")" + name.substr(end);
 }
 
 /// How files are stored, by the folder that is saved to and the one that they have been seen from.
@@ -83,61 +74,7 @@ class Storing {
     const bool moves_ = !EqualIgnoringCase(former_.Path(), folder_.Path());  ///< into another folder
 };
 
-/// The names in the show's folder, and whose they are once the save is done.
-class CopyNames {
-  public:
-    CopyNames(Files& files, const ShowFolder& folder) : files_(files), folder_(folder) {}
-
-    /// What has this name directly in the folder keeps it.
-    void Reserve(const std::string& name) {
-        if (name.find('\\') == std::string::npos) owners_.try_emplace(UpperCase(name), folder_.Path() + name);
-    }
-
-    /// Gives a file that is copied a name of its own, the same for each place that it has in the show.
-    void Name(StoredFile& file) {
-        if (!CanName(file.stored)) return;  // to fail when it is copied
-        const std::string source = UpperCase(NormalPath(file.source));
-        const auto known = given_.find(source);
-        file.stored = known == given_.end() ? NewName(file) : known->second;
-        given_.try_emplace(source, file.stored);
-    }
-
-  private:
-    std::string NewName(const StoredFile& file) {
-        const std::string& wanted = file.stored;
-        const auto [owner, isFree] = owners_.try_emplace(UpperCase(wanted), file.source);
-        if (isFree || files_.Same(owner->second, file.source) || Equal(file, owner->second)) return wanted;
-        int& number = numbers_.try_emplace(UpperCase(wanted), 1).first->second;
-        for (;;) {
-            std::string name = Numbered(wanted, ++number);
-            const std::string place = folder_.Path() + name;
-            const bool used =
-                owners_.contains(UpperCase(name)) || (files_.FileExists(place) && !Equal(file, place));
-            if (used) continue;
-            owners_.try_emplace(UpperCase(name), file.source);
-            return name;
-        }
-    }
-
-    /// Whether one can stand for the other, such as the copy that a former save has made.
-    [[nodiscard]] bool Equal(const StoredFile& file, const std::string& other) const {
-        bool equal = false;
-        SkipFailure([&] { equal = SameContent(files_, file.source, other); });
-        return equal;
-    }
-
-    Files& files_;
-    const ShowFolder& folder_;
-    std::map<std::string, std::string> owners_;  ///< by name, in upper case
-    std::map<std::string, std::string> given_;   ///< names by source, in upper case
-    std::map<std::string, int> numbers_;         ///< the last that was tried, by name
-};
-
 }  // namespace
-
-bool CanName(const std::string& name) {
-    return !name.empty() && name != "." && name != "..";
-}
 
 SavePlan PlanSave(const MainModule& module, const ShowFolder& folder, const std::string& name,
                   const ShowFolder& former) {
@@ -166,6 +103,16 @@ SavePlan PlanSave(const MainModule& module, const ShowFolder& folder, const std:
     }
     plan.options.SoundFile = plan.sound.stored;
     return plan;
+}
+
+ShowFileEncoding EncodingOf(const SavePlan& plan) {
+    ShowFileEncoding encoding;
+    encoding.Add(plan.options.SoundFile);
+    for (const StoredSlide& slide : plan.slides) {
+        encoding.Add(slide.file.stored);
+        encoding.Add(slide.description);
+    }
+    return encoding;
 }
 
 }  // namespace tavrix

@@ -6,6 +6,7 @@
 
 #include "core/MainModule.h"
 #include "core/ShowFolder.h"
+#include "shows/files/ShowFileWriter.h"
 
 namespace tavrix {
 
@@ -46,8 +47,7 @@ struct SavePlan {
 [[nodiscard]] SavePlan PlanSave(const MainModule& module, const ShowFolder& folder, const std::string& name,
                                 const ShowFolder& former);
 
-/// Whether the last component of a path can be the name of a file: "." and ".." would be the folder itself, or the one
-/// that it lies in.
-[[nodiscard]] bool CanName(const std::string& name);
+/// For the texts of all that a save writes.
+[[nodiscard]] ShowFileEncoding EncodingOf(const SavePlan& plan);
 
 }  // namespace tavrix

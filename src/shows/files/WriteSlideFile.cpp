@@ -10,6 +10,7 @@
 #include "core/ShowFolder.h"
 #include "dialogs/CopyWindow.h"
 #include "shows/SlideEditor.h"
+#include "shows/files/CopyNames.h"
 #include "shows/files/PutAside.h"
 #include "shows/files/SavePlan.h"
 #include "shows/files/ShowBackup.h"
@@ -19,16 +20,6 @@ namespace tavrix {
 namespace {
 
 const std::string Paragraph(NewLine2);
-
-ShowFileEncoding EncodingOf(const SavePlan& plan) {
-    ShowFileEncoding encoding;
-    encoding.Add(plan.options.SoundFile);
-    for (const StoredSlide& slide : plan.slides) {
-        encoding.Add(slide.file.stored);
-        encoding.Add(slide.description);
-    }
-    return encoding;
-}
 
 /// The folder that the rows of the editor are seen from; none where it is not its show that is saved.
 ShowFolder FormerFolder(const MainModule& module) {
