@@ -1,6 +1,8 @@
 #include "program/WireProgram.h"
 
 #include "editing/Commands.h"
+#include "filing/Commands.h"
+#include "filing/floppies/Staging.h"
 #include "lists/Commands.h"
 #include "shows/Commands.h"
 #include "shows/editor/SlideLoadFrm.h"
@@ -13,7 +15,10 @@ namespace tavrix {
 
 void WireProgram(MainModule& module, Lives& lives) {
     InstallShowCommands(module, lives);
-    lives.ShowMainView = [&module, &lives] { LoadMainView(module, lives).Show(); };
+    lives.ShowMainView = [&module, &lives] {
+        PutBackSetAside(module);
+        LoadMainView(module, lives).Show();
+    };
 
     const auto showHelp = [&module](const std::string& file, unsigned context) {
         module.platform.help.Show(file, HelpCommand::Context, context);
@@ -28,6 +33,7 @@ MainViewFrm& LoadMainView(MainModule& module, Lives& lives) {
     auto& view = module.app.Load<MainViewFrm>(module, lives);
     InstallViewerCommands(view);
     InstallEditingCommands(view);
+    InstallFilingCommands(view);
     InstallListCommands(view);
     InstallStageCommands(view);
     InstallShowLibrary(view);
