@@ -40,6 +40,10 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "editing/turning/frmRotateImg.h"
+#include "filing/floppies/frmCopyFloppy.h"
+#include "filing/floppies/frmDeleteFloppy.h"
+#include "filing/floppies/frmDiskcopy.h"
+#include "filing/floppies/frmPutOnFloppy.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/Decoders.h"
 #include "lists/frmBrowseQuick.h"
@@ -110,6 +114,7 @@ class Gallery {
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
+        DrawFloppyDialogs();
         DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
         DrawShowDialogs();
         DrawEditor(*app_.Loaded<MainViewFrm>());
@@ -180,6 +185,16 @@ class Gallery {
         DrawForm(app_.Load<frmBrowseQuick>(module_, quick));
         DrawForm(quick);
         DrawSavingDialogs(*app_.Loaded<MainViewFrm>());
+    }
+
+    void DrawFloppyDialogs() {
+        platform_.disks.InsertDisk('A');
+        for (const char* name : {"BEACH.BMP", "GARDEN.JPG", "the last day at the harbour.gif"})
+            platform_.disks.PutFile("A:\\" + std::string(name), "");
+        DrawForm(app_.Load<frmCopyFloppy>(module_));
+        DrawForm(app_.Load<frmPutOnFloppy>(module_));
+        DrawForm(app_.Load<frmDeleteFloppy>(module_));
+        DrawForm(app_.Load<frmDiskcopy>(module_));
     }
 
     void DrawSavingDialogs(MainViewFrm& view) {

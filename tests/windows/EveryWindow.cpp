@@ -12,6 +12,10 @@
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
 #include "editing/turning/frmRotateImg.h"
+#include "filing/floppies/frmCopyFloppy.h"
+#include "filing/floppies/frmDeleteFloppy.h"
+#include "filing/floppies/frmDiskcopy.h"
+#include "filing/floppies/frmPutOnFloppy.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmQuickFolders.h"
@@ -146,6 +150,13 @@ forms::Form& LoadEditor(Program& program) {
 }
 
 template <class Form>
+forms::Form& WithFloppy(Program& program) {
+    program.platform.disks.InsertDisk('A');
+    program.platform.disks.PutFile("A:\\the second of the pictures of the beach.bmp", "BM");
+    return program.app.Load<Form>(program.module);
+}
+
+template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
 }
@@ -166,6 +177,10 @@ std::vector<Window> EveryWindow() {
         {"frmFavFolder", OfModule<frmFavFolder>},
         {"frmQuickFolders", OfModule<frmQuickFolders>, "es"},
         {"frmBrowseQuick", LoadBrowseQuick},
+        {"frmCopyFloppy", WithFloppy<frmCopyFloppy>},
+        {"frmPutOnFloppy", WithFloppy<frmPutOnFloppy>},
+        {"frmDeleteFloppy", WithFloppy<frmDeleteFloppy>},
+        {"frmDiskcopy", WithFloppy<frmDiskcopy>},
         {"SaveCopyFrm", OfView<SaveCopyFrm>},
         {"ExportBmpFrm", OfView<ExportBmpFrm>},
         {"ExportJpgFrm", OfView<ExportJpgFrm>},
