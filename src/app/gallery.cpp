@@ -54,6 +54,10 @@
 #include "filing/moving/frmMoveImages.h"
 #include "finding/FindImageFrm.h"
 #include "finding/frmDuplicateFiles.h"
+#include "filing/floppies/frmCopyFloppy.h"
+#include "filing/floppies/frmDeleteFloppy.h"
+#include "filing/floppies/frmDiskcopy.h"
+#include "filing/floppies/frmPutOnFloppy.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/Decoders.h"
 #include "lists/frmBrowseQuick.h"
@@ -137,6 +141,7 @@ class Gallery {
         ExitAnswer answer{};
         DrawForm(app_.Load<ExitFrm>(answer));
         DrawFolderDialogs();
+        DrawFloppyDialogs();
         DrawEditingDialogs(*app_.Loaded<MainViewFrm>());
         DrawFilingDialogs(*app_.Loaded<MainViewFrm>());
         DrawShowDialogs();
@@ -250,6 +255,16 @@ class Gallery {
         duplicates.CmdFind.OnClick();
         DrawForm(duplicates);
         module_.config.FavoriteFiles.fill("");
+    }
+
+    void DrawFloppyDialogs() {
+        platform_.disks.InsertDisk('A');
+        for (const char* name : {"BEACH.BMP", "GARDEN.JPG", "the last day at the harbour.gif"})
+            platform_.disks.PutFile("A:\\" + std::string(name), "");
+        DrawForm(app_.Load<frmCopyFloppy>(module_));
+        DrawForm(app_.Load<frmPutOnFloppy>(module_));
+        DrawForm(app_.Load<frmDeleteFloppy>(module_));
+        DrawForm(app_.Load<frmDiskcopy>(module_));
     }
 
     void DrawSavingDialogs(MainViewFrm& view) {

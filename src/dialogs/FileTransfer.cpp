@@ -36,14 +36,28 @@ FileTransfer::Turn FileTransfer::Take(const TransferItem& item) {
     module_.DoEvents();
     if (module_.CancelCopy) return Turn::Cancel;
     window_.Progress(words_.doing + std::string(NewLine2) + item.name);
-    if (module_.platform.files.Same(item.from, item.to)) return Turn::Next;
-    if (!words_.replace.empty() && module_.platform.files.FileExists(item.to)) {
-        const forms::Answer answer = AskToReplace(item);
-        if (answer == forms::Answer::Cancel) return Turn::Stop;
-        if (answer == forms::Answer::No) return Turn::Next;
+    bool asked = words_.replace.empty();
+    for (;;) {
+        // A drive without a disk looks as if nothing stood there, and the question would not come.
+        while (OnNoDisk && LacksDisk(item)) {
+            if (!AskForDisk()) return Turn::Stop;
+        }
+        if (module_.platform.files.Same(item.from, item.to)) return Turn::Next;
+        if (!asked && module_.platform.files.FileExists(item.to)) {
+            asked = true;
+            const forms::Answer answer = AskToReplace(item);
+            if (answer == forms::Answer::Cancel) return Turn::Stop;
+            if (answer == forms::Answer::No) return Turn::Next;
+        }
+        if (OnRefuse && OnRefuse(item)) return Turn::Next;
+        try {
+            return Act(item);
+        } catch (const RuntimeError& error) {
+            const bool noDisk = error.Number() == ErrorNumber::DiskNotReady || LacksDisk(item);
+            if (!OnNoDisk || !noDisk) throw;
+        }
+        if (!AskForDisk()) return Turn::Stop;
     }
-    if (OnRefuse && OnRefuse(item)) return Turn::Next;
-    return Act(item);
 }
 
 forms::Answer FileTransfer::AskToReplace(const TransferItem& item) {
@@ -57,19 +71,27 @@ forms::Answer FileTransfer::AskToReplace(const TransferItem& item) {
     return answer;
 }
 
-FileTransfer::Turn FileTransfer::Act(const TransferItem& item) {
-    for (;;) {
-        try {
-            if (!Bring(item)) return Turn::Cancel;
-            break;
-        } catch (const RuntimeError& error) {
-            if (error.Number() != ErrorNumber::DiskNotReady || !OnNoDisk) throw;
-        }
-        window_.Hide();
-        const bool again = OnNoDisk();
-        if (!again) return Turn::Stop;
-        window_.Show();
+bool FileTransfer::LacksDisk(const TransferItem& item) const {
+    constexpr std::size_t RootLength = 3;
+    try {
+        for (const std::string& path : {item.from, item.to})
+            static_cast<void>(module_.platform.files.Info(Left(path, RootLength)));
+        return false;
+    } catch (const RuntimeError& error) {
+        return error.Number() == ErrorNumber::DiskNotReady ||
+               error.Number() == ErrorNumber::DeviceUnavailable;
     }
+}
+
+bool FileTransfer::AskForDisk() {
+    window_.Hide();
+    if (!OnNoDisk()) return false;
+    window_.Show();
+    return true;
+}
+
+FileTransfer::Turn FileTransfer::Act(const TransferItem& item) {
+    if (!Bring(item)) return Turn::Cancel;
     if (act_ == TransferAct::CopyThenRemove) {
         try {
             module_.platform.files.Delete(item.from);

@@ -54,7 +54,8 @@ class FileTransfer {
 
     /// Whether a file is not to be taken, which it tells the user. Asked after the question whether to replace.
     std::function<bool(const TransferItem&)> OnRefuse;
-    /// A drive has no disk (71): asks for it. Whether to try once more; else the transfer is stopped.
+    /// A drive has no disk: asks for it. Whether to try once more; else the transfer is stopped. Whether to replace a file
+    /// is asked only once, but also of one that came with that disk.
     std::function<bool()> OnNoDisk;
     /// The file is at its new place and, where it was to go, gone from the old one.
     std::function<void(const TransferItem&)> OnDone;
@@ -68,6 +69,10 @@ class FileTransfer {
 
     [[nodiscard]] Turn Take(const TransferItem& item);
     [[nodiscard]] forms::Answer AskToReplace(const TransferItem& item);
+    /// Whether a drive of the two paths has no disk.
+    [[nodiscard]] bool LacksDisk(const TransferItem& item) const;
+    /// OnNoDisk, without the window on the screen.
+    [[nodiscard]] bool AskForDisk();
     [[nodiscard]] Turn Act(const TransferItem& item);
     /// False when it was given up.
     [[nodiscard]] bool Bring(const TransferItem& item);

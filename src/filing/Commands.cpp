@@ -8,6 +8,8 @@
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveCurrentImg.h"
 #include "filing/moving/frmMoveImages.h"
+#include "filing/floppies/FloppyCommands.h"
+#include "filing/shell/ShellCommands.h"
 
 namespace tavrix {
 
@@ -21,6 +23,8 @@ void InstallFilingCommands(MainViewFrm& view) {
     view.menu.mnuDeleteCurrentImage.Install([&view] { mnuDeleteCurrentImage_Click(view); });
     view.menu.mnuRenameImg.Install([&view] { RunFilingDialog<RenameImgFrm>(view, view); });
     view.menu.mnuRenameCurrentImg.Install([&view] { mnuRenameCurrentImg_Click(view); });
+    InstallFloppyCommands(view);
+    InstallShellCommands(view);
 }
 
 }  // namespace tavrix

@@ -4,7 +4,7 @@ namespace tavrix {
 
 class MainViewFrm;
 
-/// Gives the menu entries that copy, move, rename and delete files their handlers.
+/// Gives the menu entries that copy, move, rename, delete and show files their handlers.
 void InstallFilingCommands(MainViewFrm& view);
 
 }  // namespace tavrix

@@ -5,6 +5,7 @@
 #include "editing/importing/Importing.h"
 #include "filing/Commands.h"
 #include "finding/Commands.h"
+#include "filing/floppies/Staging.h"
 #include "lists/Commands.h"
 #include "settings/Commands.h"
 #include "shows/Commands.h"
@@ -37,6 +38,7 @@ OtherSubsystems Others(MainModule& module, MainViewFrm& view) {
 void WireProgram(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
     InstallShowCommands(module, lives);
     lives.ShowMainView = [&module, &lives, programFiles] {
+        PutBackSetAside(module);
         LoadMainView(module, lives, programFiles).Show();
     };
 

@@ -10,6 +10,7 @@
 #include "TestFolder.h"
 #include "backends/linux/HostDrives.h"
 #include "backends/linux/HostPaths.h"
+#include "backends/linux/MountTable.h"
 #include "support/IoCount.h"
 
 namespace tavrix {
@@ -164,6 +165,159 @@ TEST_F(DriveMapTest, APathOnAMediumThatJustCameHasItsLetter) {
     EXPECT_EQ(Letters(map), "ABC");
     folder.Put("mounts", "/dev/nosuch1 " + folder.At("media/stick") + " vfat rw 0 0\n");
     EXPECT_EQ(map.ToDrivePath(folder.At("media/stick/a.jpg")), "D:\\a.jpg");
+}
+
+/// Media below this test's folder, and what the system says of their devices.
+class FloppyLetterTest : public DriveMapTest {
+  protected:
+    FloppyLetterTest() {
+        sources = System();
+        sources.blocks = folder.At("blocks");
+        sources.program = folder.At("home/me/tavrix");
+        for (const char* name : {"one", "two", "three"})
+            folder.PutFolder("media/" + std::string(name));
+        for (const char* disk : {"sdq", "sdr", "sds"}) {
+            for (const char* part : {"1", "2"}) {
+                const std::string name = std::string(disk) + part;
+                folder.Put("devices/" + std::string(disk) + "/" + name + "/partition", part);
+                folder.PutFolder("blocks");
+                std::filesystem::create_symlink(folder.At("devices/" + std::string(disk) + "/" + name),
+                                                folder.At("blocks/" + name));
+            }
+            folder.Put("devices/" + std::string(disk) + "/removable",
+                       disk == std::string("sds") ? "0\n" : "1\n");
+        }
+    }
+
+    [[nodiscard]] std::string Medium(const std::string& device, const std::string& name,
+                                     const std::string& options = "rw,nosuid") const {
+        return "/dev/" + device + " " + folder.At("media/" + name) + " vfat " + options + " 0 0\n";
+    }
+    void Mounts(const std::string& text) { folder.Put("mounts", text); }
+    [[nodiscard]] static bool HasFloppy(DriveMap& map) { return DriveMap::HasDisk(*map.Find('A')); }
+
+    DriveMap::Sources sources;
+};
+
+TEST_F(FloppyLetterTest, AMediumThatCanBeWrittenAndTakenOutIsTheFloppy) {
+    Mounts(Medium("sdq1", "one"));
+    folder.Put("media/one/a.jpg", "");
+    DriveMap map{sources};
+    EXPECT_EQ(Letters(map), "ABC");
+    EXPECT_TRUE(HasFloppy(map));
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/one"));
+    EXPECT_EQ(map.Find('A')->type, DriveType::Removable);
+    EXPECT_TRUE(map.Locate("A:\\A.JPG").IsFile());
+    EXPECT_EQ(map.ToDrivePath(folder.At("media/one/a.jpg")), "A:\\a.jpg");
+    EXPECT_FALSE(DriveMap::HasDisk(*map.Find('B')));
+    // An empty one is a disk too.
+    std::filesystem::remove(folder.At("media/one/a.jpg"));
+    EXPECT_TRUE(HasFloppy(map));
+}
+
+TEST_F(FloppyLetterTest, OthersKeepTheLettersOfMedia) {
+    Mounts(Medium("sds1", "three") + Medium("sdq1", "two", "ro") + Medium("nosuch1", "one"));
+    DriveMap map{sources};
+    EXPECT_FALSE(HasFloppy(map));
+    EXPECT_EQ(Letters(map), "ABCDEF");
+}
+
+TEST_F(FloppyLetterTest, TheDisksInUseAreNone) {
+    for (const std::string& used : {std::string("/"), std::string("/home"), folder.At("home/me/tavrix")}) {
+        Mounts("/dev/sdq2 " + used + " ext4 rw 0 0\n" + Medium("sdq1", "one"));
+        DriveMap map{sources};
+        EXPECT_FALSE(HasFloppy(map)) << used;
+        EXPECT_EQ(Letters(map), "ABCD") << used;
+    }
+    // What is covered by another mount is not in use.
+    Mounts("/dev/sdq2 /home ext4 rw 0 0\n/dev/sds2 /home ext4 rw 0 0\n" + Medium("sdq1", "one"));
+    DriveMap map{sources};
+    EXPECT_TRUE(HasFloppy(map));
+}
+
+TEST_F(FloppyLetterTest, ItStaysUntilItIsGone) {
+    Mounts(Medium("sdq1", "two"));
+    DriveMap map{sources};
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/two"));
+    // Another one has a letter of its own, and keeps that.
+    Mounts(Medium("sdr1", "one") + Medium("sdq1", "two"));
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/two"));
+    EXPECT_EQ(map.Find('D')->root, folder.At("media/one"));
+    Mounts(Medium("sdr1", "one"));
+    EXPECT_FALSE(HasFloppy(map));
+    EXPECT_EQ(map.Find('D')->root, folder.At("media/one"));
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(map.Locate("A:\\x")); }), 71);
+    Mounts(Medium("sdr1", "one") + Medium("sdq1", "three"));
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/three"));
+    Mounts(Medium("sdq1", "three"));
+    EXPECT_FALSE(map.Find('D'));
+}
+
+TEST_F(FloppyLetterTest, AMediumThatComesBackMayBeTheFloppyThen) {
+    Mounts(Medium("sdq1", "two") + Medium("sdr1", "one"));
+    DriveMap map{sources};
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/two"));
+    Mounts("");
+    EXPECT_FALSE(HasFloppy(map));
+    Mounts(Medium("sdr1", "one"));
+    EXPECT_EQ(map.Find('A')->root, folder.At("media/one"));
+}
+
+TEST_F(FloppyLetterTest, AnotherMediumInTheSameFolderIsAnother) {
+    Mounts(Medium("sdq1", "one"));
+    DriveMap map{sources};
+    EXPECT_TRUE(HasFloppy(map));
+    Mounts(Medium("sds1", "one"));
+    EXPECT_FALSE(HasFloppy(map));
+}
+
+TEST_F(FloppyLetterTest, WhatTheUserNamedCounts) {
+    Mounts(Medium("sdq1", "one"));
+    folder.Put("mine/a.jpg", "");
+    folder.Put("drives", "A=" + folder.At("mine") + "\n");
+    DriveMap named{sources};
+    EXPECT_EQ(named.Find('A')->root, folder.At("mine"));
+    EXPECT_EQ(named.Find('D')->root, folder.At("media/one"));
+    folder.Put("drives", "A=\n");
+    DriveMap none{sources};
+    EXPECT_FALSE(none.Find('A'));
+    folder.Put("drives", "B=" + folder.At("mine") + "\n");
+    DriveMap other{sources};
+    EXPECT_TRUE(HasFloppy(other));
+    sources.drives = "C=/";
+    DriveMap variable{sources};
+    EXPECT_FALSE(variable.Find('A'));
+}
+
+TEST_F(FloppyLetterTest, NoDeviceIsToldOfAFolder) {
+    Mounts(Medium("sdq1", "one"));
+    DriveMap map{sources};
+    EXPECT_EQ(map.MountedDevice(*map.Find('A')), "");  // there is no such block device
+    EXPECT_EQ(map.MountedDevice(*map.Find('C')), "");
+}
+
+TEST_F(DriveMapTest, APathOnAKnownDriveReadsNoTable) {
+    folder.Put("a.jpg", "");
+    std::string mounts;
+    for (int i = 0; i < 2000; ++i)
+        mounts += "server:/export/" + std::to_string(i) + " /net/" + std::to_string(i) + " nfs rw 0 0\n";
+    folder.Put("mounts", mounts);
+    DriveMap map{System()};
+    static_cast<void>(map.Find('A'));
+    const IoCount before = IoCount::Now();
+    if (!before.Known()) GTEST_SKIP() << "the system does not count what is read";
+    for (int i = 0; i < 100; ++i)
+        EXPECT_FALSE(DriveMap::HasDisk(*map.Find('A')));
+    const IoCount took = IoCount::Now() - before;
+    EXPECT_LT(took.read, mounts.size());
+}
+
+TEST(MountTable, TellsAChangeOfTheSystemsTableOnce) {
+    MountTable table("/proc/self/mounts", "/sys/class/block");
+    EXPECT_TRUE(table.Changed());
+    EXPECT_FALSE(table.Changed());
+    EXPECT_FALSE(table.Read().empty());
+    EXPECT_EQ(table.Removable("tmpfs"), std::nullopt);
 }
 
 TEST_F(DriveMapTest, TwoLettersForOneFolderBothLeadThere) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <algorithm>
 
 #include <ctime>
 #include <filesystem>
@@ -165,8 +166,34 @@ TEST(Programs, TheRunningDesktopComesFirst) {
     EXPECT_EQ(CallsFor(display, "", "", "").front(), (ProgramCall{"lxrandr"}));
     EXPECT_EQ(CallsFor("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,@0,1", "KDE", "", "").front(),
               (ProgramCall{"systemsettings", "kcm_screenlocker"}));
-    EXPECT_EQ(CallsFor("rundll32.exe diskcopy.dll,DiskCopyRunDll 0,0", "", "", "").front(),
-              (ProgramCall{"gnome-disks"}));
+}
+
+TEST(Programs, ToolsForDisksAreStartedOnADeviceAlone) {
+    const std::string format = "rundll32.exe shell32.dll,SHFormatDrive";
+    const std::string copy = "rundll32.exe diskcopy.dll,DiskCopyRunDll 0,0";
+    EXPECT_EQ(DiskLettersOf(format), "AB");
+    EXPECT_EQ(DiskLettersOf(copy), "A");
+    EXPECT_EQ(DiskLettersOf("rundll32.exe diskcopy.dll,DiskCopyRunDll 1,1"), "B");
+    EXPECT_EQ(DiskLettersOf("explorer.exe A:\\"), "");
+    for (const std::string& line : {format, copy})
+        EXPECT_TRUE(CallsFor(line, "GNOME", "", "").empty());
+    EXPECT_EQ(CallsFor(format, "GNOME", "", "/dev/fd0").front(),
+              (ProgramCall{"gnome-disks", "--block-device", "/dev/fd0", "--format-device"}));
+    EXPECT_EQ(CallsFor(copy, "GNOME", "", "/dev/fd0").front(),
+              (ProgramCall{"gnome-disks", "--block-device", "/dev/fd0"}));
+    EXPECT_EQ(CallsFor(copy, "KDE", "", "/dev/fd0").front(), (ProgramCall{"partitionmanager", "/dev/fd0"}));
+    for (const std::string& line : {format, copy}) {
+        for (const ProgramCall& call : CallsFor(line, "KDE", "", "/dev/fd0"))
+            EXPECT_TRUE(std::ranges::find(call, "/dev/fd0") != call.end()) << call.front();
+    }
+}
+
+TEST_F(HostShellTest, NoToolIsStartedOnAFolder) {
+    const ScopedVariable path("PATH", folder.At("bin") + ":/usr/bin:/bin");
+    PutProgram("gnome-disks");
+    EXPECT_FALSE(shell.Run("rundll32.exe shell32.dll,SHFormatDrive"));
+    EXPECT_FALSE(shell.Run("rundll32.exe diskcopy.dll,DiskCopyRunDll 0,0"));
+    EXPECT_FALSE(folder.Has("called"));
 }
 
 TEST_F(HostShellTest, ResolvesLinks) {

@@ -23,6 +23,10 @@
 #include "filing/moving/frmMoveImages.h"
 #include "finding/FindImageFrm.h"
 #include "finding/frmDuplicateFiles.h"
+#include "filing/floppies/frmCopyFloppy.h"
+#include "filing/floppies/frmDeleteFloppy.h"
+#include "filing/floppies/frmDiskcopy.h"
+#include "filing/floppies/frmPutOnFloppy.h"
 #include "lists/frmBrowseQuick.h"
 #include "lists/frmFavFolder.h"
 #include "lists/frmFavorites.h"
@@ -218,6 +222,13 @@ forms::Form& LoadFinder(Program& program) {
 }
 
 template <class Form>
+forms::Form& WithFloppy(Program& program) {
+    program.platform.disks.InsertDisk('A');
+    program.platform.disks.PutFile("A:\\the second of the pictures of the beach.bmp", "BM");
+    return program.app.Load<Form>(program.module);
+}
+
+template <class Form>
 forms::Form& OfView(Program& program) {
     return program.app.Load<Form>(program.View());
 }
@@ -241,6 +252,10 @@ std::vector<Window> EveryWindow() {
         {"frmDuplicateFiles", LoadFinder<frmDuplicateFiles>},
         {"frmQuickFolders", OfModule<frmQuickFolders>, "es"},
         {"frmBrowseQuick", LoadBrowseQuick},
+        {"frmCopyFloppy", WithFloppy<frmCopyFloppy>},
+        {"frmPutOnFloppy", WithFloppy<frmPutOnFloppy>},
+        {"frmDeleteFloppy", WithFloppy<frmDeleteFloppy>},
+        {"frmDiskcopy", WithFloppy<frmDiskcopy>},
         {"SaveCopyFrm", OfView<SaveCopyFrm>},
         {"ExportBmpFrm", OfView<ExportBmpFrm>},
         {"ExportJpgFrm", OfView<ExportJpgFrm>},

@@ -27,6 +27,8 @@ namespace {
 
 constexpr std::int64_t FloppyBytes = 1'457'664;
 constexpr std::int64_t SectorBytes = 512;
+/// The letter of the medium that stands for a floppy where the user has named none.
+constexpr char FoundFloppy = 'A';
 constexpr std::array<std::string_view, 3> SystemFolders{"/proc", "/sys", "/dev"};
 
 struct CloseFolder {
@@ -34,50 +36,18 @@ struct CloseFolder {
 };
 using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
 
-/// Whether `path` is `folder` or lies below it; "" is the root of everything.
-bool IsAtOrBelow(std::string_view path, std::string_view folder) {
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
 std::string WithoutSlashes(std::string path) {
     while (path.ends_with('/'))
         path.pop_back();
     return path;
 }
 
-/// In the table of mounts, blanks and such are three octal digits behind a backslash.
-std::string Unescaped(const std::string& text) {
-    const auto octal = [](char c) { return c >= '0' && c <= '7'; };
-    std::string plain;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == '\\' && at + 3 < text.size() && octal(text[at + 1]) && octal(text[at + 2]) &&
-            octal(text[at + 3])) {
-            plain.push_back(static_cast<char>((text[at + 1] - '0') * 64 + (text[at + 2] - '0') * 8 +
-                                              (text[at + 3] - '0')));
-            at += 3;
-        } else {
-            plain.push_back(text[at]);
-        }
-    }
-    return plain;
-}
-
 bool IsOneOf(const std::string& text, std::initializer_list<std::string_view> words) {
     return std::ranges::find(words, text) != words.end();
 }
 
-DriveType TypeOfMount(const std::string& device, const std::string& system) {
-    if (IsOneOf(system, {"iso9660", "udf"})) return DriveType::CdRom;
-    if (IsOneOf(system, {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "9p", "afs", "ceph"})) {
-        return DriveType::Network;
-    }
-    if (IsOneOf(system, {"tmpfs", "ramfs"})) return DriveType::RamDisk;
-    const std::string block = "/sys/class/block/" + device.substr(device.rfind('/') + 1);
-    for (const char* flag : {"/removable", "/../removable"}) {
-        const auto content = ReadWholeFile(block + flag);
-        if (content) return content->starts_with('0') ? DriveType::Fixed : DriveType::Removable;
-    }
-    return DriveType::Removable;
+HostDrive NoFloppy(char letter) {
+    return {.letter = letter, .root = {}, .type = DriveType::Removable, .floppy = true, .present = false};
 }
 
 bool IsMountPoint(const std::string& folder) {
@@ -155,7 +125,7 @@ DriveMap::Sources DriveMap::SourcesOf(const HostPaths& paths) {
     return sources;
 }
 
-DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
+DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)), table_(sources_.mounts, sources_.blocks) {
     const auto addAll = [this](const std::string& text, char separator) {
         std::istringstream lines(text);
         for (std::string line; std::getline(lines, line, separator);)
@@ -165,11 +135,10 @@ DriveMap::DriveMap(Sources sources) : sources_(std::move(sources)) {
         mediaKnown_ = true;
         addAll(*sources_.drives, ';');
     } else {
-        configured_['A'] = {
-            .letter = 'A', .root = {}, .type = DriveType::Removable, .floppy = true, .present = false};
-        configured_['B'] = {
-            .letter = 'B', .root = {}, .type = DriveType::Removable, .floppy = true, .present = false};
+        configured_['A'] = NoFloppy('A');
+        configured_['B'] = NoFloppy('B');
         configured_['C'] = {.letter = 'C', .root = {}};
+        findsFloppy_ = true;
         if (const auto text = ReadWholeFile(sources_.file)) addAll(*text, '\n');
     }
     const bool whole = std::ranges::any_of(
@@ -209,6 +178,7 @@ void DriveMap::AddConfigured(std::string_view line) {
         if (word == "ram") drive.type = DriveType::RamDisk;
         rest = Trim(rest.substr(0, comma));
     }
+    if (letter == FoundFloppy) findsFloppy_ = false;
     configured_.erase(letter);
     if (!rest.starts_with('/')) return;
     drive.root = WithoutSlashes(std::filesystem::path(rest).lexically_normal().string());
@@ -225,9 +195,59 @@ char DriveMap::FreeLetter() const {
     return '\0';
 }
 
+DriveType DriveMap::TypeOf(const Mount& mount) const {
+    if (IsOneOf(mount.system, {"iso9660", "udf"})) return DriveType::CdRom;
+    if (IsOneOf(mount.system, {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "9p", "afs", "ceph"})) {
+        return DriveType::Network;
+    }
+    if (IsOneOf(mount.system, {"tmpfs", "ramfs"})) return DriveType::RamDisk;
+    return table_.Removable(mount.device).value_or(true) ? DriveType::Removable : DriveType::Fixed;
+}
+
+std::set<std::string> DriveMap::DisksInUse(const std::vector<Mount>& mounts) const {
+    std::set<std::string> disks;
+    for (const std::string& path : {std::string("/"), std::string("/home"), sources_.program}) {
+        const Mount* const mount = path.empty() ? nullptr : MountOf(mounts, path);
+        if (mount != nullptr) disks.insert(table_.DiskOf(mount->device));
+    }
+    return disks;
+}
+
+bool DriveMap::IsFloppy(const Mount& mount, const std::set<std::string>& disksInUse) const {
+    return mount.writable && TypeOf(mount) == DriveType::Removable &&
+           table_.Removable(mount.device) == std::optional(true) &&
+           !disksInUse.contains(table_.DiskOf(mount.device));
+}
+
+void DriveMap::FindFloppy(std::map<std::string, HostDrive>& media, const std::vector<Mount>& mounts) {
+    const std::set<std::string> inUse = DisksInUse(mounts);
+    const auto isFloppy = [&](const Mount& mount) {
+        return media.contains(mount.folder) && IsFloppy(mount, inUse);
+    };
+    const auto sameMedium = [&](const Mount& mount) {
+        return mount.folder == floppy_.folder && mount.device == floppy_.device && isFloppy(mount);
+    };
+    // What is there with another letter keeps that: a path in use would lead elsewhere.
+    const auto newMedium = [&](const Mount& mount) {
+        return isFloppy(mount) && !std::ranges::any_of(found_, [&](const auto& entry) {
+                   return entry.second.root == mount.folder;
+               });
+    };
+    auto chosen = std::ranges::find_if(mounts, sameMedium);
+    if (chosen == mounts.end()) chosen = std::ranges::find_if(mounts, newMedium);
+    floppy_ = {};
+    configured_[FoundFloppy] = NoFloppy(FoundFloppy);
+    if (chosen == mounts.end()) return;
+    floppy_ = *chosen;
+    configured_[FoundFloppy] = {
+        .letter = FoundFloppy, .root = WithoutSlashes(chosen->folder), .type = DriveType::Removable};
+    media.erase(chosen->folder);
+}
+
 void DriveMap::FindMedia() {
     if (sources_.drives) return;
     mediaKnown_ = true;
+    static_cast<void>(table_.Changed());     // what comes from here on is news
     std::map<std::string, HostDrive> media;  // by device, or by folder where the device is none
     for (int i = 0; i < 8; ++i) {
         const std::string device = sources_.devices + "/sr" + std::to_string(i);
@@ -235,26 +255,22 @@ void DriveMap::FindMedia() {
         if (::stat(device.c_str(), &status) != 0) break;
         media[device] = {.root = device, .type = DriveType::CdRom, .present = false, .device = device};
     }
-    std::istringstream mounts(ReadWholeFile(sources_.mounts).value_or(std::string()));
-    for (std::string line; std::getline(mounts, line);) {
-        std::istringstream fields(line);
-        std::string device;
-        std::string folder;
-        std::string system;
-        fields >> device >> folder >> system;
-        folder = Unescaped(folder);
-        const bool optical = media.contains(device);
+    if (findsFloppy_) configured_[FoundFloppy] = NoFloppy(FoundFloppy);
+    const std::vector<Mount> mounts = table_.Read();
+    for (const Mount& mount : mounts) {
+        const bool optical = media.contains(mount.device);
         const bool below = std::ranges::any_of(sources_.mediaFolders, [&](const std::string& mediaFolder) {
-            return folder != mediaFolder && IsAtOrBelow(folder, mediaFolder);
+            return mount.folder != mediaFolder && IsAtOrBelow(mount.folder, mediaFolder);
         });
         const bool configured = std::ranges::any_of(configured_, [&](const auto& entry) {
-            return entry.second.present && entry.second.root == folder;
+            return entry.second.present && entry.second.root == mount.folder;
         });
         if ((!optical && !below) || configured) continue;
-        const DriveType type = optical ? DriveType::CdRom : TypeOfMount(device, system);
-        media[optical ? device : folder] = {
-            .root = folder, .type = type, .device = optical ? device : std::string()};
+        media[optical ? mount.device : mount.folder] = {.root = mount.folder,
+                                                        .type = optical ? DriveType::CdRom : TypeOf(mount),
+                                                        .device = optical ? mount.device : std::string()};
     }
+    if (findsFloppy_) FindFloppy(media, mounts);
     found_.clear();
     for (auto& [key, drive] : media) {
         const auto former = formerLetters_.find(key);
@@ -263,6 +279,10 @@ void DriveMap::FindMedia() {
         formerLetters_[key] = drive.letter;
         found_[drive.letter] = drive;
     }
+}
+
+void DriveMap::NoticeMedia() {
+    if (!sources_.drives && (!mediaKnown_ || table_.Changed())) FindMedia();
 }
 
 std::vector<HostDrive> DriveMap::ListedDrives() {
@@ -278,11 +298,13 @@ std::vector<HostDrive> DriveMap::ListedDrives() {
 
 std::optional<HostDrive> DriveMap::Find(char letter) {
     const char upper = UpperCase(std::string(1, letter))[0];
+    const bool findable = findsFloppy_ && upper == FoundFloppy;
+    if (findable || !configured_.contains(upper)) NoticeMedia();
     if (const auto found = configured_.find(upper); found != configured_.end()) {
         return WithDoor(found->second);
     }
     auto found = found_.find(upper);
-    if (found == found_.end() || !found->second.present) {
+    if (found == found_.end()) {  // a drive without a disk may have come
         FindMedia();
         found = found_.find(upper);
     }
@@ -309,19 +331,14 @@ std::string DriveMap::CdDevice() {
 }
 
 std::string DriveMap::MountedDevice(const HostDrive& drive) const {
-    std::istringstream mounts(ReadWholeFile(sources_.mounts).value_or(std::string()));
-    std::string found;
-    for (std::string line; std::getline(mounts, line);) {
-        std::istringstream fields(line);
-        std::string device;
-        std::string folder;
-        fields >> device >> folder;
-        // A later mount covers an earlier one.
-        if (Unescaped(folder) == drive.root) found = Unescaped(device);
-    }
+    const std::vector<Mount> mounts = table_.Read();
+    const Mount* const mount = MountOf(mounts, drive.root);
+    if (mount == nullptr || mount->folder != drive.root) return {};
     struct stat status {};
-    const bool block = ::stat(found.c_str(), &status) == 0 && S_ISBLK(status.st_mode);
-    return block && TypeOfMount(found, {}) == DriveType::Removable ? found : std::string();
+    const bool block = ::stat(mount->device.c_str(), &status) == 0 && S_ISBLK(status.st_mode);
+    const bool removable = table_.Removable(mount->device) == std::optional(true);
+    return block && removable && !DisksInUse(mounts).contains(table_.DiskOf(mount->device)) ? mount->device
+                                                                                            : std::string();
 }
 
 void DriveMap::NoteDoor(const std::string& device, bool open) {
@@ -361,7 +378,7 @@ bool DriveMap::MayBeOnMedium(std::string_view hostPath) const {
 }
 
 const HostDrive* DriveMap::OwnerOf(std::string_view hostPath) {
-    if (!mediaKnown_ && MayBeOnMedium(hostPath)) FindMedia();
+    if (MayBeOnMedium(hostPath)) NoticeMedia();
     const HostDrive* owner = nullptr;
     for (const auto* drives : {&configured_, &found_}) {
         for (const auto& [letter, drive] : *drives) {
@@ -383,7 +400,7 @@ bool DriveMap::IsHidden(const HostDrive& drive, const std::string& hostPath) {
 std::string DriveMap::ToDrivePath(std::string_view hostPath) {
     const std::string path = WithoutSlashes(std::filesystem::path(hostPath).lexically_normal().string());
     // A path from outside may lie on a medium that came a moment ago; as C:\... it would be hidden soon.
-    if (MayBeOnMedium(path)) FindMedia();
+    if (MayBeOnMedium(path)) NoticeMedia();
     const HostDrive* owner = OwnerOf(path);
     std::string drivePath = owner != nullptr ? std::string(1, owner->letter) : std::string("C");
     drivePath += ":\\";

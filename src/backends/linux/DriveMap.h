@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "backends/linux/MountTable.h"
 #include "platform/services/Drives.h"
 
 namespace tavrix {
@@ -45,7 +46,9 @@ struct HostLocation {
 /// Drive letters to host folders and back.
 ///
 /// Without configuration C: is the whole system (/), A: and B: have no disk, each optical drive and each medium that
-/// is mounted below /media or /run/media has a letter from D: on. The file tavrix/drives in the user's configuration
+/// is mounted below /media or /run/media has a letter from D: on. The first medium of the latter that can be written and,
+/// as the system says, taken out has the letter A: until it is gone, unless its disk holds the system, the users' folders
+/// or the program. Media that come and go are noticed. The file tavrix/drives in the user's configuration
 /// folder changes that, one drive a line ('#' starts a comment):
 ///
 ///     A=/home/me/floppy,floppy
@@ -74,6 +77,7 @@ class DriveMap {
         std::string file;                   ///< of the user's drives; may be missing
         std::string mounts = "/proc/self/mounts";
         std::string devices = "/dev";
+        std::string blocks = "/sys/class/block";
         std::vector<std::string> mediaFolders = {"/media", "/run/media"};
         std::string program;  ///< folder in which the files of `shared` are seen too
         std::string shared;
@@ -122,6 +126,14 @@ class DriveMap {
     void AddConfigured(std::string_view line);
     void FindMedia();
     [[nodiscard]] HostDrive WithDoor(HostDrive drive) const;
+    /// Looks for media where any has come or gone since.
+    void NoticeMedia();
+    /// Gives the one letter of a floppy to a medium, which then has no other.
+    void FindFloppy(std::map<std::string, HostDrive>& media, const std::vector<Mount>& mounts);
+    [[nodiscard]] bool IsFloppy(const Mount& mount, const std::set<std::string>& disksInUse) const;
+    /// The disks that hold the system, the users' folders and the program.
+    [[nodiscard]] std::set<std::string> DisksInUse(const std::vector<Mount>& mounts) const;
+    [[nodiscard]] DriveType TypeOf(const Mount& mount) const;
     [[nodiscard]] char FreeLetter() const;
     [[nodiscard]] bool MayBeOnMedium(std::string_view hostPath) const;
     [[nodiscard]] const HostDrive* OwnerOf(std::string_view hostPath);
@@ -134,6 +146,9 @@ class DriveMap {
     std::map<char, HostDrive> found_;
     std::map<std::string, char> formerLetters_;  ///< a medium that comes back gets its letter again
     std::set<std::string> openDoors_;            ///< of disc images
+    MountTable table_;
+    Mount floppy_;              ///< that has the letter of a floppy; an empty one: none
+    bool findsFloppy_ = false;  ///< the user has not named one
     bool mediaKnown_ = false;
 };
 

@@ -189,7 +189,6 @@ TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) {
     TargetFile::Options options;
     // Large folders are not gone through for each file that is written there.
     options.cleanFolder = cleaned_.insert(HostFolderOf(location.path)).second;
-    options.inPlace = location.drive.letter == 'A' || location.drive.letter == 'B';
     if (temporary_ && !temporary_->Path().empty()) {
         options.sync = !location.path.starts_with(temporary_->Path() + "/");
     }

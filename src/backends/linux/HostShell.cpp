@@ -9,6 +9,7 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "backends/linux/HostFile.h"
 #include "backends/linux/Programs.h"
@@ -96,21 +97,33 @@ bool HostShell::OpenAddress(const std::string& address) {
 }
 
 bool HostShell::Run(const std::string& commandLine) {
-    std::string folder;
+    std::string target;
     const std::string line = Trim(commandLine);
     const bool explorer = EqualIgnoringCase(Left(line, ExplorerLength), "explorer.exe");
     if (explorer && line.size() > ExplorerLength) {
         try {
             const HostLocation location = drives_.Locate(Trim(line.substr(ExplorerLength)));
             if (!location.exists) return false;
-            folder = location.path;
+            target = location.path;
         } catch (const RuntimeError&) {
             return false;
         }
     }
+    if (const std::string letters = DiskLettersOf(line); !letters.empty()) {
+        std::vector<std::string> devices;
+        for (const char letter : letters) {
+            const std::optional<HostDrive> drive = drives_.Find(letter);
+            const std::string device =
+                drive && drive->type == DriveType::Removable ? drives_.MountedDevice(*drive) : std::string();
+            if (!device.empty()) devices.push_back(device);
+        }
+        // Of two disks nobody has said which; a wrong guess would cost all that is on it.
+        if (devices.size() != 1) return false;
+        target = devices.front();
+    }
     // What opens a folder is a messenger, which soon knows whether there is a file manager.
     constexpr std::chrono::milliseconds MessengerTime(1000);
-    return StartFirst(CallsFor(line, EnvironmentValue("XDG_CURRENT_DESKTOP"), paths_.executable, folder),
+    return StartFirst(CallsFor(line, EnvironmentValue("XDG_CURRENT_DESKTOP"), paths_.executable, target),
                       explorer ? MessengerTime : std::chrono::milliseconds(0));
 }
 

@@ -20,7 +20,10 @@
 namespace tavrix {
 namespace {
 
-enum class Panel { Display, ScreenSaver, Sound };
+constexpr const char* FormatLine = "RUNDLL32.EXE SHELL32.DLL,SHFORMATDRIVE";
+constexpr const char* CopyLine = "RUNDLL32.EXE DISKCOPY.DLL,DISKCOPYRUNDLL ";
+
+enum class Panel { Display, ScreenSaver, Sound, Format, CopyDisk };
 
 struct PanelCall {
     Panel panel;
@@ -29,7 +32,7 @@ struct PanelCall {
     std::string_view argument;
 };
 
-constexpr std::array<PanelCall, 17> PanelCalls{{
+constexpr std::array<PanelCall, 23> PanelCalls{{
     {Panel::Display, "GNOME", "gnome-control-center", "display"},
     {Panel::Display, "KDE", "systemsettings", "kcm_kscreen"},
     {Panel::Display, "XFCE", "xfce4-display-settings", ""},
@@ -47,6 +50,12 @@ constexpr std::array<PanelCall, 17> PanelCalls{{
     {Panel::Sound, "KDE", "systemsettings", "kcm_pulseaudio"},
     {Panel::Sound, "X-Cinnamon", "cinnamon-settings", "sound"},
     {Panel::Sound, "", "pavucontrol", ""},
+    {Panel::Format, "KDE", "partitionmanager", ""},
+    {Panel::Format, "", "gnome-disks", "--format-device"},
+    {Panel::Format, "", "gparted", ""},
+    {Panel::CopyDisk, "KDE", "partitionmanager", ""},
+    {Panel::CopyDisk, "", "gnome-disks", ""},
+    {Panel::CopyDisk, "", "gparted", ""},
 }};
 
 bool NamesDesktop(const std::string& desktops, std::string_view wanted) {
@@ -68,6 +77,17 @@ std::vector<ProgramCall> CallsForPanel(Panel panel, const std::string& desktop) 
             if (!call.argument.empty()) program.emplace_back(call.argument);
             calls.push_back(std::move(program));
         }
+    }
+    return calls;
+}
+
+/// The same for tools that are to begin with a disk's device.
+std::vector<ProgramCall> CallsForDisk(Panel panel, const std::string& desktop, const std::string& device) {
+    std::vector<ProgramCall> calls = CallsForPanel(panel, desktop);
+    for (ProgramCall& call : calls) {
+        // The others take it as it is.
+        if (call.front() == "gnome-disks") call.insert(call.begin() + 1, "--block-device");
+        call.insert(call.begin() + (call.front() == "gnome-disks" ? 2 : 1), device);
     }
     return calls;
 }
@@ -136,16 +156,26 @@ bool Start(const std::string& path, const ProgramCall& call, std::chrono::millis
 
 }  // namespace
 
-std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::string& desktop,
-                                  const std::string& executable, const std::string& folder) {
+std::string DiskLettersOf(const std::string& commandLine) {
     const std::string line = UpperCase(Trim(commandLine));
+    if (line == FormatLine) return "AB";
+    if (line == CopyLine + std::string("0,0")) return "A";
+    if (line == CopyLine + std::string("1,1")) return "B";
+    return {};
+}
+
+std::vector<ProgramCall> CallsFor(const std::string& commandLine, const std::string& desktop,
+                                  const std::string& executable, const std::string& target) {
+    const std::string line = UpperCase(Trim(commandLine));
+    const std::string& folder = target;
     const std::string panel = "RUNDLL32.EXE SHELL32.DLL,CONTROL_RUNDLL ";
     if (line == panel + "DESK.CPL,@0,3") return CallsForPanel(Panel::Display, desktop);
     if (line == panel + "DESK.CPL,@0,1") return CallsForPanel(Panel::ScreenSaver, desktop);
     if (line.starts_with(panel + "MMSYS.CPL")) return CallsForPanel(Panel::Sound, desktop);
-    if (line.starts_with("RUNDLL32.EXE DISKCOPY.DLL,DISKCOPYRUNDLL ") ||
-        line == "RUNDLL32.EXE SHELL32.DLL,SHFORMATDRIVE") {
-        return {{"gnome-disks"}};
+    if (!DiskLettersOf(line).empty()) {
+        return target.empty()
+                   ? std::vector<ProgramCall>()
+                   : CallsForDisk(line == FormatLine ? Panel::Format : Panel::CopyDisk, desktop, target);
     }
     if (line.ends_with("TAVRIX.EXE /C") && !executable.empty()) return {{executable, "/C"}};
     if (line == "EXPLORER.EXE" || line.starts_with("EXPLORER.EXE ")) {

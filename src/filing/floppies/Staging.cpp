@@ -1,0 +1,106 @@
+#include "filing/floppies/Staging.h"
+
+#include <algorithm>
+#include <array>
+#include <ranges>
+#include <set>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "core/FailureText.h"
+#include "core/FileServices.h"
+#include "core/Folders.h"
+
+namespace tavrix {
+namespace {
+
+/// What an edit needs of the temporary folder.
+constexpr std::array<const char*, 2> FilesOfEdits{"Untitled.BMP", "~undo.tmp"};
+/// No image has a name that ends so, and none is staged under it.
+constexpr const char* AsideEnding = ".aside";
+
+std::string AsidePathOf(const MainModule& module, const std::string& name) {
+    return GetTempFolder(module) + name + AsideEnding;
+}
+
+/// Puts one file back. False when it could not be.
+bool PutBack(const MainModule& module, const std::string& name) {
+    Files& files = module.platform.files;
+    const std::string aside = AsidePathOf(module, name);
+    const std::string path = GetTempFolder(module) + name;
+    // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
+    if (!files.HasExactly(aside) || files.HasExactly(path)) return true;
+    try {
+        return files.Move(aside, path);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+/// A name that none of the others has, whatever its case.
+std::string FreeName(const std::string& name, const std::set<std::string>& taken) {
+    const std::size_t point = std::min(name.rfind('.'), name.size());
+    for (int number = 2;; ++number) {
+        std::string free = name.substr(0, point) + " " + std::to_string(number) + name.substr(point);
+        if (!taken.contains(free)) return free;
+    }
+}
+
+}  // namespace
+
+Staging::Staging(const MainModule& module, const std::vector<std::string>& names) : module_(module) {
+    std::set<std::string> taken;
+    for (const std::string& name : names)
+        taken.insert(UpperCase(name));
+    std::set<std::string> used;
+    for (const std::string& name : names) {
+        std::string staged = UpperCase(name);
+        if (used.contains(staged)) {
+            staged = FreeName(staged, taken);
+            taken.insert(staged);
+        }
+        used.insert(staged);
+        paths_[name] = GetTempFolder(module_) + staged;
+    }
+}
+
+void Staging::SetAside() {
+    setAside_ = true;
+    Files& files = module_.platform.files;
+    for (const char* name : FilesOfEdits) {
+        const std::string path = GetTempFolder(module_) + name;
+        const bool wanted = std::ranges::any_of(paths_ | std::views::values, [&](const std::string& staged) {
+            return EqualIgnoringCase(staged, path);
+        });
+        if (wanted && files.FileExists(path)) files.Rename(path, AsidePathOf(module_, name));
+    }
+    // A copy over a file of another spelling would have that one's name.
+    for (const std::string& path : paths_ | std::views::values) {
+        if (files.FileExists(path) && !files.HasExactly(path)) files.Rename(path, path);
+    }
+}
+
+void Staging::Clear() {
+    for (const std::string& path : staged_) {
+        SkipFailure([&] {
+            RequireExactly(module_, path);
+            module_.platform.files.Delete(path);
+        });
+    }
+    staged_.clear();
+    if (!setAside_) return;
+    setAside_ = false;
+    for (const std::string name : FilesOfEdits) {
+        if (PutBack(module_, name) || PutBack(module_, name)) continue;
+        module_.app.MessageBox({.text = "The image that was edited is now in the file:" +
+                                        std::string(NewLine2) + AsidePathOf(module_, name),
+                                .icon = forms::BoxIcon::Exclamation});
+    }
+}
+
+void PutBackSetAside(const MainModule& module) {
+    for (const std::string name : FilesOfEdits)
+        static_cast<void>(PutBack(module, name));
+}
+
+}  // namespace tavrix

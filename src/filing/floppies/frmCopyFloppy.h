@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dialogs/FolderButton.h"
+#include "dialogs/FolderLists.h"
+#include "filing/floppies/DragToFolder.h"
+#include "filing/floppies/FloppyDisk.h"
+#include "filing/floppies/SelectedFiles.h"
+#include "platform/forms/Application.h"
+#include "platform/forms/Frame.h"
+
+namespace tavrix {
+
+/// Copies selected images from the floppy to a folder.
+class frmCopyFloppy final : public forms::Form {
+  public:
+    frmCopyFloppy(forms::Application& application, MainModule& module);
+
+  private:
+    MainModule& module_;
+    FloppyDisk disk_{module_};
+
+  public:
+    forms::Frame Frame1{*this, "Frame1"};
+    SelectedFiles Files{*this, module_, [this] { return disk_.Root(); }};
+    forms::CommandButton CmdNewDisk{*this, "CmdNewDisk"};
+    forms::Frame Frame2{*this, "Frame2"};
+    forms::Label lblDrives{*this, "lblDrives"};
+    forms::DriveListBox Drive2{*this, "Drive2", module_.platform.files, module_.platform.drives};
+    forms::Label lblFolders{*this, "lblFolders"};
+    forms::DirListBox Dir2{*this, "Dir2", module_.platform.files};
+    forms::CommandButton CmdNewFolder{*this, "CmdNewFolder"};
+    forms::CommandButton CmdFF{*this, "CmdFF"};
+    forms::CommandButton CmdCopy{*this, "CmdCopy"};
+    forms::CommandButton CmdCancel{*this, "CmdCancel"};
+
+    FolderLists Lists{module_, Drive2, Dir2, nullptr, BadDrive::Program};
+    FolderButton FavoriteButton{*this,
+                                module_,
+                                CmdFF,
+                                Lists,
+                                [this] { return QuickFoldersOf(module_); },
+                                {.closeEntryIsDefault = true}};
+    DragToFolder Dragging{Files.File1, Dir2, [this] { CmdCopy_Click(); }};
+
+    void Form_Load() override;
+    void Form_Activate() override;
+
+  private:
+    void CmdCopy_Click();
+    [[nodiscard]] bool UserAgrees(const std::vector<std::string>& names,
+                                  const std::string& destination) const;
+    void Tell(const std::string& text) const;
+};
+
+}  // namespace tavrix

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dialogs/FolderButton.h"
+#include "dialogs/FolderLists.h"
+#include "filing/floppies/FloppyDisk.h"
+#include "filing/floppies/SelectedFiles.h"
+#include "platform/forms/Application.h"
+#include "platform/forms/Frame.h"
+
+namespace tavrix {
+
+/// Copies selected images from a folder to the floppy, as many as fit on one.
+class frmPutOnFloppy final : public forms::Form {
+  public:
+    frmPutOnFloppy(forms::Application& application, MainModule& module);
+
+  private:
+    MainModule& module_;
+    FloppyDisk disk_{module_};
+
+  public:
+    forms::Frame Frame1{*this, "Frame1"};
+    forms::Label lblDrives{*this, "lblDrives"};
+    forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
+    forms::Label lblFolders{*this, "lblFolders"};
+    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
+    SelectedFiles Files{*this, module_, [this] { return Lists.Folder(); }};
+    forms::CommandButton CmdFF{*this, "CmdFF"};
+    forms::CommandButton CmdCopy{*this, "CmdCopy"};
+    forms::CommandButton CmdCancel{*this, "CmdCancel"};
+    forms::CommandButton CmdHelp{*this, "CmdHelp"};
+
+    FolderLists Lists{module_, Drive1, Dir1, &Files.File1, BadDrive::Program};
+    FolderButton FavoriteButton{*this,
+                                module_,
+                                CmdFF,
+                                Lists,
+                                [this] { return QuickFoldersOf(module_); },
+                                {.closeEntryIsDefault = true}};
+
+    void Form_Load() override;
+
+  private:
+    void CmdCopy_Click();
+    /// The bytes of all files; nothing where one is not there any more, which has been told.
+    [[nodiscard]] std::optional<std::int64_t> TotalOf(const std::string& source,
+                                                      const std::vector<std::string>& names) const;
+    /// Whether so many bytes go on the disk that is in the drive; else the user has been told.
+    [[nodiscard]] bool Fits(std::int64_t total, bool one) const;
+    [[nodiscard]] bool UserAgrees(const std::vector<std::string>& names) const;
+    void Transfer(const std::string& source, const std::vector<std::string>& names);
+    void Tell(const std::string& text) const;
+};
+
+}  // namespace tavrix
