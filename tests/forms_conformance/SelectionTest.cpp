@@ -291,7 +291,11 @@ TEST_F(SelectionTest, TypedCharactersLookForARow) {
 TEST_F(SelectionTest, TypingAheadCanBeLeftOut) {
     Open(0);
     form.list.SetItems({"zero", "-one", "+two", "three"});
-    form.list.NeverTypeAhead = "+-=~";
+    std::string typed;
+    form.list.OnCharacter = [&](const std::string& character) {
+        typed += character;
+        return character == "-" || character == "+";
+    };
     driver->UserTypesAhead(form.list, "-");
     driver->UserTypesAhead(form.list, "+");
     driver->Settle();
@@ -299,6 +303,7 @@ TEST_F(SelectionTest, TypingAheadCanBeLeftOut) {
     driver->UserTypesAhead(form.list, "t");
     driver->Settle();
     EXPECT_EQ(form.list.ListIndex, 3);
+    EXPECT_EQ(typed, "-+t");
     driver->Pass(std::chrono::milliseconds(1100));
     form.list.TypeAhead = false;
     driver->UserTypesAhead(form.list, "z");

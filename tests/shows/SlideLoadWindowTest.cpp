@@ -184,6 +184,24 @@ class SlideLoadWindowTest : public EditorTest {
         Type(list, keyCode, shift);
         return ran;
     }
+    /// The same for a key that types a character.
+    std::string Typing(forms::Control& list, forms::Menu& menu, int keyCode, int shift,
+                       const std::string& character) {
+        std::string ran;
+        for (forms::Menu* entry : menu.Entries())
+            entry->Install([&ran, entry] { ran += entry->Name(); });
+        list.SetFocus();
+        Key(list, true, keyCode, shift);
+        list.Deliver(forms::CharacterEvent{character, nullptr});
+        Key(list, false, keyCode, shift);
+        return ran;
+    }
+    /// The minus key goes down, or repeats.
+    void PressMinus(forms::Control& list) {
+        Key(list, true, KeyCode::Minus);
+        list.Deliver(forms::CharacterEvent{"-", nullptr});
+    }
+
     int named_ = 0;
 };
 
@@ -218,19 +236,20 @@ TEST_F(SlideLoadWindowTest, EachKeyOfTheViewListRunsTheEntryThatNamesIt) {
     EXPECT_EQ(named_, 21);
 }
 
-TEST_F(SlideLoadWindowTest, CharactersAreKeysToo) {
+TEST_F(SlideLoadWindowTest, CharactersAreKeysOnAnyLayout) {
     SlideLoadFrm& e = Editor();
-    EXPECT_EQ(RunsOf(e.File1, e.Menu1.mnuMenu1, KeyCode::Equals, 0), "mnuAddAll");
-    EXPECT_EQ(RunsOf(e.File1, e.Menu1.mnuMenu1, KeyCode::Equals, ShiftMask::Shift), "");
-    EXPECT_EQ(RunsOf(e.File1, e.Menu1.mnuMenu1, KeyCode::Minus, 0), "");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Minus, 0), "mnuMoveFileUp");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Subtract, 0), "mnuMoveFileUp");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Minus, ShiftMask::Shift), "");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Equals, ShiftMask::Shift), "mnuMoveFileDown");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Add, 0), "mnuMoveFileDown");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Equals, 0), "");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Tilde, ShiftMask::Shift), "mnuReverseOrder");
-    EXPECT_EQ(RunsOf(e.ListView, e.Menu2.mnuMenu2, KeyCode::Tilde, 0), "");
+    // The keys that type them are others from layout to layout.
+    for (const auto& [code, shift] : std::vector<std::pair<int, int>>{
+             {KeyCode::Equals, 0}, {KeyCode::Digit0, ShiftMask::Shift}, {KeyCode::Other, 0}}) {
+        EXPECT_EQ(Typing(e.File1, e.Menu1.mnuMenu1, code, shift, "="), "mnuAddAll");
+        EXPECT_EQ(Typing(e.File1, e.Menu1.mnuMenu1, code, shift, "+"), "");
+        EXPECT_EQ(Typing(e.File1, e.Menu1.mnuMenu1, code, shift, "-"), "");
+        EXPECT_EQ(Typing(e.ListView, e.Menu2.mnuMenu2, code, shift, "-"), "mnuMoveFileUp");
+        EXPECT_EQ(Typing(e.ListView, e.Menu2.mnuMenu2, code, shift, "+"), "mnuMoveFileDown");
+        EXPECT_EQ(Typing(e.ListView, e.Menu2.mnuMenu2, code, shift, "~"), "mnuReverseOrder");
+        EXPECT_EQ(Typing(e.ListView, e.Menu2.mnuMenu2, code, shift, "="), "");
+    }
+    EXPECT_EQ(RunsOf(e.File1, e.Menu1.mnuMenu1, KeyCode::Equals, 0), "");
 }
 
 TEST_F(SlideLoadWindowTest, CharactersThatAreKeysLookForNoRow) {
@@ -256,7 +275,7 @@ TEST_F(SlideLoadWindowTest, AHeldKeyCountsOnce) {
     list.ListIndex = 4;
     list.SetFocus();
     for (int repeat = 0; repeat < 5; ++repeat)
-        Key(list, true, KeyCode::Minus);
+        PressMinus(list);
     EXPECT_EQ(Letters(), "abcde");
     Key(list, false, KeyCode::Minus);
     EXPECT_EQ(Letters(), "abced");
@@ -272,11 +291,11 @@ TEST_F(SlideLoadWindowTest, AKeyThatWasPressedElsewhereIsNone) {
     Key(list, false, KeyCode::Minus);  // it went down in another window
     EXPECT_EQ(Letters(), "abc");
     Editor().File1.SetFocus();
-    Key(list, true, KeyCode::Minus);
+    PressMinus(list);
     list.SetFocus();
     Key(list, false, KeyCode::Minus);
     EXPECT_EQ(Letters(), "abc");
-    Key(list, true, KeyCode::Minus);
+    PressMinus(list);
     Editor().File1.SetFocus();
     list.SetFocus();
     Key(list, false, KeyCode::Minus);

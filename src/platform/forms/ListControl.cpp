@@ -328,7 +328,8 @@ bool ListControl::TypingAhead() const {
 }
 
 void ListControl::TypedAhead(const std::string& character) {
-    if (!TypeAhead || RowCount() == 0 || NeverTypeAhead.find(character) != std::string::npos) return;
+    if (OnCharacter && OnCharacter(character)) return;
+    if (!TypeAhead || RowCount() == 0) return;
     if (!TypingAhead()) typed_.clear();
     typedAt_ = OwnerForm().App().GetToolkit().Now();
     const bool again = typed_ == character;  // the same letter goes from row to row

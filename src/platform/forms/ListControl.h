@@ -29,8 +29,9 @@ class ListControl : public RowControl, public MouseHandlers {
     Property<forms::MultiSelect> MultiSelect{this, &ListControl::AssignMultiSelect, MultiSelect::None};
     /// Whether typed characters look for a row that begins with them.
     bool TypeAhead = true;
-    /// Characters that never do so, since they are commands of the list.
-    std::string NeverTypeAhead;
+    /// A character was typed, on whatever layout, after the key event of its key; one comes for each repetition of a held
+    /// key. True: it is a command of the list, and looks for no row.
+    std::function<bool(const std::string& character)> OnCharacter;
     /// Whether a mark shows the place to which something that is dragged over the list would go.
     bool ShowsInsertionMark = false;
 

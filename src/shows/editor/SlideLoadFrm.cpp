@@ -186,7 +186,6 @@ void SlideLoadFrm::InstallKeys() {
     };
     // The letters are accelerators of the buttons that do the same.
     for (const Key& key : {Key{FunctionKey(9), ShiftMask::None, Menu1.mnuInverse1},
-                           {KeyCode::Equals, ShiftMask::None, Menu1.mnuAddAll},
                            {KeyCode::Insert, ShiftMask::None, Menu1.mnuAddSelected},
                            {FunctionKey(8), ShiftMask::Shift, Menu1.mnuExploreFolder},
                            {FunctionKey(11), ShiftMask::Shift, Menu1.mnuCopyFiles},
@@ -204,13 +203,8 @@ void SlideLoadFrm::InstallKeys() {
                            {KeyCode::Delete, ShiftMask::None, Menu2.mnuRemoveSelected},
                            {FunctionKey(3), ShiftMask::None, Menu2.mnuEditDescription},
                            {FunctionKey(4), ShiftMask::None, Menu2.mnuClearDescriptions},
-                           {KeyCode::Minus, ShiftMask::None, Menu2.mnuMoveFileUp},
-                           {KeyCode::Subtract, ShiftMask::None, Menu2.mnuMoveFileUp},
-                           {KeyCode::Equals, ShiftMask::Shift, Menu2.mnuMoveFileDown},
-                           {KeyCode::Add, ShiftMask::None, Menu2.mnuMoveFileDown},
                            {FunctionKey(7), ShiftMask::None, Menu2.mnuMoveToTop},
                            {FunctionKey(8), ShiftMask::None, Menu2.mnuMoveToBottom},
-                           {KeyCode::Tilde, ShiftMask::Shift, Menu2.mnuReverseOrder},
                            {KeyCode::Insert, ShiftMask::None, Menu2.mnuRandomizeOrder},
                            {FunctionKey(8), ShiftMask::Shift, Menu2.mnuExploreShowFolder},
                            {FunctionKey(8), ShiftMask::Ctrl, Menu2.mnuExploreSlideFolder},
@@ -224,8 +218,10 @@ void SlideLoadFrm::InstallKeys() {
                            {FunctionKey(5), ShiftMask::Ctrl, Menu2.mnuViewAnimatedGIF2},
                            {FunctionKey(12), ShiftMask::None, Menu2.mnuViewImage2}})
         slideKeys_.On(key.keyCode, key.shift, [&entry = key.entry] { entry.Click(); });
-    File1.NeverTypeAhead = "=";
-    ListView.NeverTypeAhead = "-+~";
+    sourceKeys_.On("=", [this] { Menu1.mnuAddAll.Click(); });
+    slideKeys_.On("-", [this] { Menu2.mnuMoveFileUp.Click(); });
+    slideKeys_.On("+", [this] { Menu2.mnuMoveFileDown.Click(); });
+    slideKeys_.On("~", [this] { Menu2.mnuReverseOrder.Click(); });
 }
 
 void SlideLoadFrm::Form_Load() {
