@@ -15,7 +15,7 @@ namespace tavrix {
 struct TransferItem {
     std::string from;
     std::string to;
-    std::string name;  ///< as progress and questions tell it
+    std::string name;       ///< as progress and questions tell it
     std::string told = {};  ///< the source as a failure tells it; empty: as it is spelled
 };
 

@@ -5,10 +5,10 @@
 #include "filing/deleting/DeleteFolderFrm.h"
 #include "filing/deleting/DeleteImgFrm.h"
 #include "filing/deleting/RenameImgFrm.h"
+#include "filing/floppies/FloppyCommands.h"
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveCurrentImg.h"
 #include "filing/moving/frmMoveImages.h"
-#include "filing/floppies/FloppyCommands.h"
 #include "filing/shell/ShellCommands.h"
 
 namespace tavrix {

@@ -421,7 +421,8 @@ TEST_F(SaverSetupTest, WhereTheDesktopGuardsItsSaverThereIsNoPasswordAndTheDelay
     module.OsPlatformId = 2;
     module.config.PasswordDelay = 3;
     SaverSetup& dialog = OpenWith({});
-    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "Feature disabled: locking the screen is left to the desktop.");
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(),
+              "Feature disabled: locking the screen is left to the desktop.");
     EXPECT_FALSE(dialog.ComboPassDelay.Enabled);
     EXPECT_FALSE(dialog.CmdPassChange.Enabled);
     EXPECT_EQ(dialog.ComboPassDelay.ListIndex.Get(), 3);

@@ -130,7 +130,8 @@ TEST_P(StageFault, AShowIsPlayedAndItsSlidesRemovedWithAnyCallFailing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Services, StageFault,
-                         ::testing::Values(Service::Files, Service::Pictures, Service::Sound, Service::Wakefulness));
+                         ::testing::Values(Service::Files, Service::Pictures, Service::Sound,
+                                           Service::Wakefulness));
 
 /// Whether a fault came while a saver stepped, which remembers its slide.
 bool SaveScreenWithFault(Service service, int call) {

@@ -149,8 +149,7 @@ TEST_F(OpenFrmDeleteTest, TheImageOnShowIsKeptWhateverItsCase) {
 
 TEST_F(OpenFrmDeleteTest, OtherKeysAndOtherListsDeleteNothing) {
     InDialogWithSecond([&](OpenFrm& dialog) {
-        for (const int key :
-             {forms::KeyCode::Back, forms::KeyCode::Insert, forms::KeyCode::Space, int{'D'}})
+        for (const int key : {forms::KeyCode::Back, forms::KeyCode::Insert, forms::KeyCode::Space, int{'D'}})
             Type(dialog, key);
         dialog.File1.SetFocus();
         dialog.File1.Deliver(forms::KeyEvent{true, forms::KeyCode::Delete, 0, nullptr});

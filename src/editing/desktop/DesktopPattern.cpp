@@ -23,8 +23,7 @@ void mnuGetDesktopPattern_Click(MainViewFrm& view) {
          .notWritten = "Unable to write pattern image to a temporary file."},
         [&] {
             module.app.MessageBox({.text = "Sorry, this command has not been finished yet -- check " +
-                                           ProductAddress() +
-                                           " for a newer version of this software..."});
+                                           ProductAddress() + " for a newer version of this software..."});
         });
 }
 

@@ -24,9 +24,9 @@ struct PictureInfo {
 
 /// What a decoder knows after its first step, which looks at the headers alone.
 struct PictureHeader {
-    PictureInfo info{};       ///< whether some pixels are transparent is not told here
-    bool known = false;       ///< there seems to be a picture; otherwise `info` says nothing
-    std::string_view reason{};///< why there is none; a few words for developers
+    PictureInfo info{};         ///< whether some pixels are transparent is not told here
+    bool known = false;         ///< there seems to be a picture; otherwise `info` says nothing
+    std::string_view reason{};  ///< why there is none; a few words for developers
 };
 
 /// Whoever waits for a picture.

@@ -11,7 +11,7 @@ namespace tavrix {
 /// pixels, which nobody changes any more (except for rows that are still arriving).
 struct Picture {
     std::shared_ptr<const ArrivingSurface> pixels;  ///< null: no picture
-    std::string format;                             ///< "bmp", "jpg", "gif", "png", "ico", "cur", "wmf", "emf"
+    std::string format;  ///< "bmp", "jpg", "gif", "png", "ico", "cur", "wmf", "emf"
     int frames = 1;
     bool transparent = false;  ///< some pixels are not opaque
 
