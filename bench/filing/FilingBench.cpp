@@ -30,9 +30,10 @@ int main(int count, char** arguments) {
     DriveMap map(sources);
     HostFiles files(map, HostPaths{});
     headless::HeadlessServices rest;
-    const Services services{files,       rest.drives,   rest.profile,   rest.registry,    rest.store,
-                            rest.shell,  rest.pictures, rest.clipboard, rest.sound,       rest.help,
-                            rest.system, rest.process,  rest.viewLib,   rest.wakefulness, rest.desktop};
+    const Services services{files,        rest.drives,      rest.profile,  rest.registry,
+                            rest.store,   rest.shell,       rest.pictures, rest.clipboard,
+                            rest.sound,   rest.help,        rest.system,   rest.process,
+                            rest.viewLib, rest.wakefulness, rest.desktop,  rest.saverPassword};
     headless::HeadlessToolkit toolkit;
     forms::Application app(toolkit);
     MainModule module(app, services);

@@ -91,9 +91,10 @@ class HostProcess {
     DriveMap map;
     HostFiles files{map, HostPaths{}};
     HostDrives drives{map};
-    Services services{files,       drives,        rest.profile,   rest.registry,    rest.store,
-                      rest.shell,  rest.pictures, rest.clipboard, rest.sound,       rest.help,
-                      rest.system, rest.process,  rest.viewLib,   rest.wakefulness, rest.desktop};
+    Services services{files,        drives,           rest.profile,  rest.registry,
+                      rest.store,   rest.shell,       rest.pictures, rest.clipboard,
+                      rest.sound,   rest.help,        rest.system,   rest.process,
+                      rest.viewLib, rest.wakefulness, rest.desktop,  rest.saverPassword};
     forms::Application app{toolkit};
     MainModule module{app, services};
 };
