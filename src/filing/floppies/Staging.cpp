@@ -4,6 +4,7 @@
 #include <array>
 #include <ranges>
 #include <set>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -23,15 +24,10 @@ std::string AsidePathOf(const MainModule& module, const std::string& name) {
     return GetTempFolder(module) + name + AsideEnding;
 }
 
-/// Puts one file back. False when it could not be.
+/// Puts one file back in the place of the copy that stands there. False when it could not be.
 bool PutBack(const MainModule& module, const std::string& name) {
-    Files& files = module.platform.files;
-    const std::string aside = AsidePathOf(module, name);
-    const std::string path = GetTempFolder(module) + name;
-    // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
-    if (!files.HasExactly(aside) || files.HasExactly(path)) return true;
     try {
-        return files.Move(aside, path);
+        return module.platform.files.Move(AsidePathOf(module, name), GetTempFolder(module) + name);
     } catch (const RuntimeError&) {
         return false;
     }
@@ -65,14 +61,19 @@ Staging::Staging(const MainModule& module, const std::vector<std::string>& names
 }
 
 void Staging::SetAside() {
-    setAside_ = true;
     Files& files = module_.platform.files;
     for (const char* name : FilesOfEdits) {
         const std::string path = GetTempFolder(module_) + name;
         const bool wanted = std::ranges::any_of(paths_ | std::views::values, [&](const std::string& staged) {
             return EqualIgnoringCase(staged, path);
         });
-        if (wanted && files.FileExists(path)) files.Rename(path, AsidePathOf(module_, name));
+        if (!wanted) continue;
+        try {
+            files.Rename(path, AsidePathOf(module_, name));
+            aside_.emplace_back(name);
+        } catch (const RuntimeError& error) {
+            if (error.Number() != ErrorNumber::FileNotFound) throw;
+        }
     }
     // A copy over a file of another spelling would have that one's name.
     for (const std::string& path : paths_ | std::views::values) {
@@ -88,9 +89,7 @@ void Staging::Clear() {
         });
     }
     staged_.clear();
-    if (!setAside_) return;
-    setAside_ = false;
-    for (const std::string name : FilesOfEdits) {
+    for (const std::string& name : std::exchange(aside_, {})) {
         if (PutBack(module_, name) || PutBack(module_, name)) continue;
         module_.app.MessageBox({.text = "The image that was edited is now in the file:" +
                                         std::string(NewLine2) + AsidePathOf(module_, name),
@@ -99,8 +98,12 @@ void Staging::Clear() {
 }
 
 void PutBackSetAside(const MainModule& module) {
-    for (const std::string name : FilesOfEdits)
-        static_cast<void>(PutBack(module, name));
+    Files& files = module.platform.files;
+    for (const std::string name : FilesOfEdits) {
+        // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
+        const bool newer = files.HasExactly(GetTempFolder(module) + name);
+        if (!newer && files.HasExactly(AsidePathOf(module, name))) static_cast<void>(PutBack(module, name));
+    }
 }
 
 }  // namespace tavrix

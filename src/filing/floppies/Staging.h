@@ -32,7 +32,7 @@ class Staging {
     const MainModule& module_;
     std::map<std::string, std::string> paths_;  ///< by name
     std::vector<std::string> staged_;
-    bool setAside_ = false;
+    std::vector<std::string> aside_;  ///< names of what is set aside
 };
 
 /// Puts back what a process that was killed has left set aside. For the start.
