@@ -30,6 +30,8 @@ class Staging {
 
   private:
     const MainModule& module_;
+    /// Asked for once: a temporary folder that is away for a moment must not become another one in the middle.
+    std::string folder_;
     std::map<std::string, std::string> paths_;  ///< by name
     std::vector<std::string> staged_;
     std::vector<std::string> aside_;  ///< names of what is set aside
