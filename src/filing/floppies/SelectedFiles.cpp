@@ -18,13 +18,14 @@ constexpr const char* NoName = ":";
 
 }  // namespace
 
-SelectedFiles::SelectedFiles(forms::Form& form, MainModule& module, std::function<std::string()> folder)
+SelectedFiles::SelectedFiles(forms::Container& container, MainModule& module,
+                             std::function<std::string()> folder)
     : module_(module),
-      lblFiles(form, "lblFiles"),
-      File1(form, "File1", module.platform.files, PatternOf(ImagesShown::All)),
-      CmdAll(form, "CmdAll"),
-      CmdNone(form, "CmdNone"),
-      CmdInverse(form, "CmdInverse"),
+      lblFiles(container, "lblFiles"),
+      File1(container, "File1", module.platform.files, PatternOf(ImagesShown::All)),
+      CmdAll(container, "CmdAll"),
+      CmdNone(container, "CmdNone"),
+      CmdInverse(container, "CmdInverse"),
       folder_(std::move(folder)) {
     lblFiles.Caption = "Select File(s):";
     lblFiles.SetBuddy(File1);

@@ -16,8 +16,8 @@ namespace tavrix {
 /// The part of a window in which image files are selected: their list, the buttons that select, and the Delete key.
 class SelectedFiles {
   public:
-    /// To be a member of the form. `folder` is where the listed files lie, with a backslash at the end.
-    SelectedFiles(forms::Form& form, MainModule& module, std::function<std::string()> folder);
+    /// To be a member of the form; its controls lie in the container. `folder` is where the listed files lie, with a backslash at the end.
+    SelectedFiles(forms::Container& container, MainModule& module, std::function<std::string()> folder);
     SelectedFiles(const SelectedFiles&) = delete;
     SelectedFiles& operator=(const SelectedFiles&) = delete;
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <ranges>
 #include <set>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -19,19 +20,14 @@ constexpr std::array<const char*, 2> FilesOfEdits{"Untitled.BMP", "~undo.tmp"};
 /// No image has a name that ends so, and none is staged under it.
 constexpr const char* AsideEnding = ".aside";
 
-std::string AsidePathOf(const MainModule& module, const std::string& name) {
-    return GetTempFolder(module) + name + AsideEnding;
+std::string AsideNameOf(const std::string& name) {
+    return name + AsideEnding;
 }
 
-/// Puts one file back. False when it could not be.
-bool PutBack(const MainModule& module, const std::string& name) {
-    Files& files = module.platform.files;
-    const std::string aside = AsidePathOf(module, name);
-    const std::string path = GetTempFolder(module) + name;
-    // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
-    if (!files.HasExactly(aside) || files.HasExactly(path)) return true;
+/// Puts one file back in the place of the copy that stands there. False when it could not be.
+bool PutBack(const MainModule& module, const std::string& folder, const std::string& name) {
     try {
-        return files.Move(aside, path);
+        return module.platform.files.Move(folder + AsideNameOf(name), folder + name);
     } catch (const RuntimeError&) {
         return false;
     }
@@ -48,7 +44,8 @@ std::string FreeName(const std::string& name, const std::set<std::string>& taken
 
 }  // namespace
 
-Staging::Staging(const MainModule& module, const std::vector<std::string>& names) : module_(module) {
+Staging::Staging(const MainModule& module, const std::vector<std::string>& names)
+    : module_(module), folder_(GetTempFolder(module)) {
     std::set<std::string> taken;
     for (const std::string& name : names)
         taken.insert(UpperCase(name));
@@ -60,19 +57,24 @@ Staging::Staging(const MainModule& module, const std::vector<std::string>& names
             taken.insert(staged);
         }
         used.insert(staged);
-        paths_[name] = GetTempFolder(module_) + staged;
+        paths_[name] = folder_ + staged;
     }
 }
 
 void Staging::SetAside() {
-    setAside_ = true;
     Files& files = module_.platform.files;
     for (const char* name : FilesOfEdits) {
-        const std::string path = GetTempFolder(module_) + name;
+        const std::string path = folder_ + name;
         const bool wanted = std::ranges::any_of(paths_ | std::views::values, [&](const std::string& staged) {
             return EqualIgnoringCase(staged, path);
         });
-        if (wanted && files.FileExists(path)) files.Rename(path, AsidePathOf(module_, name));
+        if (!wanted) continue;
+        try {
+            files.Rename(path, folder_ + AsideNameOf(name));
+            aside_.emplace_back(name);
+        } catch (const RuntimeError& error) {
+            if (error.Number() != ErrorNumber::FileNotFound) throw;
+        }
     }
     // A copy over a file of another spelling would have that one's name.
     for (const std::string& path : paths_ | std::views::values) {
@@ -88,19 +90,23 @@ void Staging::Clear() {
         });
     }
     staged_.clear();
-    if (!setAside_) return;
-    setAside_ = false;
-    for (const std::string name : FilesOfEdits) {
-        if (PutBack(module_, name) || PutBack(module_, name)) continue;
+    for (const std::string& name : std::exchange(aside_, {})) {
+        if (PutBack(module_, folder_, name) || PutBack(module_, folder_, name)) continue;
         module_.app.MessageBox({.text = "The image that was edited is now in the file:" +
-                                        std::string(NewLine2) + AsidePathOf(module_, name),
+                                        std::string(NewLine2) + folder_ + AsideNameOf(name),
                                 .icon = forms::BoxIcon::Exclamation});
     }
 }
 
 void PutBackSetAside(const MainModule& module) {
-    for (const std::string name : FilesOfEdits)
-        static_cast<void>(PutBack(module, name));
+    Files& files = module.platform.files;
+    const std::string folder = GetTempFolder(module);
+    for (const std::string name : FilesOfEdits) {
+        // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
+        const bool newer = files.HasExactly(folder + name);
+        if (!newer && files.HasExactly(folder + AsideNameOf(name)))
+            static_cast<void>(PutBack(module, folder, name));
+    }
 }
 
 }  // namespace tavrix

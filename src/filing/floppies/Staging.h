@@ -30,9 +30,11 @@ class Staging {
 
   private:
     const MainModule& module_;
+    /// Asked for once: a temporary folder that is away for a moment must not become another one in the middle.
+    std::string folder_;
     std::map<std::string, std::string> paths_;  ///< by name
     std::vector<std::string> staged_;
-    bool setAside_ = false;
+    std::vector<std::string> aside_;  ///< names of what is set aside
 };
 
 /// Puts back what a process that was killed has left set aside. For the start.

@@ -24,15 +24,15 @@ class frmCopyFloppy final : public forms::Form {
 
   public:
     forms::Frame Frame1{*this, "Frame1"};
-    SelectedFiles Files{*this, module_, [this] { return disk_.Root(); }};
-    forms::CommandButton CmdNewDisk{*this, "CmdNewDisk"};
+    SelectedFiles Files{Frame1, module_, [this] { return disk_.Root(); }};
+    forms::CommandButton CmdNewDisk{Frame1, "CmdNewDisk"};
     forms::Frame Frame2{*this, "Frame2"};
-    forms::Label lblDrives{*this, "lblDrives"};
-    forms::DriveListBox Drive2{*this, "Drive2", module_.platform.files, module_.platform.drives};
-    forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir2{*this, "Dir2", module_.platform.files};
-    forms::CommandButton CmdNewFolder{*this, "CmdNewFolder"};
-    forms::CommandButton CmdFF{*this, "CmdFF"};
+    forms::Label lblDrives{Frame2, "lblDrives"};
+    forms::DriveListBox Drive2{Frame2, "Drive2", module_.platform.files, module_.platform.drives};
+    forms::Label lblFolders{Frame2, "lblFolders"};
+    forms::DirListBox Dir2{Frame2, "Dir2", module_.platform.files};
+    forms::CommandButton CmdNewFolder{Frame2, "CmdNewFolder"};
+    forms::CommandButton CmdFF{Frame2, "CmdFF"};
     forms::CommandButton CmdCopy{*this, "CmdCopy"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
 

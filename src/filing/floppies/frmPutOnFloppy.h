@@ -25,12 +25,12 @@ class frmPutOnFloppy final : public forms::Form {
 
   public:
     forms::Frame Frame1{*this, "Frame1"};
-    forms::Label lblDrives{*this, "lblDrives"};
-    forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
-    forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
-    SelectedFiles Files{*this, module_, [this] { return Lists.Folder(); }};
-    forms::CommandButton CmdFF{*this, "CmdFF"};
+    forms::Label lblDrives{Frame1, "lblDrives"};
+    forms::DriveListBox Drive1{Frame1, "Drive1", module_.platform.files, module_.platform.drives};
+    forms::Label lblFolders{Frame1, "lblFolders"};
+    forms::DirListBox Dir1{Frame1, "Dir1", module_.platform.files};
+    SelectedFiles Files{Frame1, module_, [this] { return Lists.Folder(); }};
+    forms::CommandButton CmdFF{Frame1, "CmdFF"};
     forms::CommandButton CmdCopy{*this, "CmdCopy"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
