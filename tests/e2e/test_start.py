@@ -1,6 +1,7 @@
 """Command lines, and what stands on the screen after them."""
 
 import os
+import shutil
 import signal
 import subprocess
 import sys
@@ -139,6 +140,7 @@ class StartTest(ProgramTest):
     def test_program_that_has_moved(self):
         moved = os.path.join(self.home.folder, "elsewhere")
         os.mkdir(moved)
+        shutil.copy(self.home.settings, moved)
         text = ("The path to this program is not the same as the path found in the system registry, Tavrix may have "
                 f"been re-installed and/or moved.\n\n{drive_path(moved)}\\TAVRIX.EXE\n\nDo you want to make this your "
                 "default one?")

@@ -10,6 +10,7 @@
 #include "filing/floppies/frmDiskcopy.h"
 #include "filing/floppies/frmPutOnFloppy.h"
 #include "support/FaultSweep.h"
+#include "support/QuietMachine.h"
 #include "viewer/OneProcess.h"
 
 namespace tavrix::test {
@@ -72,8 +73,7 @@ class FloppyFaultTest : public ::testing::TestWithParam<std::tuple<Doing, ErrorN
   protected:
     static bool RunWithFault(const Doing& doing, int call, ErrorNumber number) {
         headless::HeadlessServices machine;
-        machine.store.Set("EXEPath", "C:\\Tavrix\\");
-        machine.store.Set("ProgramRun", "1");
+        MakeQuiet(machine);
         machine.disks.InsertDisk('A');
         machine.disks.PutFile("A:\\a.bmp", "disk a");
         machine.disks.PutFile("A:\\UNTITLED.BMP", "disk untitled");
