@@ -246,12 +246,16 @@ class Gallery {
         DrawForm(find);
         auto& duplicates = app_.Load<frmDuplicateFiles>(view, OtherSubsystems{});
         duplicates.Show();
-        QTimer::singleShot(300, [] {
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, [] {
             // The question whether to begin.
-            for (QPushButton* button : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
+            const QWidget* box = QApplication::activeModalWidget();
+            if (box == nullptr) return;
+            for (QPushButton* button : box->findChildren<QPushButton*>()) {
                 if (button->text().contains("OK")) button->click();
             }
         });
+        answer.start(100);
         duplicates.CmdFind.OnClick();
         DrawForm(duplicates);
         module_.config.FavoriteFiles.fill("");
