@@ -76,7 +76,7 @@ class Machine {
         services_ = std::make_unique<Services>(
             Services{*files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell,
                      rest_.pictures, rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process,
-                     rest_.viewLib, rest_.wakefulness, rest_.desktop});
+                     rest_.viewLib, rest_.wakefulness, rest_.desktop, rest_.saverPassword});
         module_ = std::make_unique<MainModule>(app_, *services_);
     }
     [[nodiscard]] MainModule& Module() { return *module_; }

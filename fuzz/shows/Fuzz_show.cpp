@@ -83,7 +83,7 @@ void WriteAndReadAgain(Machine& machine) {
 
     const int boxes = machine.toolkit.BoxesShown();
     WriteSaverFile(module, Path);
-    Require(ReadSaverFile(module, Path));
+    Require(ReadSaverFile(module, Path).whole);
     Require(machine.toolkit.BoxesShown() == boxes);
     for (int i = 0; i <= count; ++i) {
         const bool last = i == count;

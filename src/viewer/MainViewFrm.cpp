@@ -6,7 +6,6 @@
 #include "base/Text.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
-#include "core/NotYet.h"
 #include "core/SystemDialogs.h"
 #include "core/UnsavedImage.h"
 #include "core/WaitFrm.h"
@@ -167,7 +166,6 @@ void MainViewFrm::OpenStartDialogs() {
     const auto open = [&](StartDialog dialog, forms::Menu& entry, bool also = false) {
         if (StartAction != dialog && always != static_cast<std::int16_t>(dialog) && !also) return;
         WaitUntilAlone(*this);
-        if (StartAction == dialog && !entry.Installed()) TellNotYet(App(), std::string(entry.Caption));
         entry.Click();
     };
     open(StartDialog::About, menu.mnuAbout, module_.FirstRun);

@@ -134,7 +134,7 @@ TEST_F(FolderButtonTest, TheFailureNamesTheEntry) {
     ExpectError("Unable to change directory to Quick Path 3.", ErrorNumber::DeviceUnavailable);
     Choose("Three");
     EXPECT_EQ(Now(), At("C:\\Pictures"));
-    platform.faults.FailNth(Service::Files, 1, ErrorNumber::PermissionDenied);
+    platform.faults.FailNth(Service::Files, 2, ErrorNumber::PermissionDenied);
     ExpectError("Unable to change directory to Quick Path 4.", ErrorNumber::PermissionDenied);
     Choose("Four");
     EXPECT_EQ(Now(), At("C:\\Pictures"));

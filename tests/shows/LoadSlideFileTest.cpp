@@ -295,7 +295,7 @@ class SaverTargetTest : public LoadingTest {
 TEST_F(SaverTargetTest, TakesTheShowAndBeginsWithItsFirstImage) {
     module.config.LastSlideShow = "c:\\tavrix\\SLIDES\\b.tvs";
     EXPECT_TRUE(InFolders([](LoadSlideFile& dialog) { Press(dialog.CmdOK); }));
-    EXPECT_EQ(settings.file, "C:\\tavrix\\SLIDES\\b.tvs");
+    EXPECT_EQ(settings.file, "C:\\Tavrix\\SLIDES\\b.tvs");  // as the disk spells it
     EXPECT_EQ(settings.read, Texts{settings.file});
     EXPECT_EQ(Saved("ImageLastDisplayed"), "0");
     EXPECT_EQ(module.config.ImageLastDisplayed, 0);

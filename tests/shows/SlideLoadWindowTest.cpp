@@ -29,16 +29,17 @@ TEST_F(SlideLoadOpeningTest, TheMenuOpensItInThePlaceOfTheMainView) {
     EXPECT_EQ(Editor().HelpContext, HelpContext::SlideShowEditor);
 }
 
-TEST_F(SlideLoadOpeningTest, EachCommandWordOpensIt) {
-    for (const std::string word : {"SHOW", "s", "Slide", "slide show", "SLIDES", "/S"}) {
-        ASSERT_TRUE(Start(word)) << word;
-        EXPECT_TRUE(IsOpen()) << word;
-        Press(Editor().CmdCancel);
-        EXPECT_FALSE(IsOpen());
-        // Another start of the program.
-        View().Hide();
-    }
+class SlideLoadWordTest : public SlideLoadOpeningTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(SlideLoadWordTest, OpensTheEditor) {
+    ASSERT_TRUE(Start(GetParam()));
+    EXPECT_TRUE(IsOpen());
+    Press(Editor().CmdCancel);
+    EXPECT_FALSE(IsOpen());
 }
+
+INSTANTIATE_TEST_SUITE_P(CommandWords, SlideLoadWordTest,
+                         ::testing::Values("SHOW", "s", "Slide", "slide show", "SLIDES", "/S"));
 
 TEST_F(SlideLoadOpeningTest, TheStartDialogOpensIt) {
     Setting("StartupDialog", "2");

@@ -1,4 +1,5 @@
 #include "ViewerTest.h"
+#include "settings/frmTip.h"
 
 namespace tavrix::test {
 namespace {
@@ -74,9 +75,17 @@ TEST_F(ActivationTest, TipsAreShownForAnyNumberButZero) {
     EXPECT_EQ(opened, Names{"mnuTipOfDay"});
 }
 
-TEST_F(ActivationTest, TheTipIsNotHiddenBehindATopmostWindow) {
+class TipAtStartTest : public ViewerTest {};
+
+TEST_F(TipAtStartTest, TheTipIsNotHiddenBehindATopmostWindow) {
+    platform.disks.PutFile("C:\\Tavrix\\TIPOFDAY.DAT", "That there are tips?\n");
     Setting("TopMostWindow", "True");
     platform.store.Set("Show Tips at Startup", "1");
+    std::vector<bool> topmost;
+    toolkit.OnModal("frmTip", [&] {
+        topmost.push_back(Window().topmost);
+        app.Unload(*app.Loaded<frmTip>());
+    });
     ASSERT_TRUE(Start());
     EXPECT_EQ(topmost, std::vector<bool>{false});
     EXPECT_TRUE(Window().topmost);

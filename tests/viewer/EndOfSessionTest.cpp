@@ -28,9 +28,10 @@ TEST_F(EndOfSessionTest, SavesAndLeavesTheWorkingFile) {
 }
 
 TEST_F(EndOfSessionTest, SavesNothingWithoutTheMainView) {
+    const auto before = platform.disks.Content(SettingsPath);
     module.config.QualityJPG = 3;
     SaveForEndOfSession(module);
-    EXPECT_FALSE(platform.disks.Exists(SettingsPath));
+    EXPECT_EQ(platform.disks.Content(SettingsPath), before);
 }
 
 }  // namespace

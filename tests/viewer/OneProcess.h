@@ -17,6 +17,9 @@ class OneProcess {
     explicit OneProcess(headless::HeadlessServices& machine) : machine_(machine) {
         machine.process.ended = false;
         WireProgram(module, lives_);
+        // What a start shows where it cannot read that it is not to.
+        for (const char* name : {"frmTip", "frmAbout"})
+            toolkit.OnModal(name, [this, name] { Unload(name); });
     }
 
     /// Runs something that the user does; whether the process ended.
@@ -42,6 +45,14 @@ class OneProcess {
     forms::Application app{toolkit};
 
   private:
+    void Unload(const std::string& name) {
+        for (int i = 0; i < app.FormCount(); ++i) {
+            if (app.FormAt(i).Name() != name) continue;
+            app.Unload(app.FormAt(i));
+            return;
+        }
+    }
+
     headless::HeadlessServices& machine_;
 
   public:

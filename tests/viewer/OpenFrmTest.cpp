@@ -438,11 +438,8 @@ TEST_F(OpenFrmTest, AFolderThatDisappearsTakesNothingWithIt) {
         Pass(500);
 
         Select(dialog, 2);
-        ExpectQuestion(
-            "Are you sure you want to send the following file to the Recycle Bin?\r\n\r\nC:\\p\\c.bmp",
-            Answer::Yes);
         Expect({.text = "Unable to send the file to the Recycle Bin, it has not been "
-                        "deleted:\r\n\r\nC:\\p\\c.bmp\r\n\r\nFile not found...",
+                        "deleted:\r\n\r\nC:\\p\\c.bmp\r\n\r\nPath not found...",
                 .icon = forms::BoxIcon::Stop});
         Type(dialog, forms::KeyCode::Delete);
         EXPECT_EQ(dialog.File1.ListCount(), 0);

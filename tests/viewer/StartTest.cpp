@@ -238,11 +238,6 @@ INSTANTIATE_TEST_SUITE_P(
                       WordCase{"o", StartDialog::Open}, WordCase{"Thumbnail", StartDialog::ThumbnailBrowser},
                       WordCase{"/t", StartDialog::ThumbnailBrowser}));
 
-TEST_F(StartTest, ADialogThatThisVersionLacksIsToldOf) {
-    Expect({.text = "This version of Tavrix does not have Browse Folder yet..."});
-    ASSERT_TRUE(Start("THUMBNAIL"));
-}
-
 TEST_F(StartTest, ALowerCaseDriveIsRaisedInTheListAndTheImageStays) {
     PutPicture("C:\\p\\x.jpg", 30, 20);
     ASSERT_TRUE(Start("c:\\p\\x.jpg"));

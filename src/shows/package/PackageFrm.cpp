@@ -39,7 +39,7 @@ PackageFrm::PackageFrm(forms::Application& application, MainModule& module, Prog
     Caption = PackageTitle;
     HelpContext = HelpContext::PackageShow;
     Frame1.Caption = "Select Slide Show File:";
-    lblDrives.Caption = "&Drive:";
+    lblDrives.Caption = "D&rive:";
     lblDrives.SetBuddy(Drive1);
     lblFolders.Caption = "Fo&lder:";
     lblFolders.SetBuddy(Dir1);
