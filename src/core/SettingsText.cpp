@@ -25,7 +25,8 @@ void SettingsReader::Keep(const std::string& key, const std::string& value) {
 }
 
 void SettingsReader::KeepShared(const std::string& key, const std::string& value) {
-    module_.PerhapsCut[key] = value;
+    // A key that is missing yet is written with the others.
+    if (section_.Has(key)) module_.PerhapsCut[key] = value;
 }
 
 bool SettingsReader::OnlyFalseClears(const std::string& key) const {

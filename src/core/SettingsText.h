@@ -24,7 +24,7 @@ class SettingsReader {
     /// Remembers what became of a text that may have been cut.
     void Keep(const std::string& key, const std::string& value);
     /// Remembers what became of a text that another process of ours may write meanwhile: the settings of the screen saver
-    /// beside a main view. Like one that may have been cut, it is written only once it has changed here.
+    /// beside a main view. Like one that may have been cut, it is written only once it has changed here, or where it is missing.
     void KeepShared(const std::string& key, const std::string& value);
 
     /// False only for the text FALSE; missing gives true.

@@ -36,7 +36,7 @@ class FindingTest(ProgramTest):
         return [row.name for row in dialog.find("list", name).children()]
 
     def wait_rows(self, dialog, wanted):
-        wait_until(lambda: self.rows(dialog) == wanted, lambda: f"{wanted}; there are {self.rows(dialog)}")
+        wait_until(lambda: self.rows(dialog) == wanted, lambda: f"{wanted}; there are {self.rows(dialog)}; {self.status(dialog)}")
 
     def status(self, dialog):
         return dialog.find("graphic", "Status").description
@@ -65,7 +65,9 @@ class FindingTest(ProgramTest):
 
     def select_drives(self, dialog, *letters):
         self.press(dialog, "Select NONE")
-        for row in dialog.find("list", "Select Drive(s):").children():
+        drives = dialog.find("list", "Select Drive(s):")
+        wait_until(lambda: not any(row.has("selected") for row in drives.children()), "no drive selected")
+        for row in drives.children():
             if row.name[0] in letters:
                 x, y, width, height = row.extents
                 self.screen.click(x + width // 4, y + height // 2)
