@@ -25,8 +25,7 @@ void SettingsReader::Keep(const std::string& key, const std::string& value) {
 }
 
 void SettingsReader::KeepShared(const std::string& key, const std::string& value) {
-    // A key that is missing yet is written with the others.
-    if (section_.Has(key)) module_.PerhapsCut[key] = value;
+    module_.PerhapsCut[key] = value;
 }
 
 bool SettingsReader::OnlyFalseClears(const std::string& key) const {
@@ -75,8 +74,22 @@ void SettingsWriter::Single(const std::string& key, float value) {
 
 void SettingsWriter::Text(const std::string& key, const std::string& value) {
     const auto cut = module_.PerhapsCut.find(key);
-    if (cut != module_.PerhapsCut.end() && cut->second == value) return;
-    entries_.emplace_back(key, value);
+    if (cut != module_.PerhapsCut.end() && cut->second == value) {
+        unchanged_.emplace_back(key, value);
+    } else {
+        entries_.emplace_back(key, value);
+    }
+}
+
+void SettingsWriter::WriteTo(const std::string& file) const {
+    std::vector<ProfileEntry> entries = entries_;
+    if (!unchanged_.empty()) {
+        const ProfileSection present = module_.platform.profile.Read(ViewerSection, file);
+        for (const ProfileEntry& entry : unchanged_) {
+            if (!present.Has(entry.first)) entries.push_back(entry);
+        }
+    }
+    module_.platform.profile.Write(ViewerSection, entries, file);
 }
 
 }  // namespace tavrix

@@ -61,7 +61,8 @@ class SettingsWriter {
     }
     /// The decimal text of a single-precision number.
     void Single(const std::string& key, float value);
-    /// A text, unless it is one that may have been cut when it was read and has not changed since.
+    /// A text. One that may have been cut when it was read, or that is shared, and has not changed since, is written only
+    /// where the file has none.
     void Text(const std::string& key, const std::string& value);
     void EmptyText(const std::string& key) { entries_.emplace_back(key, ""); }
     template <std::size_t Count>
@@ -71,13 +72,12 @@ class SettingsWriter {
     }
 
     /// Writes to a settings file; failures are those of Profile::Write.
-    void WriteTo(const std::string& file) const {
-        module_.platform.profile.Write(ViewerSection, entries_, file);
-    }
+    void WriteTo(const std::string& file) const;
 
   private:
     const MainModule& module_;
     std::vector<ProfileEntry> entries_;
+    std::vector<ProfileEntry> unchanged_;
 };
 
 }  // namespace tavrix

@@ -23,6 +23,7 @@ DelPackageFrm::DelPackageFrm(forms::Application& application, MainModule& module
     : Form(application, {.name = "DelPackageFrm"}), module_(module) {
     Caption = "Tavrix - [Delete Package]";
     HelpContext = HelpContext::DeletePackage;
+    lblMsg.WordWrap = true;
     lblDrives.Caption = "D&rive:";
     lblDrives.SetBuddy(Drive1);
     lblFolders.Caption = "Fo&lder:";
