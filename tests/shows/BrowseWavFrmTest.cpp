@@ -86,7 +86,7 @@ TEST_F(BrowseWavFrmTest, OkPutsThePathIntoTheOptions) {
     Select("b.MID");
     Press(dialog.CmdOK);
     EXPECT_EQ(Options().txtWavFile.Text.Get(), "C:\\m\\b.MID");
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<BrowseWavFrm>(), nullptr);
 }
 
 TEST_F(BrowseWavFrmTest, ADoubleClickIsOk) {
@@ -94,7 +94,7 @@ TEST_F(BrowseWavFrmTest, ADoubleClickIsOk) {
     Select("a.wav");
     dialog.Chooser.File1.Deliver(forms::DoubleClickEvent{});
     EXPECT_EQ(Options().txtWavFile.Text.Get(), "C:\\m\\a.wav");
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<BrowseWavFrm>(), nullptr);
 }
 
 TEST_F(BrowseWavFrmTest, CancelLeavesTheOptionsAlone) {

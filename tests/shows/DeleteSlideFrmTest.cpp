@@ -574,7 +574,7 @@ TEST_F(DeleteSlideFrmTest, TheDialogStaysWhileItWorks) {
     ExpectTold(Done);
     Press(dialog.CmdDelete);
     Press(dialog.CmdCancel);
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<DeleteSlideFrm>(), nullptr);
 }
 
 TEST_F(DeleteSlideFrmTest, AnySingleFailureEndsInAReport) {

@@ -255,7 +255,7 @@ TEST_F(SlideOptionsFrmTest, AnEmptyFileFieldIsAccepted) {
     Press(dialog.CmdOK);
     EXPECT_EQ(module.config.SoundMode, 1);
     EXPECT_EQ(module.config.SoundFile, "");
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<SlideOptionsFrm>(), nullptr);
 }
 
 TEST_F(SlideOptionsFrmTest, QuotationMarksNeverReachTheShowsFile) {
@@ -293,7 +293,7 @@ TEST_F(SlideOptionsFrmTest, CancelCopiesNothing) {
     Tick(dialog.CheckCopy, true);
     dialog.ComboInterval.ListIndex = 3;
     Press(dialog.CmdCancel);
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<SlideOptionsFrm>(), nullptr);
     EXPECT_TRUE(SameOptions(before, module.config));
     EXPECT_EQ(module.config.SaveSlides, before.SaveSlides);
     EXPECT_FALSE(module.show.ShowChanged);
