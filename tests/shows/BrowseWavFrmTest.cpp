@@ -182,7 +182,7 @@ TEST_F(BrowseWavFrmTest, ASoundStopsWithTheDialog) {
         if (way == 0) Press(dialog.CmdOK);
         if (way == 1) Press(dialog.CmdCancel);
         if (way == 2) dialog.Deliver(forms::CloseEvent{});
-        EXPECT_TRUE(dialog.Unloaded());
+        EXPECT_EQ(app.Loaded<BrowseWavFrm>(), nullptr);
         EXPECT_EQ(Sent(), (Calls{"PlayWave (, 3)"})) << way;
         app.Unload(Options());
     }
