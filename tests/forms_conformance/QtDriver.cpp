@@ -47,7 +47,7 @@ using namespace forms;
 /// One process-wide side of the window system for all tests.
 class ProcessEnvironment final : public testing::Environment {
   public:
-    void SetUp() override { process_ = std::make_unique<qt::QtProcess>("forms_conformance_qt"); }
+    void SetUp() override { process_ = std::make_unique<qt::QtProcess>("forms_conformance_qt_tests"); }
     void TearDown() override { process_.reset(); }
 
   private:

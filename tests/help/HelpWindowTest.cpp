@@ -24,7 +24,7 @@ namespace {
 
 class HelpWindowTest : public ::testing::Test {
   protected:
-    static void SetUpTestSuite() { process_ = std::make_unique<qt::QtProcess>("help_window_test"); }
+    static void SetUpTestSuite() { process_ = std::make_unique<qt::QtProcess>("help_window_tests"); }
     static void TearDownTestSuite() { process_.reset(); }
 
     static QWidget* Find() {

@@ -24,7 +24,7 @@ constexpr int LargePoints = 16;
 class ProcessEnvironment final : public testing::Environment {
   public:
     void SetUp() override {
-        process_ = std::make_unique<qt::QtProcess>("test_windows_qt");
+        process_ = std::make_unique<qt::QtProcess>("windows_qt_tests");
         if (!HasLargeFont()) return;
         QFont font = QApplication::font();
         font.setPointSize(LargePoints);
