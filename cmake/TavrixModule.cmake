@@ -50,18 +50,40 @@ function(tavrix_module name folder)
     endif()
 endfunction()
 
+# How the tests are compiled. The modules are what is measured and shipped; optimising the tests as far would double the
+# time to build them.
+function(tavrix_test_options name)
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+        target_compile_options(${name} PRIVATE -O1)
+    elseif(TAVRIX_SANITIZE)
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE tavrix_options)
+endfunction()
+
+# The program NAME, a test, is one of those that also run with sanitizers.
+add_custom_target(sanitized_tests)
+function(tavrix_sanitized name)
+    add_dependencies(sanitized_tests ${name})
+    set_property(TEST ${name} APPEND PROPERTY LABELS sanitized)
+endfunction()
+
 # tavrix_test(NAME SOURCES source... DEPENDS module... [LIBRARIES library...] [ENVIRONMENT VAR=value...])
-# A GoogleTest program of the modules that it names; CTest runs it as one test.
+# A GoogleTest program of the modules that it names; CTest runs it as one test. Those without the toolkit also run with
+# sanitizers (label and target `sanitized_tests`): the toolkit and what it loads have leaks of their own.
 function(tavrix_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES;ENVIRONMENT" ${ARGN})
     list(TRANSFORM ARG_DEPENDS PREPEND tavrix_)
     add_executable(${name} ${ARG_SOURCES})
-    # The modules are what is measured and shipped; optimising the tests as far would double the time to build them.
-    if(CMAKE_BUILD_TYPE STREQUAL "Release")
-        target_compile_options(${name} PRIVATE -O1)
+    tavrix_test_options(${name})
+    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} GTest::gtest_main ${ARG_LIBRARIES})
+    if(tavrix_program IN_LIST ARG_DEPENDS AND tavrix_headless IN_LIST ARG_DEPENDS AND NOT tavrix_qt IN_LIST ARG_DEPENDS)
+        target_precompile_headers(${name} REUSE_FROM program_headers)
     endif()
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tavrix_options GTest::gtest_main ${ARG_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}" TIMEOUT 300)
+    if(NOT tavrix_qt IN_LIST ARG_DEPENDS)
+        tavrix_sanitized(${name})
+    endif()
 endfunction()
