@@ -346,14 +346,19 @@ TEST_F(HelpWindowTest, ItOwnsNoOtherWindow) {
 // Pictures
 
 /// A picture for the help: at 100 % half as large as it is.
-std::string PictureLines(int width, int height) {
-    QImage picture(width, height, QImage::Format_RGB32);
-    picture.fill(Qt::red);
+std::string LinesOf(const QImage& picture) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     picture.save(&buffer, "PNG");
     return bytes.toHex().toStdString() + "\n";
+}
+
+/// A red one.
+std::string PictureLines(int width, int height) {
+    QImage picture(width, height, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    return LinesOf(picture);
 }
 
 class HelpPageTest : public HelpWindowTest {
@@ -408,6 +413,17 @@ TEST_F(HelpPageTest, APictureThatIsWiderThanTheTextIsMadeSmallerAsTheWindowIs) {
     Widget().resize(2000, Widget().height());
     Settle();
     EXPECT_DOUBLE_EQ(WidthOf("picture:red"), 1200);
+}
+
+TEST_F(HelpPageTest, APictureWithAPaletteIsMadeSmallerWithoutPoints) {
+    QImage picture(2400, 1200, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(239, 240, 241), qRgb(0, 0, 0)});
+    picture.fill(0);
+    OpenPage("![Grey](picture:grey)\n", "@picture grey\n" + LinesOf(picture));
+    const QImage shown = Shown("picture:grey").convertToFormat(QImage::Format_RGB32);
+    ASSERT_LT(shown.width(), 2400);
+    for (int x = 0; x < shown.width(); ++x)
+        ASSERT_EQ(shown.pixelColor(x, shown.height() / 2), QColor(239, 240, 241)) << x;
 }
 
 TEST_F(HelpPageTest, EachOfSeveralPicturesHasItsText) {

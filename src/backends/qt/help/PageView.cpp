@@ -46,7 +46,8 @@ QImage Decoded(std::string_view bytes) {
     QImageReader reader(&buffer, "png");
     const QSize size = reader.size();
     if (!size.isValid() || std::max(size.width(), size.height()) > LargestPicture) return {};
-    return reader.read();
+    // A palette would be kept when the picture is made smaller, and its colours be mixed of points.
+    return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 QImage TransparentPixel() {
