@@ -415,5 +415,19 @@ TEST(HelpKeysTest, NoPageTellsAnyOtherKey) {
     }
 }
 
+/// F1 in a window.
+TEST(WindowPagesTest, EveryWindowButThoseWithoutKeysHasOne) {
+    const HelpBook book = OwnBook();
+    const std::set<std::string> withoutKeys{"WaitFrm", "WaitCopyFrm", "FullViewFrm", "frmToolbar"};
+    for (const windows::Window& window : windows::EveryWindow()) {
+        const auto toolkit = windows::MakeToolkit();
+        windows::Program program(*toolkit);
+        forms::Form& form = window.load(program);
+        EXPECT_EQ(form.HelpContext == 0, withoutKeys.contains(window.name)) << window.name;
+        EXPECT_NE(book.Find(form.HelpContext), nullptr) << window.name;
+        if (&form != &program.View()) program.app.Unload(form);
+    }
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -1,6 +1,7 @@
 #include "backends/qt/help/HelpWindow.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <QApplication>
 #include <QBuffer>
@@ -464,6 +465,33 @@ TEST_F(HelpPageTest, TheWordsBelowAPictureAreFoundAndMarked) {
     EXPECT_EQ(Found(), QStringList{QStringLiteral("Five")});
     Open(5);
     EXPECT_EQ(Part<QTextBrowser>().extraSelections().size(), 1);
+}
+
+TEST_F(HelpPageTest, FiftyWindowsLeaveNothing) {
+    book = *HelpBook::Parse("TAVRIX HELP 1\n@page 0 Contents\n![Red](picture:red)\n@picture red\n" +
+                            PictureLines(2400, 1200));
+    constexpr std::size_t allowance = 128 * 1024;
+    const auto settled = [] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Settle();
+        return mallinfo2().uordblks;
+    };
+    qsizetype widgets = 0;
+    qsizetype windows = 0;
+    std::size_t bytes = 0;
+    for (int round = 0; round < 50; ++round) {
+        if (round == 5) {
+            bytes = settled();
+            widgets = QApplication::allWidgets().size();
+            windows = QGuiApplication::allWindows().size();
+        }
+        Open(0);
+        Part<QLineEdit>().setText(QStringLiteral("red"));
+        window.Close();
+    }
+    EXPECT_LT(settled(), bytes + allowance);
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
 }
 
 }  // namespace
