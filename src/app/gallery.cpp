@@ -1,7 +1,8 @@
 /// tavrix-gallery DIR [PICTURE...]
+/// tavrix-gallery --help-pictures DIR
 ///
 /// Draws every window of the program to a PNG file in DIR, or with pictures the main view with each of them, and all of
-/// these on one sheet, pictures.png. The windows stand on services in memory, so that nothing of the user's is read or
+/// these on one sheet, pictures.png; or the pictures of the help, for which scripts/help-pictures calls it. The windows stand on services in memory, so that nothing of the user's is read or
 /// written; set QT_SCALE_FACTOR=2 to see them at 200 %.
 
 #include <QApplication>
@@ -19,10 +20,12 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "app/ContactSheet.h"
+#include "app/FewColours.h"
 #include "backends/headless/HeadlessServices.h"
 #include "backends/linux/FileSource.h"
 #include "backends/qt/QtProcess.h"
@@ -65,6 +68,7 @@
 #include "lists/frmFavorites.h"
 #include "lists/frmQuickFolders.h"
 #include "program/WireProgram.h"
+#include "scenes/HelpScenes.h"
 #include "settings/SysInfoFrm.h"
 #include "settings/frmAbout.h"
 #include "settings/frmAdvanced.h"
@@ -152,6 +156,24 @@ class Gallery {
         DrawStage();
         DrawBoxes();
         DrawHelp();
+    }
+
+    /// Each picture of the help, of a program of its own.
+    void DrawHelpPictures() {
+        for (const scenes::HelpScene& scene : scenes::HelpScenes()) {
+            qt::QtToolkit toolkit([](const std::string& path) { return path; });
+            scenes::Scenery scenery(toolkit);
+            forms::Form& form = scene.load(scenery);
+            auto& view = *scenery.app.Loaded<MainViewFrm>();
+            if (&form != &view) view.Hide();
+            form.Show();
+            Settle();
+            if (auto* focused = QApplication::focusWidget()) focused->clearFocus();  // no blinking caret
+            Save(scene.name);
+            const QString file = QString::fromStdString((folder_ / (scene.name + ".png")).string());
+            WithFewColours(lastDrawn_.toImage()).save(file, "PNG", 0);
+            if (&form != &view) scenery.app.Unload(form);
+        }
     }
 
     void DrawPictures(std::span<char*> files) {
@@ -541,15 +563,20 @@ class Gallery {
 
 int main(int argc, char** argv) {
     if (argc < 2) {
-        std::fputs("usage: tavrix-gallery DIR [PICTURE...]\n", stderr);
+        std::fputs("usage: tavrix-gallery DIR [PICTURE...]\n       tavrix-gallery --help-pictures DIR\n",
+                   stderr);
         return 2;
     }
-    std::error_code error;
-    std::filesystem::create_directories(argv[1], error);
     if (std::getenv("QT_QPA_PLATFORM") == nullptr) ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const qt::QtProcess windowSystem(argv[0]);
-    Gallery gallery(argv[1]);
-    if (argc > 2)
+    const bool helpPictures = argc == 3 && std::string_view(argv[1]) == "--help-pictures";
+    const char* const folder = argv[helpPictures ? 2 : 1];
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    Gallery gallery(folder);
+    if (helpPictures)
+        gallery.DrawHelpPictures();
+    else if (argc > 2)
         gallery.DrawPictures(std::span(argv, static_cast<std::size_t>(argc)).subspan(2));
     else
         gallery.Draw();

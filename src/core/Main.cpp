@@ -5,7 +5,6 @@
 #include "core/FileServices.h"
 #include "core/FloppyPrompt.h"
 #include "core/HelpCommands.h"
-#include "core/NotYet.h"
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
 #include "core/WaitFrm.h"
@@ -103,14 +102,12 @@ class StartUp {
             EndWithoutWindow();
         module_.ScreenSaverMode = true;
         UnloadWaitWindow(module_.app);
-        if (!lives_.ShowSaverSetup) EndFor("the screen saver settings");
         Step([&] { lives_.ShowSaverSetup(); }, false);
         module_.platform.process.End();
     }
 
     void LeadShow() {
         const std::string path = NormalPath(module_.CommandText);
-        if (!lives_.LoadShowFile || !lives_.ShowStage) EndFor("slide shows");
         if (IsOnFloppy(path) && !PassesFloppyGuard(module_, path, ShowOnFloppy)) EndWithoutWindow();
         bool holdsSlides = false;
         Step([&] { holdsSlides = lives_.LoadShowFile(path); }, false);
@@ -133,13 +130,6 @@ class StartUp {
 
     void EndWithoutWindow() {
         UnloadWaitWindow(module_.app);
-        module_.platform.process.End();
-    }
-
-    /// For a life that this version cannot lead.
-    void EndFor(const std::string& missing) {
-        UnloadWaitWindow(module_.app);
-        TellNotYet(module_.app, missing);
         module_.platform.process.End();
     }
 

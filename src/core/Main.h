@@ -7,8 +7,8 @@
 
 namespace tavrix {
 
-/// The lives that a process can lead, as the composition wires them to their windows. A life but the main view may be
-/// missing: the program then says so and ends.
+/// The lives that a process can lead, as the composition wires them to their windows. All of them are set before Main
+/// is called.
 struct Lives {
     /// Shows the main view and returns.
     std::function<void()> ShowMainView;

@@ -4,7 +4,6 @@
 #include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/Folders.h"
-#include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "viewer/ImageTypes.h"
 #include "viewer/MainViewFrm.h"
@@ -20,10 +19,6 @@ void Tell(const MainViewFrm& view, const std::string& text) {
 void PlayDroppedShow(MainViewFrm& view, const std::string& path) {
     MainModule& module = view.Module();
     const Lives& lives = view.TheLives();
-    if (!lives.LoadShowFile || !lives.ShowStage) {
-        TellNotYet(module.app, "slide shows");
-        return;
-    }
     lives.EndStage();
     if (!lives.LoadShowFile(path)) {
         Tell(view, "This slide show file does not contain any images, nothing to show...");

@@ -1,10 +1,13 @@
 #include "viewer/ExitFrm.h"
 
+#include "core/HelpContexts.h"
+
 namespace tavrix {
 
 ExitFrm::ExitFrm(forms::Application& application, ExitAnswer& answer)
     : Form(application, {.name = "ExitFrm"}), answer_(answer) {
     Caption = "Tavrix - [Changes Made]";
+    HelpContext = HelpContext::SlideShowEditor;
     lblMsg.Caption = "The current slide show has changed.";
     lblQuestion.Caption = "Close without saving changes?";
     CmdSave.Caption = "&Save";

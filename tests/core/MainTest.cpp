@@ -292,25 +292,6 @@ TEST_F(MainTest, TheDiskPromptHoldsForASaverToo) {
     EXPECT_TRUE(led.empty());
 }
 
-TEST_F(MainTest, AVersionWithoutShowsSaysSoAndEnds) {
-    lives.LoadShowFile = nullptr;
-    lives.ShowStage = nullptr;
-    for (const char* text : {"C:\\shows\\x.tvs", "SCRNSAVE C:\\shows\\x.tvs", "A:\\x.tvs"}) {
-        Expect({.text = "This version of Tavrix does not have slide shows yet...",
-                .whileOpen = [this] { EXPECT_EQ(app.Loaded<WaitFrm>(), nullptr); }});
-        EXPECT_TRUE(EndsStartedWith(text)) << text;
-    }
-    EXPECT_TRUE(led.empty());
-}
-
-TEST_F(MainTest, AVersionWithoutSaverSettingsSaysSoAndEnds) {
-    lives.ShowSaverSetup = nullptr;
-    Expect({.text = "This version of Tavrix does not have the screen saver settings yet...",
-            .whileOpen = [this] { EXPECT_EQ(app.Loaded<WaitFrm>(), nullptr); }});
-    EXPECT_TRUE(EndsStartedWith("/c"));
-    EXPECT_TRUE(led.empty());
-}
-
 // Failures of the steps.
 
 TEST_F(MainTest, AStepThatFailsIsReportedAndTheNextOneFollows) {

@@ -7,30 +7,11 @@ import unittest.mock
 
 from driver import drive_path, recent_caption, wait_until
 from driver.program import PROGRAM
+from help_window import HELP, HelpWindow
 from support import ProgramTest
 
-HELP = "Tavrix Help"
 
-
-class HelpTest(ProgramTest):
-
-    def help_window(self, program):
-        window = program.window(HELP)
-        top = wait_until(lambda: next((top for top in program.root().children() if top.name == HELP
-                                       and top.has("showing")), None), "the help window on the accessibility bus")
-        return window, top
-
-    def page(self, top):
-        """The title of the page that is turned up."""
-        return next((item.name for item in top.find("tree", "Pages").children() if item.has("selected")), None)
-
-    def wait_page(self, top, title):
-        wait_until(lambda: self.page(top) == title, lambda: f"the page {title!r}; it is {self.page(top)!r}")
-
-    def press_in(self, window, *keys):
-        self.screen.activate(window)
-        wait_until(lambda: self.screen.active() == window.id, "the active window")
-        self.screen.press(*keys)
+class HelpTest(HelpWindow, ProgramTest):
 
     def test_f1_opens_the_page_of_the_main_view_and_escape_closes_it(self):
         program, main, view = self.open(400, 350)

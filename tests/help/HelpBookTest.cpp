@@ -129,5 +129,40 @@ TEST(HelpBookTest, DamagedBytesAreReadSomehow) {
     }
 }
 
+TEST(HelpBookTest, PicturesAreBytesInHexadecimal) {
+    const HelpBook book = *HelpBook::Parse(
+        "TAVRIX HELP 1\n@page 0 Contents\n![x](picture:boat)\n@picture boat\n8950\n\n4e47\n@picture Sea 2 "
+        "\r\nFFff\r\n@page 5 "
+        "Five\nfive\n");
+    EXPECT_EQ(book.PictureAt("picture:boat"), "\x89PNG");
+    EXPECT_EQ(book.PictureAt("picture:Sea 2"), "\xFF\xFF");
+    EXPECT_EQ(book.PictureAt("boat"), "");
+    EXPECT_EQ(book.PictureAt("picture:boa"), "");
+    EXPECT_EQ(book.Find(0)->body, "![x](picture:boat)\n");
+    EXPECT_EQ(book.Find(5)->body, "five\n") << "what is behind a picture is none of its bytes";
+}
+
+TEST(HelpBookTest, APictureThatIsNoneIsLeftOut) {
+    const std::string start = "TAVRIX HELP 1\n@page 0 Contents\nx\n";
+    const auto bytesOf = [&start](const std::string& text) {
+        return std::string(HelpBook::Parse(start + "@picture p\n" + text)->PictureAt("picture:p"));
+    };
+    EXPECT_EQ(bytesOf("4142\n"), "AB");
+    for (const char* text :
+         {"414\n", "41g2\n", "4142\n4 42\n", "41-1\n", "4142\nthe end\n", "0x41\n", "  41\n"})
+        EXPECT_EQ(bytesOf(text), "") << text;
+    EXPECT_EQ(bytesOf("41\n@picture p\n42\n"), "A") << "the first of a name counts";
+    EXPECT_EQ(HelpBook::Parse(start + "@picture \n4142\n")->PictureAt("picture:"), "");
+    EXPECT_EQ(HelpBook::Parse(start + "@picture p\nzz\nlost\n")->Find(0)->body, "x\n");
+}
+
+TEST(HelpBookTest, APictureThatIsTooLargeIsLeftOut) {
+    const std::string start = "TAVRIX HELP 1\n@page 0 Contents\nx\n@picture p\n";
+    const std::string line(2 * HelpBook::LargestPicture, '4');
+    EXPECT_EQ(HelpBook::Parse(start + line + "\n")->PictureAt("picture:p").size(), HelpBook::LargestPicture);
+    EXPECT_EQ(HelpBook::Parse(start + line + "\n44\n")->PictureAt("picture:p"), "");
+    EXPECT_EQ(HelpBook::Parse(start + "44\n" + line + "\n")->PictureAt("picture:p"), "");
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -1,8 +1,10 @@
 #include "backends/qt/help/HelpWindow.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
@@ -340,6 +342,156 @@ TEST_F(HelpWindowTest, ItOwnsNoOtherWindow) {
     EXPECT_EQ(qt::OwnerOfModal(box), &main);
     main.hide();
     EXPECT_EQ(qt::OwnerOfModal(box), nullptr);
+}
+
+// Pictures
+
+/// A picture for the help: at 100 % half as large as it is.
+std::string LinesOf(const QImage& picture) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return bytes.toHex().toStdString() + "\n";
+}
+
+/// A red one.
+std::string PictureLines(int width, int height) {
+    QImage picture(width, height, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    return LinesOf(picture);
+}
+
+class HelpPageTest : public HelpWindowTest {
+  protected:
+    /// Opens a page of this text, with these pictures in the book.
+    void OpenPage(const std::string& body, const std::string& pictures) {
+        book = *HelpBook::Parse("TAVRIX HELP 1\n@page 0 Contents\n" + body + "\n" + pictures);
+        Open(0);
+        Settle();
+    }
+    static QImage Shown(const char* address) {
+        return Part<QTextBrowser>()
+            .document()
+            ->resource(QTextDocument::ImageResource, QUrl(address))
+            .value<QImage>();
+    }
+    /// The width that a picture takes, in pixels at 100 %.
+    static double WidthOf(const char* address) { return Shown(address).deviceIndependentSize().width(); }
+    static QColor ColourOf(const char* address) {
+        const QImage shown = Shown(address);
+        return shown.pixelColor(shown.width() / 2, shown.height() / 2);
+    }
+};
+
+TEST_F(HelpPageTest, APictureStandsAtHalfItsSizeAboveWhatIsToBeSeen) {
+    OpenPage("before\n\n![A red field](picture:red)\n\nbehind\n", "@picture red\n" + PictureLines(300, 200));
+    EXPECT_DOUBLE_EQ(WidthOf("picture:red"), 150);
+    EXPECT_DOUBLE_EQ(Shown("picture:red").deviceIndependentSize().height(), 100);
+    EXPECT_DOUBLE_EQ(Shown("picture:red").devicePixelRatio(), Widget().devicePixelRatioF());
+    EXPECT_EQ(ColourOf("picture:red"), QColor(Qt::red));
+    const QString object(QChar::ObjectReplacementCharacter);
+    EXPECT_EQ(Part<QTextBrowser>().toPlainText(),
+              QStringLiteral("Contents\nbefore\n") + object + QStringLiteral("\nA red field\nbehind"));
+}
+
+TEST_F(HelpPageTest, APictureThatIsWiderThanTheTextIsMadeSmallerAsTheWindowIs) {
+    OpenPage("![A red field](picture:red)\n", "@picture red\n" + PictureLines(2400, 1200));
+    const auto& text = Part<QTextBrowser>();
+    const double first = WidthOf("picture:red");
+    EXPECT_LT(first, text.viewport()->width());
+    EXPECT_GT(first, text.viewport()->width() * 0.8);
+    EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+    Widget().resize(Widget().width() + 200, Widget().height());
+    Settle();
+    EXPECT_NEAR(WidthOf("picture:red"), first + 200, 2);
+    Widget().resize(600, Widget().height());
+    Settle();
+    EXPECT_LT(WidthOf("picture:red"), text.viewport()->width());
+    EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+    const QSizeF size = Shown("picture:red").deviceIndependentSize();
+    EXPECT_NEAR(size.width() / size.height(), 2, 0.05);
+    Widget().resize(2000, Widget().height());
+    Settle();
+    EXPECT_DOUBLE_EQ(WidthOf("picture:red"), 1200);
+}
+
+TEST_F(HelpPageTest, APictureWithAPaletteIsMadeSmallerWithoutPoints) {
+    QImage picture(2400, 1200, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(239, 240, 241), qRgb(0, 0, 0)});
+    picture.fill(0);
+    OpenPage("![Grey](picture:grey)\n", "@picture grey\n" + LinesOf(picture));
+    const QImage shown = Shown("picture:grey").convertToFormat(QImage::Format_RGB32);
+    ASSERT_LT(shown.width(), 2400);
+    for (int x = 0; x < shown.width(); ++x)
+        ASSERT_EQ(shown.pixelColor(x, shown.height() / 2), QColor(239, 240, 241)) << x;
+}
+
+TEST_F(HelpPageTest, EachOfSeveralPicturesHasItsText) {
+    OpenPage("![One](picture:a) ![Two](picture:b)\n\n![Three](picture:a)\n",
+             "@picture a\n" + PictureLines(20, 20) + "@picture b\n" + PictureLines(40, 40));
+    const QString text = Part<QTextBrowser>().toPlainText();
+    for (const char* words : {"One", "Two", "Three"})
+        EXPECT_TRUE(text.contains(QLatin1String(words))) << text.toStdString();
+    EXPECT_LT(text.indexOf(QLatin1String("One")), text.indexOf(QLatin1String("Two")));
+    EXPECT_EQ(text.count(QChar(QChar::ObjectReplacementCharacter)), 3);
+    EXPECT_DOUBLE_EQ(WidthOf("picture:b"), 20);
+}
+
+TEST_F(HelpPageTest, OfAPictureThatIsNoneTheTextIsThere) {
+    OpenPage("![Gone](picture:gone)\n\n![Broken](picture:broken)\n\n![Huge](picture:huge)\n",
+             "@picture broken\n89504e47\n@picture huge\n" + PictureLines(5000, 1));
+    const QString text = Part<QTextBrowser>().toPlainText();
+    for (const char* address : {"picture:gone", "picture:broken", "picture:huge"})
+        EXPECT_EQ(Shown(address).size(), QSize(1, 1)) << address;
+    for (const char* words : {"Gone", "Broken", "Huge"})
+        EXPECT_TRUE(text.contains(QLatin1String(words))) << text.toStdString();
+}
+
+TEST_F(HelpPageTest, TheNextPageHasItsOwnPictures) {
+    OpenPage("![Red](picture:red)\n",
+             "@picture red\n" + PictureLines(300, 200) + "@page 5 Five\nno picture\n");
+    Open(5);
+    EXPECT_EQ(Part<QTextBrowser>().toPlainText(), QLatin1String("Five\nno picture"));
+    Widget().resize(700, Widget().height());
+    Settle();
+    Key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(ColourOf("picture:red"), QColor(Qt::red));
+}
+
+TEST_F(HelpPageTest, TheWordsBelowAPictureAreFoundAndMarked) {
+    OpenPage("x\n\n@page 5 Five\n![A red field](picture:red)\n", "@picture red\n" + PictureLines(300, 200));
+    Part<QLineEdit>().setText(QStringLiteral("field"));
+    EXPECT_EQ(Found(), QStringList{QStringLiteral("Five")});
+    Open(5);
+    EXPECT_EQ(Part<QTextBrowser>().extraSelections().size(), 1);
+}
+
+TEST_F(HelpPageTest, FiftyWindowsLeaveNothing) {
+    book = *HelpBook::Parse("TAVRIX HELP 1\n@page 0 Contents\n![Red](picture:red)\n@picture red\n" +
+                            PictureLines(2400, 1200));
+    constexpr std::size_t allowance = 128 * 1024;
+    const auto settled = [] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Settle();
+        return mallinfo2().uordblks;
+    };
+    qsizetype widgets = 0;
+    qsizetype windows = 0;
+    std::size_t bytes = 0;
+    for (int round = 0; round < 50; ++round) {
+        if (round == 5) {
+            bytes = settled();
+            widgets = QApplication::allWidgets().size();
+            windows = QGuiApplication::allWindows().size();
+        }
+        Open(0);
+        Part<QLineEdit>().setText(QStringLiteral("red"));
+        window.Close();
+    }
+    EXPECT_LT(settled(), bytes + allowance);
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
 }
 
 }  // namespace

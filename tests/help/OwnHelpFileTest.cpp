@@ -27,6 +27,7 @@ std::set<unsigned> LinksOf(const std::string& body) {
     static const std::regex link(R"(\]\(([^)]*)\))");
     std::set<unsigned> pages;
     for (std::sregex_iterator i(body.begin(), body.end(), link), end; i != end; ++i) {
+        if ((*i)[1].str().starts_with("picture:")) continue;  // HelpPicturesTest
         const auto page = HelpBook::PageOfLink((*i)[1].str());
         EXPECT_TRUE(page) << (*i)[1];
         if (page) pages.insert(*page);

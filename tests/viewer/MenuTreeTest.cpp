@@ -209,6 +209,24 @@ TEST_F(MenuTreeTest, AnEntryWithoutAHandlerIsShownDisabledButKeepsItsValue) {
         EXPECT_TRUE(Entry(name)->State().enabled) << name;
 }
 
+/// The commands of a menu and of those below it that nothing answers to.
+std::vector<std::string> DeadEntries(const std::vector<forms::Menu*>& entries) {
+    std::vector<std::string> dead;
+    for (const forms::Menu* entry : entries) {
+        if (entry->Entries().empty() && !entry->IsSeparator() && !entry->Installed())
+            dead.push_back(entry->Name());
+        const std::vector<std::string> below = DeadEntries(entry->Entries());
+        dead.insert(dead.end(), below.begin(), below.end());
+    }
+    return dead;
+}
+
+TEST_F(MenuTreeTest, EveryCommandHasAHandler) {
+    platform.disks.PutFile("C:\\Tavrix\\TAVRIX.EXE", "");  // without it there is nothing to pack
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(DeadEntries(View().MenuBar()), std::vector<std::string>());
+}
+
 std::string PathOf(std::size_t length) {
     const std::string start = "C:\\p\\";
     return start + std::string(length - start.size() - 4, 'n') + ".jpg";

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,8 +13,6 @@
 #include <QStackedWidget>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextFrame>
-#include <QTextTable>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QUrl>
@@ -27,34 +24,6 @@
 
 namespace tavrix::qt {
 
-namespace {
-
-/// Tables with thin lines and some air, which the text format has no words for.
-void DressTables(QTextDocument& document) {
-    constexpr qreal air = 4;
-    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
-    for (QTextFrame* frame : frames) {
-        auto* table = qobject_cast<QTextTable*>(frame);
-        if (table == nullptr) continue;
-        QTextTableFormat format = table->format();
-        format.setCellPadding(air);
-        format.setCellSpacing(0);
-        format.setBorderCollapse(true);
-        format.setTopMargin(2 * air);
-        format.setBottomMargin(2 * air);
-        table->setFormat(format);
-    }
-}
-
-}  // namespace
-
-QVariant PageView::loadResource(int type, const QUrl&) {
-    if (type != QTextDocument::ImageResource) return {};
-    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
-    pixel.fill(Qt::transparent);
-    return pixel;
-}
-
 HelpWidget::HelpWidget(const HelpBook& book)
     : QWidget(nullptr, Qt::Window),
       book_(book),
@@ -63,12 +32,11 @@ HelpWidget::HelpWidget(const HelpBook& book)
       side_(new QStackedWidget),
       contents_(new QTreeWidget),
       found_(new QListWidget),
-      text_(new PageView),
+      text_(new PageView(book)),
       index_(book) {
     constexpr int sideWidth = 250;
     constexpr int textWidth = 560;
     constexpr int height = 560;
-    constexpr qreal margin = 12;
     const QString name = QStringLiteral("HelpWindow");
     setObjectName(name);
     setWindowRole(name);
@@ -88,8 +56,6 @@ HelpWidget::HelpWidget(const HelpBook& book)
     auto* restore = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_0), this);
     connect(restore, &QShortcut::activated, this, &HelpWidget::RestoreText);
 
-    text_->setOpenLinks(false);
-    text_->document()->setDocumentMargin(margin);
     auto* parts = new QSplitter;
     parts->addWidget(MakeSide());
     parts->addWidget(text_);
@@ -207,15 +173,7 @@ void HelpWidget::Display(const HelpPage& page) {
         contents_->setCurrentItem(*item);
     }
 
-    const QString title = QString::fromStdString(page.title);
-    QTextDocument& document = *text_->document();
-    document.setMarkdown(
-        QStringLiteral("# ") + title + QStringLiteral("\n\n") + QString::fromStdString(page.body),
-        QTextDocument::MarkdownFeatures(QTextDocument::MarkdownDialectGitHub) |
-            QTextDocument::MarkdownNoHTML);
-    DressTables(document);
-    text_->moveCursor(QTextCursor::Start);
-    text_->setAccessibleName(title);
+    text_->ShowPage(page);
     MarkWords();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QTextBrowser>
 #include <QWidget>
 #include <vector>
 
 #include "backends/qt/help/AlwaysUsable.h"
+#include "backends/qt/help/PageView.h"
 #include "backends/shared/help/HelpBook.h"
 #include "backends/shared/help/HelpIndex.h"
 
@@ -18,14 +18,6 @@ class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace tavrix::qt {
-
-/// A page of text that loads nothing from anywhere: pictures are a transparent pixel.
-class PageView final : public QTextBrowser {
-  public:
-    using QTextBrowser::QTextBrowser;
-
-    QVariant loadResource(int type, const QUrl& address) override;
-};
 
 /// The widgets of the help window: beside the page that is turned up stand the contents, or what a search found.
 class HelpWidget final : public QWidget {

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view Signature = "TAVRIX HELP 1";
 constexpr std::string_view PageMark = "@page ";
+constexpr std::string_view PictureMark = "@picture ";
+constexpr std::string_view PictureLinkMark = "picture:";
 constexpr std::string_view EscapeMark = "@@";
 constexpr std::string_view LinkMark = "page:";
 
@@ -48,6 +50,74 @@ std::optional<HelpPage> PageOf(std::string_view heading) {
     return HelpPage{*number, std::move(title), {}};
 }
 
+/// Appends the bytes that a line tells; false when it tells none.
+bool AppendHexadecimal(std::string& bytes, std::string_view line) {
+    if (line.size() % 2 != 0) return false;
+    for (; !line.empty(); line.remove_prefix(2)) {
+        unsigned char byte = 0;
+        const auto [end, error] = std::from_chars(line.data(), line.data() + 2, byte, 16);
+        if (error != std::errc() || end != line.data() + 2) return false;
+        bytes.push_back(static_cast<char>(byte));
+    }
+    return true;
+}
+
+/// The pages and pictures of a text, as its lines come.
+class Reader {
+  public:
+    Reader(std::vector<HelpPage>& pages, std::map<std::string, std::string, std::less<>>& pictures)
+        : pages_(pages), pictures_(pictures) {}
+
+    void Take(std::string_view line) {
+        if (line.starts_with(PageMark)) {
+            BeginPage(line.substr(PageMark.size()));
+        } else if (line.starts_with(PictureMark)) {
+            BeginPicture(Trim(line.substr(PictureMark.size())));
+        } else if (picture_ != pictures_.end()) {
+            TakeBytes(line);
+        } else if (inPage_) {
+            TakeText(line);
+        }
+    }
+
+  private:
+    void BeginPage(std::string_view heading) {
+        picture_ = pictures_.end();
+        std::optional<HelpPage> page = PageOf(heading);
+        inPage_ = page && pages_.size() < HelpBook::MostPages &&
+                  std::ranges::find(pages_, page->context, &HelpPage::context) == pages_.end();
+        if (inPage_) pages_.push_back(std::move(*page));
+    }
+
+    void BeginPicture(const std::string& name) {
+        inPage_ = false;
+        picture_ = pictures_.end();
+        if (name.empty()) return;
+        const auto [place, isNew] = pictures_.try_emplace(name);
+        if (isNew) picture_ = place;
+    }
+
+    void TakeBytes(std::string_view line) {
+        std::string& bytes = picture_->second;
+        const bool fits = bytes.size() + line.size() / 2 <= HelpBook::LargestPicture;
+        if (fits && AppendHexadecimal(bytes, line)) return;
+        bytes.clear();
+        picture_ = pictures_.end();
+    }
+
+    void TakeText(std::string_view line) {
+        if (line.starts_with(EscapeMark)) line.remove_prefix(1);
+        std::string& body = pages_.back().body;
+        if (body.size() + line.size() < HelpBook::LongestBody) body += WithoutControls(line) + '\n';
+    }
+
+    std::vector<HelpPage>& pages_;
+    std::map<std::string, std::string, std::less<>>& pictures_;
+    bool inPage_ = false;
+    std::map<std::string, std::string, std::less<>>::iterator picture_ =
+        pictures_.end();  ///< whose bytes come
+};
+
 }  // namespace
 
 std::optional<HelpBook> HelpBook::Parse(std::string_view bytes) {
@@ -60,20 +130,9 @@ std::optional<HelpBook> HelpBook::Parse(std::string_view bytes) {
     if (TakeLine(text) != Signature) return std::nullopt;
 
     HelpBook book;
-    bool inPage = false;
-    while (!text.empty()) {
-        std::string_view line = TakeLine(text);
-        if (line.starts_with(PageMark)) {
-            std::optional<HelpPage> page = PageOf(line.substr(PageMark.size()));
-            inPage = page && book.pages_.size() < MostPages && book.Find(page->context) == nullptr;
-            if (inPage) book.pages_.push_back(std::move(*page));
-            continue;
-        }
-        if (!inPage) continue;
-        if (line.starts_with(EscapeMark)) line.remove_prefix(1);
-        std::string& body = book.pages_.back().body;
-        if (body.size() + line.size() < LongestBody) body += WithoutControls(line) + '\n';
-    }
+    Reader reader(book.pages_, book.pictures_);
+    while (!text.empty())
+        reader.Take(TakeLine(text));
     if (book.pages_.empty()) return std::nullopt;
     return book;
 }
@@ -92,6 +151,12 @@ const HelpPage& HelpBook::PageOrContents(unsigned context) const {
 std::optional<unsigned> HelpBook::PageOfLink(std::string_view address) {
     if (!address.starts_with(LinkMark)) return std::nullopt;
     return Number(address.substr(LinkMark.size()));
+}
+
+std::string_view HelpBook::PictureAt(std::string_view address) const {
+    if (!address.starts_with(PictureLinkMark)) return {};
+    const auto found = pictures_.find(address.substr(PictureLinkMark.size()));
+    return found == pictures_.end() ? std::string_view() : std::string_view(found->second);
 }
 
 }  // namespace tavrix
