@@ -63,7 +63,7 @@ class Pings:
                     continue
                 came = self._x.next_event()
                 answered = (came.type == X.ClientMessage and came.client_type == protocols
-                            and came.data[1][0] == ping and came.data[1][1] == number)
+                            and tuple(came.data[1][:3]) == (ping, number, self._window))
             self._answers.append((begin, time.monotonic()))
             time.sleep(PAUSE)
 

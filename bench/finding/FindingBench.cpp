@@ -28,15 +28,16 @@
 namespace tavrix::bench {
 namespace {
 
-/// A tree with folders of 100 files, ten folders in each that holds folders; three of five files are images. With `alike`,
-/// every image has the name of 19 others; else none has. Removed at the end.
+/// A tree with folders of 100 files, ten folders in each that holds folders; `kinds` of five files are images. With
+/// `alike`, every image has the name of 19 others; else none has. Removed at the end.
 class Tree {
   public:
-    Tree(int files, bool alike)
+    Tree(int files, int kinds, bool alike)
         : folder_(std::filesystem::temp_directory_path() / ("bench_finding." + std::to_string(getpid()))) {
         constexpr int InFolder = 100;
         constexpr int Copies = 20;
-        constexpr const char* Endings[] = {".JPG", ".bmp", ".gif", ".txt", ".html"};
+        constexpr const char* Endings[] = {".JPG", ".bmp", ".gif", ".ico", ".wmf"};
+        constexpr const char* Others[] = {".txt", ".html"};
         for (int folder = 0; folder < files / InFolder; ++folder) {
             const std::filesystem::path at = folder_ / ("year " + std::to_string(folder / 100)) /
                                              ("week " + std::to_string(folder / 10 % 10)) /
@@ -44,9 +45,11 @@ class Tree {
             std::filesystem::create_directories(at);
             for (int file = 0; file < InFolder; ++file) {
                 const int number = alike ? folder / Copies * InFolder + file : folder * InFolder + file;
-                const std::string name = "IMG_" + std::to_string(1'000'000 + number) + Endings[file % 5];
+                const int kind = file % 5;
+                const char* const ending = kind < kinds ? Endings[kind] : Others[kind % 2];
+                const std::string name = "IMG_" + std::to_string(1'000'000 + number) + ending;
                 if (FILE* made = std::fopen((at / name).c_str(), "w")) std::fclose(made);
-                if (file % 5 < 3) ++images_;
+                if (kind < kinds) ++images_;
             }
         }
     }
@@ -82,12 +85,14 @@ class Machine {
     [[nodiscard]] MainModule& Module() { return *module_; }
 
     /// Walks all of it.
-    void Walk(const std::function<void(const std::string& folder, const std::string& name)>& file) {
+    void Walk(
+        const std::function<void(const std::string& folder, const std::string& name, FileNumber)>& file) {
         const bool cancelled = false;
         FindWalk walk(*module_, PatternOf(ImagesShown::All), cancelled);
-        walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names) {
-            for (const std::string& name : names)
-                file(folder, name);
+        walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names,
+                           const std::vector<FileNumber>& numbers) {
+            for (std::size_t i = 0; i < names.size(); ++i)
+                file(folder, names[i], numbers[i]);
         };
         walk.Walk("C:\\");
     }
@@ -128,15 +133,16 @@ void Expect(int count, int wanted) {
 
 void FindAll(benchmark::State& state) {
     const int files = static_cast<int>(state.range(0));
-    const Tree tree(files, false);
+    const Tree tree(files, 3, false);
     Machine machine(tree.Path());
     std::vector<double> plain, ours;
     for (auto _ : state) {
         plain.push_back(Milliseconds([&] { RunFind(tree.Path()); }));
         ours.push_back(Milliseconds([&] {
             std::vector<std::string> found;
-            machine.Walk(
-                [&](const std::string& folder, const std::string& name) { found.push_back(folder + name); });
+            machine.Walk([&](const std::string& folder, const std::string& name, FileNumber) {
+                found.push_back(folder + name);
+            });
             Expect(static_cast<int>(found.size()), tree.Images());
         }));
         state.SetIterationTime(ours.back() / 1000);
@@ -149,19 +155,21 @@ void FindAll(benchmark::State& state) {
 
 void Duplicates(benchmark::State& state, bool alike) {
     const int files = static_cast<int>(state.range(0));
-    const Tree tree(files, alike);
+    const Tree tree(files, 5, alike);
     Machine machine(tree.Path());
     std::vector<double> walk, search;
     for (auto _ : state) {
         walk.push_back(Milliseconds([&] {
             std::vector<std::string> found;
-            machine.Walk(
-                [&](const std::string& folder, const std::string& name) { found.push_back(folder + name); });
+            machine.Walk([&](const std::string& folder, const std::string& name, FileNumber) {
+                found.push_back(folder + name);
+            });
         }));
         search.push_back(Milliseconds([&] {
             LikeNames names(machine.Module().platform.files);
-            machine.Walk(
-                [&](const std::string& folder, const std::string& name) { names.Add(folder, name); });
+            machine.Walk([&](const std::string& folder, const std::string& name, FileNumber number) {
+                names.Add(folder, name, number);
+            });
             Expect(static_cast<int>(names.Paths().size()), alike ? tree.Images() : 0);
         }));
         state.SetIterationTime(search.back() / 1000);

@@ -1,5 +1,7 @@
 #include "browsing/ThumbChooser.h"
 
+#include <utility>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Folders.h"
@@ -8,15 +10,17 @@
 namespace tavrix {
 
 ThumbChooser::ThumbChooser(forms::Form& form, const MainModule& module, ThumbnailList& list)
-    : module_(module),
+    : form_(form),
+      module_(module),
       list_(list),
+      files_(form, module.platform.files, PatternOf(ImagesShown::Opening)),
       Label1(form, "Label1"),
       lblDrives(form, "lblDrives"),
       Drive1(form, "Drive1", module.platform.files, module.platform.drives),
       lblFolders(form, "lblFolders"),
-      Dir1(form, "Dir1", module.platform.files),
+      Dir1(form, "Dir1", files_),
       lblFiles(form, "lblFiles"),
-      File1(form, "File1", module.platform.files, PatternOf(ImagesShown::Opening)),
+      File1(form, "File1", files_, PatternOf(ImagesShown::Opening)),
       CmdFF(form, "CmdFF"),
       Lists(module, Drive1, Dir1, &File1, BadDrive::Program),
       FavoriteButton(form, module, CmdFF, Lists, [&module] { return QuickFoldersOf(module); }) {
@@ -27,6 +31,30 @@ ThumbChooser::ThumbChooser(forms::Form& form, const MainModule& module, Thumbnai
     lblFolders.SetBuddy(Dir1);
     lblFiles.Caption = "Select Files:";
     lblFiles.SetBuddy(File1);
+    File1.OnPathChange = [this] { OnFiles(); };
+    Lists.OnFolderChange = [this] { then_ = nullptr; };
+    files_.OnPending = [this] {
+        using Pointer = forms::MousePointer;
+        form_.MousePointer = Pending() ? Pointer::ArrowHourglass : Pointer::Default;
+        if (Pending()) OnFiles();  // else the file list follows
+    };
+    files_.OnCome = [this] { FolderCame(); };
+    files_.OnFailure = [this](const std::string& folder, const RuntimeError& error) {
+        Dir1.OnOpenFailure(folder, error);
+    };
+    if (Pending()) files_.OnPending();
+}
+
+void ThumbChooser::FolderCame() {
+    Dir1.Refresh();
+    File1.Refresh();
+    OnFiles();
+    if (const auto then = std::exchange(then_, nullptr)) then();
+}
+
+bool ThumbChooser::Awaits(std::function<void()> then) {
+    if (Pending()) then_ = std::move(then);
+    return Pending();
 }
 
 forms::Layout ThumbChooser::Folders() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "browsing/ThumbnailList.h"
@@ -7,6 +8,7 @@
 #include "core/MainModule.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Label.h"
 
 namespace tavrix {
@@ -21,8 +23,10 @@ class ThumbChooser {
     ThumbChooser& operator=(const ThumbChooser&) = delete;
 
   private:
+    forms::Form& form_;
     const MainModule& module_;
     ThumbnailList& list_;
+    LookedFiles files_;
 
   public:
     forms::Label Label1;
@@ -43,10 +47,22 @@ class ThumbChooser {
     /// The folder looked at is the current one from now on, and the hourglass stays for whoever opened the dialog.
     void End();
 
+    /// Whether the folder has yet to come from its disk.
+    [[nodiscard]] bool Pending() const { return files_.Pending(); }
+    /// This has changed, or the file list is another one.
+    std::function<void()> OnFiles = [] {};
+    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one.
+    [[nodiscard]] bool Awaits(std::function<void()> then);
+
     /// Whether there is an image in the folder; tells where there is none.
     [[nodiscard]] bool AnyFiles() const;
     /// The rows of the file list, these in their order, are the list of thumbnails from now on.
     void MakeList(const forms::RowRanges& rows);
+
+  private:
+    void FolderCame();
+
+    std::function<void()> then_;
 };
 
 }  // namespace tavrix

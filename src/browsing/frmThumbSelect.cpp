@@ -46,8 +46,16 @@ frmThumbSelect::frmThumbSelect(forms::Application& application, const MainModule
 }
 
 void frmThumbSelect::Form_Load() {
+    Chooser.OnFiles = [this] { ShowPending(); };
     Chooser.Start();
+    ShowPending();
     module_.Screen().MousePointer = forms::MousePointer::Default;
+}
+
+void frmThumbSelect::ShowPending() {
+    // Nothing can be said yet of files that have yet to come.
+    for (forms::CommandButton* button : {&CmdAll, &CmdNone, &CmdInverse})
+        button->Enabled = !Chooser.Pending();
 }
 
 void frmThumbSelect::Form_Unload(bool&) {
@@ -84,6 +92,7 @@ void frmThumbSelect::CmdInverse_Click() {
 
 void frmThumbSelect::CmdOK_Click() {
     if (module_.Busy()) return;  // the dialog is closing already
+    if (Chooser.Awaits([this] { CmdOK_Click(); })) return;
     if (!Chooser.AnyFiles()) return;
     const int count = Chooser.File1.SelectedCount();
     if (count == 0) {

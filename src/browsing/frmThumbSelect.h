@@ -22,6 +22,7 @@ class frmThumbSelect final : public forms::Form {
     void Form_Unload(bool& cancel) override;
 
   private:
+    void ShowPending();
     void CmdAll_Click();
     void CmdNone_Click();
     void CmdInverse_Click();

@@ -223,7 +223,7 @@ void FindFiles::Search() {
 
     const std::string wanted = txtSearch.Text;
     FindWalk walk(module_, words_.patterns, FindCancelled);
-    walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names) {
+    walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names, const auto&) {
         for (const std::string& name : names) {
             if (name.find(wanted) == std::string::npos) continue;
             if (FoundPaths.size() < MostListed) FoundPaths.push_back(folder + name);

@@ -25,7 +25,7 @@ void FindWalk::Walk(const std::string& folder) {
             levels.push_back(Read(WithBackslash(level.subfolders[level.next++])));
             continue;
         }
-        if (!level.files.empty()) OnFiles(level.folder, level.files);
+        if (!level.files.empty()) OnFiles(level.folder, level.files, level.numbers);
         levels.pop_back();
     }
 }
@@ -35,20 +35,26 @@ void FindWalk::Require(const std::string& folder) {
     static_cast<void>(Look(folder));
 }
 
-FolderContent FindWalk::Look(const std::string& folder) {
+FindWalk::Level FindWalk::Look(const std::string& folder) {
     const std::unique_ptr<FolderLook> look = module_.platform.files.Look(folder, patterns_);
     while (!look->Wait(static_cast<int>(Breath.count()))) {
         Breathe();
         if (cancelled_) return {};
     }
-    return look->Take();
+    FolderContent content = look->Take();
+    Level level{
+        .folder = folder, .subfolders = std::move(content.folders), .files = std::move(content.files)};
+    if (auto* const numbered = dynamic_cast<DetailedLook*>(look.get()))
+        level.numbers = numbered->TakeNumbers();
+    level.numbers.resize(level.files.size(), UnknownFileNumber);
+    return level;
 }
 
 FindWalk::Level FindWalk::Read(const std::string& folder) {
-    FolderContent content;
-    SkipFailure([&] { content = Look(folder); });
-    content.folders.resize(std::min(content.folders.size(), MostSubfolders));
-    return {.folder = folder, .subfolders = std::move(content.folders), .files = std::move(content.files)};
+    Level level{.folder = folder};
+    SkipFailure([&] { level = Look(folder); });
+    level.subfolders.resize(std::min(level.subfolders.size(), MostSubfolders));
+    return level;
 }
 
 void FindWalk::Breathe() {

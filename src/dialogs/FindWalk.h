@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/MainModule.h"
+#include "platform/services/DetailedLook.h"
 
 namespace tavrix {
 
@@ -23,9 +24,11 @@ class FindWalk {
     /// `patterns` are those of Files::List. The walk ends soon after `cancelled` has become true.
     FindWalk(const MainModule& module, std::string patterns, const bool& cancelled);
 
-    /// The files of a folder that match, in list order; the folder has a backslash at the end. Folders without such files
-    /// are not told.
-    std::function<void(const std::string& folder, const std::vector<std::string>& names)> OnFiles;
+    /// The files of a folder that match, in list order, with the numbers by which their disk knows them, one for each; the
+    /// folder has a backslash at the end. Folders without such files are not told.
+    std::function<void(const std::string& folder, const std::vector<std::string>& names,
+                       const std::vector<FileNumber>& numbers)>
+        OnFiles;
     /// Events are about to run: a moment to show how far the walk has come.
     std::function<void()> OnBreath = [] {};
 
@@ -43,10 +46,11 @@ class FindWalk {
         std::vector<std::string> subfolders{};
         std::size_t next = 0;  ///< of the subfolders
         std::vector<std::string> files{};
+        std::vector<FileNumber> numbers{};
     };
 
     /// Nothing when it was cancelled. Throws where the folder cannot be read.
-    [[nodiscard]] FolderContent Look(const std::string& folder);
+    [[nodiscard]] Level Look(const std::string& folder);
     [[nodiscard]] Level Read(const std::string& folder);
 
     const MainModule& module_;

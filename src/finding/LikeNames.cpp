@@ -1,62 +1,78 @@
 #include "finding/LikeNames.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
-#include "base/RuntimeError.h"
 #include "base/Text.h"
 
 namespace tavrix {
 
-bool LikeNames::Add(const std::string& folder, const std::string& name) {
-    const std::string path = folder + name;
-    const auto [entry, isNew] = names_.try_emplace(UpperCase(name), Name{.first = path});
-    if (isNew) return false;
+std::size_t LikeNames::KinHash::operator()(const Kin& kin) const {
+    constexpr std::uint64_t Spread = 0x9E3779B97F4A7C15U;
+    return static_cast<std::size_t>((kin.number + Spread * kin.group) * Spread);
+}
+
+bool LikeNames::Add(const std::string& folder, const std::string& name, FileNumber number) {
+    File file{.folder = NoteFolder(folder), .name = name, .number = number};
+    const auto [entry, isNew] = names_.try_emplace(UpperCase(name));
     Name& met = entry->second;
+    if (isNew) {
+        met.first = std::move(file);
+        return false;
+    }
     if (met.group != Alone) {
-        if (!Join(groups_[met.group], path)) return false;
+        if (!Join(met.group, std::move(file))) return false;
         ++count_;
         return true;
     }
-    Group pair;
-    Join(pair, met.first);
-    if (!Join(pair, path)) return false;
+    if (met.first.number == number && files_.SameEntry(PathOf(met.first), PathOf(file))) return false;
     met.group = groups_.size();
-    groups_.push_back(std::move(pair));
+    groups_.emplace_back();
+    Join(met.group, std::move(met.first));
+    Join(met.group, std::move(file));
     count_ += 2;
     return true;
 }
 
 void LikeNames::Clear() {
+    folders_.clear();
     names_.clear();
     groups_.clear();
+    kin_.clear();
     count_ = 0;
 }
 
-bool LikeNames::Join(Group& group, const std::string& path) {
-    const Looks looks = LooksOf(path);
-    const auto [begin, end] = group.byLooks.equal_range(looks);
-    const bool there = std::any_of(
-        begin, end, [&](const auto& other) { return files_.SameEntry(group.paths[other.second], path); });
-    if (there) return false;
-    group.byLooks.emplace(looks, group.paths.size());
-    group.paths.push_back(path);
+std::size_t LikeNames::NoteFolder(const std::string& folder) {
+    // They come folder by folder.
+    if (folders_.empty() || folders_.back() != folder) folders_.push_back(folder);
+    return folders_.size() - 1;
+}
+
+bool LikeNames::Join(std::size_t group, File file) {
+    if (IsThere({group, file.number}, file)) return false;
+    groups_[group].push_back(std::move(file));
     return true;
 }
 
-LikeNames::Looks LikeNames::LooksOf(const std::string& path) {
-    FileInfo info;
-    SkipFailure([&] { info = files_.Info(path); });
-    const DateTime& date = info.modified;
-    return {info.length, date.year, date.month, date.day, date.hour, date.minute, date.second};
+bool LikeNames::IsThere(const Kin& kin, const File& file) {
+    const auto [begin, end] = kin_.equal_range(kin);
+    for (auto other = begin; other != end; ++other) {
+        const std::string one = PathOf(groups_[kin.group][other->second]);
+        const std::string path = PathOf(file);
+        if (files_.SameEntry(one, path)) return true;
+        // A second name for one content. What is the same as one of them is the same as the first.
+        if (files_.Same(one, path)) return false;
+    }
+    kin_.emplace(kin, groups_[kin.group].size());
+    return false;
 }
 
 std::vector<std::string> LikeNames::Paths() const {
     std::vector<std::string> paths;
     paths.reserve(static_cast<std::size_t>(count_));
-    for (const Group& group : groups_)
-        std::copy(group.paths.rbegin(), group.paths.rend(), std::back_inserter(paths));
+    for (const auto& group : groups_) {
+        for (auto file = group.rbegin(); file != group.rend(); ++file)
+            paths.push_back(PathOf(*file));
+    }
     return paths;
 }
 

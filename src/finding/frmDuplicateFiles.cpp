@@ -260,10 +260,11 @@ bool frmDuplicateFiles::SearchDrive(const std::string& line) {
     }
     show();
     walk.OnBreath = show;
-    walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names) {
-        for (const std::string& name : names) {
+    walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names,
+                       const std::vector<FileNumber>& numbers) {
+        for (std::size_t i = 0; i < names.size(); ++i) {
             if (DupCancelled) return;
-            names_.Add(folder, name);
+            names_.Add(folder, names[i], numbers[i]);
             walk.Breathe();
         }
     };

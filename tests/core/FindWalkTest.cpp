@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <chrono>
-#include <memory>
 #include <utility>
 
 #include "support/ProgramFixture.h"
+#include "support/SleepingDisk.h"
 
 namespace tavrix::test {
 namespace {
@@ -21,7 +21,7 @@ class FindWalkTest : public ProgramFixture {
     Texts Walk(const std::string& patterns = "*.tvs", const std::string& folder = "C:\\w\\") {
         Texts found;
         FindWalk walk(module, patterns, cancelled);
-        walk.OnFiles = [&](const std::string& at, const Texts& names) {
+        walk.OnFiles = [&](const std::string& at, const Texts& names, const auto&) {
             for (const std::string& name : names)
                 found.push_back(at + name);
             if (onFiles) onFiles();
@@ -177,73 +177,6 @@ TEST_F(FindWalkTest, EventsRunAsTimePasses) {
     EXPECT_TRUE(answered);
 }
 
-/// A look that comes to its end only after some time.
-class SlowLook final : public FolderLook {
-  public:
-    SlowLook(std::unique_ptr<FolderLook> look, headless::HeadlessToolkit& toolkit, int waits)
-        : look_(std::move(look)), toolkit_(toolkit), waits_(waits) {}
-
-    bool Wait(int milliseconds) override {
-        if (waits_ == 0) return true;
-        --waits_;
-        toolkit_.Advance(forms::Milliseconds(milliseconds));
-        return false;
-    }
-    FolderContent Take() override { return look_->Take(); }
-
-  private:
-    std::unique_ptr<FolderLook> look_;
-    headless::HeadlessToolkit& toolkit_;
-    int waits_;
-};
-
-/// The files of the tests, of which one folder is on a disk that sleeps.
-class SleepingDisk final : public Files {
-  public:
-    SleepingDisk(Files& files, headless::HeadlessToolkit& toolkit) : files_(files), toolkit_(toolkit) {}
-
-    std::unique_ptr<FolderLook> Look(const std::string& folder, const std::string& patterns) override {
-        auto look = files_.Look(folder, patterns);
-        return std::make_unique<SlowLook>(std::move(look), toolkit_, folder == sleeping ? waits : 0);
-    }
-    bool FileExists(const std::string& path) override { return files_.FileExists(path); }
-    bool FolderExists(const std::string& path) override { return files_.FolderExists(path); }
-    std::string First(const std::string& pattern) override { return files_.First(pattern); }
-    std::vector<std::string> List(const std::string& folder, const std::string& patterns) override {
-        return files_.List(folder, patterns);
-    }
-    std::vector<std::string> Folders(const std::string& folder) override { return files_.Folders(folder); }
-    bool Copy(const std::string& from, const std::string& to, const GoOn& goOn) override {
-        return files_.Copy(from, to, goOn);
-    }
-    void Rename(const std::string& from, const std::string& to) override { files_.Rename(from, to); }
-    bool Move(const std::string& from, const std::string& to, const GoOn& goOn) override {
-        return files_.Move(from, to, goOn);
-    }
-    void Delete(const std::string& path) override { files_.Delete(path); }
-    FileInfo Info(const std::string& path) override { return files_.Info(path); }
-    void ClearAttributes(const std::string& path) override { files_.ClearAttributes(path); }
-    void MakeFolder(const std::string& path) override { files_.MakeFolder(path); }
-    void RemoveFolder(const std::string& path) override { files_.RemoveFolder(path); }
-    void ChangeDrive(const std::string& drive) override { files_.ChangeDrive(drive); }
-    void ChangeFolder(const std::string& folder) override { files_.ChangeFolder(folder); }
-    std::string CurrentFolder() override { return files_.CurrentFolder(); }
-    std::string ShortPath(const std::string& folder) override { return files_.ShortPath(folder); }
-    std::string Folder(KnownFolder folder) override { return files_.Folder(folder); }
-    std::unique_ptr<FileReader> Open(const std::string& path) override { return files_.Open(path); }
-    std::unique_ptr<FileWriter> Create(const std::string& path) override { return files_.Create(path); }
-    bool Same(const std::string& a, const std::string& b) override { return files_.Same(a, b); }
-    bool SameEntry(const std::string& a, const std::string& b) override { return files_.SameEntry(a, b); }
-    bool HasExactly(const std::string& path) override { return files_.HasExactly(path); }
-
-    std::string sleeping;
-    int waits = 250;
-
-  private:
-    Files& files_;
-    headless::HeadlessToolkit& toolkit_;
-};
-
 class SleepingDiskTest : public FindWalkTest {
   protected:
     SleepingDiskTest() {
@@ -259,7 +192,7 @@ class SleepingDiskTest : public FindWalkTest {
         MainModule sleeper(app, services);
         Texts found;
         FindWalk walk(sleeper, "*.tvs", cancelled);
-        walk.OnFiles = [&](const std::string& at, const Texts& names) {
+        walk.OnFiles = [&](const std::string& at, const Texts& names, const auto&) {
             found.push_back(at + names.front());
         };
         walk.OnBreath = [this] { ++breaths; };

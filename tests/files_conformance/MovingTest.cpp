@@ -1,6 +1,7 @@
 #include <string>
 
 #include "Backend.h"
+#include "platform/services/DetailedLook.h"
 
 namespace tavrix::test {
 namespace {
@@ -187,6 +188,27 @@ TEST_P(FilesConformance, LooksIntoAFolderInOnePass) {
     const FolderContent content = look->Take();
     EXPECT_EQ(content.files, (std::vector<std::string>{"A.gif", "b.bmp", "c.bmp"}));
     EXPECT_EQ(content.folders, (std::vector<std::string>{"C:\\p\\attic", "C:\\p\\Zoo"}));
+}
+
+TEST_P(FilesConformance, ALookTellsFilesApartAndWhatDoesNotCount) {
+    backend->PutFile("C:\\p\\c.bmp", "");
+    backend->PutFile("C:\\p\\B.bmp", "");
+    backend->PutFile("C:\\p\\a.txt", "");
+    backend->PutFolder("C:\\p\\attic");
+    backend->PutLink("C:\\p\\attic", "C:\\p\\Zoo.bmp");
+    backend->PutLink("C:\\p\\attic", "C:\\p\\again");
+    backend->PutLink("C:\\p\\c.bmp", "C:\\p\\a.bmp");
+    const auto look = files.Look("C:\\p", "*.bmp");
+    EXPECT_EQ(look->Take().files, (std::vector<std::string>{"a.bmp", "B.bmp", "c.bmp"}));
+    auto* const detailed = dynamic_cast<DetailedLook*>(look.get());
+    ASSERT_NE(detailed, nullptr);
+    const std::vector<FileNumber> numbers = detailed->TakeNumbers();
+    ASSERT_EQ(numbers.size(), 3U);
+    EXPECT_EQ(numbers[0], numbers[2]);
+    EXPECT_NE(numbers[0], numbers[1]);
+    for (const FileNumber number : numbers)
+        EXPECT_NE(number, UnknownFileNumber);
+    EXPECT_EQ(detailed->TakeUncounted(), (std::vector<std::string>{"C:\\p\\again", "C:\\p\\Zoo.bmp"}));
 }
 
 TEST_P(FilesConformance, ALookThatFailsTellsItInTake) {

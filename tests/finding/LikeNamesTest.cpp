@@ -5,6 +5,7 @@
 
 #include "backends/headless/HeadlessServices.h"
 #include "base/Text.h"
+#include "platform/services/ForwardingFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -107,6 +108,57 @@ TEST_F(LikeNamesTest, FilesThatLookAlikeAreTwo) {
     Add("C:\\a\\x.bmp");
     EXPECT_TRUE(Add("C:\\b\\x.bmp"));
     EXPECT_EQ(names.Count(), 2);
+}
+
+/// A disk on which all names lead to one content, and asks how often it is asked.
+class HardLinks final : public ForwardingFiles {
+  public:
+    using ForwardingFiles::ForwardingFiles;
+
+    bool Same(const std::string&, const std::string&) override { return ++asked > 0; }
+    bool SameEntry(const std::string&, const std::string&) override { return ++asked < 0; }
+
+    int asked = 0;
+};
+
+TEST_F(LikeNamesTest, WhatDisksKnowByTheSameNumberIsLookedAtAndNothingElse) {
+    Put("C:\\a\\x.bmp", "one");
+    platform.disks.PutLink("C:\\a\\x.bmp", "C:\\b\\x.bmp");
+    platform.disks.PutLink("C:\\a\\x.bmp", "C:\\c\\x.bmp");
+    Put("C:\\d\\x.bmp", "two");
+    EXPECT_FALSE(names.Add("C:\\a\\", "x.bmp", 7));
+    EXPECT_TRUE(names.Add("C:\\d\\", "x.bmp", 8));
+    EXPECT_EQ(platform.faults.Calls(Service::Files), 0);
+    EXPECT_FALSE(names.Add("C:\\b\\", "x.bmp", 7));
+    EXPECT_FALSE(names.Add("C:\\c\\", "X.BMP", 7));
+    // Another disk has such a number, too.
+    Put("C:\\e\\x.bmp", "three");
+    EXPECT_TRUE(names.Add("C:\\e\\", "x.bmp", 8));
+    platform.disks.PutLink("C:\\e\\x.bmp", "C:\\f\\x.bmp");
+    EXPECT_FALSE(names.Add("C:\\f\\", "x.bmp", 8));
+    EXPECT_EQ(names.Paths(), (Texts{"C:\\e\\x.bmp", "C:\\d\\x.bmp", "C:\\a\\x.bmp"}));
+    // What has another name may have any number.
+    EXPECT_FALSE(names.Add("C:\\a\\", "y.bmp", 7));
+    EXPECT_TRUE(names.Add("C:\\d\\", "y.bmp", 8));
+    EXPECT_EQ(names.Count(), 5);
+}
+
+TEST_F(LikeNamesTest, ThePairOfOneNumberIsLookedAt) {
+    Put("C:\\a\\x.bmp", "one");
+    platform.disks.PutLink("C:\\a\\x.bmp", "C:\\b\\x.bmp");
+    EXPECT_FALSE(names.Add("C:\\a\\", "x.bmp", 7));
+    EXPECT_FALSE(names.Add("C:\\b\\", "x.bmp", 7));
+    EXPECT_EQ(names.Count(), 0);
+}
+
+TEST_F(LikeNamesTest, ManyNamesOfOneContentAreLookedAtOnceEach) {
+    HardLinks disk(platform.files);
+    LikeNames links(disk);
+    constexpr int count = 1000;
+    for (int i = 0; i < count; ++i)
+        links.Add("C:\\" + std::to_string(i) + "\\", "x.bmp", 7);
+    EXPECT_EQ(links.Count(), count);
+    EXPECT_LE(disk.asked, 2 * count + 1);
 }
 
 TEST_F(LikeNamesTest, OnlyALikeNameIsLookedAt) {

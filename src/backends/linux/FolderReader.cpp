@@ -21,11 +21,19 @@ class FolderReader::Job {
         try {
             ReadBoth(
                 path_, [this](const std::string& name) { return patterns_.Matches(name); },
-                [this](std::string&& name, EntryKind kind) {
-                    (kind == EntryKind::File ? content_.files : content_.folders).push_back(std::move(name));
+                [this](std::string&& name, EntryKind kind, FileNumber number) {
+                    if (kind == EntryKind::Folder) {
+                        content_.folders.push_back(std::move(name));
+                    } else if (kind == EntryKind::LinkedFolder) {
+                        linked_.push_back(std::move(name));
+                    } else {
+                        content_.files.push_back(std::move(name));
+                        numbers_.push_back(number);
+                    }
                 });
-            SortAsListed(content_.files);
+            SortAsListed(content_.files, numbers_);
             SortAsListed(content_.folders);
+            SortAsListed(linked_);
         } catch (const RuntimeError& error) {
             failure_ = error;
         }
@@ -46,6 +54,9 @@ class FolderReader::Job {
         if (failure_) throw RuntimeError(*failure_);
         return std::move(content_);
     }
+    /// For after Take.
+    std::vector<FileNumber> TakeNumbers() { return std::move(numbers_); }
+    std::vector<std::string> TakeLinked() { return std::move(linked_); }
 
   private:
     std::string path_;
@@ -54,6 +65,8 @@ class FolderReader::Job {
     std::condition_variable changed_;
     bool done_ = false;
     FolderContent content_;
+    std::vector<FileNumber> numbers_;  ///< of its files
+    std::vector<std::string> linked_;  ///< subfolders that are links
     std::optional<RuntimeError> failure_;
 };
 
@@ -102,21 +115,25 @@ class FolderReader::Worker {
     bool ended_ = false;
 };
 
-class FolderReader::WorkersLook final : public FolderLook {
+class FolderReader::WorkersLook final : public DetailedLook {
   public:
-    WorkersLook(std::shared_ptr<Job> job, std::function<void(FolderContent&)> finish)
+    WorkersLook(std::shared_ptr<Job> job, FinishLook finish)
         : job_(std::move(job)), finish_(std::move(finish)) {}
 
     bool Wait(int milliseconds) override { return job_->Wait(std::chrono::milliseconds(milliseconds)); }
     FolderContent Take() override {
         FolderContent content = job_->Take();
-        finish_(content);
+        uncounted_ = job_->TakeLinked();
+        finish_(content, uncounted_);
         return content;
     }
+    std::vector<FileNumber> TakeNumbers() override { return job_->TakeNumbers(); }
+    std::vector<std::string> TakeUncounted() override { return std::move(uncounted_); }
 
   private:
     std::shared_ptr<Job> job_;
-    std::function<void(FolderContent&)> finish_;
+    FinishLook finish_;
+    std::vector<std::string> uncounted_;
 };
 
 FolderReader::~FolderReader() {
@@ -124,7 +141,7 @@ FolderReader::~FolderReader() {
 }
 
 std::unique_ptr<FolderLook> FolderReader::Begin(const std::string& hostPath, PatternList patterns,
-                                                std::function<void(FolderContent&)> finish) {
+                                                FinishLook finish) {
     auto job = std::make_shared<Job>(hostPath, std::move(patterns));
     if (!worker_ || !worker_->Give(job)) {
         // One that is still at a look that nobody waits for is left to itself.

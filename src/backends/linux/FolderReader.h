@@ -8,6 +8,7 @@
 
 #include "backends/shared/NameList.h"
 #include "base/RuntimeError.h"
+#include "platform/services/DetailedLook.h"
 #include "platform/services/Files.h"
 
 namespace tavrix {
@@ -25,17 +26,23 @@ class FailedLook final : public FolderLook {
 };
 
 /// A look that has been taken already.
-class ReadyLook final : public FolderLook {
+class ReadyLook final : public DetailedLook {
   public:
-    ReadyLook(std::vector<std::string> files, std::vector<std::string> folders)
-        : content_{std::move(files), std::move(folders)} {}
+    ReadyLook(FolderContent content, std::vector<FileNumber> numbers)
+        : content_(std::move(content)), numbers_(std::move(numbers)) {}
 
     bool Wait(int /*milliseconds*/) override { return true; }
     FolderContent Take() override { return std::move(content_); }
+    std::vector<FileNumber> TakeNumbers() override { return std::move(numbers_); }
+    std::vector<std::string> TakeUncounted() override { return {}; }
 
   private:
     FolderContent content_;
+    std::vector<FileNumber> numbers_;
 };
+
+/// Makes what was read the answer of a look: the names of subfolders become paths, and which of them do not count is seen to.
+using FinishLook = std::function<void(FolderContent& content, std::vector<std::string>& uncounted)>;
 
 /// Reads folders of this system in a thread of its own, one after the other. A system call that does not come back (a disk
 /// that sleeps, a server that is gone) holds up nobody: the thread is left to itself once its look is given up, and ends
@@ -48,9 +55,9 @@ class FolderReader {
     FolderReader& operator=(const FolderReader&) = delete;
 
     /// Begins to read a folder by its host path. `finish` runs in Take, in the caller's thread, on the names of the files
-    /// that match and of all subfolders that are no links; both are in list order.
+    /// that match and of all subfolders, those that are links apart; all are in list order.
     [[nodiscard]] std::unique_ptr<FolderLook> Begin(const std::string& hostPath, PatternList patterns,
-                                                    std::function<void(FolderContent&)> finish);
+                                                    FinishLook finish);
 
   private:
     class Worker;

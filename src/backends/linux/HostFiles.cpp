@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include "backends/shared/NameList.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "platform/services/DrivePath.h"
 
 namespace tavrix {
 namespace {
@@ -251,17 +253,29 @@ std::unique_ptr<FolderLook> HostFiles::Look(const std::string& folder, const std
     const HostDrive drive = location.drive;
     const std::string here = WithBackslash(Spelled(location, folder));
     const std::string shared = location.shared ? std::string() : drives_.SharedPathOf(location.path);
-    if (!shared.empty()) return std::make_unique<ReadyLook>(List(folder, patterns), Folders(folder));
-    return reader_.Begin(location.path, PatternList(patterns),
-                         [this, host, drive, here](FolderContent& content) {
-                             std::erase_if(content.folders, [&](const std::string& name) {
-                                 // What runs keeps its sockets and pipes there, and mounts what users see under letters of its own.
-                                 if (host == "/" && name == "run") return true;
-                                 return drives_.IsHidden(drive, host + FromDriveName(name));
-                             });
-                             for (std::string& path : content.folders)
-                                 path.insert(0, here);
-                         });
+    if (!shared.empty()) {
+        FolderContent content{List(folder, patterns), Folders(folder)};
+        std::vector<FileNumber> numbers;
+        for (const std::string& name : content.files)
+            numbers.push_back(drives_.Locate(here + name).status.st_ino);
+        return std::make_unique<ReadyLook>(std::move(content), std::move(numbers));
+    }
+    return reader_.Begin(
+        location.path, PatternList(patterns),
+        [this, host, drive, here](FolderContent& content, std::vector<std::string>& uncounted) {
+            const auto hidden = [&](const std::string& name) {
+                return drives_.IsHidden(drive, host + FromDriveName(name));
+            };
+            std::erase_if(content.folders, hidden);
+            std::erase_if(uncounted, hidden);
+            // What runs keeps its sockets and pipes there, and mounts what users see under letters of its own.
+            if (host == "/" && std::erase(content.folders, "run") != 0) uncounted.emplace_back("run");
+            for (auto* names : {&content.folders, &uncounted}) {
+                for (std::string& path : *names)
+                    path.insert(0, here);
+            }
+            std::ranges::sort(uncounted, ListsBefore);
+        });
 }
 
 void HostFiles::Delete(const std::string& path) {

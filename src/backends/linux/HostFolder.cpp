@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "backends/linux/HostFile.h"
@@ -36,10 +37,24 @@ bool Is(EntryKind kind, DIR* folder, const dirent& entry) {
     return kind == EntryKind::File ? S_ISREG(status.st_mode) : S_ISDIR(status.st_mode);
 }
 
-bool IsRealFolder(DIR* folder, const dirent& entry) {
+/// What an entry is, after a look at the disk where the folder does not tell. Nothing for what is no kind of its own.
+struct Entry {
+    std::optional<EntryKind> kind;
+    FileNumber number = UnknownFileNumber;
+};
+
+Entry EntryOf(DIR* folder, const dirent& entry) {
+    if (entry.d_type == DT_REG) return {EntryKind::File, entry.d_ino};
+    if (entry.d_type == DT_DIR) return {EntryKind::Folder};
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return {};
     struct stat status {};
-    return ::fstatat(::dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           S_ISDIR(status.st_mode);
+    if (::fstatat(::dirfd(folder), entry.d_name, &status, 0) != 0) return {};
+    if (S_ISREG(status.st_mode)) return {EntryKind::File, status.st_ino};
+    if (!S_ISDIR(status.st_mode)) return {};
+    struct stat itself {};
+    const bool link = ::fstatat(::dirfd(folder), entry.d_name, &itself, AT_SYMLINK_NOFOLLOW) != 0 ||
+                      S_ISLNK(itself.st_mode);
+    return {link ? EntryKind::LinkedFolder : EntryKind::Folder};
 }
 
 }  // namespace
@@ -61,7 +76,7 @@ void ReadFolder(const std::string& path, EntryKind kind,
 }
 
 void ReadBoth(const std::string& path, const std::function<bool(const std::string&)>& wantedFile,
-              const std::function<void(std::string&&, EntryKind)>& take) {
+              const std::function<void(std::string&&, EntryKind, FileNumber)>& take) {
     const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.c_str()));
     if (!folder) throw FolderError(errno);
     for (;;) {
@@ -71,12 +86,12 @@ void ReadBoth(const std::string& path, const std::function<bool(const std::strin
         if (entry == nullptr) return;
         if (entry->d_name[0] == '.') continue;
         std::string name = ToDriveName(entry->d_name);
-        if (entry->d_type == DT_DIR || (entry->d_type == DT_UNKNOWN && IsRealFolder(folder.get(), *entry))) {
-            take(std::move(name), EntryKind::Folder);
-        } else if (MayBe(EntryKind::File, *entry) && wantedFile(name) &&
-                   Is(EntryKind::File, folder.get(), *entry)) {
-            take(std::move(name), EntryKind::File);
-        }
+        // No look at the disk for a file that nobody wants.
+        if (entry->d_type == DT_REG && !wantedFile(name)) continue;
+        const Entry is = EntryOf(folder.get(), *entry);
+        if (!is.kind || (*is.kind == EntryKind::File && entry->d_type != DT_REG && !wantedFile(name)))
+            continue;
+        take(std::move(name), *is.kind, is.number);
     }
 }
 

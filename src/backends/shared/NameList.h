@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,5 +22,7 @@ class PatternList {
 
 /// Puts names into the order of lists, that of ListsBefore. Fast for tens of thousands of them.
 void SortAsListed(std::vector<std::string>& names);
+/// The same; `numbers` holds one for each name, which goes where its name goes.
+void SortAsListed(std::vector<std::string>& names, std::vector<std::uint64_t>& numbers);
 
 }  // namespace tavrix
