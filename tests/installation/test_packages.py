@@ -3,6 +3,7 @@ and taken away again. It needs root, debootstrap, the archive of Debian and some
 TAVRIX_PACKAGES names the folder of the packages (./package makes them). TAVRIX_BARE_ROOT names a folder that keeps the bare
 Debian for the next run."""
 
+import ctypes
 import glob
 import os
 import re
@@ -26,6 +27,9 @@ _ALWAYS = re.compile(r"^(var/(lib/(apt|dpkg|systemd)|log|cache)/|etc/ld\.so\.cac
                      r"usr/lib/python3|home/)")
 
 
+_CLONE_NEWNS = 0x20000
+
+
 def why_not():
     if not _PACKAGES:
         return "TAVRIX_PACKAGES names no folder of packages"
@@ -45,6 +49,20 @@ def run(*command, **options):
     if result.returncode:
         raise AssertionError(f"{command} ended with {result.returncode}:\n{result.stdout[-4000:]}")
     return result.stdout
+
+
+def enter_own_mounts():
+    """From here on no mount is seen by others, and each ends with this process, however that ends."""
+    if ctypes.CDLL(None, use_errno=True).unshare(_CLONE_NEWNS):
+        raise OSError(ctypes.get_errno(), "unshare")
+    run("mount", "--make-rprivate", "/")
+
+
+def remove(folder):
+    """Removes a folder, but never what is still mounted in it."""
+    with open("/proc/self/mounts", encoding="utf-8") as file:
+        if not any(line.split()[1].startswith(folder + "/") for line in file):
+            shutil.rmtree(folder, ignore_errors=True)
 
 
 class BareDebian:
@@ -108,7 +126,8 @@ class PackagesTest(unittest.TestCase):
     def setUpClass(cls):
         from driver import Session
         cls.folder = tempfile.mkdtemp(prefix="tavrix-packages.")
-        cls.addClassCleanup(shutil.rmtree, cls.folder, ignore_errors=True)
+        cls.addClassCleanup(remove, cls.folder)
+        enter_own_mounts()
         cls.debian = BareDebian(cls.folder)
         cls.addClassCleanup(cls.debian.close)
         cls.debian.root_runs("apt-get", "update", "--quiet")
@@ -180,6 +199,7 @@ class PackagesTest(unittest.TestCase):
     def upgraded(self, package):
         """The package with the next version."""
         unpacked = os.path.join(self.folder, "upgrade", os.path.basename(package))
+        os.makedirs(os.path.dirname(unpacked), exist_ok=True)
         run("dpkg-deb", "--raw-extract", package, unpacked)
         control = os.path.join(unpacked, "DEBIAN", "control")
         with open(control, encoding="utf-8") as file:
