@@ -2,15 +2,21 @@
 
 #include <utility>
 
+#include "backends/linux/Installation.h"
+#include "platform/services/DesktopStart.h"
+
 namespace tavrix {
 HostPlatform::HostPlatform(std::vector<std::string> arguments)
-    : driveMap(DriveMap::SourcesOf(paths)), process(driveMap, paths, std::move(arguments)) {}
+    : driveMap(DriveMap::SourcesOf(paths)), process(driveMap, paths, std::move(arguments)) {
+    NoteFirstStart(paths, process, store);
+}
 
 void HostPlatform::PrefetchPicture() {
     const std::string commandLine = process.CommandLine();
+    const auto desktopStart = DesktopStartOf(commandLine);
+    const std::string& path = desktopStart ? desktopStart->file : commandLine;
     // A word, a switch or a floppy's path is not looked at before its time.
-    if (!commandLine.starts_with("C:\\")) return;
-    pictures.Expect(commandLine);
+    if (path.starts_with("C:\\")) pictures.Expect(path);
 }
 
 }  // namespace tavrix

@@ -2,12 +2,14 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/CommandWords.h"
 #include "core/FileServices.h"
 #include "core/FloppyPrompt.h"
 #include "core/HelpCommands.h"
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
 #include "core/WaitFrm.h"
+#include "platform/services/DesktopStart.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -15,7 +17,7 @@ namespace {
 
 using forms::BoxIcon;
 
-constexpr const char* SaverWord = "SCRNSAVE";
+constexpr std::string_view SaverWord = WordOf(Command::Saver);
 constexpr const char* SaverTitle = "Screen Saver Main Form";
 constexpr const char* SaverSettingsTitle = "Tavrix - [Screen Saver Settings]";
 
@@ -79,14 +81,17 @@ class StartUp {
         module_.StartedAsShow = false;
         module_.ScreenSaverMode = false;
         if (StartsSaver(text)) {
-            text = Trim(From(text, std::string(SaverWord).size()));
+            text = Trim(From(text, SaverWord.size()));
             module_.ScreenSaverMode = true;
         }
+        if (text == OpenOption) text.clear();
     }
 
     void LeadALife() {
         const std::string& text = module_.CommandText;
-        if (UpperCase(Trim(text)) == "C") {
+        if (DesktopStartOf(text)) {  // also where the file is a show
+            lives_.ShowMainView();
+        } else if (EqualIgnoringCase(Trim(text), WordOf(Command::SaverSettings))) {
             LeadSaverSettings();
         } else if (EndsInIgnoringCase(text, ".TVS")) {
             LeadShow();

@@ -13,6 +13,7 @@
 #include "backends/linux/HostPaths.h"
 #include "backends/linux/HostProcess.h"
 #include "backends/linux/HostUserStore.h"
+#include "backends/linux/Installation.h"
 #include "base/RuntimeError.h"
 
 namespace {
@@ -20,12 +21,9 @@ namespace {
 int Install(const std::string& program) {
     const tavrix::HostPaths paths = tavrix::HostPaths::FromEnvironment(program);
     tavrix::DriveMap drives(tavrix::DriveMap::SourcesOf(paths));
-    std::string folder = tavrix::HostProcess(drives, paths, {}).Path();
-    if (!folder.ends_with('\\')) folder.push_back('\\');
-
+    tavrix::HostProcess process(drives, paths, {});
     tavrix::HostUserStore store(paths);
-    store.Set("EXEPath", folder);
-    if (store.Get("EXEPath", {}) != folder) {
+    if (!tavrix::NoteInstallation(process, store)) {
         std::fprintf(stderr, "tavrix-install: the folder could not be noted in %s\n", paths.config.c_str());
         return 1;
     }

@@ -146,6 +146,7 @@ void MainViewFrm::Form_Activate() {
     UnloadWaitWindow(App());
     module_.DoEvents();
     if (module_.ShowDisplayDialog) OpenDisplayProperties();
+    if (OpenFromDesktop(*this)) WaitUntilAlone(*this);  // it may play a show
 
     std::string tips = "1";
     SkipFailure([&] { tips = module_.platform.store.Get("Show Tips at Startup", "1"); });

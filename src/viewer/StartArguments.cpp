@@ -1,27 +1,21 @@
 #include "viewer/StartArguments.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
-#include <string_view>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "core/CommandWords.h"
 #include "core/FloppyPrompt.h"
 #include "core/Folders.h"
 #include "core/ImageKinds.h"
+#include "platform/services/DesktopStart.h"
+#include "platform/services/DrivePath.h"
+#include "viewer/DropFiles.h"
+#include "viewer/ImageTypes.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 namespace {
-
-using namespace std::string_view_literals;
-
-constexpr std::array HelpWords{"?"sv, "HELP"sv, "H"sv};
-constexpr std::array AboutWords{"ABOUT"sv, "A"sv};
-constexpr std::array EditorWords{"SHOW"sv, "S"sv, "SLIDE"sv, "SLIDE SHOW"sv, "SLIDES"sv};
-constexpr std::array OpenWords{"OPEN"sv, "O"sv};
-constexpr std::array ThumbnailWords{"THUMBNAIL"sv, "T"sv};
 
 /// Whether a command line names an image, by its last four characters. An ending of five never matches, on purpose:
 /// such a name is no command.
@@ -29,10 +23,6 @@ bool NamesImage(const std::string& command) {
     const std::string ending = UpperCase(Right(command, 4));
     return std::ranges::any_of(ImageKinds,
                                [&](const ImageKind& kind) { return kind.opens && kind.ending == ending; });
-}
-
-bool IsOneOf(const std::string& word, std::span<const std::string_view> words) {
-    return std::ranges::find(words, word) != words.end();
 }
 
 /// Whether the image is on show now.
@@ -49,21 +39,33 @@ bool ShowImage(MainViewFrm& view, const std::string& path) {
     return true;
 }
 
+/// Whether the file of a start from the desktop's menus is on show with the window's first look. What is not, and why, is
+/// OpenFromDesktop's matter.
+bool ShowDesktopFile(MainViewFrm& view, const DesktopStart& start) {
+    MainModule& module = view.Module();
+    if (start.file.empty()) return !module.CurrentImage.empty() && ShowImage(view, module.CurrentImage);
+    const std::string path = FullPath(module, start.file);
+    const bool isElse =
+        IsImportOnly(path) || EndsInIgnoringCase(path, ".TVS") || EndsInIgnoringCase(path, ".LNK");
+    return !isElse && ShowImage(view, path);
+}
+
 void ObeyCommandWord(MainViewFrm& view) {
     MainModule& module = view.Module();
-    const std::string word = UpperCase(module.CommandText);
-    if (IsOneOf(word, HelpWords)) {
+    const auto* const word = CommandOf(module.CommandText);
+    const auto command = word != nullptr ? std::optional(word->command) : std::nullopt;
+    if (command == Command::Help) {
         module.app.MessageBox(
             {.text = "Start the program normally (don't pass command line parameters) and press the "
                      "F1 key to view help on this product..."});
         module.platform.process.End();
-    } else if (IsOneOf(word, AboutWords)) {
+    } else if (command == Command::About) {
         view.StartAction = StartDialog::About;
-    } else if (IsOneOf(word, EditorWords)) {
+    } else if (command == Command::SlideShowEditor) {
         view.StartAction = StartDialog::SlideShowEditor;
-    } else if (IsOneOf(word, OpenWords)) {
+    } else if (command == Command::Open) {
         view.StartAction = StartDialog::Open;
-    } else if (IsOneOf(word, ThumbnailWords)) {
+    } else if (command == Command::ThumbnailBrowser) {
         view.StartAction = StartDialog::ThumbnailBrowser;
     } else {
         module.app.MessageBox(
@@ -80,7 +82,9 @@ void ReadCommandText(MainViewFrm& view) {
     view.StartAction = StartDialog::None;
     bool shown = false;
 
-    if (NamesImage(command)) {
+    if (const auto start = DesktopStartOf(command)) {
+        shown = ShowDesktopFile(view, *start);
+    } else if (NamesImage(command)) {
         const std::string image = FullPath(module, command);
         if (IsOnFloppy(image) && !PassesFloppyGuard(module, image, ImageOnFloppy))
             module.platform.process.End();
@@ -99,6 +103,21 @@ void ReadCommandText(MainViewFrm& view) {
         module.LastOpenedStays = module.config.DisplayLastOpened && !module.CurrentImage.empty();
         view.imageOnShow.Forget();
     }
+}
+
+bool OpenFromDesktop(MainViewFrm& view) {
+    MainModule& module = view.Module();
+    const auto start = DesktopStartOf(module.CommandText);
+    if (!start) return false;
+    const bool shown = !module.CurrentImage.empty();
+    if (!shown && !start->file.empty()) {
+        // Alone, the option of the whole screen shows an image however the preferences are.
+        MainImage_OLEDragDrop(view, {NormalPath(start->file)});
+        if (start->option != FullScreenOption || module.config.ViewFullScreen || module.CurrentImage.empty())
+            return true;
+    }
+    if (start->option == FullScreenOption || module.config.ViewFullScreen) view.menu.mnuFullScreen.Click();
+    return true;
 }
 
 }  // namespace tavrix

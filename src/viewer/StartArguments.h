@@ -8,4 +8,8 @@ class MainViewFrm;
 /// either perhaps the image of the last time.
 void ReadCommandText(MainViewFrm& view);
 
+/// Opens the file that the desktop's menus started the program with, at the first activation, as a drop would. False where
+/// it was started otherwise.
+bool OpenFromDesktop(MainViewFrm& view);
+
 }  // namespace tavrix

@@ -9,6 +9,7 @@
 
 #include "backends/shared/help/HelpBook.h"
 #include "backends/shared/help/HelpIndex.h"
+#include "core/CommandWords.h"
 #include "core/HelpContexts.h"
 
 namespace tavrix::test {
@@ -90,6 +91,22 @@ TEST(OwnHelpFileTest, ASearchFindsThePageThatTells) {
         const auto place = std::ranges::find(found, page, &HelpPage::context) - found.begin();
         EXPECT_LT(place, 3) << words << ": " << (found.empty() ? "nothing" : found.front()->title);
     }
+}
+
+TEST(OwnHelpFileTest, ThePageOfTheStartTellsEveryWordOfTheCommandLine) {
+    std::string body = OwnBook().Find(HelpContext::StartingTavrix)->body;
+    body = std::regex_replace(body, std::regex(R"(\[([^\]]*)\]\([^)]*\))"), "$1");
+    for (const CommandWord& command : CommandWords) {
+        const auto words = command.Words();
+        std::string cell(words.front());
+        for (std::size_t i = 1; i < words.size(); ++i)
+            cell += (i + 1 == words.size() ? " or " : ", ") + std::string(words[i]);
+        if (!command.argument.empty()) cell += " and " + std::string(command.argument);
+        EXPECT_NE(body.find("| " + cell + " | " + std::string(command.does) + " |"), std::string::npos)
+            << cell;
+    }
+    for (const DesktopOption& option : DesktopOptions)
+        EXPECT_NE(body.find(option.option), std::string::npos) << option.option;
 }
 
 TEST(OwnHelpFileTest, EveryLinkLeadsToAPage) {

@@ -57,6 +57,26 @@ TEST_F(HostProcessTest, TakesRelativePathsFromItsOwnFolder) {
     std::filesystem::current_path(before);
 }
 
+TEST_F(HostProcessTest, BehindAnOptionOfTheDesktopEverythingIsAPath) {
+    folder.Put("pictures/a", "");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.At("pictures"));
+    EXPECT_EQ(LineOf({"--open", "/none/at all.jpeg"}), "--open C:\\none\\at all.jpeg");
+    EXPECT_EQ(LineOf({"--open", "/a"}), "--open C:\\a");
+    EXPECT_EQ(LineOf({"--open", "a"}), "--open D:\\pictures\\a");
+    EXPECT_EQ(LineOf({"--open", "../pictures/gone"}), "--open D:\\pictures\\gone");
+    EXPECT_EQ(LineOf({"--open", folder.At("pictures/b  c.jpg")}), "--open D:\\pictures\\b  c.jpg");
+    EXPECT_EQ(LineOf({"--open", folder.At("pictures/b ")}),
+              "--open " + drives.ToDrivePath(folder.At("pictures/b ")));
+    EXPECT_EQ(LineOf({"--open", FileAddressOf(folder.At("a b.jpg"))}), "--open D:\\a b.jpg");
+    EXPECT_EQ(LineOf({"--open", "D:\\pictures\\a"}), "--open D:\\pictures\\a");
+    EXPECT_EQ(LineOf({"--full-screen", "a"}), "--full-screen D:\\pictures\\a");
+    EXPECT_EQ(LineOf({"--open"}), "--open");
+    EXPECT_EQ(LineOf({"--open", ""}), "--open");
+    EXPECT_EQ(LineOf({"--opened", "a"}), "--opened a");
+    std::filesystem::current_path(before);
+}
+
 TEST_F(HostProcessTest, ABareWordIsNoFileWhateverLiesAboutUnderThatName) {
     for (const char* word : {"ABOUT", "open", "SLIDE SHOW", "S", "?"})
         folder.Put(word, "");

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "backends/linux/HostFile.h"
+#include "backends/linux/Installation.h"
 #include "backends/linux/UserFolders.h"
 
 namespace tavrix {
@@ -62,11 +63,10 @@ HostPaths HostPaths::FromEnvironment(const std::string& ofProgram) {
     const std::string beside = HostFolderOf(paths.executable);
     paths.program = WithoutSlash(EnvironmentValue("TAVRIX_HOME"));
     if (paths.program.empty()) {
-        const bool installed = beside == "/usr" || beside.starts_with("/usr/");
-        const bool own = !installed && ::access(beside.c_str(), W_OK) == 0;
+        const bool own = !IsInstalled(beside) && ::access(beside.c_str(), W_OK) == 0;
         paths.program = own ? beside : paths.data + "/tavrix";
     }
-    paths.shared = WithoutSlash(EnvironmentValue("TAVRIX_SHARED", HostFolderOf(beside) + "/share/tavrix"));
+    paths.shared = WithoutSlash(EnvironmentValue("TAVRIX_SHARED", SharedFolderFor(beside)));
     if (!IsFolder(paths.shared) || paths.shared == paths.program) paths.shared.clear();
     return paths;
 }

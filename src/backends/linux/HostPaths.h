@@ -15,7 +15,7 @@ namespace tavrix {
 ///   XDG_DATA_HOME    holds tavrix (the program's folder of an installed program) and recently-used.xbel
 ///   XDG_RUNTIME_DIR, TMPDIR, HOME   as everywhere
 struct HostPaths {
-    /// The folder of the executable when it can be written and is not below /usr, else a folder of the user's.
+    /// The folder of the executable when it can be written and nobody has installed it there, else a folder of the user's.
     std::string program;
     /// What is missing in the program's folder is looked for here; empty when there is no such folder.
     std::string shared;

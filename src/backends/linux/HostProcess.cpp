@@ -8,6 +8,7 @@
 #include "backends/linux/HostFile.h"
 #include "backends/shared/FileAddress.h"
 #include "base/Text.h"
+#include "platform/services/DesktopStart.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -50,7 +51,20 @@ std::string HostProcess::WithDrivePath(const std::string& text) {
     return IsHostPath(text) ? drives_.ToDrivePath(Absolute(text)) : text;
 }
 
+std::string HostProcess::WithDesktopPath(const DesktopStart& start) {
+    const std::string& file = start.file;
+    const bool drivePath = file.size() > 1 && IsDriveLetter(file[0]) && file[1] == ':';
+    std::string path = file;
+    if (const auto addressed = PathOfFileAddress(file)) {
+        path = drives_.ToDrivePath(*addressed);
+    } else if (!file.empty() && !drivePath) {
+        path = drives_.ToDrivePath(Absolute(file));
+    }
+    return std::string(start.option) + (path.empty() ? "" : " " + path);
+}
+
 std::string HostProcess::CommandLine() {
+    if (const auto start = DesktopStartOf(commandLine_)) return WithDesktopPath(*start);
     const std::string saver = std::string(SaverWord) + " ";
     if (!commandLine_.starts_with(saver)) return WithDrivePath(commandLine_);
     const std::string rest = Trim(std::string_view(commandLine_).substr(saver.size()));

@@ -9,6 +9,8 @@
 
 namespace tavrix {
 
+struct DesktopStart;
+
 class HostProcess final : public Process {
   public:
     /// `arguments` are those behind the program's name.
@@ -16,13 +18,15 @@ class HostProcess final : public Process {
 
     /// The arguments joined by blanks. Where they are one host path (they name an existing file, or hold a slash past
     /// the first character), also behind SCRNSAVE, that path is told as a drive path. Addresses of files (file:///)
-    /// count as host paths; other addresses and switches (/C) stay as they are.
+    /// count as host paths; other addresses and switches (/C) stay as they are. Behind an option of the desktop's menus
+    /// everything is a path.
     std::string CommandLine() override;
     std::string Path() override;
     [[noreturn]] void End() override;
 
   private:
     [[nodiscard]] std::string WithDrivePath(const std::string& text);
+    [[nodiscard]] std::string WithDesktopPath(const DesktopStart& start);
 
     DriveMap& drives_;
     HostPaths paths_;

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <utility>
 
+#include "backends/qt/ProgramIcon.h"
 #include "backends/qt/peers/Accessibility.h"
 #include "backends/qt/peers/Style.h"
 
@@ -29,7 +30,9 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_
     application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
     QApplication::setStyle(new Style);  // which owns it
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
+    QApplication::setWindowIcon(ProgramIcon());
     InstallAccessibility();
 }
 

@@ -132,11 +132,11 @@ class Entry(NamedTuple):
 class Program:
     """One run of the program."""
 
-    def __init__(self, session, home, *arguments, environment=None, folder=None):
+    def __init__(self, session, home, *arguments, environment=None, folder=None, program=PROGRAM):
         self.screen, self._bus, self._children = session.screen, session.bus, session.children
         self.log = os.path.join(home.folder, "program.log")
         self.process = session.children.start(
-            [PROGRAM, *arguments], {**session.environment, **home.environment, **(environment or {})}, self.log,
+            [program, *arguments], {**session.environment, **home.environment, **(environment or {})}, self.log,
             cwd=folder or home.folder)
 
     # The process

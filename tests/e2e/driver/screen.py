@@ -337,5 +337,9 @@ class Screen:
     def atom(self, name):
         return self._x.get_atom(name)
 
+    def window_property(self, window, name):
+        """The numbers of a window's property; nothing where it has none."""
+        return self._property(self._x.create_resource_object("window", window.id), name)
+
     def root_property(self, name):
         return self._property(self._root, name)

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QIcon>
+
+namespace tavrix::qt {
+
+/// The program's icon, in the sizes that window managers and task bars show.
+[[nodiscard]] QIcon ProgramIcon();
+
+}  // namespace tavrix::qt
