@@ -31,6 +31,7 @@ constexpr const char* SlideList = "SLIDES.LST";
 constexpr const char* StoreFolder = "STORE";
 constexpr const char* StoreFile = "STORE/settings";
 constexpr const char* SaverValue = "CurrentSaver";
+constexpr const char* TemporaryFolder = "TEMP";  // of the program where it is installed
 constexpr const char* Settings = "tavrix.ini";
 constexpr std::array Kinds{"", "-show", "-saver"};
 
@@ -52,6 +53,15 @@ void DropFolder(const std::string& path) {
 bool IsFolder(const std::string& path) {
     std::error_code error;
     return fs::is_directory(path, error);
+}
+
+/// Removes the folders in a folder that are empty, and it.
+void DropEmpty(const std::string& path) {
+    std::error_code error;
+    for (fs::directory_iterator at(path, error), end; !error && at != end; at.increment(error)) {
+        if (at->is_directory()) DropFolder(at->path().string());
+    }
+    DropFolder(path);
 }
 
 /// Makes a folder and those above it, and answers which of them were missing, the outermost first.
@@ -198,6 +208,11 @@ class Installing {
         Check(error);
         WriteText(new_ + "/" + StoreFile, "[Settings]\nProgramRun=1\nShow Tips at Startup=0\nEXEPath=" +
                                               places_.drivePath(target_) + "\\\n");
+        // The desktop's list of documents would remember it after it is gone.
+        const std::string settings = ReadWholeFile(new_ + "/" + Settings, LargestProfile).value_or("");
+        WriteText(
+            new_ + "/" + Settings,
+            MergeProfileText(settings, "Viewer", std::array{ProfileEntry("UseRecentDocuments", "False")}));
         if (takesSaver()) own_.formerSaver = ReadStored(places_.store, SaverValue);
         const std::optional<std::string> former = ReadWholeFile(new_ + "/" + names_.notes, LargestProfile);
         WriteText(new_ + "/" + names_.notes, NotesText(former.value_or(""), own_));
@@ -264,6 +279,7 @@ class Removing {
              {std::string(StoreFile), std::string(SlideList), std::string(Settings)})
             DropFile(At(file));
         DropFolder(At(StoreFolder));
+        DropEmpty(At(TemporaryFolder));
         for (const std::string& file : names_.files) {
             if (file != names_.notes) DropFile(At(file));
         }

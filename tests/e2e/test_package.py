@@ -11,7 +11,7 @@ _TITLE = "Tavrix - [Package Slide Show]"
 _DELETE = "Tavrix - [Delete Package]"
 
 
-class PackageTest(StageTest):
+class PackingTest(StageTest):
     def setUp(self):
         super().setUp()
         self.out = os.path.join(self.home.folder, "Ausflug ä")
@@ -46,7 +46,13 @@ class PackageTest(StageTest):
         temporary = os.path.join(self.home.folder, "guest-temporary")
         os.makedirs(temporary, exist_ok=True)
         environment = {key: value for key, value in self.session.environment.items() if not key.startswith("XDG_")}
-        return {**environment, "HOME": self.guest, "TMPDIR": temporary, **values}
+        tools = os.path.join(self.home.folder, "tools")
+        os.makedirs(tools, exist_ok=True)
+        self.told = os.path.join(self.home.folder, "told")
+        with open(os.path.join(tools, "zenity"), "w", encoding="utf-8") as file:
+            file.write(f'#!/bin/sh\nprintf "%s" "$4" >"{self.told}"\n')
+        os.chmod(os.path.join(tools, "zenity"), 0o755)
+        return {**environment, "HOME": self.guest, "TMPDIR": temporary, "PATH": tools + ":/usr/bin:/bin", **values}
 
     def launch(self, name, *arguments, **values):
         process = self.session.children.start(["sh", os.path.join(self.out, name), *arguments],
@@ -63,6 +69,8 @@ class PackageTest(StageTest):
         wait_until(lambda: process.poll() is not None, "the end of the launcher", limit)
         return process.returncode
 
+
+class PackageTest(PackingTest):
     def test_a_package_is_made_played_and_deleted(self):
         small, _, beside = self.pictures()
         path = self.show_file("small.bmp", drive_path(os.path.join(self.home.pictures, "beside.bmp")))
@@ -107,4 +115,34 @@ class PackageTest(StageTest):
         self.shows(small, "the picture of the package")
         player.terminate()
         self.end(player)
+        self.assertEqual(self.left(), [])
+
+    def test_what_the_user_made_meanwhile_is_kept(self):
+        small, _, _ = self.pictures()
+        self.pack(self.show_file("small.bmp"))
+        player = self.launch("TAVRIX.EXE")
+        self.shows(small, "the picture of the package")
+        homes = [path for path in self.left() if path.endswith("/home")]
+        self.assertEqual(len(homes), 1, self.left())
+        os.makedirs(os.path.join(homes[0], "SLIDES"), exist_ok=True)
+        with open(os.path.join(homes[0], "SLIDES", "mine.tvs"), "w", encoding="utf-8") as file:
+            file.write("mine")
+        self.screen.press("Escape")
+        self.assertEqual(self.end(player), 0)
+        kept = [path for path in self.left() if os.path.isfile(path)]
+        self.assertEqual(len(kept), 1, kept)
+        self.assertTrue(kept[0].startswith(self.guest + "/Tavrix."))
+        with open(kept[0], encoding="utf-8") as file:
+            self.assertEqual(file.read(), "mine")
+        with open(self.told, encoding="utf-8") as file:
+            self.assertEqual(file.read(), "What you have made is kept in " + kept[0].removesuffix("/home/SLIDES/mine.tvs"))
+
+    def test_a_package_of_another_kind_of_computer_says_so(self):
+        small, _, _ = self.pictures()
+        self.pack(self.show_file("small.bmp"))
+        with open(os.path.join(self.out, "TAVRIX.LIB", "ld.so"), "wb") as file:
+            file.write(b"no program of this computer")
+        self.assertEqual(self.end(self.launch("TAVRIX.EXE")), 1)
+        with open(self.told, encoding="utf-8") as file:
+            self.assertIn("it is not of the kind that this package was made for", file.read())
         self.assertEqual(self.left(), [])
