@@ -122,6 +122,3 @@ class BareRootTest(PackingTest):
         self.assertEqual(after, before)
         with open(store, encoding="cp1252") as file:
             self.assertEqual(file.read(), "[Settings]\nCurrentSaver=C:\\former.tvs\nOther=kept\n")
-
-
-del PackingTest
