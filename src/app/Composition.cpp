@@ -1,7 +1,15 @@
 #include "app/Composition.h"
 
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "backends/linux/HostSound.h"
+#include "backends/qt/CarriedPlugins.h"
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
+#include "shows/package/PackageLayout.h"
 #include "viewer/EndOfSession.h"
 
 namespace tavrix {
@@ -12,10 +20,39 @@ std::string HelpFileBesideProgram(HostPlatform& host) {
     return host.driveMap.ToDrivePath(HostFolderOf(host.paths.executable) + "/TAVRIX.HLP");
 }
 
+/// Where what a package is started by lies; empty where it is not installed.
+std::string LaunchersOf(const HostPaths& paths) {
+    const std::string folder = paths.shared + "/package";
+    std::error_code error;
+    return !paths.shared.empty() && std::filesystem::is_directory(folder, error) ? folder : std::string();
+}
+
+HostProgramFiles::Places PlacesOf(const HostPaths& paths) {
+    const std::string beside = HostFolderOf(paths.executable);
+    HostProgramFiles::Places places;
+    places.executable = paths.executable;
+    places.setup = beside + "/tavrix-setup";
+    places.launchers = LaunchersOf(paths);
+    places.folders = {paths.shared, beside};
+    for (const package::LayoutEntry& entry : package::Layout)
+        places.layout.push_back({std::string(entry.name), entry.ofSystem});
+    places.library = package::LibraryFolder;
+    places.list = package::LibraryList;
+    places.plugins = [] {
+        std::vector<HostProgramFiles::Data> plugins;
+        for (qt::CarriedPlugin& plugin : qt::CarriedPlugins())
+            plugins.push_back({std::move(plugin.name), std::move(plugin.path)});
+        return plugins;
+    };
+    places.soundFonts = EnvironmentValue("TAVRIX_SOUND_FONTS", UsualSoundFonts);
+    return places;
+}
+
 }  // namespace
 
 Composition::Composition(HostPlatform& host)
     : host_(host),
+      programFiles_(host.files, host.driveMap, PlacesOf(host.paths)),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
       desktop_(host.registry, {[&host](const std::string& path) { return host.files.HostPathOf(path); },
                                [&host](const std::string& file) { return host.driveMap.ToDrivePath(file); }}),
@@ -29,7 +66,7 @@ Composition::Composition(HostPlatform& host)
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
     };
-    WireProgram(module_, lives_);
+    WireProgram(module_, lives_, programFiles_.Available() ? &programFiles_ : nullptr);
 }
 
 void Composition::Run() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/HostPlatform.h"
+#include "backends/linux/HostProgramFiles.h"
 #include "backends/qt/QtSystem.h"
 #include "backends/qt/QtToolkit.h"
 #include "backends/qt/clipboard/QtClipboard.h"
@@ -34,6 +35,7 @@ class Composition {
 
   private:
     HostPlatform& host_;
+    HostProgramFiles programFiles_;
     qt::QtToolkit toolkit_;
     forms::Application app_{toolkit_};
     qt::QtClipboard clipboard_;

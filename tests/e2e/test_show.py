@@ -21,7 +21,7 @@ class StageTest(ProgramTest):
         for picture in pictures:
             lines += [f'"{picture}"', '""']
         path = os.path.join(self.home.pictures, name)
-        with open(path, "w", encoding="cp1252", newline="") as file:
+        with open(path, "w", encoding="utf-8", newline="") as file:
             file.write("".join(line + "\r\n" for line in lines))
         return path
 

@@ -1,9 +1,11 @@
 #include "backends/linux/CdioLibrary.h"
 
+#include "backends/linux/LateLibraryNames.h"
+
 namespace tavrix {
 
 CdioLibrary::CdioLibrary() {
-    const LateLibrary library("libcdio.so.19");
+    const LateLibrary library(CdioLibraryName);
     loaded = library.Find("cdio_log_set_handler", SetLogHandler) && library.Find("cdio_open", Open) &&
              library.Find("cdio_destroy", Destroy) && library.Find("cdio_get_first_track_num", FirstTrack) &&
              library.Find("cdio_get_last_track_num", LastTrack) &&

@@ -51,11 +51,12 @@ std::string EnvironmentValue(const char* name, const std::string& otherwise) {
 HostPaths HostPaths::FromEnvironment(const std::string& ofProgram) {
     HostPaths paths;
     std::error_code error;
-    paths.executable = (ofProgram.empty() ? std::filesystem::read_symlink("/proc/self/exe", error)
-                                          : std::filesystem::weakly_canonical(ofProgram, error))
+    const std::string named = ofProgram.empty() ? EnvironmentValue("TAVRIX_EXECUTABLE") : ofProgram;
+    paths.executable = (named.empty() ? std::filesystem::read_symlink("/proc/self/exe", error)
+                                      : std::filesystem::weakly_canonical(named, error))
                            .string();
     const std::string config = WithoutSlash(XdgFolder("XDG_CONFIG_HOME", "/.config"));
-    paths.config = config + "/tavrix";
+    paths.config = WithoutSlash(EnvironmentValue("TAVRIX_CONFIG", config + "/tavrix"));
     paths.documents = WithoutSlash(DocumentsFolder(config, HomeFolder()));
     paths.data = WithoutSlash(XdgFolder("XDG_DATA_HOME", "/.local/share"));
     paths.temporary = WithoutSlash(EnvironmentValue("TAVRIX_TEMP"));

@@ -10,6 +10,8 @@ namespace tavrix {
 ///   TAVRIX_HOME      the program's folder (tavrix.ini, SLIDES, help and tips)
 ///   TAVRIX_SHARED    the folder of the files that all users share, seen through the program's folder
 ///   TAVRIX_TEMP      the temporary folder
+///   TAVRIX_CONFIG    the user's configuration folder of this program
+///   TAVRIX_EXECUTABLE  what starts the program, where that is not its own file
 ///   TAVRIX_DRIVES    the drives, see DriveMap
 ///   XDG_CONFIG_HOME  holds tavrix/drives, tavrix/registry.ini and tavrix/settings, and the desktop's user-dirs.dirs
 ///   XDG_DATA_HOME    holds tavrix (the program's folder of an installed program) and recently-used.xbel
@@ -23,7 +25,7 @@ struct HostPaths {
     std::string temporary;
     std::string config;      ///< the user's configuration folder of this program
     std::string data;        ///< the user's data folder of all programs
-    std::string executable;  ///< the program itself
+    std::string executable;  ///< what starts the program: mostly its own file
     std::string documents;   ///< the user's documents; it may have yet to be made
 
     /// `ofProgram` is the executable that these are the paths of; the running one when it is empty.

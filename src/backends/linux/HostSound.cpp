@@ -97,9 +97,23 @@ std::string Told(const std::string& command, const CommandFailure& failure) {
 
 }  // namespace
 
+std::string SoundFontIn(const std::string& folder) {
+    std::string chosen;
+    CountNames(folder, [&](const std::string& name) {
+        if (!IsSoundFont(name)) return false;
+        const auto rank = [](const std::string& font) {
+            return std::pair(!font.starts_with("default-GM."), font);
+        };
+        if (chosen.empty() || rank(name) < rank(chosen)) chosen = name;
+        return true;
+    });
+    return chosen.empty() ? std::string() : folder + "/" + chosen;
+}
+
 HostSound::HostSound(HostFiles& files, DriveMap& drives) : HostSound(files, drives, Places{}) {
     places_.runtime = EnvironmentValue("XDG_RUNTIME_DIR");
     places_.driver = EnvironmentValue("SDL_AUDIODRIVER");
+    places_.soundFonts = EnvironmentValue("TAVRIX_SOUND_FONTS", UsualSoundFonts);
 }
 
 HostSound::HostSound(HostFiles& files, DriveMap& drives, Places places)
@@ -232,7 +246,7 @@ void HostSound::OpenMidi(const std::string& path) {
     try {
         const std::string hostPath = files_.HostPathOf(path);
         if (!IsMidi(files_, path)) throw CommandFailure{NoMidi, path};
-        const std::string soundFont = SoundFont();
+        const std::string soundFont = SoundFontIn(places_.soundFonts);
         if (soundFont.empty() || WaveDevices() == 0) throw CommandFailure{};
         if (!midi_) midi_ = std::make_unique<MidiPlayer>();
         switch (midi_->Open(hostPath, soundFont)) {
@@ -246,19 +260,6 @@ void HostSound::OpenMidi(const std::string& path) {
     } catch (const RuntimeError& error) {
         throw CommandFailure{error.Description(), path};
     }
-}
-
-std::string HostSound::SoundFont() const {
-    std::string chosen;
-    CountNames(places_.soundFonts, [&](const std::string& name) {
-        if (!IsSoundFont(name)) return false;
-        const auto rank = [](const std::string& font) {
-            return std::pair(!font.starts_with("default-GM."), font);
-        };
-        if (chosen.empty() || rank(name) < rank(chosen)) chosen = name;
-        return true;
-    });
-    return chosen.empty() ? std::string() : places_.soundFonts + "/" + chosen;
 }
 
 }  // namespace tavrix

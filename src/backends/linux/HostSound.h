@@ -16,6 +16,11 @@ class HostFiles;
 class MidiPlayer;
 class WavePlayer;
 
+inline constexpr const char* UsualSoundFonts = "/usr/share/sounds/sf2";
+
+/// The host path of the instruments in a folder; the system's choice before all others, empty when there are none.
+[[nodiscard]] std::string SoundFontIn(const std::string& folder);
+
 /// Wave files by SDL, MIDI files by its mixer's synthesizer, CD audio by libcdio from the first optical drive. None of
 /// these libraries is loaded before there is something to play, since they cost more time than the rest of a start.
 ///
@@ -23,9 +28,9 @@ class WavePlayer;
 class HostSound final : public Sound {
   public:
     struct Places {
-        std::string devices = "/dev/snd";  ///< of the kernel's sound devices
-        std::string runtime;               ///< XDG_RUNTIME_DIR, with the sound server's socket
-        std::string soundFonts = "/usr/share/sounds/sf2";  ///< what a software synthesizer needs
+        std::string devices = "/dev/snd";          ///< of the kernel's sound devices
+        std::string runtime;                       ///< XDG_RUNTIME_DIR, with the sound server's socket
+        std::string soundFonts = UsualSoundFonts;  ///< what a software synthesizer needs; TAVRIX_SOUND_FONTS
         std::string driver;  ///< SDL_AUDIODRIVER: a driver that the user names counts as a device
     };
 
@@ -55,8 +60,6 @@ class HostSound final : public Sound {
     void RunMidi(const std::vector<std::string>& words);
     void RunCd(const std::vector<std::string>& words);
     void Seek(const std::string& place);
-    /// The host path of the instruments; the system's choice before all others, empty when there are none.
-    [[nodiscard]] std::string SoundFont() const;
 
     HostFiles& files_;
     DriveMap& drives_;

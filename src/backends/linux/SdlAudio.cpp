@@ -1,9 +1,11 @@
 #include "backends/linux/SdlAudio.h"
 
+#include "backends/linux/LateLibraryNames.h"
+
 namespace tavrix {
 
 SdlAudio::SdlAudio() {
-    const LateLibrary library("libSDL2-2.0.so.0");
+    const LateLibrary library(SdlLibrary);
     loaded = library.Find("SDL_SetHint", SetHint) && library.Find("SDL_InitSubSystem", InitSubSystem) &&
              library.Find("SDL_QuitSubSystem", QuitSubSystem) && library.Find("SDL_RWFromFile", RWFromFile) &&
              library.Find("SDL_LoadWAV_RW", LoadWav) && library.Find("SDL_FreeWAV", FreeWav) &&

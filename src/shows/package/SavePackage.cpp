@@ -64,7 +64,8 @@ class SavingPackage {
         if (!LoadSource()) return End::Told;
         if (module_.CancelCopy) return End::Canceled;
         TestTarget();
-        const PackageFileEnd written = WritePackageFile(module_, *window_, source_, slides_, show_);
+        const PackageFileEnd written =
+            WritePackageFile(module_, *window_, source_, slides_, show_, slidesAreNew_);
         if (written == PackageFileEnd::Failed) return End::Told;
         if (written == PackageFileEnd::Canceled || module_.CancelCopy) return End::Canceled;
         if (!CopyProgramFiles()) return End::Canceled;
@@ -89,7 +90,8 @@ class SavingPackage {
                     " directory, unable to package " + values_.PackageName + "...",
                 [&] {
                     Files& files = module_.platform.files;
-                    if (!files.FolderExists(slides_)) files.MakeFolder(destination_ + package::SlidesFolder);
+                    slidesAreNew_ = !files.FolderExists(slides_);
+                    if (slidesAreNew_) files.MakeFolder(destination_ + package::SlidesFolder);
                 });
     }
 
@@ -170,6 +172,7 @@ class SavingPackage {
     std::string source_;
     std::string destination_;
     std::string slides_;
+    bool slidesAreNew_ = false;
     std::string failure_;  ///< what a failure now means
     std::optional<CopyWindow> window_;
 };

@@ -72,11 +72,12 @@ SavePlan PlanPackage(const MainModule& module, const ShowFolder& source, const S
 class PackingShow {
   public:
     PackingShow(MainModule& module, CopyWindow& window, const std::string& source, const std::string& folder,
-                const std::string& name)
+                const std::string& name, bool isNew)
         : module_(module),
           window_(window),
           folder_(folder),
           path_(folder + name),
+          isNew_(isNew),
           plan_(PlanPackage(module, ShowFolder(source), folder_, name)) {}
 
     PackageFileEnd Run() {
@@ -166,8 +167,9 @@ class PackingShow {
         if (!taken_.insert(UpperCase(file.stored)).second) return Turn::Next;
         Files& files = module_.platform.files;
         const std::string target = folder_.Path() + file.stored;
-        if (files.Same(file.source, target)) return Turn::Next;
-        if (!replacesAll_ && IsThere(files, target)) {
+        if (!isNew_ && IsThere(files, target)) {
+            if (files.Same(file.source, target)) return Turn::Next;
+            if (replacesAll_) return Copy(file.source, target) ? Turn::Next : Turn::Cancel;
             const forms::Answer answer = AskToReplace(target);
             if (answer == forms::Answer::Cancel) return Turn::Stop;
             if (answer == forms::Answer::No) return Turn::Next;
@@ -219,6 +221,7 @@ class PackingShow {
     CopyWindow& window_;
     ShowFolder folder_;
     std::string path_;
+    bool isNew_;  ///< nothing was in the folder
     SavePlan plan_;
     std::set<std::string> taken_;  ///< names of pictures that have had their turn, in upper case
     bool replacesAll_ = false;
@@ -228,8 +231,8 @@ class PackingShow {
 }  // namespace
 
 PackageFileEnd WritePackageFile(MainModule& module, CopyWindow& window, const std::string& source,
-                                const std::string& folder, const std::string& name) {
-    return PackingShow(module, window, source, folder, name).Run();
+                                const std::string& folder, const std::string& name, bool isNew) {
+    return PackingShow(module, window, source, folder, name, isNew).Run();
 }
 
 }  // namespace tavrix

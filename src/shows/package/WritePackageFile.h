@@ -18,8 +18,11 @@ enum class PackageFileEnd : std::uint8_t {
 /// folder, where bare names lead to them. Both folders end in a backslash; paths without a drive are seen from `source`.
 /// Different pictures that would get one name get numbers. The window tells the progress.
 ///
+/// A folder that has just been made is not searched for each name before it is written (`isNew`), which in a long show costs
+/// more than the copies.
+///
 /// SoundFile becomes what the file has. Once the file is written it is the last show, and a recent one.
 PackageFileEnd WritePackageFile(MainModule& module, CopyWindow& window, const std::string& source,
-                                const std::string& folder, const std::string& name);
+                                const std::string& folder, const std::string& name, bool isNew = false);
 
 }  // namespace tavrix
