@@ -439,6 +439,18 @@ TEST_F(SaverSetupTest, ChangeIsTheDesktops) {
     EXPECT_FALSE(module.Busy());
 }
 
+TEST_F(SaverSetupTest, WhereTheSaverIsGuardedItTellsWhetherThePasswordIsAskedFor) {
+    const auto turn = [this](const char* flag) {
+        platform.registry.Put("Control Panel\\desktop", "ScreenSaveUsePassword", {1, flag});
+    };
+    turn("0");
+    SaverSetup& dialog = Open();
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "No password is asked for: see Change.");
+    turn("1");
+    Press(dialog.CmdPassChange);
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "The password of your account is asked for.");
+}
+
 TEST_F(SaverSetupTest, AStoreThatTakesNothingIsToldOfAndTheWindowStays) {
     SaverSetup& dialog = OpenWith({});
     platform.faults.FailAlways(headless::Service::UserStore, "Set", ErrorNumber::DiskFull);
