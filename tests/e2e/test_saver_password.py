@@ -4,8 +4,10 @@ since nobody may be asked for a real one: PAM is wrapped, and so is what tells a
 import glob
 import os
 import pwd
+import random
 import shutil
 import signal
+import socket
 import subprocess
 import time
 import unittest
@@ -15,6 +17,7 @@ from Xlib import X, display
 from gi.repository import Gio, GLib
 
 from driver import wait_until
+from driver.program import PROGRAM
 from test_saver import _SAVER, _SETTINGS
 from test_show import StageTest
 
@@ -23,31 +26,36 @@ _MATRIX = glob.glob("/usr/lib/*/pam_wrapper/pam_matrix.so") + glob.glob("/usr/li
 _GUARD = "tavrix-guard"
 _PASSWORD = "correct horse"
 _LOGIN = "org.freedesktop.login1"
-_LOGIN_SESSION = f"""<node><interface name="{_LOGIN}.Session"><method name="Lock"/></interface></node>"""
+_LOGIN_OBJECTS = {
+    "/org/freedesktop/login1/session/auto": f"""<node><interface name="{_LOGIN}.Session"><method name="Lock"/></interface>
+</node>""",
+    "/org/freedesktop/login1": f"""<node><interface name="{_LOGIN}.Manager"><method name="LockSession">
+<arg direction="in" type="s"/></method></interface></node>"""}
 
 
 class Logind:
-    """The session service, as far as it is asked to lock a session. It hears when iterate() is called."""
+    """The session service, as far as it is asked to lock a session. It hears when calls() is called."""
 
     def __init__(self, address):
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         self._connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         self._connection.set_exit_on_close(False)
-        self.locked = 0
-        node = Gio.DBusNodeInfo.new_for_xml(_LOGIN_SESSION)
-        self._connection.register_object("/org/freedesktop/login1/session/auto", node.interfaces[0], self._called)
+        self._calls = []
+        for path, interfaces in _LOGIN_OBJECTS.items():
+            node = Gio.DBusNodeInfo.new_for_xml(interfaces)
+            self._connection.register_object(path, node.interfaces[0], self._called)
         self._connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                                    "RequestName", GLib.Variant("(su)", (_LOGIN, 0)), None, 0, 5000, None)
 
-    def _called(self, _connection, _sender, _path, _interface, method, _arguments, invocation):
-        self.locked += method == "Lock"
+    def _called(self, _connection, _sender, _path, _interface, method, arguments, invocation):
+        self._calls.append((method, *arguments.unpack()))
         invocation.return_value(None)
 
-    def times_locked(self):
+    def calls(self):
         context = GLib.MainContext.default()
         while context.pending():
             context.iteration(False)
-        return self.locked
+        return self._calls
 
     def close(self):
         self._connection.close_sync(None)
@@ -63,9 +71,19 @@ class GuardedSaverTest(StageTest):
         self.environment = self._stand_in()
         self.other = display.Display(self.screen.environment["DISPLAY"])
         self.addCleanup(self.other.close)
+        self._put_desktop()
         self.logind = Logind(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
         self.addCleanup(self.logind.close)
         self.addCleanup(self._end_guards)
+
+    def _put_desktop(self):
+        """Something bright over the whole screen, to be seen wherever nothing covers it."""
+        root = self.other.screen().root
+        desktop = root.create_window(0, 0, self.screen.width, self.screen.height, 0, X.CopyFromParent,
+                                     background_pixel=0x00FF00, override_redirect=True)
+        desktop.map()
+        desktop.configure(stack_mode=X.Below)
+        self.other.sync()
 
     def _stand_in(self, state="P"):
         folder = os.path.join(self.home.folder, "account")
@@ -169,7 +187,7 @@ class GuardedSaverTest(StageTest):
         self.assertEqual(program.wait_end(), 0)
         wait_until(lambda: not self._guards(), "the end of the guard")
         self.assertFalse(self.held())
-        self.assertEqual(self.logind.times_locked(), 0)
+        self.assertEqual(self.logind.calls(), [])
 
     def test_within_the_grace_period_nothing_is_asked(self):
         program = self.start_guarded(grace=4)
@@ -177,7 +195,7 @@ class GuardedSaverTest(StageTest):
         self.screen.press("a")
         self.assertEqual(program.wait_end(), 0)
         wait_until(lambda: not self._guards(), "the end of the guard")
-        self.assertEqual(self.logind.times_locked(), 0)
+        self.assertEqual(self.logind.calls(), [])
 
     def test_it_does_not_start_where_somebody_else_holds_the_keyboard(self):
         self.pictures()
@@ -199,12 +217,12 @@ class GuardedSaverTest(StageTest):
         wait_until(lambda: self.screen.grab().getcolors(10000) is None or len(self.screen.grab().getcolors(10000)) > 2,
                    "the question of the guard")
 
-    def take_over(self, program, how):
+    def take_over(self, program, how, call=("Lock",)):
         program.process.send_signal(how)
         program.process.wait()
         self.black()
         wait_until(self.held, "the guard's hold")
-        wait_until(lambda: self.logind.times_locked() == 1, "the wish for a lock")
+        wait_until(lambda: self.logind.calls() == [call], "the wish for a lock")
 
     def test_killed_it_leaves_the_screen_to_its_guard(self):
         program = self.start_guarded()
@@ -216,15 +234,72 @@ class GuardedSaverTest(StageTest):
         self.screen.press("Return")
         self.black()
         self.assertTrue(self.held())
+        self.map_red(False)
+        self.map_red(True)
+        time.sleep(0.3)
+        self.black()
         self.screen.click(300, 300)
         self.guard_asks()
         self.enter(_PASSWORD)
         wait_until(lambda: not self._guards(), "the end of the guard")
         self.assertFalse(self.held())
-        self.assertEqual(self.logind.times_locked(), 1)
+        self.assertEqual(self.logind.calls(), [("Lock",)])
+
+    def test_a_guard_whose_saver_is_gone_before_it_is_up_takes_over_too(self):
+        ours, theirs = socket.socketpair()
+        folder = os.path.join(os.path.dirname(os.path.dirname(PROGRAM)), "libexec", "tavrix")
+        with theirs:
+            process = subprocess.Popen(
+                [os.path.join(folder, _GUARD), os.path.join(folder, "tavrix-password")], stdin=theirs, stdout=theirs,
+                env={**self.session.environment, **self.home.environment, **self.environment})
+        ours.close()
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        self.black()
+        wait_until(self.held, "the guard's hold")
+        wait_until(lambda: self.logind.calls() == [("Lock",)], "the wish for a lock")
 
     def test_asked_to_end_by_a_signal_it_leaves_the_screen_to_its_guard(self):
         self.take_over(self.start_guarded(), signal.SIGTERM)
+
+    def test_the_session_is_locked_by_its_name(self):
+        program = self.start_guarded(environment={"XDG_SESSION_ID": "c7"})
+        self.take_over(program, signal.SIGKILL, ("LockSession", "c7"))
+
+    def test_the_guard_goes_on_trying_while_somebody_else_is_quicker(self):
+        program = self.start_guarded()
+        program.process.send_signal(signal.SIGSTOP)
+        guard, = self._guards()
+        os.kill(guard, signal.SIGSTOP)
+        program.kill()
+        root = self.other.screen().root
+        wait_until(lambda: root.grab_keyboard(True, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime) == X.GrabSuccess,
+                   "the keyboard for another program")
+        self.other.sync()
+        os.kill(guard, signal.SIGCONT)
+        self.black()
+        time.sleep(1)
+        self.other.ungrab_keyboard(X.CurrentTime)
+        self.other.sync()
+        wait_until(self.held, "the guard's hold")
+
+    def test_whatever_a_passer_by_presses_it_stays(self):
+        self.pictures()
+        program = self.start_guarded("small.bmp", "wide.bmp", "beside.bmp", interval=1)
+        chance = random.Random(4711)
+        keys = ["a", "b", "space", "Return", "Escape", "Tab", "F1", "F10", "Delete", "Alt+F4", "Alt+Tab", "Ctrl+Alt+a",
+                "Alt+space", "Menu", "Ctrl+v", "Ctrl+c", "Shift+Insert"]
+        for step in range(250):
+            if chance.random() < 0.7:
+                self.screen.press(chance.choice(keys))
+            else:
+                self.screen.click(chance.randrange(self.screen.width), chance.randrange(self.screen.height),
+                                  button=chance.choice((1, 2, 3)))
+            if step % 25 == 0:
+                self.assertTrue(self.held(), step)
+                self.assertTrue(program.running(), step)
+        self.assertTrue(program.running())
+        self.assertTrue(self.held())
 
     def test_killed_while_it_asks_it_leaves_the_screen_to_its_guard(self):
         program = self.start_guarded()
@@ -284,7 +359,7 @@ class GuardedSaverTest(StageTest):
         self.question(program)
         self.enter(_PASSWORD)
         self.assertEqual(program.wait_end(), 0)
-        self.assertEqual(self.logind.times_locked(), 0)
+        self.assertEqual(self.logind.calls(), [])
 
     def test_a_second_one_ends_at_once(self):
         program = self.start_guarded()

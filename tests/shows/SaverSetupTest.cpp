@@ -125,7 +125,7 @@ TEST_F(SaverSetupTest, ShowsTheShowOfTheSaver) {
     EXPECT_EQ(dialog.ComboPassDelay.ListIndex.Get(), 3);
     EXPECT_TRUE(dialog.Option5.Value);
     EXPECT_EQ(dialog.lblColor.BackColor.Get(), StageBackground(4));
-    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "");
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "The password of your account is asked for.");
     EXPECT_TRUE(dialog.ComboPassDelay.Enabled);
     EXPECT_TRUE(dialog.CmdPassChange.Enabled);
 }

@@ -1,5 +1,6 @@
 #include "backends/qt/saver/ScreenGuard.h"
 
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -20,8 +21,8 @@ ScreenGuard::ScreenGuard(std::string checker)
     saver_ = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(saver_.get(), &QSocketNotifier::activated, saver_.get(), [this] { Listen(); });
     const std::string word = std::to_string(cover_.Window()) + "\n";
-    // Whoever does not get it does not start a saver.
-    if (::write(STDOUT_FILENO, word.data(), word.size()) < 0) ::_exit(1);
+    // A saver that has ended by now is heard of by Listen.
+    static_cast<void>(::send(STDOUT_FILENO, word.data(), word.size(), MSG_NOSIGNAL));
 }
 
 ScreenGuard::~ScreenGuard() = default;
