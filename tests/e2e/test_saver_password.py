@@ -63,15 +63,14 @@ class Logind:
 
 @unittest.skipUnless(_WRAPPER and _MATRIX, "libpam-wrapper is not installed")
 @unittest.skipUnless(os.path.exists("/etc/pam.d/tavrix") or os.path.exists("/etc/pam.d/other"), "there is no PAM here")
-class GuardedSaverTest(StageTest):
-    session_options = {"window_manager": "openbox"}
+class GuardedTest(StageTest):
+    session_options = {"window_manager": "openbox", "repeat": (200, 30)}
 
     def setUp(self):
         super().setUp()
         self.environment = self._stand_in()
         self.other = display.Display(self.screen.environment["DISPLAY"])
         self.addCleanup(self.other.close)
-        self._put_desktop()
         self.logind = Logind(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
         self.addCleanup(self.logind.close)
         self.addCleanup(self._end_guards)
@@ -136,6 +135,7 @@ class GuardedSaverTest(StageTest):
         return self.start("SCRNSAVE", path, environment={**self.environment, **(environment or {})})
 
     def start_guarded(self, *pictures, **options):
+        self._put_desktop()
         self.small, *_ = self.pictures()
         program = self.begin(*pictures, **options)
         self.shows(self.small, "the first picture")
@@ -166,6 +166,42 @@ class GuardedSaverTest(StageTest):
             self.screen.type(text)
         self.screen.press("Return")
 
+    def black(self):
+        wait_until(lambda: self.screen.grab().getcolors() == [(self.screen.width * self.screen.height, (0, 0, 0))],
+                   "a black screen")
+
+    def guard_asks(self):
+        """The guard's question on the screen; the guard is no program of the test's."""
+        wait_until(lambda: self.screen.grab().getcolors(10000) is None or len(self.screen.grab().getcolors(10000)) > 2,
+                   "the question of the guard")
+
+    def take_over(self, program, how, call=("Lock",)):
+        program.process.send_signal(how)
+        program.process.wait()
+        self.black()
+        wait_until(self.held, "the guard's hold")
+        wait_until(lambda: self.logind.calls() == [call], "the wish for a lock")
+
+    def map_red(self, managed):
+        root = self.other.screen().root
+        window = root.create_window(100, 100, 500, 400, 0, X.CopyFromParent, background_pixel=0xFF0000,
+                                    override_redirect=not managed)
+        window.set_wm_name("thief")
+        window.map()
+        self.other.sync()
+        return window
+
+    def is_not_guarded(self, **options):
+        small, *_ = self.pictures()
+        program = self.begin(**options)
+        self.shows(small, "the picture")
+        self.assertFalse(self.held())
+        self.assertEqual(self._guards(), [])
+        self.screen.press("a")
+        self.assertEqual(program.wait_end(), 0)
+
+
+class GuardedSaverTest(GuardedTest):
     def test_it_ends_with_the_right_password_only(self):
         program = self.start_guarded()
         self.assertTrue(self.held())
@@ -208,22 +244,6 @@ class GuardedSaverTest(StageTest):
         self.other.ungrab_keyboard(X.CurrentTime)
         self.other.sync()
 
-    def black(self):
-        wait_until(lambda: self.screen.grab().getcolors() == [(self.screen.width * self.screen.height, (0, 0, 0))],
-                   "a black screen")
-
-    def guard_asks(self):
-        """The guard's question on the screen; the guard is no program of the test's."""
-        wait_until(lambda: self.screen.grab().getcolors(10000) is None or len(self.screen.grab().getcolors(10000)) > 2,
-                   "the question of the guard")
-
-    def take_over(self, program, how, call=("Lock",)):
-        program.process.send_signal(how)
-        program.process.wait()
-        self.black()
-        wait_until(self.held, "the guard's hold")
-        wait_until(lambda: self.logind.calls() == [call], "the wish for a lock")
-
     def test_killed_it_leaves_the_screen_to_its_guard(self):
         program = self.start_guarded()
         self.take_over(program, signal.SIGKILL)
@@ -246,6 +266,7 @@ class GuardedSaverTest(StageTest):
         self.assertEqual(self.logind.calls(), [("Lock",)])
 
     def test_a_guard_whose_saver_is_gone_before_it_is_up_takes_over_too(self):
+        self._put_desktop()
         ours, theirs = socket.socketpair()
         folder = os.path.join(os.path.dirname(os.path.dirname(PROGRAM)), "libexec", "tavrix")
         with theirs:
@@ -315,15 +336,6 @@ class GuardedSaverTest(StageTest):
         self.shows(self.small, "the picture")
         self.take_over(program, signal.SIGKILL)
 
-    def map_red(self, managed):
-        root = self.other.screen().root
-        window = root.create_window(100, 100, 500, 400, 0, X.CopyFromParent, background_pixel=0xFF0000,
-                                    override_redirect=not managed)
-        window.set_wm_name("thief")
-        window.map()
-        self.other.sync()
-        return window
-
     def test_what_others_put_on_the_screen_comes_down(self):
         program = self.start_guarded()
         for managed in (False, True):
@@ -338,6 +350,25 @@ class GuardedSaverTest(StageTest):
         self.other.sync()
         self.enter(_PASSWORD)
         self.assertEqual(program.wait_end(), 0)
+
+    def test_a_key_that_is_held_enters_nothing(self):
+        program = self.start_guarded()
+        with self.screen.held("Return"):
+            question = self.question(program)
+            time.sleep(1)
+            question.find("push button", "Cancel")
+            self.assertTrue(question.all("text")[0].has("enabled"))
+        self.enter(_PASSWORD)
+        self.assertEqual(program.wait_end(), 0)
+
+    def test_a_key_that_is_held_enters_nothing_at_the_guard(self):
+        program = self.start_guarded()
+        self.take_over(program, signal.SIGKILL)
+        with self.screen.held("Return"):
+            self.guard_asks()
+            time.sleep(1)
+        self.enter(_PASSWORD)
+        wait_until(lambda: not self._guards(), "the end of the guard")
 
     def test_keys_of_the_window_manager_and_a_close_request_lead_nowhere(self):
         program = self.start_guarded()
@@ -367,15 +398,6 @@ class GuardedSaverTest(StageTest):
         self.assertEqual(second.wait_end(), 0)
         self.assertTrue(program.running())
 
-    def is_not_guarded(self, **options):
-        small, *_ = self.pictures()
-        program = self.begin(**options)
-        self.shows(small, "the picture")
-        self.assertFalse(self.held())
-        self.assertEqual(self._guards(), [])
-        self.screen.press("a")
-        self.assertEqual(program.wait_end(), 0)
-
     def test_without_the_switch_nothing_is_asked(self):
         self.is_not_guarded(switch=None)
         self.is_not_guarded(switch="0")
@@ -399,6 +421,12 @@ class GuardedSaverTest(StageTest):
             process.kill()
             process.wait()
 
+    def test_a_keyboard_that_breaks_grabs_is_not_relied_on(self):
+        option = ["setxkbmap", "-display", self.screen.environment["DISPLAY"], "-option"]
+        self.addCleanup(subprocess.run, [*option, ""], check=True)
+        subprocess.run([*option, "grab:break_actions"], check=True)
+        self.is_not_guarded()
+
     def test_the_settings_tell_and_turn_it(self):
         self.pictures()
         self.home.write_settings("[Viewer]\n")
@@ -415,7 +443,11 @@ class GuardedSaverTest(StageTest):
         self.start_guarded(switch=None)
 
 
-class UnderAnotherWindowManager(GuardedSaverTest):
-    """With one that places and stacks by rules of its own, and composes nothing."""
+class UnderAnotherWindowManager(GuardedTest):
+    """With one that places and stacks by rules of its own."""
 
-    session_options = {"window_manager": "metacity"}
+    session_options = {"window_manager": "metacity", "repeat": (200, 30)}
+
+    test_it_ends_with_the_right_password_only = GuardedSaverTest.test_it_ends_with_the_right_password_only
+    test_killed_it_leaves_the_screen_to_its_guard = GuardedSaverTest.test_killed_it_leaves_the_screen_to_its_guard
+    test_what_others_put_on_the_screen_comes_down = GuardedSaverTest.test_what_others_put_on_the_screen_comes_down

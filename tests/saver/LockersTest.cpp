@@ -54,6 +54,15 @@ TEST_F(LockersTest, WithoutAListOfProcessesNobodyKnows) {
     EXPECT_TRUE(LockerRuns(":1", processes_.At("none")));
 }
 
+TEST_F(LockersTest, AServerStartedFromAConsoleIsSeen) {
+    Run(10, "Xorg", "");
+    Run(11, "bash", "");
+    EXPECT_FALSE(StartedFromConsole(processes_.Path()));
+    Run(12, "xinit", "");
+    EXPECT_TRUE(StartedFromConsole(processes_.Path()));
+    EXPECT_FALSE(Runs());
+}
+
 TEST(DesktopHasLockerTest, AllDesktopsDoButMereWindowManagers) {
     for (const char* names : {"", "openbox", "i3", "ICEWM", "fluxbox:openbox", ":"})
         EXPECT_FALSE(DesktopHasLocker(names)) << names;

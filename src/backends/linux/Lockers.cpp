@@ -7,6 +7,8 @@
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <optional>
+#include <span>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -35,6 +37,8 @@ constexpr std::array<std::string_view, 36> WindowManagers{
     "stumpwm", "evilwm",  "pekwm",    "cwm",      "sawfish",       "afterstep", "metacity",    "marco",
     "xfwm4",   "muffin",  "notion",   "matchbox"};
 
+constexpr std::array<std::string_view, 3> ConsoleStarters{"xinit", "startx", "sx"};
+
 /// 12 of ":12", of ":12.0" and of "unix:12"; displays of other machines stay as they are.
 std::string DisplayNumber(const std::string& display) {
     const auto colon = display.rfind(':');
@@ -60,26 +64,33 @@ bool IsOurs(const std::filesystem::path& process) {
     return ::stat(process.c_str(), &status) == 0 && status.st_uid == ::getuid();
 }
 
-bool IsLocker(const std::filesystem::path& process) {
-    const auto name = ReadWholeFile((process / "comm").string());
-    return name &&
-           std::ranges::find(LockerNames, Trim(name->substr(0, name->find('\n')))) != LockerNames.end();
+/// Whether a process of the user's bears one of these names and `counts`. True too where nobody can tell.
+template <class Counts>
+bool AnyProcess(const std::string& processes, std::span<const std::string_view> names, Counts counts) {
+    std::error_code error;
+    const std::filesystem::directory_iterator all(processes, error);
+    if (error) return true;
+    return std::any_of(begin(all), end(all), [&](const auto& entry) {
+        const std::filesystem::path& process = entry.path();
+        if (process.filename().string().find_first_not_of("0123456789") != std::string::npos) return false;
+        const auto name = ReadWholeFile((process / "comm").string());
+        if (!name || !IsOurs(process)) return false;
+        return std::ranges::find(names, Trim(name->substr(0, name->find('\n')))) != names.end() &&
+               counts(process);
+    });
 }
 
 }  // namespace
 
 bool LockerRuns(const std::string& display, const std::string& processes) {
-    std::error_code error;
-    const std::filesystem::directory_iterator all(processes, error);
-    if (error) return true;  // nobody knows what runs
-    for (const auto& entry : all) {
-        const std::string name = entry.path().filename();
-        if (name.find_first_not_of("0123456789") != std::string::npos) continue;
-        if (!IsLocker(entry.path()) || !IsOurs(entry.path())) continue;
-        const auto shown = DisplayOf(entry.path());
-        if (!shown || DisplayNumber(*shown) == DisplayNumber(display)) return true;
-    }
-    return false;
+    return AnyProcess(processes, LockerNames, [&](const std::filesystem::path& process) {
+        const auto shown = DisplayOf(process);
+        return !shown || DisplayNumber(*shown) == DisplayNumber(display);
+    });
+}
+
+bool StartedFromConsole(const std::string& processes) {
+    return AnyProcess(processes, ConsoleStarters, [](const auto&) { return true; });
 }
 
 bool DesktopHasLocker(const std::string& desktops) {

@@ -8,6 +8,10 @@ namespace tavrix {
 /// display (as DISPLAY names it). One whose display cannot be told counts. `processes` is where the system lists them.
 [[nodiscard]] bool LockerRuns(const std::string& display, const std::string& processes = "/proc");
 
+/// Whether the user has started an X server from a console: there the shell waits for whoever goes to that console, and
+/// no saver guards it.
+[[nodiscard]] bool StartedFromConsole(const std::string& processes = "/proc");
+
 /// Whether XDG_CURRENT_DESKTOP names a desktop that guards its own screen: each but those that are a window manager and no
 /// more.
 [[nodiscard]] bool DesktopHasLocker(const std::string& desktops);

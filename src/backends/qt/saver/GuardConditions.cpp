@@ -58,6 +58,8 @@ bool ScreenIsOurs() {
     if (qgetenv("XDG_SESSION_TYPE") == "wayland" || !qgetenv("WAYLAND_DISPLAY").isEmpty()) return false;
     if (!x11::ShowsDesktop()) return false;
     xcb_connection_t* connection = x11::QtConnection();
+    // A cover is over one root window.
+    if (xcb_setup_roots_length(xcb_get_setup(connection)) != 1) return false;
     return !SaverDaemonOnScreen(connection) && !KeysBreakGrabs(connection);
 }
 
@@ -74,8 +76,8 @@ bool GuardPrograms::Exist() const {
 
 bool SaverMayGuard(const GuardPrograms& programs) {
     return programs.Exist() && !DesktopHasLocker(qgetenv("XDG_CURRENT_DESKTOP").toStdString()) &&
-           ScreenIsOurs() && !LockerRuns(qgetenv("DISPLAY").toStdString()) && !LockerOnBus() &&
-           PamChecksPasswords("tavrix") && AccountHasPassword();
+           ScreenIsOurs() && !StartedFromConsole() && !LockerRuns(qgetenv("DISPLAY").toStdString()) &&
+           !LockerOnBus() && PamChecksPasswords("tavrix") && AccountHasPassword();
 }
 
 }  // namespace tavrix::qt

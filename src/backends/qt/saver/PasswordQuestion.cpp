@@ -50,6 +50,7 @@ PasswordQuestion::PasswordQuestion(std::string checker, Limits limits)
         QStringLiteral("Enter the password of %1 to end the screen saver:").arg(AccountName());
     text_->setTextFormat(Qt::PlainText);
     text_->setText(question);
+    text_->setMinimumWidth(text_->sizeHint().width());  // whatever it says later
     field_->setAccessibleName(question);
     field_->setEchoMode(QLineEdit::Password);
     field_->setContextMenuPolicy(Qt::NoContextMenu);  // a menu would take the keyboard and let go of it

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "backends/qt/peers/HeldKeys.h"
 #include "backends/qt/saver/ScreenHold.h"
 #include "backends/qt/x11/WindowStack.h"
 
@@ -29,6 +30,7 @@ class ScreenGuard {
     std::string checker_;
     x11::BlackCover cover_;
     ScreenHold hold_;
+    HeldKeys heldKeys_;
     std::unique_ptr<QSocketNotifier> saver_;
     bool alone_ = false;  ///< without the saver
     bool asking_ = false;
