@@ -13,7 +13,7 @@ import time
 import unittest
 
 from PIL import Image
-from Xlib import X, display
+from Xlib import X, Xatom, display
 from gi.repository import Gio, GLib
 
 from driver import wait_until
@@ -23,6 +23,7 @@ from test_show import StageTest
 
 _WRAPPER = glob.glob("/usr/lib/*/libpam_wrapper.so") + glob.glob("/usr/lib*/libpam_wrapper.so")
 _MATRIX = glob.glob("/usr/lib/*/pam_wrapper/pam_matrix.so") + glob.glob("/usr/lib*/pam_wrapper/pam_matrix.so")
+_HELPERS = os.path.join(os.path.dirname(os.path.dirname(PROGRAM)), "libexec", "tavrix")
 _GUARD = "tavrix-guard"
 _PASSWORD = "correct horse"
 _LOGIN = "org.freedesktop.login1"
@@ -38,13 +39,13 @@ class Logind:
 
     def __init__(self, address):
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-        self._connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
-        self._connection.set_exit_on_close(False)
+        self.connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        self.connection.set_exit_on_close(False)
         self._calls = []
         for path, interfaces in _LOGIN_OBJECTS.items():
             node = Gio.DBusNodeInfo.new_for_xml(interfaces)
-            self._connection.register_object(path, node.interfaces[0], self._called)
-        self._connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+            self.connection.register_object(path, node.interfaces[0], self._called)
+        self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                                    "RequestName", GLib.Variant("(su)", (_LOGIN, 0)), None, 0, 5000, None)
 
     def _called(self, _connection, _sender, _path, _interface, method, arguments, invocation):
@@ -57,8 +58,13 @@ class Logind:
             context.iteration(False)
         return self._calls
 
+    def owns(self, service):
+        self.calls()
+        return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                         "NameHasOwner", GLib.Variant("(s)", (service,)), None, 0, 5000, None)[0]
+
     def close(self):
-        self._connection.close_sync(None)
+        self.connection.close_sync(None)
 
 
 @unittest.skipUnless(_WRAPPER and _MATRIX, "libpam-wrapper is not installed")
@@ -69,6 +75,8 @@ class GuardedTest(StageTest):
     def setUp(self):
         super().setUp()
         self.environment = self._stand_in()
+        if self._check_password() != 0:
+            self.skipTest("PAM cannot be wrapped here")
         self.other = display.Display(self.screen.environment["DISPLAY"])
         self.addCleanup(self.other.close)
         self.logind = Logind(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
@@ -101,6 +109,11 @@ class GuardedTest(StageTest):
         path = programs + ":" + self.session.environment.get("PATH", "/usr/bin:/bin")
         return {"PATH": path, "LD_PRELOAD": _WRAPPER[0], "PAM_WRAPPER": "1", "PAM_WRAPPER_SERVICE_DIR": services,
                 "DBUS_SYSTEM_BUS_ADDRESS": self.session.environment["DBUS_SESSION_BUS_ADDRESS"]}
+
+    def _check_password(self):
+        """What the checker says of the stand-in's password. A sanitized one cannot be wrapped."""
+        return subprocess.run([os.path.join(_HELPERS, "tavrix-password")], input=_PASSWORD.encode(), check=False,
+                              env={**self.session.environment, **self.environment}, stderr=subprocess.DEVNULL).returncode
 
     def _guards(self):
         """The ids of the guards of this display."""
@@ -181,6 +194,17 @@ class GuardedTest(StageTest):
         self.black()
         wait_until(self.held, "the guard's hold")
         wait_until(lambda: self.logind.calls() == [call], "the wish for a lock")
+
+    def start_lone_guard(self):
+        """A guard whose saver ended before it was up."""
+        ours, theirs = socket.socketpair()
+        with theirs:
+            process = subprocess.Popen(
+                [os.path.join(_HELPERS, _GUARD), os.path.join(_HELPERS, "tavrix-password")], stdin=theirs, stdout=theirs,
+                env={**self.session.environment, **self.home.environment, **self.environment})
+        ours.close()
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
 
     def map_red(self, managed):
         root = self.other.screen().root
@@ -267,18 +291,25 @@ class GuardedSaverTest(GuardedTest):
 
     def test_a_guard_whose_saver_is_gone_before_it_is_up_takes_over_too(self):
         self._put_desktop()
-        ours, theirs = socket.socketpair()
-        folder = os.path.join(os.path.dirname(os.path.dirname(PROGRAM)), "libexec", "tavrix")
-        with theirs:
-            process = subprocess.Popen(
-                [os.path.join(folder, _GUARD), os.path.join(folder, "tavrix-password")], stdin=theirs, stdout=theirs,
-                env={**self.session.environment, **self.home.environment, **self.environment})
-        ours.close()
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
+        self.start_lone_guard()
         self.black()
         wait_until(self.held, "the guard's hold")
         wait_until(lambda: self.logind.calls() == [("Lock",)], "the wish for a lock")
+
+    def is_not_asked_beside(self, service):
+        name = Gio.bus_own_name_on_connection(self.logind.connection, service, 0, None, None)
+        wait_until(lambda: self.logind.owns(service), "the name on the bus")
+        self.is_not_guarded()
+        Gio.bus_unown_name(name)
+
+    def test_a_locker_on_the_bus_is_left_to_lock(self):
+        self.is_not_asked_beside("org.freedesktop.ScreenSaver")
+
+    def test_so_is_a_daemon_that_has_marked_a_window(self):
+        window = self.other.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        window.change_property(self.other.get_atom("_SCREENSAVER_VERSION"), Xatom.STRING, 8, b"6.06")
+        self.other.sync()
+        self.is_not_guarded()
 
     def test_asked_to_end_by_a_signal_it_leaves_the_screen_to_its_guard(self):
         self.take_over(self.start_guarded(), signal.SIGTERM)
@@ -410,6 +441,7 @@ class GuardedSaverTest(GuardedTest):
     def test_a_desktop_that_locks_is_left_to_it(self):
         self.is_not_guarded(environment={"XDG_CURRENT_DESKTOP": "GNOME"})
         self.is_not_guarded(environment={"WAYLAND_DISPLAY": "wayland-0"})
+        self.is_not_guarded(environment={"XDG_SESSION_TYPE": "wayland"})
 
     def test_so_is_a_program_that_locks(self):
         locker = os.path.join(self.home.folder, "xss-lock")
@@ -451,3 +483,21 @@ class UnderAnotherWindowManager(GuardedTest):
     test_it_ends_with_the_right_password_only = GuardedSaverTest.test_it_ends_with_the_right_password_only
     test_killed_it_leaves_the_screen_to_its_guard = GuardedSaverTest.test_killed_it_leaves_the_screen_to_its_guard
     test_what_others_put_on_the_screen_comes_down = GuardedSaverTest.test_what_others_put_on_the_screen_comes_down
+
+
+class OnAGrowingScreen(GuardedTest):
+    def test_a_screen_that_grows_is_covered(self):
+        root = self.other.screen().root
+        resources = root.xrandr_get_screen_resources()
+        small = (self.screen.width // 2, self.screen.height // 2)
+        for crtc in resources.crtcs:
+            self.other.xrandr_set_crtc_config(crtc, resources.config_timestamp, 0, 0, 0, 1, [])
+        root.xrandr_set_screen_size(*small, 200, 150)
+        self.other.sync()
+        self.assertEqual((root.get_geometry().width, root.get_geometry().height), small)
+        self._put_desktop()
+        self.start_lone_guard()
+        wait_until(self.held, "the guard's hold")
+        root.xrandr_set_screen_size(self.screen.width, self.screen.height, 400, 300)
+        self.other.sync()
+        self.black()
