@@ -1,12 +1,15 @@
 #include "app/Composition.h"
 
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "backends/linux/HostSound.h"
 #include "backends/qt/CarriedPlugins.h"
+#include "base/Text.h"
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/package/PackageLayout.h"
@@ -31,7 +34,7 @@ HostProgramFiles::Places PlacesOf(const HostPaths& paths) {
     const std::string beside = HostFolderOf(paths.executable);
     HostProgramFiles::Places places;
     places.executable = paths.executable;
-    places.setup = beside + "/tavrix-setup";
+    places.setup = HostFolderOf(beside) + "/libexec/tavrix/tavrix-setup";
     places.launchers = LaunchersOf(paths);
     places.folders = {paths.shared, beside};
     for (const package::LayoutEntry& entry : package::Layout)
@@ -48,14 +51,30 @@ HostProgramFiles::Places PlacesOf(const HostPaths& paths) {
     return places;
 }
 
+/// Only the saver and its settings have to do with what guards the screen, and finding that out would delay the start of
+/// all others.
+bool IsAboutTheSaver(const std::string& commandLine) {
+    const std::string word = UpperCase(Trim(commandLine));
+    return commandLine.starts_with("SCRNSAVE") || word == "C" || word == "/C";
+}
+
+std::optional<bool> AskYesOrNo(forms::Application& app, const std::string& text) {
+    const forms::Answer answer = app.MessageBox(
+        {.text = text, .icon = forms::BoxIcon::Question, .buttons = forms::BoxButtons::YesNoCancel});
+    return answer == forms::Answer::Cancel ? std::nullopt : std::optional(answer == forms::Answer::Yes);
+}
+
 }  // namespace
 
 Composition::Composition(HostPlatform& host)
     : host_(host),
       programFiles_(host.files, host.driveMap, PlacesOf(host.paths)),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
+      system_([this] { return IsAboutTheSaver(host_.process.CommandLine()) && saverPassword_.MayGuard(); }),
       desktop_(host.registry, {[&host](const std::string& path) { return host.files.HostPathOf(path); },
                                [&host](const std::string& file) { return host.driveMap.ToDrivePath(file); }}),
+      saverPassword_(qt::GuardPrograms::Of(host.paths.executable), registry_,
+                     [this](const std::string& text) { return AskYesOrNo(app_, text); }),
       helpWindow_([this] { return module_.config.TopMostWindow; }),
       help_(
           host.files, helpWindow_, [&host] { return HelpFileBesideProgram(host); },

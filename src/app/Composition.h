@@ -9,7 +9,8 @@
 #include "backends/qt/desktop/QtDesktop.h"
 #include "backends/qt/desktop/QtWakefulness.h"
 #include "backends/qt/help/HelpWindow.h"
-#include "backends/shared/NoSaverPassword.h"
+#include "backends/qt/saver/LockSetting.h"
+#include "backends/qt/saver/QtSaverPassword.h"
 #include "backends/shared/help/HelpDesk.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
@@ -42,8 +43,9 @@ class Composition {
     qt::QtSystem system_;
     qt::QtWakefulness wakefulness_;
     qt::QtDesktop desktop_;
-    qt::DesktopRegistry registry_{host_.registry, desktop_};
-    NoSaverPassword saverPassword_;
+    qt::DesktopRegistry desktopRegistry_{host_.registry, desktop_};
+    qt::LockRegistry registry_{desktopRegistry_};
+    qt::QtSaverPassword saverPassword_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
     Services services_;

@@ -436,7 +436,7 @@ class PasserBy : public SaverPasswordTest {
     }
     void Calm() { last_ = deep_ = true; }
     bool Act() {
-        switch (Chance(8)) {
+        switch (Chance(9)) {
             case 0:
                 return Press(Chance(256) + 1);
             case 1:
@@ -449,6 +449,13 @@ class PasserBy : public SaverPasswordTest {
                 return Moves(Chance(10));
             case 5:
                 return Ends([this] { Stage().SlideTimer_Timer(); });
+            case 6:  // the question fails, or works again
+                platform.faults.Clear();
+                if (Chance(2) == 0) {
+                    platform.faults.FailAlways(Service::SaverPassword, "Verify",
+                                               ErrorNumber::DeviceUnavailable);
+                }
+                return false;
             default:
                 return Advance(Chance(2000));
         }
@@ -468,6 +475,8 @@ TEST_F(PasserBy, NeverEndsTheSaverWithoutThePassword) {
     }
     EXPECT_GT(Asked(), 1000);
     EXPECT_GT(toolkit.BoxesShown(), 1000);
+    EXPECT_EQ(password.told, Told{true});
+    platform.faults.Clear();
     // The next failure and the password end it.
     Calm();
     password.right = true;

@@ -125,7 +125,7 @@ TEST_F(SaverSetupTest, ShowsTheShowOfTheSaver) {
     EXPECT_EQ(dialog.ComboPassDelay.ListIndex.Get(), 3);
     EXPECT_TRUE(dialog.Option5.Value);
     EXPECT_EQ(dialog.lblColor.BackColor.Get(), StageBackground(4));
-    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "");
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "The password of your account is asked for.");
     EXPECT_TRUE(dialog.ComboPassDelay.Enabled);
     EXPECT_TRUE(dialog.CmdPassChange.Enabled);
 }
@@ -437,6 +437,18 @@ TEST_F(SaverSetupTest, ChangeIsTheDesktops) {
     platform.faults.FailAlways(headless::Service::SaverPassword, "Change", ErrorNumber::DeviceUnavailable);
     Press(dialog.CmdPassChange);
     EXPECT_FALSE(module.Busy());
+}
+
+TEST_F(SaverSetupTest, WhereTheSaverIsGuardedItTellsWhetherThePasswordIsAskedFor) {
+    const auto turn = [this](const char* flag) {
+        platform.registry.Put("Control Panel\\desktop", "ScreenSaveUsePassword", {1, flag});
+    };
+    turn("0");
+    SaverSetup& dialog = Open();
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "No password is asked for: see Change.");
+    turn("1");
+    Press(dialog.CmdPassChange);
+    EXPECT_EQ(dialog.lblPassMsg.Caption.Get(), "The password of your account is asked for.");
 }
 
 TEST_F(SaverSetupTest, AStoreThatTakesNothingIsToldOfAndTheWindowStays) {

@@ -11,6 +11,7 @@
 #include "core/NotYet.h"
 #include "core/RecentLists.h"
 #include "core/Settings.h"
+#include "core/StartupChecks.h"
 #include "core/Version.h"
 #include "dialogs/DialogPictures.h"
 #include "dialogs/DialogWork.h"
@@ -96,7 +97,7 @@ void SaverSetup::BuildPassword() {
     lblPassDelay.SetBuddy(ComboPassDelay);
     ComboPassDelay.ToolTip = "How long the screen saver ends without the password.";
     CmdPassChange.Caption = "Ch&ange";
-    CmdPassChange.ToolTip = "Change the password.";
+    CmdPassChange.ToolTip = "Where the password is changed, and whether it is asked for.";
     CmdPassChange.OnClick = [this] { CmdPassChange_Click(); };
     lblPassMsg.WordWrap = true;
 }
@@ -201,7 +202,12 @@ void SaverSetup::ShowInterval() {
 }
 
 void SaverSetup::ShowPassword() {
-    if (module_.OsPlatformId != SelfGuardingPlatform) return;
+    if (module_.OsPlatformId != SelfGuardingPlatform) {
+        ReadSaverPasswordFlag(module_);
+        lblPassMsg.Caption = module_.UsePassword ? "The password of your account is asked for."
+                                                 : "No password is asked for: see Change.";
+        return;
+    }
     lblPassDelay.Enabled = false;
     ComboPassDelay.Enabled = false;
     CmdPassChange.Enabled = false;
@@ -248,6 +254,7 @@ void SaverSetup::CmdSelectFile_Click() {
 void SaverSetup::CmdPassChange_Click() {
     if (module_.Busy()) return;
     SkipFailure([&] { module_.platform.saverPassword.Change(); });
+    if (!Unloaded()) ShowPassword();
 }
 
 void SaverSetup::CmdOK_Click() {

@@ -46,16 +46,15 @@ bool HasTitle(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t netN
     return false;
 }
 
-/// The windows that may bear titles: those that the window manager lists, or without one all of them.
+/// The windows that may bear titles: those that the window manager lists, and those that it has put no frame around.
 std::vector<xcb_window_t> TitledWindows(xcb_connection_t* connection, xcb_window_t root) {
     const auto list = PropertyOf(connection, root, AtomOf(connection, "_NET_CLIENT_LIST"));
     std::vector<xcb_window_t> windows = Words(list.get());
-    if (list && list->type != XCB_ATOM_NONE) return windows;
     const Reply<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr));
     if (!tree) return windows;
     const xcb_window_t* children = xcb_query_tree_children(tree.get());
-    windows.assign(children, children + xcb_query_tree_children_length(tree.get()));
+    windows.insert(windows.end(), children, children + xcb_query_tree_children_length(tree.get()));
     return windows;
 }
 

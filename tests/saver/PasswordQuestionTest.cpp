@@ -1,0 +1,191 @@
+#include "backends/qt/saver/PasswordQuestion.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <functional>
+#include <string>
+
+#include "saver/Script.h"
+
+namespace tavrix {
+namespace {
+
+using namespace std::chrono_literals;
+using qt::PasswordQuestion;
+
+class PasswordQuestionTest : public testing::Test {
+  protected:
+    /// Whether a question is answered right by whoever does this once it is open. What the user is told is in `told`.
+    bool Ask(const std::function<void(PasswordQuestion&)>& user, PasswordQuestion::Limits limits = {}) {
+        PasswordQuestion question(checker_, limits);
+        QTimer::singleShot(0, &question, [&] { user(question); });
+        QTimer watch;
+        watch.setInterval(1ms);
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (Text(question) != told.back()) told.push_back(Text(question));
+        });
+        told = {Text(question)};
+        watch.start();
+        return question.Ask();
+    }
+    static std::string Text(PasswordQuestion& question) {
+        return question.findChild<QLabel*>()->text().toStdString();
+    }
+    static QLineEdit& Field(PasswordQuestion& question) { return *question.findChild<QLineEdit*>(); }
+    static QPushButton& Button(PasswordQuestion& question, QDialogButtonBox::StandardButton kind) {
+        return *question.findChild<QDialogButtonBox*>()->button(kind);
+    }
+    static void Press(QWidget& widget, int key, const QString& text = {}) {
+        QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(&widget, &down);
+        QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
+        QApplication::sendEvent(&widget, &up);
+    }
+    static void Enter(PasswordQuestion& question, const QString& password) {
+        for (const QChar character : password)
+            Press(Field(question), 0, QString(character));
+        Press(Field(question), Qt::Key_Return);
+    }
+    void CheckBy(const std::string& lines) { checker_ = PutScript(folder_, "checker", lines); }
+
+    std::vector<std::string> told;
+    TestFolder folder_;
+    std::string checker_ = PutScript(folder_, "checker", "[ \"$(cat)\" = secret ] || exit 1");
+};
+
+constexpr PasswordQuestion::Limits SoonRead{.notice = 20ms};
+
+TEST_F(PasswordQuestionTest, TheRightPasswordIsRight) {
+    EXPECT_TRUE(Ask([](auto& question) { Enter(question, "secret"); }));
+}
+
+TEST_F(PasswordQuestionTest, AWrongOneIsToldAndAsksNoMore) {
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secre"); }, SoonRead));
+    EXPECT_EQ(told.back(), "The password is wrong.");
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, ""); }, SoonRead));
+    EXPECT_EQ(told.back(), "The password is wrong.");
+}
+
+TEST_F(PasswordQuestionTest, WhatIsToldGoesWithOk) {
+    EXPECT_FALSE(Ask([](auto& question) {
+        auto* watch = new QTimer(&question);
+        QObject::connect(watch, &QTimer::timeout, watch, [&question] {
+            if (Text(question) != "The password is wrong.") return;
+            EXPECT_FALSE(Field(question).isVisible());
+            EXPECT_FALSE(Button(question, QDialogButtonBox::Cancel).isVisible());
+            Button(question, QDialogButtonBox::Ok).click();
+        });
+        watch->start(1ms);
+        Enter(question, "wrong");
+    }));
+}
+
+TEST_F(PasswordQuestionTest, TheCheckerGetsExactlyWhatWasEntered) {
+    CheckBy("cat > '" + folder_.At("heard") + "'");
+    const QString password = QString::fromUtf8(" pä€s \\w'\"$ord ");
+    EXPECT_TRUE(Ask([&](auto& question) { Enter(question, password); }));
+    EXPECT_EQ(folder_.Content("heard"), password.toStdString());
+}
+
+TEST_F(PasswordQuestionTest, ALongPasswordArrivesWhole) {
+    CheckBy("cat > '" + folder_.At("heard") + "'");
+    const QString password(500, QChar(0x20AC));
+    EXPECT_TRUE(Ask([&](auto& question) {
+        Field(question).setText(password);
+        Press(Field(question), Qt::Key_Return);
+    }));
+    EXPECT_EQ(folder_.Content("heard"), password.toStdString());
+}
+
+TEST_F(PasswordQuestionTest, AClosedQuestionIsWrong) {
+    const auto typed = [](auto& question) { Field(question).setText("secret"); };
+    EXPECT_FALSE(Ask([&](auto& question) {
+        typed(question);
+        Button(question, QDialogButtonBox::Cancel).click();
+    }));
+    EXPECT_FALSE(Ask([&](auto& question) {
+        typed(question);
+        Press(Field(question), Qt::Key_Escape);
+    }));
+    EXPECT_FALSE(Ask([&](auto& question) {
+        typed(question);
+        question.close();
+    }));
+}
+
+TEST_F(PasswordQuestionTest, AQuestionClosedDuringItsCheckIsWrongAndTheCheckEnds) {
+    CheckBy("echo $$ > '" + folder_.At("id") + "'; exec sleep 600");
+    EXPECT_FALSE(Ask([&](auto& question) {
+        auto* watch = new QTimer(&question);
+        QObject::connect(watch, &QTimer::timeout, watch, [&] {
+            if (!folder_.Content("id").ends_with('\n')) return;
+            EXPECT_EQ(Text(question), "Checking the password...");
+            EXPECT_FALSE(Field(question).isEnabled());
+            EXPECT_EQ(Field(question).text(), QString());
+            Button(question, QDialogButtonBox::Ok).click();  // not once more
+            Button(question, QDialogButtonBox::Cancel).click();
+        });
+        watch->start(1ms);
+        Enter(question, "secret");
+    }));
+    const auto id = static_cast<pid_t>(std::stoi(folder_.Content("id")));
+    while (::kill(id, 0) == 0)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+TEST_F(PasswordQuestionTest, ItClosesItselfAsWrong) {
+    EXPECT_FALSE(Ask([](auto& question) { Field(question).setText("secret"); }, {.entry = 30ms}));
+    EXPECT_EQ(PasswordQuestion::Limits().entry, 30s);
+}
+
+TEST_F(PasswordQuestionTest, ACheckThatTakesTooLongIsWrong) {
+    CheckBy("exec sleep 600");
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, {.check = 30ms}));
+}
+
+TEST_F(PasswordQuestionTest, ACheckThatFailsIsWrong) {
+    for (const char* way : {"exit 2", "kill -9 $$", "exit 127", "echo 0; exit 3", "cat; exit 2"}) {
+        CheckBy(way);
+        EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead)) << way;
+        EXPECT_EQ(told.back(), "The password could not be checked.") << way;
+    }
+    checker_ = folder_.At("none");
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead));
+    EXPECT_EQ(told.back(), "The password could not be checked.");
+}
+
+TEST_F(PasswordQuestionTest, TheWindowStaysAliveDuringTheCheck) {
+    CheckBy("cat > /dev/null; while [ ! -e '" + folder_.At("go") + "' ]; do sleep 0.01; done");
+    int turns = 0;
+    EXPECT_TRUE(Ask([&](auto& question) {
+        auto* watch = new QTimer(&question);
+        QObject::connect(watch, &QTimer::timeout, watch, [&] {
+            if (++turns == 20) folder_.Put("go", "");
+        });
+        watch->start(1ms);
+        Enter(question, "secret");
+    }));
+    EXPECT_GE(turns, 20);
+}
+
+TEST_F(PasswordQuestionTest, TheFieldShowsNothingAndGivesNothingAway) {
+    EXPECT_FALSE(Ask([](auto& question) {
+        QLineEdit& field = Field(question);
+        field.setText("secret");
+        EXPECT_EQ(field.echoMode(), QLineEdit::Password);
+        EXPECT_EQ(field.contextMenuPolicy(), Qt::NoContextMenu);
+        EXPECT_FALSE(field.displayText().contains("secret"));
+        question.close();
+    }));
+}
+
+}  // namespace
+}  // namespace tavrix
