@@ -2,6 +2,7 @@
 
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
+#include "shows/saver/StartHostedSaver.h"
 #include "viewer/EndOfSession.h"
 
 namespace tavrix {
@@ -36,6 +37,13 @@ void Composition::Run() {
     Main(module_, lives_);
     app_.Run();
     host_.process.End();
+}
+
+std::string Composition::RunInHost(qt::x11::HostWindow& window, const std::string& show, HostedSaver hosted) {
+    toolkit_.Embed(window);
+    std::string reason = StartHostedSaver(module_, show, hosted);
+    if (reason.empty()) app_.Run();
+    return reason;
 }
 
 void Composition::Save() {

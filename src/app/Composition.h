@@ -13,6 +13,7 @@
 #include "core/Main.h"
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
+#include "shows/stage/HostedSaver.h"
 
 namespace tavrix {
 
@@ -26,6 +27,11 @@ class Composition {
 
     /// Leads the process's life until its last window is gone.
     void Run();
+
+    /// Plays a show in another program's window until the process is ended; see StartHostedSaver. Returns where there is
+    /// nothing to play, with the reason.
+    [[nodiscard]] std::string RunInHost(qt::x11::HostWindow& window, const std::string& show,
+                                        HostedSaver hosted);
 
     /// Keeps what an end from outside would lose: see SaveForEndOfSession.
     void Save();

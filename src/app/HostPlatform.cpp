@@ -3,8 +3,10 @@
 #include <utility>
 
 namespace tavrix {
-HostPlatform::HostPlatform(std::vector<std::string> arguments)
-    : driveMap(DriveMap::SourcesOf(paths)), process(driveMap, paths, std::move(arguments)) {}
+HostPlatform::HostPlatform(std::vector<std::string> arguments, const std::string& ofProgram)
+    : paths(HostPaths::FromEnvironment(ofProgram)),
+      driveMap(DriveMap::SourcesOf(paths)),
+      process(driveMap, paths, std::move(arguments)) {}
 
 void HostPlatform::PrefetchPicture() {
     const std::string commandLine = process.CommandLine();
