@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 
+#include "backends/linux/Neighbour.h"
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/saver/StartHostedSaver.h"
@@ -30,7 +31,9 @@ Composition::Composition(HostPlatform& host)
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
     };
-    WireProgram(module_, lives_);
+    const std::string idle = NeighbourOf(host.paths.executable, "tavrix-idle");
+    if (!idle.empty()) idleStart_.emplace(host.paths, idle);
+    WireProgram(module_, lives_, nullptr, idleStart_ ? &*idleStart_ : nullptr);
 }
 
 void Composition::Run() {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "app/HostPlatform.h"
+#include "backends/linux/HostIdleStart.h"
 #include "backends/qt/QtSystem.h"
 #include "backends/qt/QtToolkit.h"
 #include "backends/qt/clipboard/QtClipboard.h"
@@ -50,6 +53,7 @@ class Composition {
     NoSaverPassword saverPassword_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
+    std::optional<HostIdleStart> idleStart_;  ///< where its program is installed
     Services services_;
     MainModule module_{app_, services_};
     Lives lives_;
