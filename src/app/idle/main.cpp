@@ -5,8 +5,11 @@
 #include <QFileSystemWatcher>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "backends/idle/DesktopSession.h"
@@ -62,26 +65,28 @@ class IdleProgram {
     }
 
     void Ask() {
-        if (!session_.BusStands()) QCoreApplication::quit();
+        if (!session_.BusStands()) End();
         timer_.stop();
         if (const auto again = starter_.Ask(Now())) timer_.start(*again);
     }
 
   private:
+    /// What is playing is left to its user.
+    [[noreturn]] static void End() { std::_Exit(EXIT_SUCCESS); }
+
     void WatchDisplay() {
         if (session_.Display() < 0) return;
         notifier_ = std::make_unique<QSocketNotifier>(session_.Display(), QSocketNotifier::Read);
         QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
             if (session_.ReadDisplay()) return;
-            notifier_->setEnabled(false);
-            QCoreApplication::quit();
+            End();
         });
     }
     void WatchEntry() {
         const auto follow = [this] {
             const std::optional<Milliseconds> wait = Wait();
             if (!wait) {
-                QCoreApplication::quit();
+                End();
                 return;
             }
             AddEntry();
@@ -92,6 +97,7 @@ class IdleProgram {
         QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, follow);
         watcher_.addPath(QString::fromStdString(HostFolderOf(entry_.File())));
         AddEntry();
+        follow();  // what changed before it was watched
     }
     /// A file that was replaced is another one to the watcher.
     void AddEntry() {
@@ -140,7 +146,5 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     idle::IdleProgram program(paths, viewer, fixed);
     QTimer::singleShot(0, [&program] { program.Ask(); });
-    const int status = QCoreApplication::exec();
-    // What is playing is left to its user.
-    std::_Exit(status);
+    return QCoreApplication::exec();
 }

@@ -1,6 +1,6 @@
 """A window that waits for another program to draw in it, as a screen saver's daemon makes one for each display."""
 
-from Xlib import X, display
+from Xlib import X, Xatom, display
 
 
 class HostWindow:
@@ -23,6 +23,11 @@ class HostWindow:
     def resize(self, width, height):
         self.width, self.height = width, height
         self._window.configure(width=width, height=height)
+        self._x.sync()
+
+    def mark(self, name, text):
+        """Sets a property of the window."""
+        self._window.change_property(self._x.get_atom(name), Xatom.STRING, 8, text.encode())
         self._x.sync()
 
     def children(self):
