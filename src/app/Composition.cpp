@@ -8,11 +8,13 @@
 #include <vector>
 
 #include "backends/linux/HostSound.h"
+#include "backends/linux/Neighbour.h"
 #include "backends/qt/CarriedPlugins.h"
 #include "base/Text.h"
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/package/PackageLayout.h"
+#include "shows/saver/StartHostedSaver.h"
 #include "viewer/EndOfSession.h"
 
 namespace tavrix {
@@ -85,13 +87,23 @@ Composition::Composition(HostPlatform& host)
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
     };
-    WireProgram(module_, lives_, programFiles_.Available() ? &programFiles_ : nullptr);
+    const std::string idle = NeighbourOf(host.paths.executable, "tavrix-idle");
+    if (!idle.empty()) idleStart_.emplace(host.paths, idle);
+    WireProgram(module_, lives_, programFiles_.Available() ? &programFiles_ : nullptr,
+                idleStart_ ? &*idleStart_ : nullptr);
 }
 
 void Composition::Run() {
     Main(module_, lives_);
     app_.Run();
     host_.process.End();
+}
+
+std::string Composition::RunInHost(qt::x11::HostWindow& window, const std::string& show, HostedSaver hosted) {
+    toolkit_.Embed(window);
+    std::string reason = StartHostedSaver(module_, show, hosted);
+    if (reason.empty()) app_.Run();
+    return reason;
 }
 
 void Composition::Save() {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "app/HostPlatform.h"
+#include "backends/linux/HostIdleStart.h"
 #include "backends/linux/HostProgramFiles.h"
 #include "backends/qt/QtSystem.h"
 #include "backends/qt/QtToolkit.h"
@@ -15,6 +18,7 @@
 #include "core/Main.h"
 #include "core/MainModule.h"
 #include "platform/forms/Application.h"
+#include "shows/stage/HostedSaver.h"
 
 namespace tavrix {
 
@@ -28,6 +32,11 @@ class Composition {
 
     /// Leads the process's life until its last window is gone.
     void Run();
+
+    /// Plays a show in another program's window until the process is ended; see StartHostedSaver. Returns where there is
+    /// nothing to play, with the reason.
+    [[nodiscard]] std::string RunInHost(qt::x11::HostWindow& window, const std::string& show,
+                                        HostedSaver hosted);
 
     /// Keeps what an end from outside would lose: see SaveForEndOfSession.
     void Save();
@@ -48,6 +57,7 @@ class Composition {
     qt::QtSaverPassword saverPassword_;
     qt::HelpWindow helpWindow_;
     HelpDesk help_;
+    std::optional<HostIdleStart> idleStart_;  ///< where its program is installed
     Services services_;
     MainModule module_{app_, services_};
     Lives lives_;

@@ -6,8 +6,10 @@
 #include "platform/services/DesktopStart.h"
 
 namespace tavrix {
-HostPlatform::HostPlatform(std::vector<std::string> arguments)
-    : driveMap(DriveMap::SourcesOf(paths)), process(driveMap, paths, std::move(arguments)) {
+HostPlatform::HostPlatform(std::vector<std::string> arguments, const std::string& ofProgram)
+    : paths(HostPaths::FromEnvironment(ofProgram)),
+      driveMap(DriveMap::SourcesOf(paths)),
+      process(driveMap, paths, std::move(arguments)) {
     NoteFirstStart(paths, process, store);
 }
 

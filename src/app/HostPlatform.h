@@ -20,15 +20,16 @@ namespace tavrix {
 
 /// The services that need no window system, one of each.
 struct HostPlatform {
-    /// `arguments` are those behind the program's name.
-    explicit HostPlatform(std::vector<std::string> arguments);
+    /// `arguments` are those behind the program's name. `ofProgram` is the executable whose folder is the program's; the
+    /// running one when it is empty.
+    explicit HostPlatform(std::vector<std::string> arguments, const std::string& ofProgram = {});
     HostPlatform(const HostPlatform&) = delete;
     HostPlatform& operator=(const HostPlatform&) = delete;
 
     /// Starts decoding the picture that the command line names, while the window system starts.
     void PrefetchPicture();
 
-    HostPaths paths = HostPaths::FromEnvironment();
+    HostPaths paths;
     DriveMap driveMap;
     HostProcess process;
     HostFiles files{driveMap, paths};

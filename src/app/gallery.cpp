@@ -27,6 +27,7 @@
 #include "app/ContactSheet.h"
 #include "app/FewColours.h"
 #include "backends/headless/HeadlessServices.h"
+#include "backends/headless/MemoryIdleStart.h"
 #include "backends/linux/FileSource.h"
 #include "backends/qt/QtProcess.h"
 #include "backends/qt/QtToolkit.h"
@@ -460,7 +461,9 @@ class Gallery {
         module_.OsPlatformId = 1;
         DrawForm(app_.Load<SaverSetup>(module_), "-password");
         module_.OsPlatformId = 2;
-        DrawForm(app_.Load<SaverSetup>(module_));
+        headless::MemoryIdleStart idleStart;
+        idleStart.minutes = 10;
+        DrawForm(app_.Load<SaverSetup>(module_, SaverSurroundings{.idleStart = &idleStart}));
     }
 
     void DrawStage() {

@@ -35,8 +35,9 @@ OtherSubsystems Others(MainModule& module, MainViewFrm& view) {
 
 }  // namespace
 
-void WireProgram(MainModule& module, Lives& lives, ProgramFiles* programFiles) {
-    InstallShowCommands(module, lives);
+void WireProgram(MainModule& module, Lives& lives, ProgramFiles* programFiles, IdleStart* idleStart) {
+    InstallShowCommands(module, lives,
+                        {.showAbout = [&module] { ShowAbout(module); }, .idleStart = idleStart});
     lives.ShowMainView = [&module, &lives, programFiles] {
         PutBackSetAside(module);
         LoadMainView(module, lives, programFiles).Show();

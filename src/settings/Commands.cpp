@@ -35,6 +35,10 @@ void Does(forms::Menu& entry, MainModule& module, void (*action)(const MainModul
 
 }  // namespace
 
+void ShowAbout(MainModule& module) {
+    ShowDialog<frmAbout>(module, module);
+}
+
 void InstallSettingsCommands(MainViewFrm& view) {
     MainModule& module = view.Module();
     Opens<frmPreferences>(view.menu.mnuPref, view, view);

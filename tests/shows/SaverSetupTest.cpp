@@ -3,7 +3,9 @@
 #include <tuple>
 
 #include "LibraryTest.h"
+#include "backends/headless/MemoryIdleStart.h"
 #include "editing/Accelerators.h"
+#include "settings/frmAbout.h"
 #include "shows/library/LoadRecentFile.h"
 #include "shows/library/LoadSlideFile.h"
 #include "shows/stage/StageBackground.h"
@@ -26,6 +28,8 @@ struct FileOptions {
 
 class SaverSetupTest : public LibraryTest {
   protected:
+    using IdleSets = std::vector<std::optional<int>>;
+
     SaverSetupTest() {
         module.ScreenSaverMode = true;
         module.WaveDevicePresent = true;
@@ -44,7 +48,7 @@ class SaverSetupTest : public LibraryTest {
     }
     void Use(const FileOptions& options) { Use(ShowWith(options)); }
     SaverSetup& Open() {
-        auto& dialog = app.Load<SaverSetup>(module);
+        auto& dialog = app.Load<SaverSetup>(module, SaverSurroundings{[this] { ++abouts; }, &idleStart});
         dialog.Show();
         return dialog;
     }
@@ -69,6 +73,9 @@ class SaverSetupTest : public LibraryTest {
                (dialog.OptionYesSound.Value ? "yes" : "") + "|" + (dialog.OptionNoSound.Enabled ? "n" : "") +
                (dialog.OptionYesSound.Enabled ? "y" : "") + "|" + dialog.lblSoundFile.Caption.Get();
     }
+    headless::MemoryIdleStart idleStart;
+    int abouts = 0;
+
     [[nodiscard]] std::string Current() { return platform.store.Get("CurrentSaver", "none"); }
 };
 
@@ -409,12 +416,87 @@ TEST_F(SaverSetupTest, TheLabelsTellTheWholeNames) {
 
 TEST_F(SaverSetupTest, TheHeadingLeadsToTheAboutBox) {
     SaverSetup& dialog = Open();
-    for (int i = 0; i < 4; ++i)
-        ExpectTold("This version of Tavrix does not have the about box yet...");
     Click(dialog.Image1);
     Click(dialog.Label5);
     Click(dialog.lblFrame);
     Click(dialog.lblVersion);
+    EXPECT_EQ(abouts, 4);
+    module.Screen().MousePointer = forms::MousePointer::Hourglass;
+    Click(dialog.lblVersion);
+    EXPECT_EQ(abouts, 4) << "while something else runs";
+}
+
+TEST_F(SaverSetupTest, WhereTavrixStartsItItselfIsOneBoxAndItsMinutes) {
+    idleStart.minutes = 25;
+    SaverSetup& dialog = OpenWith({});
+    EXPECT_TRUE(dialog.CheckIdle.Value);
+    EXPECT_TRUE(dialog.CheckIdle.Enabled);
+    EXPECT_TRUE(dialog.ComboIdle.Enabled);
+    ASSERT_EQ(dialog.ComboIdle.ListCount(), 60);
+    EXPECT_EQ(dialog.ComboIdle.List(0), "1 minute");
+    EXPECT_EQ(dialog.ComboIdle.List(dialog.ComboIdle.ListIndex), "25 minutes");
+    dialog.ComboIdle.ListIndex = 0;
+    EXPECT_TRUE(idleStart.sets.empty()) << "before OK";
+    Save(dialog);
+    EXPECT_EQ(idleStart.sets, (IdleSets{1}));
+}
+
+TEST_F(SaverSetupTest, AnIdleStartIsSwitchedOffAndOn) {
+    idleStart.minutes = 25;
+    SaverSetup& on = OpenWith({});
+    Tick(on.CheckIdle, false);
+    EXPECT_FALSE(on.ComboIdle.Enabled);
+    Save(on);
+    EXPECT_EQ(idleStart.sets, (IdleSets{std::nullopt}));
+    SaverSetup& off = Open();
+    EXPECT_FALSE(off.CheckIdle.Value);
+    EXPECT_FALSE(off.ComboIdle.Enabled);
+    EXPECT_EQ(off.ComboIdle.List(off.ComboIdle.ListIndex), "10 minutes");
+    Tick(off.CheckIdle, true);
+    EXPECT_TRUE(off.ComboIdle.Enabled);
+    Save(off);
+    EXPECT_EQ(idleStart.sets, (IdleSets{std::nullopt, 10}));
+}
+
+TEST_F(SaverSetupTest, AnIdleStartThatIsNotTouchedIsNotSet) {
+    for (const std::optional<int> minutes : {std::optional<int>(), {7}, {90}}) {
+        idleStart.minutes = minutes;
+        Save(OpenWith({}));
+        EXPECT_TRUE(idleStart.sets.empty());
+    }
+}
+
+TEST_F(SaverSetupTest, CancelLeavesTheIdleStart) {
+    SaverSetup& dialog = OpenWith({});
+    Tick(dialog.CheckIdle, true);
+    Press(dialog.CmdCancel);
+    EXPECT_TRUE(idleStart.sets.empty());
+}
+
+TEST_F(SaverSetupTest, AnIdleStartThatCannotBeSetIsToldOfAfterAllElseIsSaved) {
+    SaverSetup& dialog = OpenWith({});
+    Tick(dialog.CheckIdle, true);
+    Tick(dialog.CheckStartLast, true);
+    dialog.ComboInterval.ListIndex = 10;
+    idleStart.failure = ErrorNumber::DiskFull;
+    Expect({.text = "Unable to change when the screen saver starts.\r\n\r\nDisk full...",
+            .icon = forms::BoxIcon::Stop,
+            .whileOpen = [this] { EXPECT_EQ(Content(ShowPath), ShowWith({.interval = 11})); }});
+    Save(dialog);
+    EXPECT_EQ(Saved("ResumeLastDisplayed"), "True");
+}
+
+TEST_F(SaverSetupTest, WithoutAnIdleStartItsBoxIsDisabled) {
+    idleStart.failure = ErrorNumber::PathFileAccessError;
+    SaverSetup& unknown = OpenWith({});
+    EXPECT_FALSE(unknown.CheckIdle.Enabled);
+    Save(unknown);
+    auto& none = app.Load<SaverSetup>(module);
+    none.Show();
+    EXPECT_FALSE(none.CheckIdle.Enabled);
+    EXPECT_FALSE(none.ComboIdle.Enabled);
+    Click(none.lblVersion);
+    Save(none);
 }
 
 TEST_F(SaverSetupTest, WhereTheDesktopGuardsItsSaverThereIsNoPasswordAndTheDelayStays) {
@@ -520,6 +602,22 @@ TEST_F(SaverCommandsTest, NeitherRunsWhileSomethingElseDoes) {
     Choose(View().menu.mnuSetScreenSaver);
     Choose(View().menu.mnuSSaverSettings);
     EXPECT_TRUE(platform.shell.commands.empty());
+}
+
+TEST_F(SaverCommandsTest, TheSettingsLeadToTheAboutBox) {
+    int shown = 0;
+    toolkit.OnModal("frmAbout", [this, &shown] {
+        ++shown;
+        app.Loaded<frmAbout>()->cmdOK.Deliver(forms::ClickEvent{});
+    });
+    toolkit.OnModal("SaverSetup", [this] {
+        auto& dialog = *app.Loaded<SaverSetup>();
+        dialog.lblVersion.Deliver(forms::ClickEvent{});
+        EXPECT_FALSE(module.Busy());
+        dialog.CmdCancel.Deliver(forms::ClickEvent{});
+    });
+    EXPECT_FALSE(Start("/c"));
+    EXPECT_EQ(shown, 1);
 }
 
 TEST_F(SaverCommandsTest, TheLetterCIsTheSettingsAndThenTheEnd) {

@@ -1,5 +1,6 @@
 #include "windows/EveryWindow.h"
 
+#include "backends/headless/MemoryIdleStart.h"
 #include "browsing/frmThumbFolder.h"
 #include "browsing/frmThumbSelect.h"
 #include "browsing/frmThumbnail.h"
@@ -206,7 +207,9 @@ forms::Form& LoadSaverSetup(Program& program) {
         show,
         "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n2\r\n\"\"\r\n0\r\n0\r\n60\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
     program.platform.store.Set("CurrentSaver", show);
-    return program.app.Load<SaverSetup>(program.module);
+    static headless::MemoryIdleStart idleStart;
+    idleStart.minutes = 60;
+    return program.app.Load<SaverSetup>(program.module, SaverSurroundings{.idleStart = &idleStart});
 }
 
 forms::Form& LoadPackage(Program& program) {

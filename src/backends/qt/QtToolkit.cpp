@@ -27,6 +27,8 @@
 #include "backends/qt/peers/QtScrollBar.h"
 #include "backends/qt/peers/QtTextBox.h"
 #include "backends/qt/peers/QtWindow.h"
+#include "backends/qt/peers/SilentBox.h"
+#include "backends/qt/x11/HostWindow.h"
 
 namespace tavrix::qt {
 
@@ -70,6 +72,7 @@ struct QtToolkit::State {
     ScreenPointer pointer;
     std::optional<Metrics> metrics;
     HeldKeys heldKeys;
+    x11::HostWindow* host = nullptr;
 };
 
 QtToolkit::QtToolkit(ToDrivePath toDrivePath) : state_(std::make_unique<State>(std::move(toDrivePath))) {}
@@ -80,12 +83,17 @@ QtToolkit::~QtToolkit() {
     state_->DeleteWhatIsGone();
 }
 
+void QtToolkit::Embed(x11::HostWindow& host) {
+    state_->host = &host;
+}
+
 void QtToolkit::Attach(ToolkitEvents& events) {
     state_->events = &events;
 }
 
 std::unique_ptr<WindowPeer> QtToolkit::CreateWindowPeer(EventSink& sink, const WindowTraits& traits) {
-    return state_->Make<QtWindow>(sink, traits, state_->SystemMetrics(), state_->pointer);
+    return state_->Make<QtWindow>(sink, traits, state_->SystemMetrics(), state_->pointer,
+                                  traits.fullScreen ? state_->host : nullptr);
 }
 
 std::unique_ptr<LabelPeer> QtToolkit::CreateLabel(EventSink& sink, ControlPeer& container) {
@@ -145,6 +153,7 @@ void QtToolkit::OpenPopup(MenuItemPeer& subMenu, MenuItemPeer* defaultEntry, std
 
 std::unique_ptr<BoxPeer> QtToolkit::OpenBox(const BoxRequest& request, std::function<void(Answer)> answered,
                                             std::function<void()> help) {
+    if (state_->host != nullptr) return std::make_unique<SilentBox>(request, answered, state_->calls);
     return std::make_unique<QtBox>(request, std::move(answered), help, state_->pointer, state_->calls);
 }
 
@@ -204,6 +213,7 @@ PixelRect QtToolkit::UsableArea() const {
 }
 
 PixelRect QtToolkit::FullScreenPlace() const {
+    if (state_->host != nullptr) return {0, 0, state_->host->Size().width, state_->host->Size().height};
     const QScreen* display = FullScreenDisplay();
     return display != nullptr ? PlaceOfDisplay(*display) : PixelRect{};
 }

@@ -7,6 +7,10 @@
 
 namespace tavrix::qt {
 
+namespace x11 {
+class HostWindow;
+}
+
 /// The Qt backend of the forms layer. A QtProcess must live as long as it does.
 class QtToolkit final : public forms::Toolkit {
   public:
@@ -15,6 +19,11 @@ class QtToolkit final : public forms::Toolkit {
     ~QtToolkit() override;
     QtToolkit(const QtToolkit&) = delete;
     QtToolkit& operator=(const QtToolkit&) = delete;
+
+    /// From now on a window that covers a display fills this window of another program instead, takes no input and no
+    /// keyboard, and boxes, which nobody could see, go to the standard error. Before any window is made; the host must
+    /// outlive all of them.
+    void Embed(x11::HostWindow& host);
 
     void Attach(forms::ToolkitEvents& events) override;
 

@@ -1,12 +1,16 @@
 #include "shows/saver/SaverCommands.h"
 
+#include <utility>
+
 #include "shows/saver/SaverSetup.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 
-void InstallSaver(MainModule& module, Lives& lives) {
-    lives.ShowSaverSetup = [&module] { module.app.Load<SaverSetup>(module).ShowModal(); };
+void InstallSaver(MainModule& module, Lives& lives, SaverSurroundings surroundings) {
+    lives.ShowSaverSetup = [&module, surroundings = std::move(surroundings)] {
+        module.app.Load<SaverSetup>(module, surroundings).ShowModal();
+    };
 }
 
 void InstallSaverCommands(MainViewFrm& view) {

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "core/Main.h"
+#include "shows/saver/SaverSurroundings.h"
 
 namespace tavrix {
 
 class MainViewFrm;
 
-/// Gives the lives of the process the settings of the screen saver. Both must outlive its use.
-void InstallSaver(MainModule& module, Lives& lives);
+/// Gives the lives of the process the settings of the screen saver. All must outlive its use.
+void InstallSaver(MainModule& module, Lives& lives, SaverSurroundings surroundings);
 
 /// Gives the main view's menu the commands of the screen saver.
 void InstallSaverCommands(MainViewFrm& view);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/FailureText.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
-#include "core/NotYet.h"
 #include "core/RecentLists.h"
 #include "core/Settings.h"
 #include "core/StartupChecks.h"
@@ -30,23 +30,28 @@ constexpr std::int16_t NoSound = 0;
 constexpr std::int16_t SoundFromFile = 1;
 constexpr std::int16_t SoundFromCd = 2;
 constexpr int SelfGuardingPlatform = 2;
+constexpr int LongestIdle = 60;  ///< minutes
+constexpr int UsualIdle = 10;    ///< minutes
 
 }  // namespace
 
-SaverSetup::SaverSetup(forms::Application& application, MainModule& module)
-    : Form(application, {.name = "SaverSetup"}), module_(module) {
+SaverSetup::SaverSetup(forms::Application& application, MainModule& module, SaverSurroundings surroundings)
+    : Form(application, {.name = "SaverSetup"}), module_(module), surroundings_(std::move(surroundings)) {
     Caption = "Tavrix - [Screen Saver Settings]";
     HelpContext = HelpContext::SaverSettings;
     BuildHeading();
     BuildShow();
     BuildColours();
     BuildPassword();
+    BuildIdle();
     BuildButtons();
     Arrange();
 }
 
 void SaverSetup::BuildHeading() {
-    const auto showAbout = [this] { TellNotYet(App(), "the about box"); };
+    const auto showAbout = [this] {
+        if (!module_.Busy()) surroundings_.showAbout();
+    };
     Image1.AccessibleName = "Screen saver";
     Image1.Picture = DialogPicture(DialogSign::Screen, module_.Screen().TwipsPerPixelX());
     Image1.OnClick = showAbout;
@@ -102,6 +107,17 @@ void SaverSetup::BuildPassword() {
     lblPassMsg.WordWrap = true;
 }
 
+void SaverSetup::BuildIdle() {
+    IdleFrame.Caption = "Start";
+    CheckIdle.Caption = "S&tart by itself when nobody has worked for";
+    CheckIdle.ToolTip = "For a desktop that starts no screen savers.";
+    CheckIdle.OnClick = [this] { CheckIdle_Click(); };
+    ComboIdle.AccessibleName = "Time without work";
+    ComboIdle.Enabled = false;
+    for (int minutes = 1; minutes <= LongestIdle; ++minutes)
+        ComboIdle.AddItem(std::to_string(minutes) + (minutes == 1 ? " minute" : " minutes"));
+}
+
 void SaverSetup::BuildButtons() {
     CmdOK.Caption = "&OK";
     CmdOK.ToolTip = "Save the settings.";
@@ -134,9 +150,10 @@ void SaverSetup::Arrange() {
     const Layout password =
         Group(PasswordFrame, {Row({lblPassDelay, ComboPassDelay, Stretch(), CmdPassChange}),
                               AtLeast(soundWidth, 2 * line, lblPassMsg)});
-    SetLayout(
-        Column({heading, file, Row({Growing(sound), Growing(images)}),
-                Row({Growing(colours), Growing(password)}), Row({Stretch(), CmdOK, CmdCancel, CmdHelp})}));
+    const Layout idle = Group(IdleFrame, {Row({CheckIdle, ComboIdle, Stretch()})});
+    SetLayout(Column({heading, file, Row({Growing(sound), Growing(images)}),
+                      Row({Growing(colours), Growing(password)}), idle,
+                      Row({Stretch(), CmdOK, CmdCancel, CmdHelp})}));
 }
 
 void SaverSetup::Form_Load() {
@@ -147,6 +164,7 @@ void SaverSetup::Form_Load() {
         ComboPassDelay.AddItem(delay);
     ComboPassDelay.ListIndex = std::clamp<int>(module_.config.PasswordDelay, 0, 4);
     ShowPassword();
+    ShowIdle();
     ComboInterval.AddItem("1 second");
     for (int seconds = 2; seconds <= LongestInterval; ++seconds)
         ComboInterval.AddItem(std::to_string(seconds) + " seconds");
@@ -214,6 +232,29 @@ void SaverSetup::ShowPassword() {
     lblPassMsg.Caption = "Feature disabled: locking the screen is left to the desktop.";
 }
 
+void SaverSetup::ShowIdle() {
+    std::optional<int> minutes;
+    bool known = false;
+    SkipFailure([&] {
+        if (surroundings_.idleStart == nullptr) return;
+        minutes = surroundings_.idleStart->Minutes();
+        known = true;
+    });
+    ComboIdle.ListIndex = std::clamp(minutes.value_or(UsualIdle), 1, LongestIdle) - 1;
+    CheckIdle.Value = minutes.has_value();
+    CheckIdle.Enabled = known;
+    shownIdle_ = ChosenIdle();
+}
+
+void SaverSetup::CheckIdle_Click() {
+    ComboIdle.Enabled = CheckIdle.Value;
+}
+
+std::optional<int> SaverSetup::ChosenIdle() const {
+    if (!CheckIdle.Value) return std::nullopt;
+    return ComboIdle.ListIndex + 1;
+}
+
 void SaverSetup::lblCurrentFile_Click() {
     const std::string& file = lblCurrentFile.Caption;
     App().MessageBox(
@@ -278,6 +319,7 @@ void SaverSetup::CmdOK_Click() {
     SaveSaverSettings(module_);
     TakeOptionsOfShow();
     SaveShow();
+    SaveIdle();
     work.Release();
     App().Unload(*this);
 }
@@ -304,6 +346,16 @@ void SaverSetup::SaveShow() {
         WriteSaverFile(module_, file);
     } else {  // the slides that the window has are not those of the file
         TellFailure(module_, "Unable to save Screen Saver.", RuntimeError(ErrorNumber::PathFileAccessError));
+    }
+}
+
+void SaverSetup::SaveIdle() {
+    // A time that the window cannot show stays as it is, unless another one is chosen.
+    if (ChosenIdle() == shownIdle_) return;
+    try {
+        surroundings_.idleStart->Set(ChosenIdle());
+    } catch (const RuntimeError& error) {
+        TellFailure(module_, "Unable to change when the screen saver starts.", error);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "core/MainModule.h"
@@ -13,17 +14,20 @@
 #include "platform/forms/Label.h"
 #include "platform/forms/OptionButton.h"
 #include "shows/library/ShowTarget.h"
+#include "shows/saver/SaverSurroundings.h"
 
 namespace tavrix {
 
 /// The settings of the screen saver: which show it is, a few options of that show, and what belongs to the saver alone. OK
-/// saves them in the show's file, in tavrix.ini and in the user's store.
+/// saves them in the show's file, in tavrix.ini and in the user's store. Apart from these, it switches the start of the saver
+/// by Tavrix itself (IdleStart).
 class SaverSetup final : public forms::Form, private SaverSettings {
   public:
-    SaverSetup(forms::Application& application, MainModule& module);
+    SaverSetup(forms::Application& application, MainModule& module, SaverSurroundings surroundings = {});
 
   private:
     MainModule& module_;
+    SaverSurroundings surroundings_;
     forms::OptionGroup soundChoice_;
     forms::OptionGroup colours_;
 
@@ -57,6 +61,9 @@ class SaverSetup final : public forms::Form, private SaverSettings {
     forms::ComboBox ComboPassDelay{PasswordFrame, "ComboPassDelay"};
     forms::CommandButton CmdPassChange{PasswordFrame, "CmdPassChange"};
     forms::Label lblPassMsg{PasswordFrame, "lblPassMsg"};
+    forms::Frame IdleFrame{*this, "IdleFrame"};
+    forms::CheckBox CheckIdle{IdleFrame, "CheckIdle"};
+    forms::ComboBox ComboIdle{IdleFrame, "ComboIdle"};
     forms::CommandButton CmdOK{*this, "CmdOK"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
@@ -69,6 +76,7 @@ class SaverSetup final : public forms::Form, private SaverSettings {
     void BuildShow();
     void BuildColours();
     void BuildPassword();
+    void BuildIdle();
     void BuildButtons();
     void Arrange();
 
@@ -78,6 +86,8 @@ class SaverSetup final : public forms::Form, private SaverSettings {
     void ShowSound();
     void ShowInterval();
     void ShowPassword();
+    void ShowIdle();
+    void CheckIdle_Click();
     void lblCurrentFile_Click();
     void lblSoundFile_Click();
     void lblColor_Click();
@@ -87,13 +97,17 @@ class SaverSetup final : public forms::Form, private SaverSettings {
     void TakeOptionsOfSaver();
     void TakeOptionsOfShow();
     void SaveShow();
+    void SaveIdle();
 
     [[nodiscard]] std::array<forms::OptionButton*, 6> Colours() {
         return {&Option1, &Option2, &Option3, &Option4, &Option5, &Option6};
     }
     [[nodiscard]] int ChosenColour();
+    /// The minutes of the idle start as the window has them; none while it is off.
+    [[nodiscard]] std::optional<int> ChosenIdle() const;
 
-    bool fileRead_ = false;  ///< the shared record has all that the current file has
+    std::optional<int> shownIdle_;  ///< what the window showed at first
+    bool fileRead_ = false;         ///< the shared record has all that the current file has
 };
 
 }  // namespace tavrix

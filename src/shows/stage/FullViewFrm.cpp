@@ -22,18 +22,21 @@ using forms::BoxIcon;
 using forms::BusyGuard;
 
 constexpr const char* SaverTitle = "Screen Saver Main Form";
-constexpr int SaverInterval = 5;  ///< seconds
+constexpr const char* HostedTitle = "Tavrix Screen Saver";  ///< several may run, and beside the settings
+constexpr int SaverInterval = 5;                            ///< seconds
 
 /// Milliseconds of the grace period, by the setting PasswordDelay.
 constexpr std::array<int, 5> GracePeriods{0, 5'000, 10'000, 30'000, 60'000};
 
 }  // namespace
 
-FullViewFrm::FullViewFrm(forms::Application& application, MainModule& module)
+FullViewFrm::FullViewFrm(forms::Application& application, MainModule& module,
+                         std::optional<HostedSaver> hosted)
     : Form(application, {.name = "FullViewFrm", .fullScreen = true}),
       Gif89a1(*this, "Gif89a1", module.platform.pictures),
-      module_(module) {
-    Caption = SaverTitle;
+      module_(module),
+      hosted_(hosted) {
+    Caption = hosted_ ? HostedTitle : SaverTitle;
     PicFocus.Visible = false;
     Gif89a1.Visible = false;
     Image1.Visible = false;
@@ -106,7 +109,7 @@ void FullViewFrm::LoadFirstSlide() {
     Attempt([this] { loader_.LoadSlide(CurrentPath()); });
     if (InShow() && !module_.config.ShowToolbar) ShowOverlay();
     if (module_.config.RandomSlides) SlideTotal = module_.show.SlideFiles.FirstEmpty();
-    sound_.Start();
+    if (Leads()) sound_.Start();
     if (InShow()) module_.platform.wakefulness.Inhibit(true);
     if (InShow() && module_.config.ShowToolbar) OpenToolbar();
 }
@@ -138,7 +141,7 @@ void FullViewFrm::Form_Activate() {
         const std::string path = role_.show ? CurrentPath() : module_.StageImage;
         if (auto* toolbar = App().Loaded<frmToolbar>()) toolbar->Hide();
         // A guarded saver stays as the cover under the box.
-        if (!PasswordInForce()) Hide();
+        if (!Stays()) Hide();
         module_.DoEvents();
         ReportFailure(path, loadErrorText_);
         if (Unloaded()) return;
@@ -208,7 +211,7 @@ void FullViewFrm::FitImage() {
 }
 
 void FullViewFrm::FormUnload() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || hosted_) return;
     SlideTimer.Enabled = false;
     App().Unload(*this);
 }
@@ -216,6 +219,11 @@ void FullViewFrm::FormUnload() {
 void FullViewFrm::Form_QueryUnload(bool& cancel) {
     if (!role_.saver) return;
     cancel = module_.Busy();  // nobody is heard while a slide changes
+    if (cancel) return;
+    if (hosted_) {
+        cancel = true;
+        StayOn();
+    }
     if (cancel || !PasswordInForce() || TimerPass.Enabled || KnowsPassword()) return;
     cancel = true;
     StayOn();
@@ -336,7 +344,7 @@ bool FullViewFrm::ChangeSlide(BusyGuard& guard) {
 }
 
 void FullViewFrm::RememberSlide() {
-    if (!module_.config.ResumeLastDisplayed || !role_.saver) return;
+    if (!module_.config.ResumeLastDisplayed || !role_.saver || !Leads()) return;
     const ProfileEntry entry{"ImageLastDisplayed", std::to_string(CurrentSlide)};
     SkipFailure([&] { module_.platform.profile.Write("Viewer", {&entry, 1}, SettingsFile(module_)); });
 }

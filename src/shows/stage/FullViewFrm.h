@@ -9,6 +9,7 @@
 #include "platform/forms/Image.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Timer.h"
+#include "shows/stage/HostedSaver.h"
 #include "shows/stage/SlideLoader.h"
 #include "shows/stage/SoundEngine.h"
 #include "shows/stage/StageFit.h"
@@ -21,12 +22,13 @@ namespace tavrix {
 /// of the process. At most one stage is loaded (EndStage).
 ///
 /// Where a password is in force (MainModule::UsePassword), a saver covers the display until it was entered: once the grace
-/// period is over, whatever asks the stage to close asks for it first.
+/// period is over, whatever asks the stage to close asks for it first. A hosted saver never closes.
 class FullViewFrm final : public forms::Form {
   public:
     static constexpr int MouseInterval = 2000;  ///< milliseconds
 
-    FullViewFrm(forms::Application& application, MainModule& module);
+    FullViewFrm(forms::Application& application, MainModule& module,
+                std::optional<HostedSaver> hosted = std::nullopt);
     ~FullViewFrm() override;
 
     forms::PictureBox PicFocus{*this, "PicFocus"};
@@ -83,8 +85,12 @@ class FullViewFrm final : public forms::Form {
     /// be kept from letting others pass.
     void BeginGuard();
     [[nodiscard]] bool PasswordInForce() const {
-        return role_.saver && module_.UsePassword && module_.OsPlatformId != SelfGuardingPlatform;
+        return role_.saver && !hosted_ && module_.UsePassword && module_.OsPlatformId != SelfGuardingPlatform;
     }
+    /// Whether a picture that cannot be shown leaves the stage where it is.
+    [[nodiscard]] bool Stays() const { return hosted_ || PasswordInForce(); }
+    /// Whether it is heard and remembers its slide.
+    [[nodiscard]] bool Leads() const { return !hosted_ || hosted_->first; }
     [[nodiscard]] bool KnowsPassword();
     /// The saver was not allowed to end.
     void StayOn();
@@ -117,6 +123,7 @@ class FullViewFrm final : public forms::Form {
 
     MainModule& module_;
     const Role role_{module_.SlideShowActive, module_.ScreenSaverMode, module_.StartedAsShow};
+    const std::optional<HostedSaver> hosted_;
     SlideLoader loader_{module_, Image1, Gif89a1};
     SoundEngine sound_{module_};
     bool loadFailed_ = false;

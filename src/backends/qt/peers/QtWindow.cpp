@@ -12,6 +12,7 @@
 #include "backends/qt/peers/Colours.h"
 #include "backends/qt/peers/Owner.h"
 #include "backends/qt/peers/QtMenuItem.h"
+#include "backends/qt/x11/HostWindow.h"
 #include "backends/qt/x11/X11.h"
 
 namespace tavrix::qt {
@@ -36,10 +37,11 @@ bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
 }  // namespace
 
 QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
-                   ScreenPointer& pointer)
+                   ScreenPointer& pointer, x11::HostWindow* host)
     : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical())),
       metrics_(metrics),
       pointer_(pointer),
+      host_(host),
       waitWindow_(traits.waitWindow),
       resizable_(traits.resizable),
       fullScreen_(traits.fullScreen) {
@@ -68,6 +70,10 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
 }
 
 QtWindow::~QtWindow() {
+    if (hostHandle_) {
+        host_->onResized = [] {};
+        Get().windowHandle()->setParent(nullptr);  // or it would go with its parent
+    }
     if (toldHiding_) pointer_.WindowHides(false);
 }
 
@@ -163,6 +169,10 @@ void QtWindow::SetVisible(bool visible) {
 }
 
 void QtWindow::Map() {
+    if (host_ != nullptr) {
+        MapInHost();
+        return;
+    }
     WindowWidget& window = Get();
     if (waitWindow_ && QApplication::activeModalWidget() != nullptr) {
         mapTimer_.start();  // it would cover the box that somebody is reading
@@ -229,6 +239,30 @@ void QtWindow::CoverDisplay() {
     window.setWindowState(Qt::WindowFullScreen);
 }
 
+/// Input goes past it to the window that it fills, and so does the keyboard.
+void QtWindow::MapInHost() {
+    WindowWidget& window = Get();
+    if (!hostHandle_) {
+        window.setWindowFlags(window.windowFlags() | Qt::WindowTransparentForInput |
+                              Qt::WindowDoesNotAcceptFocus | Qt::X11BypassWindowManagerHint);
+        window.setAttribute(Qt::WA_ShowWithoutActivating);
+        window.winId();
+        hostHandle_.reset(QWindow::fromWinId(host_->Id()));
+        window.windowHandle()->setParent(hostHandle_.get());
+        window.WatchNative();
+        host_->onResized = [this] { FillHost(); };
+    }
+    FillHost();
+    window.show();
+    if (host_->IsRoot()) window.lower();  // what stands on a desktop stays in sight
+}
+
+void QtWindow::FillHost() {
+    const double ratio = DeviceRatio();
+    const forms::PixelSize size = host_->Size();
+    Get().setGeometry(0, 0, CeilToLogical(size.width, ratio), CeilToLogical(size.height, ratio));
+}
+
 void QtWindow::SetPointer(forms::MousePointer pointer) {
     QtControl::SetPointer(pointer);
     hidesPointer_ = pointer == forms::MousePointer::Hidden;
@@ -258,7 +292,7 @@ void QtWindow::SetTopmost(bool topmost) {
     if (topmost_ == topmost) return;
     topmost_ = topmost;
     WindowWidget& window = Get();
-    if (!window.isVisible()) return;  // the next mapping takes it along
+    if (!window.isVisible() || host_ != nullptr) return;  // the next mapping takes it along
     if (x11::Running()) {
         x11::SetAbove(static_cast<std::uint32_t>(window.winId()), topmost);
     } else {

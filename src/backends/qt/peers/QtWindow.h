@@ -14,11 +14,15 @@
 namespace tavrix::qt {
 
 class QtMenuItem;
+namespace x11 {
+class HostWindow;
+}
 
 class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
   public:
+    /// With a host the window fills that one.
     QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
-             ScreenPointer& pointer);
+             ScreenPointer& pointer, x11::HostWindow* host);
     ~QtWindow() override;
 
     void SetTitle(const std::string& title) override;
@@ -56,6 +60,8 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     void Size(const QSize& client);
     void Map();
     void CoverDisplay();
+    void MapInHost();
+    void FillHost();
     void PlaceAgain();
     /// Whether the window manager has put its frame around the mapped window, at this place.
     [[nodiscard]] bool IsFramedAt(const QPoint& corner) const;
@@ -68,6 +74,8 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
 
     const Metrics& metrics_;
     ScreenPointer& pointer_;
+    x11::HostWindow* const host_;  ///< null for a window of our own desktop
+    std::unique_ptr<QWindow> hostHandle_;
     std::vector<QtMenuItem*> barMenus_;
     QTimer mapTimer_;
     bool waitWindow_;
