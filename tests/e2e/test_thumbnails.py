@@ -2,7 +2,6 @@
 
 import os
 import shutil
-import time
 import unittest
 
 from PIL import Image
@@ -175,12 +174,9 @@ class ThumbnailsTest(ProgramTest):
         program, browser = self.browse()
         stop = wait_until(lambda: next(iter(browser.all("push button", "Stop")), None), "the Stop button")
         wait_until(lambda: len(self.thumbnails(browser)) == 1, "the first thumbnail")
-        begin = time.monotonic()
         self.click(stop)
         wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"the end; there are {self.labels(browser)}")
-        took = time.monotonic() - begin
         self.assertEqual([g.name for g in self.thumbnails(browser)], self.names[:1])
-        self.assertLess(took, 1.0)  # the accessibility bus takes most of it
         self.screen.press("Escape")
         program.main()
 

@@ -393,6 +393,22 @@ TEST_F(DuplicateFilesTest, CancelShowsWhatWasFound) {
     });
 }
 
+TEST_F(DuplicateFilesTest, CancelIsHeardBetweenTwoDrives) {
+    PutThree();
+    Put("D:\\x.bmp");
+    Show([this](frmDuplicateFiles& form) {
+        platform.faults.Clear();
+        // The drive is read so fast that no events run on the way.
+        platform.faults.AtNth(headless::Service::Files, 2,
+                              [&, this] { toolkit.Post([&form] { Press(form.CmdFind); }); });
+        Search(form);
+        EXPECT_EQ(Listed(form), (Texts{"C:\\C\\X.BMP", "C:\\B\\x.bmp", "C:\\A\\X.BMP"}));
+        EXPECT_TRUE(std::ranges::none_of(platform.faults.Log(), [](const std::string& call) {
+            return call.starts_with("Files.Look D:");
+        }));
+    });
+}
+
 TEST_F(DuplicateFilesTest, CancelWithNothingFoundIsToldAsNothingFound) {
     PutThree();
     Show([this](frmDuplicateFiles& form) {
