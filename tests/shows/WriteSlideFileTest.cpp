@@ -978,6 +978,26 @@ TEST_F(WriteSlideFileTest, ALargeCopyIsCanceledInItsMiddle) {
     EXPECT_TRUE(module.show.ShowChanged);
 }
 
+TEST_F(WriteSlideFileTest, WhatStandsBehindAnEmptyPathIsNotLost) {
+    const std::string hole = Header() + Slides({"a.bmp", "A", "", "", "b.bmp", "B"});
+    for (const std::string& former : {hole, Header() + Slides({"a.bmp", "A", "", "About nothing"}),
+                                      OldHeader() + Slides({"a.bmp", "", "b.bmp"})}) {
+        platform.shell.trash.clear();
+        PutShow(former);
+        UseSlides({"a.bmp"}, {"A"});
+        EXPECT_EQ(Save(), SaveEnd::Whole);
+        EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"a.bmp", "A"}));
+        ASSERT_EQ(platform.shell.trash.size(), 1U) << former;
+        EXPECT_EQ(platform.shell.trash[0].content, former);
+    }
+    // Nothing behind it is nothing to lose.
+    platform.shell.trash.clear();
+    PutShow(Header() + Slides({"a.bmp", "A", "", "", "", ""}));
+    UseSlides({"a.bmp"}, {"A"});
+    EXPECT_EQ(Save(), SaveEnd::Whole);
+    EXPECT_TRUE(platform.shell.trash.empty());
+}
+
 TEST_F(WriteSlideFileTest, TextsBeyondTheCodePageSurvive) {
     UseSlides({"C:\\\xE6\x97\xA5.bmp", "C:\\\xC3\xA4.bmp"}, {"", "\xC3\xA9\xE2\x82\xAC"});
     Save();
