@@ -3,6 +3,8 @@
 import os
 import resource
 import signal
+import struct
+import wave
 from types import SimpleNamespace
 
 from PIL import Image, ImageChops
@@ -368,6 +370,60 @@ class EditorTest(EditorProgramTest):
                 wait_until(lambda: not program.popups(), "the end of the menu")
         self.screen.press("Escape")
         program.main()
+        self.end_by_escape(program)
+
+
+class SoundsTest(EditorProgramTest):
+    """What is played goes to a file in the place of a sound device."""
+
+    def heard(self):
+        with open(self.played, "rb") as file:
+            return file.read()
+
+    def device_is_open(self):
+        """The device writes silence too, as long as it is open."""
+        folder = f"/proc/{self.program.process.pid}/fd"
+        for number in os.listdir(folder):
+            try:
+                if os.readlink(os.path.join(folder, number)) == self.played:
+                    return True
+            except OSError:
+                continue
+        return False
+
+    def test_a_sound_is_tried_and_ends_with_its_window(self):
+        self.played = os.path.join(os.path.realpath(self.home.folder), "played")
+        samples = b"".join(struct.pack("<hh", 1 + i, -1 - i) for i in range(30_000)) * 60
+        with wave.open(os.path.join(self.home.pictures, "tune.wav"), "wb") as file:
+            file.setnchannels(2)
+            file.setsampwidth(2)
+            file.setframerate(44100)
+            file.writeframes(samples)
+        self.home.write_settings("[Viewer]\nSoundMode=1\nSoundFile="
+                                 + drive_path(os.path.join(self.home.pictures, "tune.wav")) + "\n")
+        self.program = program = self.start("SHOW", environment={
+            "SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": self.played, "SDL_DISKAUDIODELAY": "2"})
+        self.dialog(program, _TITLE)
+        self.screen.press("Alt+o")
+        self.dialog(program, "Slide Show Options")
+        self.screen.press("Alt+b")
+        browse = self.dialog(program, "Select Sound File")
+        for end, back in (("Alt+s", "Select Sound File"), ("Escape", "Slide Show Options")):
+            self.screen.press("Alt+p")
+            browse.find("push button", "Stop...")
+            wait_until(lambda: os.path.exists(self.played) and len(self.heard().strip(b"\0")) > 100_000, "the sound")
+            self.screen.press(end)
+            wait_until(lambda: self.screen.active() == program.window(back).id, back)
+            wait_until(lambda: not self.device_is_open(), "the end of the sound")
+            heard = self.heard().lstrip(b"\0")
+            self.assertLess(len(heard), len(samples), "it was not through")
+            # No gap, and nothing but silence at the end.
+            sound = heard.rstrip(b"\0")
+            self.assertEqual(sound[:len(sound) // 4 * 4], samples[:len(sound) // 4 * 4])
+            os.remove(self.played)
+        self.screen.press("Escape")
+        self.wait_active(program)
+        self.close_editor(program)
         self.end_by_escape(program)
 
 

@@ -331,6 +331,19 @@ TEST_F(SlideLoadWindowTest, AKeyThatWasPressedElsewhereIsNone) {
     EXPECT_EQ(Letters(), "abc") << "the list was left between";
 }
 
+TEST_F(SlideLoadWindowTest, AKeyThatGoesUpAfterACommandIsNoMore) {
+    PutSlides("abc");
+    forms::ListBox& list = Editor().ListView;
+    SelectSlides({0});
+    list.SetFocus();
+    Key(list, true, KeyCode::Delete);
+    Key(list, true, KeyCode::F1 + 8);
+    Key(list, false, KeyCode::F1 + 8);
+    EXPECT_EQ(Selected(list), (Rows{1, 2}));
+    Key(list, false, KeyCode::Delete);  // which belongs to whatever the command has opened
+    EXPECT_EQ(Letters(), "abc");
+}
+
 TEST_F(SlideLoadWindowTest, TheShiftKeysOfThePressCount) {
     std::string ran;
     Editor().Menu2.mnuDeleteShow.Install([&] { ran += "show "; });

@@ -231,7 +231,6 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     Dragged dragged_ = Dragged::One;
     int draggedRow_ = -1;
     bool saveFailed_ = false;  ///< see NoteSave
-    bool closing_ = false;     ///< the question about changes stands
     std::string kept_;         ///< what KeepForEndOfSession has written
 };
 
