@@ -1,11 +1,11 @@
-// What the editor of shows does to the longest show, 30,001 slides, in memory: the time of the logic in milliseconds, as a
-// median. "growth" is that time over the one for 10,000 slides: 3 is linear.
+// What the editor of shows does to the longest show, 30,001 slides, in memory: the processor's time for the logic in
+// milliseconds, as a median. "growth" is that time over the one for 10,000 slides: 3 is linear.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <iostream>
 #include <string>
@@ -26,6 +26,13 @@ constexpr int Shorter = 10'000;
 
 std::string PathOf(int slide) {
     return "C:\\Pictures\\IMG_" + std::to_string(100'000 + slide) + ".JPG";
+}
+
+/// In milliseconds. Whatever else the machine does takes none of it.
+double ProcessorTime() {
+    timespec now{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
 double Median(std::vector<double> values) {
@@ -109,9 +116,9 @@ struct Work {
 double Time(Bench& bench, const Work& work) {
     bench.PutShow(bench.Count());
     if (work.prepare) work.prepare(bench);
-    const auto start = std::chrono::steady_clock::now();
+    const double start = ProcessorTime();
     work.run(bench);
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    return ProcessorTime() - start;
 }
 
 void Measure(benchmark::State& state, const Work& work) {

@@ -1,11 +1,13 @@
 #include "app/Composition.h"
 #include "app/HostPlatform.h"
 #include "backends/linux/EndSignals.h"
+#include "backends/linux/SizeLimit.h"
 #include "backends/qt/QtProcess.h"
 #include "backends/qt/SessionEnd.h"
 
 int main(int argc, char** argv) {
     const tavrix::EndSignals endSignals;
+    tavrix::SurviveSizeLimit();
     tavrix::HostPlatform host({argv + 1, argv + argc});
     host.PrefetchPicture();
     const tavrix::qt::QtProcess windowSystem(argv[0]);

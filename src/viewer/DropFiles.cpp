@@ -20,14 +20,19 @@ void PlayDroppedShow(MainViewFrm& view, const std::string& path) {
     MainModule& module = view.Module();
     const Lives& lives = view.TheLives();
     lives.EndStage();
-    if (!lives.LoadShowFile(path)) {
-        Tell(view, "This slide show file does not contain any images, nothing to show...");
-    } else {
-        SkipFailure([&] { ChangeToFolderOf(module, path); });
-        module.SlideShowActive = true;
-        module.StartedAsShow = true;
-        lives.ShowStage();
+    {
+        const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
+        if (!lives.LoadShowFile(path)) {
+            Tell(view, "This slide show file does not contain any images, nothing to show...");
+            return;
+        }
     }
+    SkipFailure([&] { ChangeToFolderOf(module, path); });
+    module.SlideShowActive = true;
+    module.StartedAsShow = true;
+    // The stage outlives this handler, and puts the main view back when it ends.
+    if (module.config.TopMostWindow) view.SetTopmost(false);
+    lives.ShowStage();
 }
 
 }  // namespace
@@ -37,27 +42,27 @@ void MainImage_OLEDragDrop(MainViewFrm& view, const std::vector<std::string>& fi
     if (module.Busy()) return;
     forms::BusyGuard busy(module.Screen());
     module.DoEvents();
-    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
-
     std::string path = files.empty() ? "" : files.front();
     if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module, path);
+    if (path.ends_with('\\')) path.pop_back();
+    const bool folder = !path.empty() && module.platform.files.FolderExists(path);
+    if (EndsInIgnoringCase(path, ".TVS") && !folder) {
+        PlayDroppedShow(view, path);
+        return;
+    }
+    const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     if (path.empty()) {
         Tell(view,
              "An unexpected error occurred while getting filename that was dropped here, unable to open "
              "file...");
         return;
     }
-    if (path.ends_with('\\')) path.pop_back();
-    if (module.platform.files.FolderExists(path)) {
+    if (folder) {
         Tell(view, "You may not drop a folder here, unable to open...");
         return;
     }
     if (IsImportOnly(path)) {
         Tell(view, ImportFirstText(path));
-        return;
-    }
-    if (EndsInIgnoringCase(path, ".TVS")) {
-        PlayDroppedShow(view, path);
         return;
     }
     if (!ConfirmDiscard(module)) return;

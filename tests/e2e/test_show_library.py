@@ -4,7 +4,7 @@ import os
 
 from PIL import Image, ImageChops
 
-from driver import drive_path, wait_until
+from driver import SleepingDisk, drive_path, wait_until
 from support import ProgramTest
 
 _TITLE = "Tavrix - [Find Slide Show(s)]"
@@ -46,6 +46,9 @@ class LibraryTest(ProgramTest):
 
     def status(self, dialog):
         return dialog.find("graphic", "Status").description
+
+    def wait_status(self, dialog, wanted):
+        wait_until(lambda: self.status(dialog) == wanted, lambda: f"{wanted!r}, not {self.status(dialog)!r}")
 
     def press(self, dialog, name):
         dialog.find("push button", name).act()
@@ -93,24 +96,19 @@ class LibraryTest(ProgramTest):
 
     def test_escape_stops_a_search_and_then_closes_the_window(self):
         self.show_file("../a first/one.tvs")
-        for group in range(100):
-            for number in range(100):
-                os.makedirs(os.path.join(self.home.pictures, "many", f"g{group}", f"f{number}"))
-        program = self.start_on(self.home.pictures)
+        os.makedirs(os.path.join(self.home.pictures, "asleep"))
+        disk = SleepingDisk(self.home.folder)
+        program = self.start(environment={**self.drives, **disk.environment}, folder=self.home.pictures)
+        program.main()
         dialog = self.open_dialog(program, "Find Slide Show(s)", "Find Slide Show(s)")
-        # By its looks, since each question to the window would be answered only as often as the search lets it.
-        place = dialog.find("graphic", "Status").extents
-        before = self.screen.grab(*place).tobytes()
         self.screen.press("Return")
-        for what in ("the search begun", "the first show found"):
-            wait_until(lambda: self.screen.grab(*place).tobytes() != before, what)
-            before = self.screen.grab(*place).tobytes()
+        self.wait_status(dialog, "Found: 1 slide shows...")
         self.screen.press("Escape")
-        wait_until(lambda: self.status(dialog) == "Find Slide Show(s) was canceled...",
-                   lambda: f"the end of the search, not {self.status(dialog)!r}")
+        self.wait_status(dialog, "Find Slide Show(s) was canceled...")
         self.wait_rows(dialog, "File(s) Found:", ["D:\\a first\\one.tvs"])
+        disk.wake()
         self.screen.press("Escape")
-        wait_until(lambda: program.titles() == ["Tavrix"], "the main view alone")
+        wait_until(lambda: program.titles() == ["Tavrix"], lambda: f"the main view alone, not {program.titles()}")
         self.end_by_escape(program)
 
     def test_a_show_is_renamed(self):
@@ -170,4 +168,32 @@ class LibraryTest(ProgramTest):
         self.assertTrue(os.path.exists("/etc/hostname"))
         self.press(dialog, "Cancel")
         wait_until(lambda: len(program.titles()) == 1, "the main view alone")
+        self.end_by_escape(program)
+
+    def test_the_open_image_stays_by_a_relative_row_too(self):
+        for name in ("open.bmp", "other.bmp"):
+            os.rename(self.picture(30, 20, name)[0], os.path.join(self.shows, name))
+        self.show_file("old.tvs", "other.bmp", "open.bmp")
+        self.home.write_settings("[Viewer]\nLastSlideShow=D:\\shows\\old.tvs\n")
+        program = self.start(os.path.join(self.shows, "open.bmp"), environment=self.drives)
+        wait_until(lambda: program.titles() == ["Tavrix - [D:\\shows\\open.bmp]"], "the picture")
+        dialog = self.open_dialog(program, "Delete Slide Show", "Delete Slide Show")
+        self.wait_rows(dialog, "Files:", ["old.tvs"])
+        self.press(dialog, "Delete")
+        self.answer(program, "Delete the selected slide show file? D:\\shows\\old.tvs", "Yes")
+        self.answer(program, "Delete ALL of the images referenced in this slide show file? (You may want to open the "
+                             "slide show to check the images that it contains first.)", "Yes")
+        self.answer(program, "Unable to delete file: D:\\shows\\open.bmp Image is currently open...", "OK")
+        self.answer(program, "A total of 1 images were deleted...", "OK")
+        # The lists show no picture, so that the folder looks empty; it is not.
+        self.answer(program, "This slide show folder is now empty: D:\\shows Remove this directory?", "Yes")
+        box = program.message_box()
+        self.assertIn("Unable to delete the slide show directory.", box.text)
+        box.press("OK")
+        self.answer(program, "The selected slide show has been deleted... (Some files were not removed due to "
+                             "error(s).)", "OK")
+        self.assertEqual(os.listdir(self.shows), ["open.bmp"])
+        self.assertEqual(self.in_trash(), ["old.tvs", "other.bmp"])
+        self.press(dialog, "Cancel")
+        wait_until(lambda: program.titles() == ["Tavrix - [D:\\shows\\open.bmp]"], "the main view alone")
         self.end_by_escape(program)

@@ -194,6 +194,7 @@ TEST_F(SaverFileTest, AFileWithSlidesThatWereNotReadGoesToTheTrash) {
     writesOver(Header() + Slides({"former.bmp", "former", "cut.bmp"}));
     writesOver(Header() + Slides({"former.bmp", "former", "more.bmp", ""}));
     writesOver(Header() + Slides({"former.bmp", "another description"}));
+    writesOver(Header() + Slides({"former.bmp", "former", "", "", "behind.bmp", ""}));
     writesOver("no show");
     // What can be read again is not read whole the first time.
     platform.shell.trash.clear();

@@ -341,6 +341,15 @@ TEST_F(SaverSetupTest, AShowThatHasGoneIsNotMade) {
     EXPECT_FALSE(platform.disks.Exists(ShowPath));
 }
 
+TEST_F(SaverSetupTest, WhatStandsBehindAnEmptyPathGoesToTheTrash) {
+    const std::string hole = Header() + Slides({"a.bmp", "A", "", "", "b.bmp", "B"});
+    Use(hole);
+    Save(Open());
+    EXPECT_TRUE(Content(ShowPath).ends_with(Slides({"a.bmp", "A"})));
+    ASSERT_EQ(platform.shell.trash.size(), 1U);
+    EXPECT_EQ(platform.shell.trash[0].content, hole);
+}
+
 TEST_F(SaverSetupTest, AnotherShowIsReadToItsEndBeforeItIsWritten) {
     Use("no show");
     ExpectExclamation(

@@ -77,6 +77,12 @@ TEST_F(SlideCopyImagesTest, SaysWhatItIs) {
     EXPECT_EQ(move.CmdCopy.Caption.Get(), "&Move");
 }
 
+TEST_F(SlideCopyImagesTest, UntilItIsLoadedItKnowsNothing) {
+    const frmSlideCopyImages dialog(app, View(), {"C:\\From\\", {"a.bmp"}, false}, {});
+    EXPECT_EQ(dialog.lblSourcePath.Caption.Get(), "Error getting path...");
+    EXPECT_EQ(dialog.lblNumSelected.Caption.Get(), "Error...");
+}
+
 TEST_F(SlideCopyImagesTest, BeginsInTheProgramsFolderWithoutALastOne) {
     platform.disks.PutFolder("C:\\Tavrix");
     module.config.LastCopyToPath = "";

@@ -27,7 +27,8 @@ class SlideLoadDragsTest : public EditorTest {
         drag.files = files;
         return drag;
     }
-    void Drop(const Texts& files) { Editor().ListView.Deliver(forms::DropEvent{files, 5, 5, 0}); }
+    /// On the list or elsewhere in the window.
+    void Drop(const Texts& files) { Editor().Deliver(forms::DropEvent{files, 5, 5, 0}); }
     std::optional<int> Mark() {
         return dynamic_cast<headless::HeadlessListPeer&>(*Editor().ListView.Peer()).insertionMark;
     }
@@ -92,6 +93,26 @@ TEST_F(SlideLoadDragsTest, AMarkShowsWhereOneFileGoes) {
     Hold(Editor().File1, 2);
     Editor().ListView.Deliver(Drag(forms::DragAction::Over, 1));
     EXPECT_EQ(Mark(), std::nullopt) << "several go behind the current row";
+}
+
+TEST_F(SlideLoadDragsTest, FilesOfOtherProgramsGoToTheEndAndAreNotMarked) {
+    PutSlides("abc");
+    Hold(Editor().ListView, 1);
+    Editor().ListView.Deliver(Drag(forms::DragAction::Over, 0));
+    EXPECT_EQ(Mark(), 0);
+    // Given up: the list hears no more of the drag.
+    Editor().ListView.Deliver(Drag(forms::DragAction::Leave, -1));
+    Editor().ListView.Deliver(Drag(forms::DragAction::Ended, -1));
+    EXPECT_EQ(Mark(), std::nullopt);
+    forms::DragEvent files = Drag(forms::DragAction::Over, 1, true);
+    bool wanted = false;
+    files.wanted = &wanted;
+    Editor().ListView.Deliver(files);
+    EXPECT_EQ(Mark(), std::nullopt);
+    EXPECT_FALSE(wanted) << "the window takes them, not the list";
+    Editor().Deliver(files);
+    EXPECT_TRUE(wanted);
+    EXPECT_EQ(Letters(), "abc");
 }
 
 TEST_F(SlideLoadDragsTest, ASlideIsDraggedToAnotherPlace) {

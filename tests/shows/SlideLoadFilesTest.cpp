@@ -126,6 +126,20 @@ TEST_F(SlideLoadFilesTest, ARenamedFileKeepsItsEndingAndItsSlides) {
     EXPECT_EQ(module.CurrentImage, "");
 }
 
+TEST_F(SlideLoadFilesTest, RecentAndFavoriteFilesFollowARename) {
+    module.config.Recent[0] = Picture('b');
+    module.config.FavoriteFiles[0] = Picture('c');
+    module.config.FavoriteFiles[1] = "c:\\pictures\\B.bmp";
+    AnswerName("b.bmp", "x");
+    Rename(1);
+    EXPECT_EQ(module.config.Recent[0], "");
+    EXPECT_EQ(module.config.FavoriteFiles[0], Picture('c'));
+    EXPECT_EQ(module.config.FavoriteFiles[1], "C:\\Pictures\\x.bmp");
+    EXPECT_EQ(View().menu.mnuFavoritesList[1].Caption.Get(), "C:\\Pictures\\x.bmp");
+    EXPECT_EQ(module.CurrentImage, "");
+    EXPECT_EQ(View().Caption.Get(), "Tavrix");
+}
+
 TEST_F(SlideLoadFilesTest, AFileThatIsNoSlideIsRenamedWithoutAWord) {
     PutSlides("bc");
     module.config.Recent[0] = Picture('a');

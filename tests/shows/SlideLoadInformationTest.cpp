@@ -52,7 +52,8 @@ TEST_F(SlideLoadInformationTest, ASavedShowWithItsSoundAndItsSlides) {
     Run(Editor().Menu2.mnuSlideShowInfo);
 
     platform.disks.Remove("C:\\Shows\\m.wav");
-    module.show.SlideFiles.Set(3, "gone too.bmp");
+    platform.disks.PutFolder("C:\\Shows\\no file.bmp");
+    module.show.SlideFiles.Set(3, "no file.bmp");
     Editor().ShowLoaded("C:\\Shows\\s.tvs");
     ExpectTold(
         head + "Sound file = m.wav\r\nSound file size = (Size of sound file is unknown.)" + Rule +

@@ -98,6 +98,34 @@ TEST_F(SlideLoadOpeningTest, AShowThatPlaysEnds) {
     EXPECT_FALSE(module.show.ShowChanged);
 }
 
+TEST_F(SlideLoadOpeningTest, ATopmostMainViewStepsAsideForADroppedShow) {
+    Setting("TopMostWindow", "True");
+    ASSERT_TRUE(Start());
+    PutPicture("C:\\s\\1.bmp", 20, 10);
+    platform.disks.PutFile(
+        "C:\\s\\s.tvs",
+        "\"Tavrix Slide Show\"\r\n\"Version 1.5\"\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0"
+        "\r\n0\r\n\"1.bmp\"\r\n\"\"\r\n");
+    headless::HeadlessWindowPeer& view = Window();
+    ASSERT_TRUE(view.topmost);
+    View().Deliver(forms::DropEvent{{"C:\\s\\s.tvs"}, 1, 1});
+    ASSERT_NE(app.Loaded<FullViewFrm>(), nullptr);
+    EXPECT_FALSE(view.topmost) << "the stage is not to lie below it";
+    app.Unload(*app.Loaded<FullViewFrm>());
+    EXPECT_TRUE(view.topmost);
+    platform.disks.PutFile("C:\\s\\none.tvs", "no show");
+    Expect({.text =
+                "The selected file is not a valid Tavrix Slide Show file...\r\n\r\nFilenames with .TVS in "
+                "the last 4 positions are normally associated with Tavrix files.",
+            .icon = forms::BoxIcon::Exclamation,
+            .systemModal = true,
+            .whileOpen = [&] { EXPECT_FALSE(view.topmost); }});
+    Expect({.text = "This slide show file does not contain any images, nothing to show...",
+            .whileOpen = [&] { EXPECT_FALSE(view.topmost); }});
+    View().Deliver(forms::DropEvent{{"C:\\s\\none.tvs"}, 1, 1});
+    EXPECT_TRUE(view.topmost);
+}
+
 TEST_F(SlideLoadOpeningTest, ATopmostMainViewStepsAsideUntilTheEnd) {
     Setting("TopMostWindow", "True");
     ASSERT_TRUE(Start());
@@ -301,6 +329,19 @@ TEST_F(SlideLoadWindowTest, AKeyThatWasPressedElsewhereIsNone) {
     list.SetFocus();
     Key(list, false, KeyCode::Minus);
     EXPECT_EQ(Letters(), "abc") << "the list was left between";
+}
+
+TEST_F(SlideLoadWindowTest, AKeyThatGoesUpAfterACommandIsNoMore) {
+    PutSlides("abc");
+    forms::ListBox& list = Editor().ListView;
+    SelectSlides({0});
+    list.SetFocus();
+    Key(list, true, KeyCode::Delete);
+    Key(list, true, KeyCode::F1 + 8);
+    Key(list, false, KeyCode::F1 + 8);
+    EXPECT_EQ(Selected(list), (Rows{1, 2}));
+    Key(list, false, KeyCode::Delete);  // which belongs to whatever the command has opened
+    EXPECT_EQ(Letters(), "abc");
 }
 
 TEST_F(SlideLoadWindowTest, TheShiftKeysOfThePressCount) {

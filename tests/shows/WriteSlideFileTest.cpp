@@ -903,6 +903,101 @@ TEST_F(WriteSlideFileTest, ThePlanStandsBeforeTheFileIsOpened) {
     EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"C:\\p\\b.bmp", "B"}));
 }
 
+TEST_F(WriteSlideFileTest, FilesAreLookedAtOnceTheWindowIsSeen) {
+    module.config.SaveSlides = true;
+    platform.disks.PutFile("C:\\q\\b.bmp", "another b");
+    UseSlides({"C:\\p\\b.bmp", "C:\\q\\b.bmp"}, {"B", "Q"});
+    bool seen = false;
+    toolkit.AtYield(1, [&] {
+        seen = true;
+        EXPECT_EQ(app.Loaded<WaitCopyFrm>()->lblMsg.Caption.Get(),
+                  "Tavrix is saving the slide show file, please wait...");
+        EXPECT_EQ(Asked("Files.Open C:\\p"), 0);
+        // It is the show of this moment that is saved.
+        module.show.SlideFiles.Set(0, "C:\\other.bmp");
+        module.show.SlideDescriptions.Set(0, "Other");
+        module.config.SaveSlides = false;
+        module.config.SlideInterval = 9;
+    });
+    Save();
+    EXPECT_TRUE(seen);
+    EXPECT_GT(Asked("Files.Open C:\\p"), 0);
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"b.bmp", "B", "b (2).bmp", "Q"}));
+}
+
+TEST_F(WriteSlideFileTest, ACancelEndsTheLookAtFiles) {
+    module.config.SaveSlides = true;
+    module.config.SoundMode = 1;
+    module.config.SoundFile = "C:\\m\\a.wav";
+    Texts paths;
+    for (int i = 0; i < 20; ++i) {
+        paths.push_back("C:\\q" + std::to_string(i) + "\\b.bmp");
+        platform.disks.PutFile(paths.back(), "picture " + std::to_string(i));
+    }
+    UseSlides(paths);
+    PutShow(FormerShow());
+    long looks = 0;
+    toolkit.AtYield(2, [&] {
+        looks = Asked("Files.Open C:\\q");
+        app.Loaded<WaitCopyFrm>()->CmdCancel.Deliver(forms::ClickEvent{});
+    });
+    // It takes its time.
+    for (int call = 1; call < 40; ++call)
+        platform.faults.AtNth(Service::Files, call, [&] { toolkit.Advance(forms::Milliseconds(50)); });
+    ExpectCanceled();
+    EXPECT_EQ(Save(), SaveEnd::Canceled);
+    EXPECT_LT(looks, 10);
+    EXPECT_LE(Asked("Files.Open C:\\q"), looks + 3);
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\b.bmp"), std::nullopt);
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\a.wav"), std::nullopt);
+    EXPECT_EQ(module.config.SoundFile, "C:\\m\\a.wav");
+    EXPECT_EQ(OnDisk(), "");
+    EXPECT_EQ(BackupContent(), FormerShow());
+    ExpectNotSaved();
+}
+
+TEST_F(WriteSlideFileTest, ALargeCopyIsCanceledInItsMiddle) {
+    module.config.SaveSlides = true;
+    platform.disks.PutFile("C:\\p\\large.bmp", std::string(std::size_t{20} << 20U, 'x'));
+    platform.disks.PutFile("C:\\Shows\\large.bmp", "foreign");
+    UseSlides({"C:\\p\\b.bmp", "C:\\p\\large.bmp", "C:\\p\\c.bmp"}, {"B", "L", "C"});
+    WatchLabel();
+    Save();
+    const auto copying = std::ranges::find(labels, "Tavrix is copying the file:\r\n\r\nC:\\p\\large.bmp");
+    ASSERT_EQ(std::ranges::count(labels, *copying), 4) << "before, after each 8 MiB, and behind it";
+    const int middle = static_cast<int>(copying - labels.begin()) + 2;
+
+    platform.disks.Remove("C:\\Shows\\large.bmp");
+    module.show.ShowChanged = true;
+    UseSlides({"C:\\p\\b.bmp", "C:\\p\\large.bmp", "C:\\p\\c.bmp"}, {"B", "L", "C"});
+    CancelAtYield(middle);
+    ExpectCanceled();
+    EXPECT_EQ(Save(), SaveEnd::Canceled);
+    EXPECT_EQ(platform.disks.Content("C:\\Shows\\large.bmp"), std::nullopt) << "no part of it is left";
+    EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"b.bmp", "B"}));
+    EXPECT_TRUE(module.show.ShowChanged);
+}
+
+TEST_F(WriteSlideFileTest, WhatStandsBehindAnEmptyPathIsNotLost) {
+    const std::string hole = Header() + Slides({"a.bmp", "A", "", "", "b.bmp", "B"});
+    for (const std::string& former : {hole, Header() + Slides({"a.bmp", "A", "", "About nothing"}),
+                                      OldHeader() + Slides({"a.bmp", "", "b.bmp"})}) {
+        platform.shell.trash.clear();
+        PutShow(former);
+        UseSlides({"a.bmp"}, {"A"});
+        EXPECT_EQ(Save(), SaveEnd::Whole);
+        EXPECT_EQ(OnDisk(), DefaultHeader() + Slides({"a.bmp", "A"}));
+        ASSERT_EQ(platform.shell.trash.size(), 1U) << former;
+        EXPECT_EQ(platform.shell.trash[0].content, former);
+    }
+    // Nothing behind it is nothing to lose.
+    platform.shell.trash.clear();
+    PutShow(Header() + Slides({"a.bmp", "A", "", "", "", ""}));
+    UseSlides({"a.bmp"}, {"A"});
+    EXPECT_EQ(Save(), SaveEnd::Whole);
+    EXPECT_TRUE(platform.shell.trash.empty());
+}
+
 TEST_F(WriteSlideFileTest, TextsBeyondTheCodePageSurvive) {
     UseSlides({"C:\\\xE6\x97\xA5.bmp", "C:\\\xC3\xA4.bmp"}, {"", "\xC3\xA9\xE2\x82\xAC"});
     Save();

@@ -76,12 +76,11 @@ void SlideLoadFrm::mnuDeleteShow_Click() {
 }
 
 void SlideLoadFrm::Form_QueryUnload(bool& cancel) {
-    cancel = module_.Busy() || closing_ || !MayClose();
+    cancel = module_.Busy() || !MayClose();
 }
 
 bool SlideLoadFrm::MayClose() {
     if (!Unsaved()) return true;
-    closing_ = true;
     ExitAnswer answer = ExitAnswer::Cancel;
     App().Load<ExitFrm>(answer).ShowModal();
     bool closes = false;
@@ -99,7 +98,6 @@ bool SlideLoadFrm::MayClose() {
         case ExitAnswer::Cancel:
             break;
     }
-    closing_ = false;
     return closes;
 }
 

@@ -11,9 +11,10 @@
 #include "core/RecentLists.h"
 #include "dialogs/ExploreFolder.h"
 #include "dialogs/RenameFile.h"
-#include "shows/editor/Breather.h"
+#include "shows/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmSlideCopyImages.h"
+#include "viewer/MainViewFrm.h"
 
 namespace tavrix {
 namespace {
@@ -93,7 +94,7 @@ void SlideLoadFrm::mnuRenameFile_Click() {
         module_, folder + name, {.title = title, .failure = "Unable to rename selected file to: "});
     if (!path) return;
     const std::string newName = FileNameOf(*path);
-    RemoveRecentFile(module_, folder + name);
+    view_.imageOnShow.Moved(folder + name, *path);
     File1.RefreshKeepingRows();
     if (const int found = File1.IndexOf(newName); found >= 0) {
         File1.ListIndex = found;

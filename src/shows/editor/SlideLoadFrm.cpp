@@ -135,7 +135,6 @@ void SlideLoadFrm::InstallCommands() {
     };
     ListView.OnDragStart = [this](const forms::MouseArguments& press) { BeginDrag(ListView, press); };
     ListView.OnDragDrop = [this](const forms::DragArguments& drop) { ListView_DragDrop(drop); };
-    ListView.OnOLEDragDrop = [this](const std::vector<std::string>& files) { ListView_OLEDragDrop(files); };
 
     Menu1.mnuSelectAll.Install(Guarded(&Me::CmdAll_Click));
     Menu1.mnuSelectNone.Install(Guarded(&Me::CmdNone_Click));

@@ -75,6 +75,7 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void Form_Load() override;
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload(bool& cancel) override;
+    /// The View List leaves files of other programs to the form: they go to the end, and a mark would not be true.
     void Form_OLEDragDrop(const std::vector<std::string>& files) override { ListView_OLEDragDrop(files); }
 
     /// The path of the show, or Untitled.
@@ -230,7 +231,6 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     Dragged dragged_ = Dragged::One;
     int draggedRow_ = -1;
     bool saveFailed_ = false;  ///< see NoteSave
-    bool closing_ = false;     ///< the question about changes stands
     std::string kept_;         ///< what KeepForEndOfSession has written
 };
 

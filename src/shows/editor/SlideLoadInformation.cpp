@@ -4,7 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "shows/editor/Breather.h"
+#include "shows/Breather.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "viewer/ImageTypes.h"
 

@@ -1,7 +1,7 @@
 // Slides whose files are gone, and slides that stand there more than once.
 
 #include "core/NumberText.h"
-#include "shows/editor/Breather.h"
+#include "shows/Breather.h"
 #include "shows/editor/SlideDuplicates.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/editor/frmSlideDup.h"

@@ -1,6 +1,7 @@
 #include "shows/editor/SlideOrder.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
@@ -15,26 +16,37 @@ std::vector<int> SameOrder(int count) {
     return order;
 }
 
-/// A sequence in blocks, so that taking a number out and putting it in elsewhere moves few others.
+/// A sequence in blocks, so that taking a number out and putting it in elsewhere moves few others. A tree of counts finds
+/// the block of a place.
 class Blocks {
   public:
     explicit Blocks(const std::vector<int>& numbers) {
-        for (auto begin = numbers.begin(); begin != numbers.end();) {
-            const auto length = std::min<std::ptrdiff_t>(BlockLength, numbers.end() - begin);
-            blocks_.emplace_back(begin, begin + length);
-            begin += length;
+        const std::size_t count = numbers.size() / BlockLength + 1;
+        leaves_ = std::bit_ceil(count);
+        counts_.resize(2 * leaves_);
+        blocks_.resize(leaves_);
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t begin = i * BlockLength;
+            const std::size_t end = std::min(begin + BlockLength, numbers.size());
+            blocks_[i].reserve(2 * BlockLength);
+            blocks_[i].assign(numbers.begin() + static_cast<std::ptrdiff_t>(begin),
+                              numbers.begin() + static_cast<std::ptrdiff_t>(end));
+            Grow(i, static_cast<int>(end - begin));
         }
     }
 
     int Take(int at) {
-        std::vector<int>& block = BlockOf(at, false);
+        const std::size_t number = BlockOf(at, 0);
+        std::vector<int>& block = blocks_[number];
         const int taken = block[static_cast<std::size_t>(at)];
         block.erase(block.begin() + at);
+        Grow(number, -1);
         return taken;
     }
-    void Put(int number, int at) {
-        std::vector<int>& block = BlockOf(at, true);
-        block.insert(block.begin() + at, number);
+    void Put(int value, int at) {
+        const std::size_t number = BlockOf(at, 1);
+        blocks_[number].insert(blocks_[number].begin() + at, value);
+        Grow(number, 1);
     }
     [[nodiscard]] std::vector<int> All() const {
         std::vector<int> all;
@@ -44,19 +56,28 @@ class Blocks {
     }
 
   private:
-    static constexpr std::ptrdiff_t BlockLength = 2048;
+    static constexpr std::size_t BlockLength = 256;
 
-    /// The block of a place, which is counted from the block's beginning afterwards.
-    std::vector<int>& BlockOf(int& at, bool orBehind) {
-        auto block = blocks_.begin();
-        while (at >= static_cast<int>(block->size()) + (orBehind ? 1 : 0)) {
-            at -= static_cast<int>(block->size());
-            ++block;
+    /// The block of a place, which is counted from the block's beginning afterwards; `behind` is 1 where the place behind
+    /// the last number of a block belongs to it too.
+    std::size_t BlockOf(int& at, int behind) const {
+        std::size_t node = 1;
+        while (node < leaves_) {
+            node *= 2;
+            if (at < counts_[node] + behind) continue;
+            at -= counts_[node];
+            ++node;
         }
-        return *block;
+        return node - leaves_;
+    }
+    void Grow(std::size_t block, int by) {
+        for (std::size_t node = block + leaves_; node > 0; node /= 2)
+            counts_[node] += by;
     }
 
     std::vector<std::vector<int>> blocks_;
+    std::size_t leaves_ = 1;
+    std::vector<int> counts_;  ///< of the numbers below a node; those of node n are 2 n and 2 n + 1
 };
 
 }  // namespace

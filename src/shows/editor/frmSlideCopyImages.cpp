@@ -31,12 +31,11 @@ frmSlideCopyImages::frmSlideCopyImages(forms::Application& application, MainView
     HelpContext = HelpContext::SlideCopyImages;
     lblSource.Caption = "Source folder:";
     lblSourcePath.Literal = true;
-    lblSourcePath.Caption = sources_.folder;
+    lblSourcePath.Caption = "Error getting path...";
     lblSourcePath.ToolTip = "Click here to show full path to source folder.";
     lblSourcePath.OnClick = [this] { lblSourcePath_Click(); };
     lblSelected.Caption = "Number of source files selected =";
-    lblNumSelected.Caption =
-        GroupedNumber(static_cast<std::int64_t>(sources_.names.size()), module_.platform.system.Numbers());
+    lblNumSelected.Caption = "Error...";
     lblDrives.Caption = "&Drive:";
     lblDrives.SetBuddy(Drive1);
     lblFolders.Caption = "Fo&lder:";
@@ -68,6 +67,9 @@ frmSlideCopyImages::frmSlideCopyImages(forms::Application& application, MainView
 }
 
 void frmSlideCopyImages::Form_Load() {
+    lblSourcePath.Caption = sources_.folder;
+    lblNumSelected.Caption =
+        GroupedNumber(static_cast<std::int64_t>(sources_.names.size()), module_.platform.system.Numbers());
     const std::string& last = module_.config.LastCopyToPath;
     SkipFailure([&] { Lists.GoTo(last.empty() ? module_.AppPath : last); });
 }

@@ -50,7 +50,7 @@ std::string CopyNames::NewName(const StoredFile& file) {
 
 bool CopyNames::Equal(const StoredFile& file, const std::string& other) const {
     bool equal = false;
-    SkipFailure([&] { equal = SameContent(files_, file.source, other); });
+    SkipFailure([&] { equal = SameContent(files_, file.source, other, goOn_); });
     return equal;
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 #include "core/ShowFolder.h"
 #include "platform/services/Files.h"
@@ -12,7 +13,10 @@ namespace tavrix {
 /// The names in a show's folder, and whose they are once all copies are made.
 class CopyNames {
   public:
-    CopyNames(Files& files, const ShowFolder& folder) : files_(files), folder_(folder) {}
+    /// Files of one name are compared, which can take long: `goOn` is asked meanwhile. Once it has given up, names mean
+    /// nothing.
+    CopyNames(Files& files, const ShowFolder& folder, GoOn goOn = {})
+        : files_(files), folder_(folder), goOn_(std::move(goOn)) {}
 
     /// What has this name directly in the folder keeps it.
     void Reserve(const std::string& name);
@@ -28,6 +32,7 @@ class CopyNames {
 
     Files& files_;
     const ShowFolder& folder_;
+    GoOn goOn_;
     std::map<std::string, std::string> owners_;  ///< by name, in upper case
     std::map<std::string, std::string> given_;   ///< names by source, as it is spelled
     std::map<std::string, int> numbers_;         ///< the last that was tried, by name

@@ -57,8 +57,8 @@ bool IsThere(Files& files, const std::string& path) {
     }
 }
 
-bool SameContent(Files& files, const std::string& first, const std::string& second) {
-    constexpr std::size_t Part = std::size_t{64} << 10U;
+bool SameContent(Files& files, const std::string& first, const std::string& second, const GoOn& goOn) {
+    constexpr std::size_t Part = std::size_t{256} << 10U;
     const std::unique_ptr<FileReader> a = files.Open(first);
     std::unique_ptr<FileReader> b;
     std::vector<std::byte> partOfA(Part);
@@ -75,7 +75,7 @@ bool SameContent(Files& files, const std::string& first, const std::string& seco
         SkipFailure([&] { same = std::ranges::equal(readA, ReadPart(*b, partOfB)); });
         if (!same) return false;
         if (readA.size() < Part) return true;
-        readable = true;
+        readable = !goOn || goOn();
     }
     return false;
 }

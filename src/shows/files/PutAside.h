@@ -17,7 +17,8 @@ void PutAside(const MainModule& module, const std::string& path);
 [[nodiscard]] bool IsThere(Files& files, const std::string& path);
 
 /// Whether two files hold the same bytes. Throws RuntimeError when the first cannot be read; a second one that cannot be
-/// is another file.
-[[nodiscard]] bool SameContent(Files& files, const std::string& first, const std::string& second);
+/// is another file, and so is what was given up.
+[[nodiscard]] bool SameContent(Files& files, const std::string& first, const std::string& second,
+                               const GoOn& goOn = {});
 
 }  // namespace tavrix

@@ -77,6 +77,7 @@ ReadShowResult ReadShow(const MainModule& module, const std::string& path, const
     const ShowFileReading reading = ReadShowFile(module.platform.files, path, record);
     ReadShowResult result{.end = reading.end,
                           .upgradeNoteShown = reading.older && !module.ScreenSaverMode,
+                          .toTheEnd = reading.ToTheEnd(),
                           .whole = reading.Whole(),
                           .why = reading.why};
     const Telling telling(module, words);

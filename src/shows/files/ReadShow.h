@@ -22,7 +22,8 @@ struct ReadShowWords {
 struct ReadShowResult {
     ShowFileEnd end = ShowFileEnd::Complete;
     bool upgradeNoteShown = false;
-    bool whole = false;               ///< the record has all that the file has
+    bool toTheEnd = false;            ///< the record has all that the file has
+    bool whole = false;               ///< and its list of slides too
     std::optional<RuntimeError> why;  ///< what reading failed with, where the system told it
 
     /// It is no show, or one of another release, and the record is as it was.

@@ -28,15 +28,20 @@ void ReadOptions(ShowFileReader& file, bool older, ShowOptions& options) {
     options.AnimateGIF89 = flag();
 }
 
-/// Whether there may be more slides than there is room for.
-bool ReadSlides(ShowFileReader& file, bool older, ShowSlides& slides) {
+void ReadSlides(ShowFileReader& file, ShowFileReading& reading, ShowSlides& slides) {
+    bool ended = false;  // by an empty path
     for (int index = 0; !file.AtEnd(); ++index) {
         slides.SlideFiles.Set(index, file.Text());
-        if (!older)
+        if (!reading.older)
             slides.SlideDescriptions.Set(index, Left(file.Text(), ShowFileFormat::LongestDescription));
-        if (index == SlideTexts::LastIndex) return true;
+        const bool noPath = slides.SlideFiles[index].empty();
+        ended = ended || noPath;
+        if (ended && !(noPath && slides.SlideDescriptions[index].empty())) reading.hidden = true;
+        if (index == SlideTexts::LastIndex) {
+            reading.tooLong = reading.cut = true;
+            return;
+        }
     }
-    return false;
 }
 
 }  // namespace
@@ -60,7 +65,7 @@ ShowFileReading ReadShowFile(Files& files, const std::string& path, ShowRecord& 
         ReadOptions(file, reading.older, record.options);
         stage = ShowFileEnd::SlidesFailed;
         record.slides.EraseSlides();
-        reading.tooLong = reading.cut = ReadSlides(file, reading.older, record.slides);
+        ReadSlides(file, reading, record.slides);
         if (reading.tooLong) SkipFailure([&] { reading.cut = !file.AtEnd(); });
     } catch (const RuntimeError& error) {
         reading.end = stage;

@@ -25,11 +25,14 @@ struct ShowFileReading {
     bool older = false;    ///< in the format that is read and never written; told from the options on
     bool tooLong = false;  ///< more slides may follow those that there is room for
     bool cut = false;      ///< they do, or that could not be found out
+    bool hidden = false;   ///< something stands behind an empty path, where the list of slides ends
     std::string version;   ///< the version line of OtherRelease
     std::optional<RuntimeError> why;  ///< set for NotOpened, HeaderFailed and SlidesFailed
 
     /// Whether the record has all that the file has.
-    [[nodiscard]] bool Whole() const { return end == ShowFileEnd::Complete && !cut; }
+    [[nodiscard]] bool ToTheEnd() const { return end == ShowFileEnd::Complete && !cut; }
+    /// Whether its list of slides has.
+    [[nodiscard]] bool Whole() const { return ToTheEnd() && !hidden; }
 };
 
 /// Reads a show's file without a word to the user. The options of the record are replaced as far as the file has them; its

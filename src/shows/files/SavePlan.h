@@ -37,15 +37,20 @@ struct SavePlan {
     ShowOptions options;  ///< with the sound as it is stored
     StoredFile sound;
     std::vector<StoredSlide> slides;
+    bool copies = false;  ///< the files go into the show's folder
 };
 
-/// Plans the save of the shared show as `name` in `folder`. `former` is the folder that paths without a drive have been
-/// seen from so far; where there is none they are seen from the current folder.
+/// The shared show as it is now: what a save writes, whatever happens while messages run. How it is stored is left open.
+[[nodiscard]] SavePlan TakeShow(const MainModule& module);
+
+/// Plans how a show is stored as `name` in `folder`, which looks at its files: `goOn` is asked often. False when it was
+/// given up; of the plan no more than the paths means something then. `former` is the folder that paths without a drive
+/// have been seen from so far; where there is none they are seen from the current folder.
 ///
 /// Of different files that would be copied to one name only the first gets it, and none gets that of a file that the show
 /// has in the folder already; the others get a number.
-[[nodiscard]] SavePlan PlanSave(const MainModule& module, const ShowFolder& folder, const std::string& name,
-                                const ShowFolder& former);
+bool PlanFiles(SavePlan& plan, const MainModule& module, const ShowFolder& folder, const std::string& name,
+               const ShowFolder& former, const GoOn& goOn);
 
 /// For the texts of all that a save writes.
 [[nodiscard]] ShowFileEncoding EncodingOf(const SavePlan& plan);

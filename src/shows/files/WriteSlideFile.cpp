@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -9,6 +10,7 @@
 #include "core/RecentLists.h"
 #include "core/ShowFolder.h"
 #include "dialogs/CopyWindow.h"
+#include "shows/Breather.h"
 #include "shows/SlideEditor.h"
 #include "shows/files/CopyNames.h"
 #include "shows/files/PutAside.h"
@@ -35,13 +37,16 @@ class SavingShow {
           show_(module.show),
           folder_(folder),
           path_(folder + name),
+          name_(name),
           count_(module.show.SlideCount),
-          plan_(PlanSave(module, folder_, name, FormerFolder(module))),
-          window_(module) {}
+          former_(FormerFolder(module)),
+          plan_(TakeShow(module)),
+          window_(module),
+          breather_(module) {}
 
     SaveEnd Run() {
         window_.Tell("Tavrix is saving the slide show file, please wait...");
-        SaveSound();
+        if (PlanFiles(plan_, module_, folder_, name_, former_, Breathing())) SaveSound();
         window_.Tell("Tavrix is creating the file:" + Paragraph + path_);
         const SaveEnd end = Write();
         if (end == SaveEnd::Canceled) {
@@ -53,6 +58,23 @@ class SavingShow {
     }
 
   private:
+    /// For the work between two steps.
+    [[nodiscard]] GoOn Breathing() {
+        return [this] {
+            breather_.Breathe();
+            return !module_.CancelCopy;
+        };
+    }
+    /// For a copy, which is begun in any case.
+    [[nodiscard]] GoOn WhileCopying() const {
+        return [this, begun = false]() mutable {
+            if (!std::exchange(begun, true)) return true;
+            module_.DoEvents();
+            return !module_.CancelCopy;
+        };
+    }
+
+    /// A cancel in its middle is seen by what comes next.
     void SaveSound() {
         module_.config.SoundFile = plan_.sound.stored;
         if (plan_.sound.form != StoredFile::Form::Copied) return;
@@ -94,20 +116,22 @@ class SavingShow {
         for (; written_ < plan_.slides.size(); ++written_) {
             module_.DoEvents();
             if (module_.CancelCopy) return false;
-            WriteSlide(file, plan_.slides[written_]);
+            if (!WriteSlide(file, plan_.slides[written_])) return false;
         }
         // More than there are slots run past the last one.
         if (count_ > SlideTexts::Slots) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         return true;
     }
 
-    void WriteSlide(ShowFileWriter& file, const StoredSlide& slide) {
+    /// False when the user canceled.
+    bool WriteSlide(ShowFileWriter& file, const StoredSlide& slide) {
         if (slide.file.form == StoredFile::Form::Copied) {
             failure_ = "Unable to copy all images to slide show directory...";
-            CopyIntoFolder(slide.file);
+            if (!CopyIntoFolder(slide.file)) return false;
             failure_ = SlidesFailed;
         }
         file.WriteSlide(slide.file.stored, slide.description);
+        return true;
     }
 
     /// Makes what was written the file, where the former one is not lost by it.
@@ -115,18 +139,20 @@ class SavingShow {
         if (backup.Safe()) SkipFailure([&] { file.Close(); });
     }
 
-    /// A file with other content that has the name is put aside first. What is there already is not copied.
-    void CopyIntoFolder(const StoredFile& file) {
+    /// A file with other content that has the name is put aside first. What is there already is not copied. False when
+    /// the user canceled in the middle.
+    bool CopyIntoFolder(const StoredFile& file) {
         window_.Tell("Tavrix is copying the file:" + Paragraph + file.path);
         if (!CanName(file.stored)) throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
         Files& files = module_.platform.files;
         const std::string target = folder_.Path() + file.stored;
-        if (files.Same(file.source, target)) return;
+        if (files.Same(file.source, target)) return true;
         if (IsThere(files, target)) {
-            if (SameContent(files, file.source, target)) return;
+            if (SameContent(files, file.source, target, Breathing())) return true;
+            if (module_.CancelCopy) return false;
             PutAside(module_, target);
         }
-        files.Copy(file.source, target);
+        return files.Copy(file.source, target, WhileCopying());
     }
 
     void Finish() {
@@ -172,9 +198,12 @@ class SavingShow {
     SlideShow& show_;
     ShowFolder folder_;
     std::string path_;
+    std::string name_;
     int count_;  ///< slides that are to be written
+    ShowFolder former_;
     SavePlan plan_;
     CopyWindow window_;
+    Breather breather_;
     std::size_t written_ = 0;   ///< slides
     const char* failure_ = "";  ///< what a failure now means
 };

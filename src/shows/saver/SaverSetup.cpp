@@ -183,7 +183,7 @@ void SaverSetup::Form_Unload(bool&) {
 
 void SaverSetup::ReadCurrentFile() {
     const ReadShowResult read = ReadSaverFile(module_, lblCurrentFile.Caption);
-    fileRead_ = read.whole;
+    fileRead_ = read.toTheEnd;
     if (read.Refused()) return;
     ShowSound();
     ShowInterval();
