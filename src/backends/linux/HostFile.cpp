@@ -400,8 +400,14 @@ void TargetFile::CommitBeside() {
     if (options_.exactMode) ::fchmod(content_.Number(), options_.newMode);
     Sync();
     if (besideName_.empty()) {
-        const std::string name = NameBeside(path_);
         const std::string unnamed = "/proc/self/fd/" + std::to_string(content_.Number());
+        // Where nothing stands the file gets its name at once.
+        if (!target_) {
+            if (::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) == 0) return;
+            if (errno != EEXIST) Fail(errno);
+            if (!options_.replaces) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+        }
+        const std::string name = NameBeside(path_);
         if (::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) Fail(errno);
         besideName_ = name;
     }
