@@ -36,6 +36,14 @@ bool MayRemove(const MainModule& module, const std::string& path) {
     return !path.empty() && module.config.KeepRecent;
 }
 
+/// Whether the file of an entry is there. One that is left beside it, of a name that differs in case alone, is another
+/// file; it is the entry's where that one is spelled otherwise than the path.
+bool Exists(const MainModule& module, const std::string& path, const std::string& entry) {
+    Files& files = module.platform.files;
+    if (!files.FileExists(path)) return false;
+    return entry != WithUpperFirst(path) || files.HasExactly(path);
+}
+
 }  // namespace
 
 void TellDesktop(const MainModule& module, const std::string& path) {
@@ -69,8 +77,11 @@ void ListRecentShow(MainModule& module, std::string& path) {
 void RemoveRecentFile(MainModule& module, const std::string& path) {
     if (!MayRemove(module, path)) return;
     module.DoEvents();
-    if (module.platform.files.FileExists(path)) return;
-    if (Remove(module.config.Recent, path)) module.RefreshRecentMenu();
+    auto& recent = module.config.Recent;
+    const auto entry = Find(recent, path);
+    if (entry == recent.end() || Exists(module, path, *entry)) return;
+    Remove(recent, path);
+    module.RefreshRecentMenu();
 }
 
 void RemoveRecentShow(MainModule& module, const std::string& path) {

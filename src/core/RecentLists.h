@@ -22,7 +22,8 @@ void AddRecentShow(MainModule& module, std::string& path);
 /// The same without a word to the desktop: nothing was opened.
 void ListRecentShow(MainModule& module, std::string& path);
 
-/// Takes an image that no longer exists from the list.
+/// Takes an image that no longer exists from the list. One of another spelling that is left there does not count for an
+/// entry of the path's own.
 void RemoveRecentFile(MainModule& module, const std::string& path);
 
 /// Takes a show from the list: one that has gone, or that turned out to be none.

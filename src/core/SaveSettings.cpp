@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Folders.h"
+#include "core/KeptWorkingFiles.h"
 #include "core/RecentLists.h"
 #include "core/Settings.h"
 #include "core/SettingsText.h"
@@ -67,7 +68,7 @@ void RemoveTemporaryFiles(MainModule& module, const std::string& tempFolder) {
     SkipFailure([&] { files.Delete(tempFolder + "~undo.tmp"); });
     for (const std::string& folder : {tempFolder, module.AppPath}) {
         const std::string path = folder + "Untitled.BMP";
-        const bool kept = path == module.KeptWorkingFile && path != module.CurrentImage;
+        const bool kept = IsKeptWorkingFile(module, path) && path != module.CurrentImage;
         if (module.config.DeleteUntitled && !kept) SkipFailure([&] { files.Delete(path); });
     }
     RemoveRecentFile(module, tempFolder + "Untitled.BMP");

@@ -42,8 +42,10 @@ FileTransfer::Turn FileTransfer::Take(const TransferItem& item) {
         while (OnNoDisk && LacksDisk(item)) {
             if (!AskForDisk()) return Turn::Stop;
         }
-        if (module_.platform.files.Same(item.from, item.to)) return Turn::Next;
-        if (!asked && module_.platform.files.FileExists(item.to)) {
+        // One look at the target's folder for most files: in a large one it takes longer than a copy.
+        const bool stands = module_.platform.files.FileExists(item.to);
+        if (stands && module_.platform.files.Same(item.from, item.to)) return Turn::Next;
+        if (!asked && stands) {
             asked = true;
             const forms::Answer answer = AskToReplace(item);
             if (answer == forms::Answer::Cancel) return Turn::Stop;

@@ -5,7 +5,6 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/FailureText.h"
-#include "core/Folders.h"
 
 namespace tavrix {
 
@@ -21,7 +20,7 @@ FolderLists::FolderLists(const MainModule& module, forms::DriveListBox& drives, 
 
 void FolderLists::GoTo(const std::string& folder) {
     // What is chosen in the lists is told from look-alikes by its spelling.
-    const std::string spelled = GetShortPath(module_, folder);
+    const std::string spelled = module_.platform.files.ShortPath(folder);
     drives_.Drive = Left(folder, 2);
     folders_.Path = spelled.empty() ? folder : spelled;
 }

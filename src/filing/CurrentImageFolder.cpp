@@ -21,4 +21,20 @@ int RowOfFile(const forms::FileListBox& files, const std::string& name) {
     return files.IndexOf(name);
 }
 
+void SelectImageOnShow(const MainModule& module, forms::FileListBox& files) {
+    files.Refresh();
+    if (files.ListCount() == 0) return;
+    const int row = RowOfFile(files, FileNameOf(module.CurrentImage));
+    files.ListIndex = row >= 0 ? row : 0;
+    if (row >= 0) files.Select(row);
+}
+
+bool IsImageOnShow(const MainModule& module, const std::string& path) {
+    const std::string& current = module.CurrentImage;
+    if (current.empty()) return false;
+    Files& files = module.platform.files;
+    if (path == current || files.Same(path, current)) return true;
+    return EqualIgnoringCase(path, current) && !(files.HasExactly(path) && files.HasExactly(current));
+}
+
 }  // namespace tavrix

@@ -30,7 +30,9 @@ void mnuLast_Click(MainViewFrm& view, std::size_t index) {
         if (!AsksForDisk(module, path, ImageOnFloppy)) return;
     }
     LoadIntoMainView(view, path, {"Unable to open the recent file:" + std::string(NewLine2) + path});
-    if (module.CurrentImage.empty() && DriveIsReady(module, path)) RemoveRecentFile(module, path);
+    // An entry may be spelled otherwise than its file, which is there all the same.
+    const bool gone = DriveIsReady(module, path) && !module.platform.files.FileExists(path);
+    if (module.CurrentImage.empty() && gone) RemoveRecentFile(module, path);
 }
 
 }  // namespace tavrix

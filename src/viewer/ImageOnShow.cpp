@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "core/KeptWorkingFiles.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
 #include "viewer/MainViewFrm.h"
@@ -65,7 +66,7 @@ void ImageOnShow::Renamed(const std::string& from, const std::string& to) {
     const std::string before = module.CurrentImage;
     const std::string gone = from;  // perhaps CurrentImage itself
     // Nobody has been asked whether the edit may go.
-    if (IsUnsavedImage(module) && !WasFile(module, before, gone)) module.KeptWorkingFile = before;
+    if (IsUnsavedImage(module) && !WasFile(module, before, gone)) KeepWorkingFile(module, before);
     std::string path = to;
     ShowTitleOf(path);
     RemoveRecentFile(module, gone);

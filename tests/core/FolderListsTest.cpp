@@ -20,6 +20,17 @@ TEST_F(FolderListsTest, TheListsBeginInTheCurrentFolder) {
     EXPECT_EQ(dialog.File1.List(0), "a.bmp");
 }
 
+TEST_F(FolderListsTest, AFolderIsShownAsTheDiskSpellsItHoweverLongItIs) {
+    std::string folder = "C:\\Pictures";
+    for (int depth = 0; depth < 6; ++depth)
+        folder += "\\" + std::string(60, 'n') + "Sub";
+    platform.disks.PutFolder(folder);
+    dialog.Lists.GoTo(UpperCase(folder) + "\\");
+    EXPECT_EQ(Now(), At(folder));
+    dialog.Lists.GoTo("c:\\pICTURES");
+    EXPECT_EQ(Now(), At("C:\\Pictures"));
+}
+
 TEST_F(FolderListsTest, ADriveBringsTheListsToItsCurrentFolder) {
     PickDrive(RowOfD);
     EXPECT_EQ(Now(), At("D:\\"));

@@ -149,6 +149,11 @@ TEST_F(AddRecentShowTest, TheDesktopIsToldOnlyWhenItShallBeAndMayFail) {
 class RemoveRecentFileTest : public RecentListsTest {
   protected:
     RemoveRecentFileTest() { module.config.Recent = full; }
+    /// A file in C:\, where names may differ in case alone.
+    void PutLookAlike(const std::string& name) {
+        platform.disks.Drives().at('C').disk->root->children[name] =
+            std::make_shared<headless::MemoryNode>(headless::MemoryNode{.content = name});
+    }
     const Recent full{"C:\\1", "C:\\2", "C:\\3", "C:\\4", "C:\\5", "C:\\6", "C:\\7"};
 };
 
@@ -171,6 +176,23 @@ TEST_F(RemoveRecentFileTest, AFileThatStillExistsStays) {
     RemoveRecentFile(module, "C:\\3");
     EXPECT_EQ(module.config.Recent, full);
     EXPECT_EQ(refreshes, 0);
+}
+
+TEST_F(RemoveRecentFileTest, AFileOfAnotherSpellingBesideItIsAnotherFile) {
+    PutLookAlike("A.BMP");
+    module.config.Recent = {"C:\\1", "C:\\a.bmp"};
+    RemoveRecentFile(module, "c:\\a.bmp");
+    EXPECT_EQ(module.config.Recent, (Recent{"C:\\1"}));
+    EXPECT_EQ(refreshes, 1);
+    // The entry of the other one stays when this one goes.
+    module.config.Recent = {"C:\\1", "C:\\A.BMP"};
+    RemoveRecentFile(module, "C:\\a.bmp");
+    EXPECT_EQ(module.config.Recent, (Recent{"C:\\1", "C:\\A.BMP"}));
+    PutLookAlike("a.bmp");
+    module.config.Recent = {"C:\\a.bmp"};
+    RemoveRecentFile(module, "C:\\a.bmp");
+    EXPECT_EQ(module.config.Recent, (Recent{"C:\\a.bmp"}));
+    EXPECT_EQ(refreshes, 1);
 }
 
 TEST_F(RemoveRecentFileTest, MessagesRunBeforeTheFileIsLookedFor) {

@@ -106,20 +106,21 @@ TEST_F(DeleteImgFrmTest, OneFileIsAskedAboutByItsPath) {
 
 TEST_F(DeleteImgFrmTest, SeveralAreAskedAboutOnce) {
     Setting("Recent2", "C:\\p\\c.bmp");
+    platform.disks.PutFile("C:\\p\\z.bmp", "z.bmp");  // behind the image that stays
     Begin();
     InDialog([this](DeleteImgFrm& dialog) {
         Press(dialog.Selection.CmdAll);
-        ExpectSeveral(4, Answer::No);
+        ExpectSeveral(5, Answer::No);
         Press(dialog.CmdDelete);
-        EXPECT_EQ(dialog.Chooser.File1.SelectedCount(), 4);
+        EXPECT_EQ(dialog.Chooser.File1.SelectedCount(), 5);
         ExpectTrash({});
-        ExpectSeveral(4, Answer::Yes);
+        ExpectSeveral(5, Answer::Yes);
         ExpectTold("Unable to delete:\r\n\r\nC:\\p\\x.jpg\r\n\r\nImage is currently open...");
         Press(dialog.CmdDelete);
         EXPECT_EQ(Listed(dialog.Chooser.File1), (Names{"x.jpg"}));
         EXPECT_FALSE(module.Busy());
     });
-    ExpectTrash({"C:\\p\\a.bmp", "C:\\p\\b.bmp", "C:\\p\\c.bmp"});
+    ExpectTrash({"C:\\p\\a.bmp", "C:\\p\\b.bmp", "C:\\p\\c.bmp", "C:\\p\\z.bmp"});
     EXPECT_EQ(At(ImagePath), image);
     EXPECT_EQ(std::ranges::count(Recent(), "C:\\p\\c.bmp"), 0);
 }

@@ -58,7 +58,7 @@ TEST_F(FloppyFromTest, SaysWhatItIs) {
                   "Create a new folder in the currently selected \"destination\" directory.");
         EXPECT_EQ(dialog.HelpContext, 660U);
         EXPECT_EQ(Listed(dialog.Files), (Names{"x.bmp", "y.gif"}));
-        EXPECT_EQ(UpperCase(dialog.Dir2.Path.Get()), "C:\\TO");
+        EXPECT_EQ(dialog.Dir2.Path.Get(), "C:\\To");
     });
 }
 
@@ -131,7 +131,7 @@ TEST_F(FloppyFromTest, RefusesWhatCannotBeCopied) {
         ExpectTold("There are no valid image files in the root directory of the floppy, nothing to copy...");
         Press(dialog.CmdCopy);
         ExpectTold("There are no files in the source directory to select...");
-        Press(dialog.Files.CmdAll);
+        Press(dialog.Files.Selection.CmdAll);
     });
 }
 
@@ -257,12 +257,12 @@ TEST_F(FloppyFromTest, ReadsAnotherDisk) {
 
 TEST_F(FloppyFromTest, TheButtonsSelect) {
     InDialog([](frmCopyFloppy& dialog) {
-        Press(dialog.Files.CmdAll);
+        Press(dialog.Files.Selection.CmdAll);
         EXPECT_EQ(dialog.Files.Names(), (Names{"x.bmp", "y.gif"}));
         dialog.Files.File1.Select(0, false);
-        Press(dialog.Files.CmdInverse);
+        Press(dialog.Files.Selection.CmdInverse);
         EXPECT_EQ(dialog.Files.Names(), (Names{"x.bmp"}));
-        Press(dialog.Files.CmdNone);
+        Press(dialog.Files.Selection.CmdNone);
         EXPECT_TRUE(dialog.Files.Names().empty());
     });
 }
@@ -293,6 +293,36 @@ TEST_F(FloppyFromTest, TheDeleteKeyDeletesTheCurrentFile) {
         press(dialog);
         EXPECT_EQ(At("A:\\x.bmp"), "disk x.bmp");
         module.CurrentImage.clear();
+    });
+}
+
+TEST_F(FloppyFromTest, ADiskThatComesAfterTheDialogIsListed) {
+    platform.disks.PullDisk('A');
+    auto& dialog = app.Load<frmCopyFloppy>(module);
+    platform.disks.InsertDisk('A', disk);
+    dialog.Show();
+    EXPECT_EQ(Listed(dialog.Files), (Names{"x.bmp", "y.gif"}));
+    app.Unload(dialog);
+}
+
+TEST_F(FloppyFromTest, TheMouseSelectsAndTheDragHasItsPicture) {
+    InDialog([](frmCopyFloppy& dialog) {
+        forms::FileListBox& files = dialog.Files.File1;
+        files.ListIndex = 1;
+        files.SelectNone();
+        files.Deliver(forms::MouseEvent{forms::MouseAction::Move, forms::MouseButton::Left, 0, 5, 5, 1});
+        EXPECT_EQ(dialog.Files.Names(), (Names{"y.gif"}));
+        for (const int shift : {forms::ShiftMask::Ctrl, forms::ShiftMask::Alt}) {
+            constexpr int Far = 40;
+            files.Deliver(
+                forms::MouseEvent{forms::MouseAction::Down, forms::MouseButton::Left, shift, 5, 5, 1});
+            files.Deliver(
+                forms::MouseEvent{forms::MouseAction::Move, forms::MouseButton::Left, shift, 5, 5 + Far, 1});
+            EXPECT_EQ(files.DragIcon.Empty(), shift == forms::ShiftMask::Alt);
+            forms::DragEvent ended;
+            ended.action = forms::DragAction::Ended;
+            files.Deliver(ended);
+        }
     });
 }
 

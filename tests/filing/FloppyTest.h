@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "dialogs/WaitCopyFrm.h"
-#include "filing/floppies/SelectedFiles.h"
+#include "filing/SelectedFiles.h"
 #include "support/MainViewFixture.h"
 
 namespace tavrix::test {

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "FloppyTest.h"
 #include "filing/floppies/Staging.h"
 #include "filing/floppies/frmDiskcopy.h"
@@ -75,12 +77,12 @@ TEST_F(FloppyToFloppyTest, SaysWhatItIs) {
         EXPECT_EQ(dialog.CmdCopy.ToolTip.Get(), "Copy the selected files to another floppy disk.");
         EXPECT_EQ(dialog.CmdCancel.Caption.Get(), "&Cancel");
         EXPECT_EQ(dialog.CmdCancel.ToolTip.Get(), "Click here to cancel file copy.");
-        EXPECT_EQ(dialog.Files.CmdAll.Caption.Get(), "Select &All");
-        EXPECT_EQ(dialog.Files.CmdAll.ToolTip.Get(), "Select all of the files.");
-        EXPECT_EQ(dialog.Files.CmdNone.Caption.Get(), "Select &None");
-        EXPECT_EQ(dialog.Files.CmdNone.ToolTip.Get(), "Don't select any files.");
-        EXPECT_EQ(dialog.Files.CmdInverse.Caption.Get(), "&Inverse");
-        EXPECT_EQ(dialog.Files.CmdInverse.ToolTip.Get(), "Inverse selections.");
+        EXPECT_EQ(dialog.Files.Selection.CmdAll.Caption.Get(), "Select &All");
+        EXPECT_EQ(dialog.Files.Selection.CmdAll.ToolTip.Get(), "Select all of the files.");
+        EXPECT_EQ(dialog.Files.Selection.CmdNone.Caption.Get(), "Select &None");
+        EXPECT_EQ(dialog.Files.Selection.CmdNone.ToolTip.Get(), "Don't select any files.");
+        EXPECT_EQ(dialog.Files.Selection.CmdInverse.Caption.Get(), "&Inverse");
+        EXPECT_EQ(dialog.Files.Selection.CmdInverse.ToolTip.Get(), "Inverse selections.");
         EXPECT_EQ(dialog.CmdNewDisk.Caption.Get(), "&Read Another Disk");
         EXPECT_EQ(dialog.CmdNewDisk.ToolTip.Get(), "Read the contents of another floppy disk.");
         EXPECT_EQ(dialog.HelpContext, 670U);
@@ -195,6 +197,24 @@ TEST_F(FloppyToFloppyTest, NamesThatDifferInCaseAloneAreStagedApart) {
     EXPECT_TRUE(InTemp().empty());
 }
 
+TEST_F(FloppyToFloppyTest, ThreeSpellingsHaveThreePlaces) {
+    const Names names{"a.jpg", "A.JPG", "A.jpg", "a.JPG", "A 2.JPG"};
+    const Staging staging(module, names);
+    std::set<std::string> places;
+    for (const std::string& name : names)
+        places.insert(UpperCase(staging.PathOf(name)));
+    EXPECT_EQ(places.size(), names.size());
+}
+
+TEST_F(FloppyToFloppyTest, AFileOfAnotherSpellingIsNotRemovedInThePlaceOfACopyThatHasGone) {
+    Staging staging(module, {"x.bmp"});
+    staging.SetAside();
+    staging.Staged(staging.PathOf("x.bmp"));
+    platform.disks.PutFile("C:\\Temp\\x.bmp", "somebody's");
+    staging.Clear();
+    EXPECT_EQ(At("C:\\Temp\\x.bmp"), "somebody's");
+}
+
 TEST_F(FloppyToFloppyTest, TheFirstPromptRefreshesAndKeepsTheSelection) {
     InDialog([this](frmDiskcopy& dialog) {
         Select(dialog.Files, {"x.bmp", "z.jpg"});
@@ -294,7 +314,9 @@ TEST_F(FloppyToFloppyTest, TheWaitWindowCancelsEitherPass) {
                 PressCancel();
             });
         }
-        ExpectTold("File copy was canceled, all files were not copied...", BoxIcon::Exclamation);
+        Expect({.text = "File copy was canceled, all files were not copied...",
+                .icon = BoxIcon::Exclamation,
+                .whileOpen = [this] { EXPECT_TRUE(InTemp().empty()) << "removed before that is told"; }});
         EXPECT_TRUE(Copy({"x.bmp", "y.gif"}));
         EXPECT_EQ(OnOther("y.gif"), std::nullopt);
         EXPECT_TRUE(InTemp().empty());

@@ -163,10 +163,14 @@ TEST_F(FloppyToTest, WhatFillsTheFreeSpacePassesAndAByteMoreDoesNot) {
 }
 
 TEST_F(FloppyToTest, AHundredThousandBytesGoWhereThatManyAreFree) {
-    platform.disks.SetCapacity('A', 100'352);  // in whole sectors
+    platform.disks.SetCapacity('A', 100'000);
+    PutSized("more.bmp", 100'001);
+    ExpectTold(NoRoomForOne);
+    EXPECT_FALSE(Copy({"more.bmp"}));
     PutSized("one.bmp", 100'000);
     ExpectAsked("Copy the file:\r\n\r\none.bmp\r\n\r\n...to floppy disk A:\\ ?");
     EXPECT_TRUE(Copy({"one.bmp"}));
+    EXPECT_EQ(At("A:\\one.bmp")->size(), 100'000U);
 }
 
 TEST_F(FloppyToTest, ADiskOfWhichNothingIsKnownIsTold) {
@@ -235,6 +239,23 @@ TEST_F(FloppyToTest, AFileOnTheDiskThatCameAtThePromptIsAskedAbout) {
     ExpectReplaceAs("b.bmp", Answer::No);
     EXPECT_TRUE(Copy({"a.bmp", "b.bmp"}));
     EXPECT_EQ(At("A:\\b.bmp"), "disk b.bmp");
+}
+
+TEST_F(FloppyToTest, AFileIsAskedAboutOnceThoughTheDiskGoesMeanwhile) {
+    PutOnDisk({"a.bmp"});
+    ExpectQuestion();
+    Expect(
+        {.text =
+             "The following file already exists in the destination folder:\r\n\r\na.bmp\r\n\r\nReplace this "
+             "file with the one currently selected?",
+         .icon = BoxIcon::Question,
+         .buttons = BoxButtons::YesNoCancel,
+         .reply = Answer::Yes,
+         .whileOpen = [this] { platform.disks.PullDisk('A'); }});
+    ExpectNoDisk(Answer::Ok, [this] { platform.disks.InsertDisk('A', disk); });
+    EXPECT_TRUE(Copy({"a.bmp", "b.bmp"}));
+    EXPECT_EQ(At("A:\\a.bmp"), "pics a.bmp");
+    EXPECT_EQ(At("A:\\b.bmp"), "pics b.bmp");
 }
 
 TEST_F(FloppyToTest, ADiskThatRunsFullIsAFailure) {

@@ -1,7 +1,6 @@
 // The transfer of real files: look-alikes, links and kills.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -12,92 +11,14 @@
 #include <string>
 #include <vector>
 
-#include "backends/headless/HeadlessServices.h"
-#include "backends/headless/HeadlessToolkit.h"
-#include "backends/linux/HostDrives.h"
-#include "backends/linux/HostFiles.h"
 #include "dialogs/CopyWindow.h"
+#include "filing/HostProgram.h"
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveImages.h"
 #include "linux/KilledChild.h"
-#include "linux/TestFolder.h"
 
 namespace tavrix::test {
 namespace {
-
-/// Real files behind C:, a folder of the usual temporary one, and D:, one on another file system, as every user has it.
-class HostDisks {
-  public:
-    HostDisks() {
-        folder.PutFolder("c/p");
-        folder.PutFolder("c/q");
-    }
-    HostDisks(const HostDisks&) = delete;
-    HostDisks& operator=(const HostDisks&) = delete;
-    ~HostDisks() {
-        std::error_code error;
-        if (!other.empty()) std::filesystem::remove_all(other, error);
-    }
-    [[nodiscard]] bool OnTwoFileSystems() const {
-        struct stat a {};
-        struct stat b {};
-        return !other.empty() && ::stat(folder.Path().c_str(), &a) == 0 && ::stat(other.c_str(), &b) == 0 &&
-               a.st_dev != b.st_dev;
-    }
-
-    TestFolder folder;
-    std::string other = [] {
-        std::string name = "/dev/shm/tavrix-test-XXXXXX";
-        return ::mkdtemp(name.data()) != nullptr ? name : std::string();
-    }();
-};
-
-/// A process of the program on such files, with its windows in memory.
-class HostProcess {
-  public:
-    explicit HostProcess(const HostDisks& disks) : map(Sources(disks)) {
-        files.ChangeDrive("C");
-        files.ChangeFolder("C:\\p");
-        module.AppPath = "C:\\q\\";
-    }
-
-    /// The user has a dialog carry these files.
-    template <class Dialog>
-    void Carry(const std::string& from, const std::string& to, const std::vector<std::string>& names,
-               int boxes) {
-        auto& dialog = app.Load<Dialog>(module);
-        dialog.Show();
-        dialog.Source.GoTo(from);
-        dialog.Destination.GoTo(to);
-        dialog.File1.SelectNone();
-        for (int row = 0; row < dialog.File1.ListCount(); ++row) {
-            if (std::ranges::find(names, dialog.File1.List(row)) != names.end()) dialog.File1.Select(row);
-        }
-        for (int box = 0; box < boxes; ++box)
-            toolkit.Expect({.text = "", .reply = forms::Answer::Yes});
-        dialog.CmdCopy.Deliver(forms::ClickEvent{});
-    }
-
-  private:
-    static DriveMap::Sources Sources(const HostDisks& disks) {
-        DriveMap::Sources sources;
-        sources.drives = "C=" + disks.folder.At("c") + ";D=" + disks.other;
-        return sources;
-    }
-
-  public:
-    headless::HeadlessServices rest;
-    headless::HeadlessToolkit toolkit;
-    DriveMap map;
-    HostFiles files{map, HostPaths{}};
-    HostDrives drives{map};
-    Services services{files,        drives,           rest.profile,  rest.registry,
-                      rest.store,   rest.shell,       rest.pictures, rest.clipboard,
-                      rest.sound,   rest.help,        rest.system,   rest.process,
-                      rest.viewLib, rest.wakefulness, rest.desktop,  rest.saverPassword};
-    forms::Application app{toolkit};
-    MainModule module{app, services};
-};
 
 TEST(HostTransferTest, LookAlikeFoldersStayApart) {
     HostDisks disks;
@@ -105,7 +26,7 @@ TEST(HostTransferTest, LookAlikeFoldersStayApart) {
         disks.folder.Put("c/" + folder + "/a.bmp", folder);
         disks.folder.Put("c/" + folder + "/A.BMP", folder + " capital");
     }
-    HostProcess program(disks);
+    HostProgram program(disks);
     program.Carry<frmMoveImages>("C:\\Pics", "C:\\q", {"a.bmp"}, 1);
     EXPECT_EQ(disks.folder.Content("c/q/a.bmp"), "Pics");
     EXPECT_FALSE(disks.folder.Has("c/Pics/a.bmp"));
@@ -127,7 +48,7 @@ TEST(HostTransferTest, LinksMoveAsLinksAndAreReplacedThemselves) {
     disks.folder.Put("c/kept.bmp", "kept");
     std::filesystem::create_symlink("file.bmp", disks.folder.At("c/p/link.bmp"));
     std::filesystem::create_symlink("../kept.bmp", disks.folder.At("c/q/new.bmp"));
-    HostProcess program(disks);
+    HostProgram program(disks);
     program.Carry<frmMoveImages>("C:\\p", "C:\\q", {"link.bmp", "new.bmp"}, 2);
     EXPECT_TRUE(std::filesystem::is_symlink(disks.folder.At("c/q/link.bmp")));
     EXPECT_EQ(disks.folder.Content("c/q/link.bmp"), "file");
@@ -140,7 +61,7 @@ TEST(HostTransferTest, AFolderThatIsALinkToTheSourceLosesNothing) {
     HostDisks disks;
     disks.folder.Put("c/p/a.bmp", "a");
     std::filesystem::create_directory_symlink(disks.folder.At("c/p"), disks.folder.At("c/same"));
-    HostProcess program(disks);
+    HostProgram program(disks);
     program.Carry<frmMoveImages>("C:\\p", "C:\\same", {"a.bmp"}, 1);
     program.Carry<frmCopyImages>("C:\\same", "C:\\p", {"a.bmp"}, 1);
     EXPECT_EQ(disks.folder.Content("c/p/a.bmp"), "a");
@@ -153,7 +74,7 @@ TEST(HostTransferTest, NamesOfAllKinds) {
     const std::vector<std::string> names{"with blanks.bmp", "it's \"mine\".bmp", "Äpfel & 写真.bmp", longest};
     for (const std::string& name : names)
         disks.folder.Put("c/p/" + name, name);
-    HostProcess program(disks);
+    HostProgram program(disks);
     // A quotation mark is shown by a look-alike, since no drive path can hold one.
     std::vector<std::string> listed = names;
     listed[1] = "it's \u02BAmine\u02BA.bmp";
@@ -188,7 +109,7 @@ TEST(HostTransferTest, AKilledMoveLeavesEachFileWholeSomewhere) {
     };
     // There and back, for as long as it is let.
     const auto moveOn = [&](int rounds, bool backFirst) {
-        HostProcess program(disks);
+        HostProgram program(disks);
         for (int round = 0; round < rounds; ++round) {
             for (const bool back : {backFirst, !backFirst}) {
                 const std::string from = back ? "D:\\" : "C:\\p\\";

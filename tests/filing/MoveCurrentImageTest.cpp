@@ -189,5 +189,30 @@ TEST_F(MoveCurrentImageTest, OpensOnceAndOnlyWithAnImage) {
     EXPECT_FALSE(View().menu.mnuMoveCurrentImg.Enabled);
 }
 
+TEST_F(MoveCurrentImageTest, MoveWaitsUntilTheNewFolderIsMade) {
+    Begin();
+    bool pressed = false;
+    InDialog([&](frmMoveCurrentImg& dialog) {
+        toolkit.ExpectInput({.prompt = "Enter the name of the folder to create:",
+                             .title = "Tavrix",
+                             .text = "New Folder",
+                             .reply = "new"});
+        for (int yield = 1; yield < 9; ++yield) {
+            toolkit.AtYield(yield, [this, &pressed] {
+                auto* const open = app.Loaded<frmMoveCurrentImg>();
+                if (open == nullptr || !module.Busy() || pressed) return;
+                pressed = true;
+                Press(open->CmdMove);
+                EXPECT_FALSE(open->Unloaded());
+            });
+        }
+        Press(dialog.CmdNew);
+        EXPECT_TRUE(pressed);
+        Press(dialog.CmdMove);
+        EXPECT_TRUE(dialog.Unloaded());
+    });
+    ExpectImage("C:\\p\\new\\x.jpg");
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -564,6 +564,44 @@ TEST_P(TransferWindowsTest, ADropElsewhereOnlyEndsTheDrag) {
     EXPECT_EQ(platform.disks.AllFiles(), before);
 }
 
+TEST_P(TransferWindowsTest, WhatElseIsDroppedThereCarriesNothing) {
+    Begin();
+    const auto before = platform.disks.AllFiles();
+    InWindow([](ImagesTransferFrm& window) {
+        window.File1.SelectAll();
+        window.Dir1.Drag();
+        DropOn(window.Dir2, window.File1);
+    });
+    EXPECT_EQ(platform.disks.AllFiles(), before);
+}
+
+TEST_P(TransferWindowsTest, TheFolderIsRememberedBeforeTheFirstFileAndTheWaitWindowIsBackAfterAQuestion) {
+    Begin();
+    platform.disks.PutFile("C:\\q\\a.bmp", "old");
+    const auto shown = [this] { return toolkit.VisibleWindow("WaitCopyFrm") != nullptr; };
+    int shownWith = 0;
+    InWindow([&](ImagesTransferFrm& window) {
+        FilingTest::Select(window.File1, {"a.bmp"});
+        ExpectOne("a.bmp");
+        Expect(
+            {.text =
+                 "The following file already exists in the destination folder:\r\n\r\na.bmp\r\n\r\nReplace "
+                 "this file with the one in the source folder?",
+             .icon = forms::BoxIcon::Question,
+             .buttons = forms::BoxButtons::YesNoCancel,
+             .reply = Answer::No,
+             .whileOpen = [&] {
+                 EXPECT_EQ(module.config.LastCopyToPath, "C:\\Q\\");
+                 EXPECT_EQ(At("C:\\q\\a.bmp"), "old");
+                 EXPECT_FALSE(shown());
+                 toolkit.AtYield(1, [&] { shownWith += shown() ? 1 : 0; });
+             }});
+        Press(window.CmdCopy);
+    });
+    EXPECT_EQ(shownWith, 1);
+    EXPECT_FALSE(module.CancelCopy);
+}
+
 TEST_P(TransferWindowsTest, TheDeleteKeyDeletesTheCurrentFile) {
     Setting("Recent3", "C:\\p\\b.bmp");
     Begin();

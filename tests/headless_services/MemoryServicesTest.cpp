@@ -68,6 +68,15 @@ TEST(MemoryDrives, TellsRootsTypesAndSpace) {
     EXPECT_EQ(bytes("A:\\"), 1'457'664);
     platform.disks.PutFile("A:\\a", std::string(1024, 'x'));
     EXPECT_EQ(bytes("A:\\"), 1'457'664 - 1024);
+    // To the byte, though a sector is as long as it can be.
+    for (const std::int64_t free : {100'000, 511, 1, 1'457'663, 2'147'450'879}) {
+        platform.disks.SetCapacity('A', 1024 + free);
+        EXPECT_EQ(bytes("A:\\"), free);
+    }
+    platform.disks.SetCapacity('A', 1024 + 512 * 3);
+    EXPECT_EQ(platform.drives.Space("A:\\").bytesPerSector, 512);
+    platform.disks.SetCapacity('A', 1024);
+    EXPECT_EQ(bytes("A:\\"), 0);
 }
 
 TEST(MemoryPictures, LoadsWhatWasPutThereAndItsCopies) {

@@ -68,6 +68,16 @@ TEST_F(RecentFilesTest, TheFileKeepsItsPlaceInTheList) {
     EXPECT_EQ(platform.shell.recent, std::vector<std::string>{Other});
 }
 
+TEST_F(RecentFilesTest, AnEntryOfAnotherSpellingStaysWhileItsFileIsThere) {
+    platform.disks.PutFile("C:\\other\\y.bmp", "no picture");
+    StartWith({"C:\\OTHER\\Y.BMP"});
+    Expect({.text = "Unable to open the recent file:\r\n\r\nC:\\OTHER\\Y.BMP\r\n\r\nInvalid picture...",
+            .icon = BoxIcon::Stop});
+    EXPECT_FALSE(Choose(View().menu.mnuLast1));
+    ExpectEmptyView();
+    EXPECT_EQ(module.config.Recent[0], "C:\\OTHER\\Y.BMP");
+}
+
 TEST_F(RecentFilesTest, AFailureNamesThePathAndLeavesTheEmptyView) {
     PutPicture(ImagePath, 10, 10);
     StartWith({ImagePath, Other});

@@ -194,6 +194,13 @@ TEST_F(SoundEngineTest, WithoutACdDriveNothingIsSent) {
     EXPECT_EQ(Stopping(), Calls{});
 }
 
+TEST_F(SoundEngineTest, WithoutALetterThereIsNoDiscInTheDrive) {
+    module.config.CdRomDriveLetter.clear();
+    Cd(1);
+    EXPECT_EQ(Starting(), Calls{});
+    EXPECT_TRUE(engine.NoCdInDrive);
+}
+
 TEST_F(SoundEngineTest, ACdThatDoesNotOpenIsClosedAtTheEnd) {
     for (const bool loop : {false, true}) {
         Cd(1, loop);

@@ -1,5 +1,6 @@
 #include "backends/headless/MemoryDrives.h"
 
+#include "backends/shared/DiskFigures.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -31,7 +32,7 @@ DriveType MemoryDrives::Type(const std::string& root) {
 
 DiskSpace MemoryDrives::Space(const std::string& root) {
     faults_.Enter(Service::Drives, "Space", root);
-    return SpaceOfBytes(DiskOf(root).FreeBytes());
+    return ExactSpaceOfBytes(DiskOf(root).FreeBytes());
 }
 
 std::int64_t MemoryDrives::FreeBytes(const std::string& root) {

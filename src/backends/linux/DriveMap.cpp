@@ -450,7 +450,9 @@ void DriveMap::Look(HostLocation& location, const std::string& root, const std::
         std::string name = FromDriveName(names[i]);
         struct stat status {};
         if (::lstat((path + "/" + name).c_str(), &status) != 0) {
-            if (const std::string other = NameIgnoringCase(folder, names[i]); !other.empty()) name = other;
+            const bool lacks = names_.Lacks(folder, names[i]);
+            const std::string other = lacks ? std::string() : NameIgnoringCase(folder, names[i]);
+            if (!other.empty()) name = other;
         }
         path.append("/").append(name);
         location.exists = ::stat(path.c_str(), &location.status) == 0;

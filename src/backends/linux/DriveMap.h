@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "backends/linux/FolderNames.h"
 #include "backends/linux/MountTable.h"
 #include "platform/services/Drives.h"
 
@@ -114,6 +115,10 @@ class DriveMap {
     [[nodiscard]] HostLocation Locate(std::string_view drivePath);
     /// The same, without the shared files: where something would be written.
     [[nodiscard]] HostLocation LocateForWriting(std::string_view drivePath);
+    /// A file was made at a host path where nothing was, and nothing else was changed in its folder.
+    void NoteMade(const std::string& hostPath) { names_.Made(hostPath); }
+    /// Something else is about to be made or renamed by this process.
+    void NoteChange() { names_.Forget(); }
 
     /// The host path of what is shared and seen at a path in the program's folder, by the rules of Locate; empty when
     /// nothing is.
@@ -147,6 +152,7 @@ class DriveMap {
     std::map<std::string, char> formerLetters_;  ///< a medium that comes back gets its letter again
     std::set<std::string> openDoors_;            ///< of disc images
     MountTable table_;
+    FolderNames names_;
     Mount floppy_;              ///< that has the letter of a floppy; an empty one: none
     bool findsFloppy_ = false;  ///< the user has not named one
     bool mediaKnown_ = false;

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "backends/shared/DiskFigures.h"
 #include "base/RuntimeError.h"
 #include "platform/services/DrivePath.h"
 
@@ -11,6 +12,12 @@ namespace {
 std::optional<HostDrive> DriveOf(DriveMap& drives, const std::string& root) {
     if (root.empty() || !IsDriveLetter(root[0])) return std::nullopt;
     return drives.Find(root[0]);
+}
+
+std::int64_t FreeBytesOf(const std::optional<HostDrive>& drive) {
+    if (!drive) throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    if (!DriveMap::HasDisk(*drive)) throw RuntimeError(ErrorNumber::DiskNotReady);
+    return DriveMap::FreeBytes(*drive);
 }
 
 }  // namespace
@@ -30,14 +37,11 @@ DriveType HostDrives::Type(const std::string& root) {
 }
 
 DiskSpace HostDrives::Space(const std::string& root) {
-    return SpaceOfBytes(FreeBytes(root));
+    return ExactSpaceOfBytes(FreeBytesOf(DriveOf(drives_, root)));
 }
 
 std::int64_t HostDrives::FreeBytes(const std::string& root) {
-    const std::optional<HostDrive> drive = DriveOf(drives_, root);
-    if (!drive) throw RuntimeError(ErrorNumber::DeviceUnavailable);
-    if (!DriveMap::HasDisk(*drive)) throw RuntimeError(ErrorNumber::DiskNotReady);
-    return WholeSectors(DriveMap::FreeBytes(*drive));
+    return WholeSectors(FreeBytesOf(DriveOf(drives_, root)));
 }
 
 std::string HostDrives::RemovableDevice(const std::string& root) {

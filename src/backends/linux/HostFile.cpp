@@ -79,6 +79,21 @@ bool Pour(const FileDescriptor& from, const FileDescriptor& to, const std::funct
     }
 }
 
+bool IsFull(const RuntimeError& error) {
+    return error.Number() == ErrorNumber::DiskFull;
+}
+
+/// The first bytes of a file, in one without a name that is not in the target's folder.
+FileDescriptor Elsewhere(const FileDescriptor& file, off_t length) {
+    if (::ftruncate(file.Number(), length) != 0) Fail(errno);
+    const std::string itself = "/proc/self/fd/" + std::to_string(file.Number());
+    const FileDescriptor readable(::open(itself.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!readable) Fail(errno);
+    FileDescriptor elsewhere = UnnamedElsewhere();
+    Pour(readable, elsewhere);
+    return elsewhere;
+}
+
 /// Writes one file over another; a failure leaves whatever stands then.
 void WriteOver(const FileDescriptor& from, const FileDescriptor& to, off_t length) {
     if (::lseek(from.Number(), 0, SEEK_SET) < 0 || ::lseek(to.Number(), 0, SEEK_SET) < 0) Fail(errno);
@@ -339,7 +354,16 @@ void TargetFile::Count(std::uint64_t bytes) {
 void TargetFile::Write(std::span<const std::byte> bytes) {
     Try([&] {
         Count(bytes.size());
-        WriteAll(content_, bytes);
+        const off_t before = ::lseek(content_.Number(), 0, SEEK_CUR);
+        try {
+            WriteAll(content_, bytes);
+        } catch (const RuntimeError& error) {
+            if (!IsFull(error) || !target_ || options_.inPlace) throw;
+            FileDescriptor former = std::exchange(content_, Elsewhere(content_, before));
+            former.Close();
+            options_.inPlace = true;
+            WriteAll(content_, bytes);
+        }
     });
 }
 
@@ -348,7 +372,15 @@ bool TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& statu
     bool whole = false;
     Try([&] {
         Count(static_cast<std::uint64_t>(status.st_size));
-        whole = (!goOn || goOn()) && TakeOver(source, goOn);
+        try {
+            whole = (!goOn || goOn()) && TakeOver(source, goOn);
+        } catch (const RuntimeError& error) {
+            if (!IsFull(error) || !target_ || options_.inPlace) throw;
+            content_.Close();
+            OpenElsewhere();
+            if (::lseek(source.Number(), 0, SEEK_SET) < 0) Fail(errno);
+            whole = TakeOver(source, goOn);
+        }
         times_ = {status.st_atim, status.st_mtim};
     });
     return whole;
@@ -400,8 +432,14 @@ void TargetFile::CommitBeside() {
     if (options_.exactMode) ::fchmod(content_.Number(), options_.newMode);
     Sync();
     if (besideName_.empty()) {
-        const std::string name = NameBeside(path_);
         const std::string unnamed = "/proc/self/fd/" + std::to_string(content_.Number());
+        // Where nothing stands the file gets its name at once.
+        if (!target_) {
+            if (::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) == 0) return;
+            if (errno != EEXIST) Fail(errno);
+            if (!options_.replaces) throw RuntimeError(ErrorNumber::FileAlreadyExists);
+        }
+        const std::string name = NameBeside(path_);
         if (::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) Fail(errno);
         besideName_ = name;
     }
@@ -418,6 +456,8 @@ void TargetFile::CommitBeside() {
 }
 
 void TargetFile::CommitInPlace() {
+    // What was begun beside the target takes its room.
+    if (!besideName_.empty()) ::unlink(std::exchange(besideName_, {}).c_str());
     const FileDescriptor content = std::exchange(content_, FileDescriptor());
     const off_t length = ::lseek(content.Number(), 0, SEEK_END);
     if (length < 0) Fail(errno);

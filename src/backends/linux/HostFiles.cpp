@@ -217,6 +217,7 @@ bool HostFiles::Copy(const std::string& from, const std::string& to, const GoOn&
     TargetFile copy(target.path, options);
     if (!copy.CopyFrom(content, source.status, goOn)) return false;
     copy.Commit();
+    if (!target.exists) drives_.NoteMade(target.path);
     return true;
 }
 
@@ -235,11 +236,16 @@ FileMove HostFiles::PrepareMove(const std::string& from, const std::string& to) 
 }
 
 void HostFiles::Rename(const std::string& from, const std::string& to) {
-    PrepareMove(from, to).Rename();
+    const FileMove move = PrepareMove(from, to);
+    drives_.NoteChange();
+    move.Rename();
 }
 
 bool HostFiles::Move(const std::string& from, const std::string& to, const GoOn& goOn) {
-    return PrepareMove(from, to).Replace(goOn);
+    const FileMove move = PrepareMove(from, to);
+    if (!move.Replace(goOn)) return false;
+    if (!move.target.exists) drives_.NoteMade(move.newPath);
+    return true;
 }
 
 std::unique_ptr<FolderLook> HostFiles::Look(const std::string& folder, const std::string& patterns) {
@@ -309,6 +315,7 @@ void HostFiles::MakeFolder(const std::string& path) {
     const HostLocation location = LocateForWriting(path);
     if (location.exists) throw RuntimeError(ErrorNumber::PathFileAccessError);
     if (!location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
+    drives_.NoteChange();
     if (::mkdir(location.path.c_str(), 0777) != 0) {
         throw errno == EEXIST ? RuntimeError(ErrorNumber::PathFileAccessError) : ErrorOf(errno);
     }
@@ -402,6 +409,7 @@ std::unique_ptr<FileWriter> HostFiles::Create(const std::string& path) {
     const HostLocation location = LocateForWriting(path);
     if (!location.exists && !location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
     if (location.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    drives_.NoteChange();
     return std::make_unique<HostWriter>(location.path, OptionsFor(location));
 }
 

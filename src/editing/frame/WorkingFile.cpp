@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "core/Folders.h"
+#include "core/KeptWorkingFiles.h"
 #include "editing/frame/SurfaceFile.h"
 #include "viewer/MainViewFrm.h"
 
@@ -28,7 +29,7 @@ void WriteMainImage(MainViewFrm& view) {
 void WriteMainImageTo(MainViewFrm& view, const std::string& workingFile) {
     MainModule& module = view.Module();
     WriteSurface(module, view.MainImage, workingFile);
-    if (module.KeptWorkingFile == workingFile) module.KeptWorkingFile.clear();
+    ForgetWorkingFile(module, workingFile);
 }
 
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {

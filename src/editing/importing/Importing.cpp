@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Folders.h"
+#include "core/KeptWorkingFiles.h"
 #include "core/UnsavedImage.h"
 #include "editing/frame/WorkingFile.h"
 #include "editing/frame/WorkingImage.h"
@@ -87,7 +88,7 @@ void mnuTempFile_Click(MainViewFrm& view) {
         return;
     }
     view.picFrame.Visible = false;
-    if (module.KeptWorkingFile == path) module.KeptWorkingFile.clear();  // it is asked about from now on
+    ForgetWorkingFile(module, path);  // it is asked about from now on
     view.imageOnShow.Become(path);
     view.MainImage.Picture = picture;
     view.imageOnShow.LayOut();

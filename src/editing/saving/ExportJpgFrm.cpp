@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "core/HelpContexts.h"
+#include "core/KeptWorkingFiles.h"
 #include "core/UnsavedImage.h"
 #include "editing/saving/ExportCommand.h"
 #include "editing/saving/Jpeg.h"
@@ -33,7 +34,7 @@ void ExportJpgFrm::Write(const std::string& path) {
     module_.config.QualityJPG = static_cast<std::int16_t>(ComboQuality.ListIndex.Get());
     if (SaveAsJpeg(module_, view_.MainImage, module_.config.QualityJPG, path)) return;
     // The image gets the new name all the same, and no question comes for it any more.
-    if (IsUnsavedImage(module_)) module_.KeptWorkingFile = module_.CurrentImage;
+    if (IsUnsavedImage(module_)) KeepWorkingFile(module_, module_.CurrentImage);
 }
 
 namespace {

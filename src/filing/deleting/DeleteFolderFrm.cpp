@@ -5,6 +5,7 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "filing/CurrentImageFolder.h"
+#include "filing/Questions.h"
 #include "filing/deleting/RemoveListedFolder.h"
 
 namespace tavrix {
@@ -55,12 +56,10 @@ void DeleteFolderFrm::CmdDelete_Click() {
         return;
     }
     const std::string path = Dir1.Path;
-    const forms::Answer answer =
-        App().MessageBox({.text = "You are about to delete the folder:" + std::string(NewLine2) + path +
-                                  std::string(NewLine2) + "Are you sure?",
-                          .icon = forms::BoxIcon::Question,
-                          .buttons = forms::BoxButtons::YesNo});
-    if (answer != forms::Answer::Yes) return;
+    if (!UserSaysYes(module_, "You are about to delete the folder:" + std::string(NewLine2) + path +
+                                  std::string(NewLine2) + "Are you sure?")) {
+        return;
+    }
     try {
         RemoveListedFolder(module_, path);
     } catch (const RuntimeError& error) {

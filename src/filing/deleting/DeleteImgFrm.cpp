@@ -9,6 +9,7 @@
 #include "core/RecentLists.h"
 #include "dialogs/DialogPictures.h"
 #include "filing/CurrentImageFolder.h"
+#include "filing/Questions.h"
 #include "filing/deleting/DeleteListedFile.h"
 #include "filing/deleting/RemoveListedFolder.h"
 
@@ -60,11 +61,10 @@ bool DeleteImgFrm::FolderIsEmpty() const {
 
 void DeleteImgFrm::OfferToRemoveFolder() {
     const std::string path = Chooser.Dir1.Path;
-    const forms::Answer answer = App().MessageBox(
-        {.text = "This directory is empty:" + Paragraph + path + Paragraph + "Would you like to delete it?",
-         .icon = forms::BoxIcon::Question,
-         .buttons = forms::BoxButtons::YesNo});
-    if (answer != forms::Answer::Yes) return;
+    if (!UserSaysYes(module_, "This directory is empty:" + Paragraph + path + Paragraph +
+                                  "Would you like to delete it?")) {
+        return;
+    }
     try {
         RemoveListedFolder(module_, path);
     } catch (const RuntimeError& error) {
@@ -95,12 +95,11 @@ void DeleteImgFrm::CmdDelete_Click() {
 bool DeleteImgFrm::DeleteSelected(const std::vector<std::string>& names) {
     const std::string folder = Chooser.Lists.Folder();
     if (names.size() == 1) return DeleteListedFile(module_, folder + names.front(), forms::BoxIcon::Stop);
-    const forms::Answer answer = App().MessageBox(
-        {.text = "You are about to delete " + std::to_string(names.size()) +
-                 " files from the directory:" + Paragraph + folder + Paragraph + "Are you sure?",
-         .icon = forms::BoxIcon::Question,
-         .buttons = forms::BoxButtons::YesNo});
-    if (answer != forms::Answer::Yes) return false;
+    if (!UserSaysYes(module_, "You are about to delete " + std::to_string(names.size()) +
+                                  " files from the directory:" + Paragraph + folder + Paragraph +
+                                  "Are you sure?")) {
+        return false;
+    }
     DeleteAll(names);
     return true;
 }
@@ -110,7 +109,7 @@ void DeleteImgFrm::DeleteAll(const std::vector<std::string>& names) {
     try {
         for (const std::string& name : names) {
             const std::string path = folder + name;
-            if (EqualIgnoringCase(path, module_.CurrentImage)) {
+            if (IsImageOnShow(module_, path)) {
                 Tell("Unable to delete:" + Paragraph + path + Paragraph + "Image is currently open...");
                 continue;
             }

@@ -5,11 +5,12 @@
 #include "core/FailureText.h"
 #include "core/FileServices.h"
 #include "core/RecentLists.h"
+#include "filing/CurrentImageFolder.h"
 
 namespace tavrix {
 
 bool DeleteListedFile(MainModule& module, const std::string& path, forms::BoxIcon failureIcon) {
-    if (EqualIgnoringCase(path, module.CurrentImage)) {
+    if (IsImageOnShow(module, path)) {
         module.app.MessageBox({.text = "Unable to delete this file, image is currently open..."});
         return false;
     }
@@ -31,6 +32,13 @@ bool DeleteByKey(MainModule& module, const std::string& folder, const std::strin
         {.text =
              "Unable to delete file by pressing the delete key, nothing is selected in the file list..."});
     return false;
+}
+
+void File1_KeyUp(MainModule& module, forms::FileListBox& files, const std::string& folder, int keyCode) {
+    if (keyCode != forms::KeyCode::Delete || module.Busy()) return;
+    if (!DeleteByKey(module, folder, files.FileName(), forms::BoxIcon::Exclamation)) return;
+    files.Refresh();
+    if (files.ListCount() > 0) files.ListIndex = 0;
 }
 
 }  // namespace tavrix

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/MainModule.h"
+#include "platform/forms/FileListBox.h"
 
 namespace tavrix {
 
@@ -15,5 +16,9 @@ bool DeleteListedFile(MainModule& module, const std::string& path, forms::BoxIco
 /// selected, and gives false.
 bool DeleteByKey(MainModule& module, const std::string& folder, const std::string& name,
                  forms::BoxIcon failureIcon);
+
+/// The keys of a list of a folder's files that are to be carried somewhere: Delete deletes the current one, and the first
+/// is the current one then.
+void File1_KeyUp(MainModule& module, forms::FileListBox& files, const std::string& folder, int keyCode);
 
 }  // namespace tavrix

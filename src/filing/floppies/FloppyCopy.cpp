@@ -1,7 +1,5 @@
 #include "filing/floppies/FloppyCopy.h"
 
-#include "core/NumberText.h"
-
 namespace tavrix {
 
 void CopyWithFloppy(MainModule& module, const FloppyDisk& disk, std::span<const TransferItem> items,
@@ -28,16 +26,6 @@ std::vector<TransferItem> ItemsBetween(const std::string& from, const std::strin
     for (const std::string& name : names)
         items.push_back({from + name, to + name, name});
     return items;
-}
-
-std::string CountText(const MainModule& module, std::size_t count) {
-    return GroupedNumber(static_cast<std::int64_t>(count), module.platform.system.Numbers());
-}
-
-bool UserSaysYes(const MainModule& module, const std::string& question) {
-    return module.app.MessageBox(
-               {.text = question, .icon = forms::BoxIcon::Question, .buttons = forms::BoxButtons::YesNo}) ==
-           forms::Answer::Yes;
 }
 
 }  // namespace tavrix

@@ -24,10 +24,4 @@ void CopyWithFloppy(MainModule& module, const FloppyDisk& disk, std::span<const 
 [[nodiscard]] std::vector<TransferItem> ItemsBetween(const std::string& from, const std::string& to,
                                                      const std::vector<std::string>& names);
 
-/// How many files a question is about, as it says it: "1,234".
-[[nodiscard]] std::string CountText(const MainModule& module, std::size_t count);
-
-/// Asks Yes or No with the question icon.
-[[nodiscard]] bool UserSaysYes(const MainModule& module, const std::string& question);
-
 }  // namespace tavrix

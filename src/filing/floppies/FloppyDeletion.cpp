@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "core/FileServices.h"
 #include "core/RecentLists.h"
-#include "filing/floppies/SelectedFiles.h"
+#include "filing/CurrentImageFolder.h"
 
 namespace tavrix {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/MainModule.h"
+#include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
-#include "filing/floppies/SelectedFiles.h"
 #include "platform/forms/Form.h"
 
 namespace tavrix {

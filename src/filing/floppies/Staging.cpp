@@ -11,12 +11,14 @@
 #include "core/FailureText.h"
 #include "core/FileServices.h"
 #include "core/Folders.h"
+#include "core/KeptWorkingFiles.h"
 
 namespace tavrix {
 namespace {
 
 /// What an edit needs of the temporary folder.
-constexpr std::array<const char*, 2> FilesOfEdits{"Untitled.BMP", "~undo.tmp"};
+constexpr const char* WorkingFile = "Untitled.BMP";
+constexpr std::array<const char*, 2> FilesOfEdits{WorkingFile, "~undo.tmp"};
 /// No image has a name that ends so, and none is staged under it.
 constexpr const char* AsideEnding = ".aside";
 
@@ -98,14 +100,14 @@ void Staging::Clear() {
     }
 }
 
-void PutBackSetAside(const MainModule& module) {
+void PutBackSetAside(MainModule& module) {
     Files& files = module.platform.files;
     const std::string folder = GetTempFolder(module);
     for (const std::string name : FilesOfEdits) {
         // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
         const bool newer = files.HasExactly(folder + name);
-        if (!newer && files.HasExactly(folder + AsideNameOf(name)))
-            static_cast<void>(PutBack(module, folder, name));
+        if (newer || !files.HasExactly(folder + AsideNameOf(name))) continue;
+        if (PutBack(module, folder, name) && name == WorkingFile) KeepWorkingFile(module, folder + name);
     }
 }
 

@@ -37,7 +37,8 @@ class Staging {
     std::vector<std::string> aside_;  ///< names of what is set aside
 };
 
-/// Puts back what a process that was killed has left set aside. For the start.
-void PutBackSetAside(const MainModule& module);
+/// Puts back what a process that was killed has left set aside. For the start. A working file that comes back so has not
+/// been asked about, and outlives the exit.
+void PutBackSetAside(MainModule& module);
 
 }  // namespace tavrix

@@ -8,6 +8,7 @@
 #include "core/HelpContexts.h"
 #include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
+#include "filing/Questions.h"
 #include "filing/floppies/FloppyCopy.h"
 #include "filing/floppies/FloppyReading.h"
 
@@ -45,12 +46,13 @@ frmCopyFloppy::frmCopyFloppy(forms::Application& application, MainModule& module
     using namespace forms;
     constexpr float listWidth = 3300;
     SetLayout(Column(
-        {Growing(Row(
-             {Growing(Group(Frame1,
-                            {Growing(Row({Files.List(), Column({Files.CmdAll, Files.CmdNone, Files.CmdInverse,
-                                                                CmdNewDisk, Stretch()})}))})),
-              Growing(Group(Frame2, {lblDrives, Drive2, lblFolders, Growing(AtLeast(listWidth, 0, Dir2)),
-                                     Row({CmdNewFolder, CmdFF, Stretch()})}))})),
+        {Growing(
+             Row({Growing(Group(
+                      Frame1, {Growing(Row({Files.List(),
+                                            Column({Files.Selection.CmdAll, Files.Selection.CmdNone,
+                                                    Files.Selection.CmdInverse, CmdNewDisk, Stretch()})}))})),
+                  Growing(Group(Frame2, {lblDrives, Drive2, lblFolders, Growing(AtLeast(listWidth, 0, Dir2)),
+                                         Row({CmdNewFolder, CmdFF, Stretch()})}))})),
          Row({Stretch(), CmdCopy, CmdCancel})}));
 }
 

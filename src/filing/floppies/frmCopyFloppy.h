@@ -5,9 +5,9 @@
 
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
-#include "filing/floppies/DragToFolder.h"
+#include "filing/FileDrag.h"
+#include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
-#include "filing/floppies/SelectedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Frame.h"
 
@@ -43,7 +43,7 @@ class frmCopyFloppy final : public forms::Form {
                                 Lists,
                                 [this] { return QuickFoldersOf(module_); },
                                 {.closeEntryIsDefault = true}};
-    DragToFolder Dragging{Files.File1, Dir2, [this] { CmdCopy_Click(); }};
+    FileDrag Drag{Files.File1, Dir2, [this] { CmdCopy_Click(); }};
 
     void Form_Load() override;
     void Form_Activate() override;

@@ -5,7 +5,8 @@
 #include "core/FailureText.h"
 #include "core/HelpContexts.h"
 #include "dialogs/EntryField.h"
-#include "filing/floppies/FloppyCopy.h"
+#include "filing/CurrentImageFolder.h"
+#include "filing/Questions.h"
 #include "filing/floppies/FloppyDeletion.h"
 
 namespace tavrix {
@@ -44,12 +45,12 @@ frmDeleteFloppy::frmDeleteFloppy(forms::Application& application, MainModule& mo
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     using namespace forms;
     constexpr float extensionWidth = 700;
-    SetLayout(Column(
-        {lblMsg,
-         Growing(Row(
-             {Files.List(), Column({Files.CmdAll, Files.CmdNone, Files.CmdInverse, CmdRefresh, Stretch()})})),
-         Row({CheckDelThumbnail, AtLeast(extensionWidth, 0, txtExt), CmdAllThumbnails, Stretch()}),
-         Row({Stretch(), CmdCopy, CmdCancel})}));
+    SetLayout(
+        Column({lblMsg,
+                Growing(Row({Files.List(), Column({Files.Selection.CmdAll, Files.Selection.CmdNone,
+                                                   Files.Selection.CmdInverse, CmdRefresh, Stretch()})})),
+                Row({CheckDelThumbnail, AtLeast(extensionWidth, 0, txtExt), CmdAllThumbnails, Stretch()}),
+                Row({Stretch(), CmdCopy, CmdCancel})}));
 }
 
 void frmDeleteFloppy::Form_Load() {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
-#include "filing/floppies/SelectedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/TextBox.h"

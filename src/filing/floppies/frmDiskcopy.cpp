@@ -8,7 +8,7 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "dialogs/DialogWork.h"
-#include "filing/floppies/FloppyCopy.h"
+#include "filing/Questions.h"
 #include "filing/floppies/FloppyReading.h"
 
 namespace tavrix {
@@ -23,7 +23,7 @@ frmDiskcopy::frmDiskcopy(forms::Application& application, MainModule& module)
     Caption = "Copy Images From Floppy To Floppy";
     HelpContext = HelpContext::FloppyToFloppy;
     Files.lblFiles.Caption = "&Select File(s):";
-    Files.CmdAll.ToolTip = "Select all of the files.";
+    Files.Selection.CmdAll.ToolTip = "Select all of the files.";
     CmdNewDisk.Caption = "&Read Another Disk";
     CmdNewDisk.ToolTip = "Read the contents of another floppy disk.";
     CmdNewDisk.OnClick = [this] { CmdNewDisk_Click(module_, disk_, Files); };
@@ -38,9 +38,10 @@ frmDiskcopy::frmDiskcopy(forms::Application& application, MainModule& module)
     CmdHelp.Caption = "&Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::FloppyToFloppy); };
     using namespace forms;
-    SetLayout(Column({Growing(Row({Files.List(), Column({Files.CmdAll, Files.CmdNone, Files.CmdInverse,
-                                                         CmdNewDisk, Stretch()})})),
-                      Row({Stretch(), CmdCopy, CmdCancel, CmdHelp})}));
+    SetLayout(
+        Column({Growing(Row({Files.List(), Column({Files.Selection.CmdAll, Files.Selection.CmdNone,
+                                                   Files.Selection.CmdInverse, CmdNewDisk, Stretch()})})),
+                Row({Stretch(), CmdCopy, CmdCancel, CmdHelp})}));
 }
 
 void frmDiskcopy::Form_Load() {

@@ -5,8 +5,8 @@
 
 #include "dialogs/CopyWindow.h"
 #include "dialogs/FileTransfer.h"
+#include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
-#include "filing/floppies/SelectedFiles.h"
 #include "filing/floppies/Staging.h"
 #include "platform/forms/Application.h"
 

@@ -7,6 +7,8 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "dialogs/DialogWork.h"
+#include "filing/CurrentImageFolder.h"
+#include "filing/Questions.h"
 #include "filing/floppies/FloppyCopy.h"
 
 namespace tavrix {
@@ -47,25 +49,17 @@ frmPutOnFloppy::frmPutOnFloppy(forms::Application& application, MainModule& modu
     using namespace forms;
     constexpr float listWidth = 3000;
     SetLayout(Column(
-        {Growing(Group(
-             Frame1,
-             {Growing(
-                 Row({Growing(Column({lblDrives, Drive1, lblFolders, Growing(AtLeast(listWidth, 0, Dir1))})),
-                      Files.List(),
-                      Column({Files.CmdAll, Files.CmdNone, Files.CmdInverse, CmdFF, Stretch()})}))})),
+        {Growing(Group(Frame1, {Growing(Row({Growing(Column({lblDrives, Drive1, lblFolders,
+                                                             Growing(AtLeast(listWidth, 0, Dir1))})),
+                                             Files.List(),
+                                             Column({Files.Selection.CmdAll, Files.Selection.CmdNone,
+                                                     Files.Selection.CmdInverse, CmdFF, Stretch()})}))})),
          Row({Stretch(), CmdCopy, CmdCancel, CmdHelp})}));
 }
 
 void frmPutOnFloppy::Form_Load() {
-    const std::string& current = module_.CurrentImage;
-    if (!current.empty() && current != GetTempFolder(module_) + "Untitled.BMP") {
-        SkipFailure([&] { Lists.GoTo(FolderOf(current)); });
-    }
-    Files.File1.Refresh();
-    if (Files.File1.ListCount() == 0) return;
-    const int row = current.empty() ? -1 : Files.File1.IndexOf(FileNameOf(current));
-    Files.File1.ListIndex = row >= 0 ? row : 0;
-    if (row >= 0) Files.File1.Select(row);
+    GoToFolderOfImage(module_, Lists);
+    SelectImageOnShow(module_, Files.File1);
 }
 
 void frmPutOnFloppy::Tell(const std::string& text) const {

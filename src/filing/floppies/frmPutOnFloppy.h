@@ -7,8 +7,8 @@
 
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
-#include "filing/floppies/SelectedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Frame.h"
 

@@ -5,10 +5,10 @@
 #include "core/Folders.h"
 #include "core/HelpContexts.h"
 #include "core/ImageKinds.h"
-#include "core/NumberText.h"
 #include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
 #include "filing/CurrentImageFolder.h"
+#include "filing/Questions.h"
 #include "filing/deleting/DeleteListedFile.h"
 
 namespace tavrix {
@@ -43,7 +43,7 @@ ImagesTransferFrm::ImagesTransferFrm(forms::Application& application, MainModule
     Drive1.ToolTip = "Click here to select the \"source\" drive.";
     Drive2.ToolTip = "Click here to select the \"destination\" drive.";
     File1.Pattern = PatternOf(ImagesShown::All);
-    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(keyCode); };
+    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(module_, File1, Source.Folder(), keyCode); };
     Source.OnFolderChange = [this] { Dir1_Change(); };
     CmdNewFolder.Caption = "Ne&w Folder";
     CmdNewFolder.ToolTip = "Create a new folder in the currently selected \"destination\" directory.";
@@ -84,7 +84,7 @@ void ImagesTransferFrm::BuildLayout() {
 void ImagesTransferFrm::Form_Load() {
     GoToFolderOfImage(module_, Source);
     StartDestination();
-    SelectImage();
+    SelectImageOnShow(module_, File1);
 }
 
 void ImagesTransferFrm::StartDestination() {
@@ -97,24 +97,9 @@ void ImagesTransferFrm::StartDestination() {
         SkipFailure([this] { Destination.GoTo(module_.AppPath); });
 }
 
-void ImagesTransferFrm::SelectImage() {
-    File1.Refresh();
-    if (File1.ListCount() == 0) return;
-    const int row = RowOfFile(File1, FileNameOf(module_.CurrentImage));
-    File1.ListIndex = row >= 0 ? row : 0;
-    if (row >= 0) File1.Select(row);
-}
-
 void ImagesTransferFrm::Dir1_Change() {
     module_.DoEvents();
     if (!Unloaded() && File1.ListCount() > 0) File1.ListIndex = 0;
-}
-
-void ImagesTransferFrm::File1_KeyUp(int keyCode) {
-    if (keyCode != forms::KeyCode::Delete || module_.Busy()) return;
-    if (!DeleteByKey(module_, Source.Folder(), File1.FileName(), forms::BoxIcon::Exclamation)) return;
-    File1.Refresh();
-    if (File1.ListCount() > 0) File1.ListIndex = 0;
 }
 
 void ImagesTransferFrm::Tell(const std::string& text) {
@@ -158,16 +143,14 @@ std::vector<TransferItem> ImagesTransferFrm::ItemsAsUserAgrees() {
     return items;
 }
 
-bool ImagesTransferFrm::UserAgrees(const std::vector<std::string>& names, const std::string& destination) {
+bool ImagesTransferFrm::UserAgrees(const std::vector<std::string>& names,
+                                   const std::string& destination) const {
     const std::string verb = words_.verbFirst;
-    const std::string count =
-        GroupedNumber(static_cast<std::int64_t>(names.size()), module_.platform.system.Numbers());
-    const std::string what = names.size() == 1 ? verb + " the file:" + Paragraph + names.front() + Paragraph +
-                                                     "...to the following directory?"
-                                               : verb + " " + count + " files to the following directory?";
-    return App().MessageBox({.text = what + Paragraph + destination,
-                             .icon = forms::BoxIcon::Question,
-                             .buttons = forms::BoxButtons::YesNo}) == forms::Answer::Yes;
+    const std::string what =
+        names.size() == 1
+            ? verb + " the file:" + Paragraph + names.front() + Paragraph + "...to the following directory?"
+            : verb + " " + CountText(module_, names.size()) + " files to the following directory?";
+    return UserSaysYes(module_, what + Paragraph + destination);
 }
 
 void ImagesTransferFrm::Transfer(const std::vector<TransferItem>& items) {

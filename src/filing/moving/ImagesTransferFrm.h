@@ -81,15 +81,14 @@ class ImagesTransferFrm : public forms::Form {
   private:
     [[nodiscard]] static FolderButton::Popup PopupOf(const std::string& button);
     void BuildLayout();
-    void SelectImage();
     void StartDestination();
     void Dir1_Change();
-    void File1_KeyUp(int keyCode);
     void CmdCopy_Click();
 
     /// What is to be carried, and whether the user wants it; otherwise empty, and he has been told why.
     [[nodiscard]] std::vector<TransferItem> ItemsAsUserAgrees();
-    [[nodiscard]] bool UserAgrees(const std::vector<std::string>& names, const std::string& destination);
+    [[nodiscard]] bool UserAgrees(const std::vector<std::string>& names,
+                                  const std::string& destination) const;
     void Transfer(const std::vector<TransferItem>& items);
     /// Whether a file is the image on show, which is not moved.
     [[nodiscard]] bool RefusesOpenImage(const TransferItem& item, CopyWindow& window);

@@ -7,6 +7,7 @@
 #include "core/FailureText.h"
 #include "core/Folders.h"
 #include "dialogs/ExploreFolder.h"
+#include "filing/Questions.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -46,12 +47,10 @@ void RunOnFloppy(MainViewFrm& view, const std::string& commandLine, const std::s
     Run(view, commandLine, failure);
 }
 
-bool UserSaysYes(const MainViewFrm& view, const std::string& what, const std::string& folder,
-                 const std::string& question) {
-    return view.App().MessageBox(
-               {.text = what + std::string(NewLine2) + folder + std::string(NewLine2) + question,
-                .icon = forms::BoxIcon::Question,
-                .buttons = forms::BoxButtons::YesNo}) == forms::Answer::Yes;
+bool UserAgrees(const MainModule& module, const std::string& what, const std::string& folder,
+                const std::string& question) {
+    const std::string paragraph(NewLine2);
+    return UserSaysYes(module, what + paragraph + folder + paragraph + question);
 }
 
 void mnuShellDiskcopy_Click(MainViewFrm& view) {
@@ -101,8 +100,8 @@ void mnuExploreMyDocuments_Click(MainViewFrm& view) {
     const MainModule& module = view.Module();
     const std::string folder = GetMyDocumentsFolder(module);
     if (!module.platform.files.FolderExists(folder)) {
-        if (!UserSaysYes(view, "The following directory does not exist:", folder,
-                         "Would you like to create it now?")) {
+        if (!UserAgrees(module, "The following directory does not exist:", folder,
+                        "Would you like to create it now?")) {
             return;
         }
         try {
@@ -120,8 +119,8 @@ void mnuExploreFavFolder_Click(MainViewFrm& view) {
     const MainModule& module = view.Module();
     const std::string& folder = module.config.FavoriteFolder;
     if (!module.platform.files.FolderExists(folder)) {
-        if (UserSaysYes(view, "The Favorite Folder that was selected does not exist:", folder,
-                        "Would you like to specify another location now?")) {
+        if (UserAgrees(module, "The Favorite Folder that was selected does not exist:", folder,
+                       "Would you like to specify another location now?")) {
             view.menu.mnuFavoriteFolder.Click();
         }
         return;

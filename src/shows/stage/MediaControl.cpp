@@ -26,6 +26,7 @@ SoundFileKind KindOfSoundFile(const std::string& file) {
 
 bool CdDriveAnswers(const MainModule& module) {
     Files& files = module.platform.files;
+    if (module.config.CdRomDriveLetter.empty()) return false;  // that would be any drive
     try {
         const std::string formerDrive = Left(files.CurrentFolder(), 2);
         files.ChangeDrive(module.config.CdRomDriveLetter);

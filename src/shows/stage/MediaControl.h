@@ -11,8 +11,8 @@ enum class SoundFileKind { None, Wave, Midi };
 /// What a sound file's ending says, in any case of letters: ".WAV" or ".MID".
 [[nodiscard]] SoundFileKind KindOfSoundFile(const std::string& file);
 
-/// Whether the drive with the letter `CdRomDriveLetter` can be made the current one, as it can with a disc in it. The
-/// current drive is the same afterwards.
+/// Whether the drive with the letter `CdRomDriveLetter` can be made the current one, as it can with a disc in it; no
+/// letter is no drive. The current drive is the same afterwards.
 [[nodiscard]] bool CdDriveAnswers(const MainModule& module);
 
 // What starts something tells of a failure of the platform in a box. What stops something is silent about it.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/MainModule.h"
-#include "platform/forms/CommandButton.h"
+#include "filing/FileSelection.h"
 #include "platform/forms/FileListBox.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
@@ -13,10 +13,12 @@
 
 namespace tavrix {
 
-/// The part of a window in which image files are selected: their list, the buttons that select, and the Delete key.
+/// The part of a window in which image files are selected: their list under its label, what selects them, and the Delete
+/// key.
 class SelectedFiles {
   public:
-    /// To be a member of the form; its controls lie in the container. `folder` is where the listed files lie, with a backslash at the end.
+    /// To be a member of the form; its controls lie in the container. `folder` is where the listed files lie, with a
+    /// backslash at the end.
     SelectedFiles(forms::Container& container, MainModule& module, std::function<std::string()> folder);
     SelectedFiles(const SelectedFiles&) = delete;
     SelectedFiles& operator=(const SelectedFiles&) = delete;
@@ -27,27 +29,17 @@ class SelectedFiles {
   public:
     forms::Label lblFiles;
     forms::FileListBox File1;
-    forms::CommandButton CmdAll;
-    forms::CommandButton CmdNone;
-    forms::CommandButton CmdInverse;
+    FileSelection Selection;
 
     /// Shows the root of a disk, read afresh; nothing is selected then. Throws what the list throws without a disk.
     void ReadFrom(const std::string& root);
     /// The names that are selected, in the order of the list.
-    [[nodiscard]] std::vector<std::string> Names() const;
+    [[nodiscard]] std::vector<std::string> Names() const { return Selection.Names(); }
     /// The list below its label.
     [[nodiscard]] forms::Layout List();
 
   private:
-    void CmdAll_Click();
-    void File1_KeyUp(int keyCode);
-    void DeleteCurrent();
-
     std::function<std::string()> folder_;
 };
-
-/// Whether a path is that of the image on show, or leads to its file. Names that differ in case alone are one file,
-/// unless both are there.
-[[nodiscard]] bool IsImageOnShow(const MainModule& module, const std::string& path);
 
 }  // namespace tavrix
