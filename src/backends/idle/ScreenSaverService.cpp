@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "backends/linux/IdleBusName.h"
+
 namespace tavrix::idle {
 namespace {
 
@@ -26,6 +28,7 @@ void ScreenSaverService::Offer() {
     if (!bus_.isConnected()) return;
     for (const auto& path : {QStringLiteral("/ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver")})
         bus_.registerVirtualObject(path, this);
+    bus_.interface()->registerService(QLatin1String(IdleBusName));
     bus_.interface()->registerService(Name, QDBusConnectionInterface::DontQueueService,
                                       QDBusConnectionInterface::AllowReplacement);
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "backends/linux/HostFile.h"
+#include "backends/linux/IdleBusName.h"
 #include "backends/linux/Lockers.h"
 #include "backends/linux/PamService.h"
 #include "backends/qt/x11/X11Screen.h"
@@ -25,8 +26,13 @@ constexpr std::array<const char*, 7> LockerServices{
 bool LockerOnBus() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
+    const auto ownerOf = [&](const char* name) {
+        return bus.interface()->serviceOwner(QLatin1String(name)).value();
+    };
+    const QString idleStart = ownerOf(IdleBusName);
     return std::ranges::any_of(LockerServices, [&](const char* name) {
-        return bus.interface()->isServiceRegistered(QLatin1String(name)).value();
+        const QString owner = ownerOf(name);
+        return !owner.isEmpty() && owner != idleStart;
     });
 }
 
