@@ -128,7 +128,7 @@ TEST_F(StagingKillTest, AfterAKillAtAnyMomentTheNextStartHasTheEditAgain) {
         if (testing::Test::HasFatalFailure()) return;
     }
     // The kills came in the middle of it.
-    EXPECT_GT(aside, Kills / 4);
+    EXPECT_GT(aside, Kills / 8);
     RecordProperty("aside", aside);
 }
 
