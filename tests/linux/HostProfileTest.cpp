@@ -195,7 +195,7 @@ TEST_F(HostProfileTest, AKillLeavesTheOldFileOrTheNewOne) {
 
 TEST_F(HostProfileTest, TwoWritersLoseNothing) {
     folder.Put("tavrix.ini", "; foreign\r\n");
-    constexpr int Keys = 60;
+    constexpr int Keys = 20;
     std::vector<pid_t> children;
     for (const char* section : {"Viewer", "Package", "Viewer"}) {
         const std::string prefix = std::string("W") + std::to_string(children.size()) + "_";
