@@ -24,6 +24,11 @@ class SleepingFolderTest : public BrowsingTest {
         disk.sleeping = "C:\\p\\slow";
         disk.waits = 10;
     }
+    ~SleepingFolderTest() override {
+        // They know the module that ends before the application.
+        if (auto* dialog = app.Loaded<frmThumbFolder>()) app.Unload(*dialog);
+        if (auto* dialog = app.Loaded<frmThumbSelect>()) app.Unload(*dialog);
+    }
     template <class Dialog>
     Dialog& Show() {
         EXPECT_TRUE(Start());

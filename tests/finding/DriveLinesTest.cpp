@@ -36,6 +36,25 @@ TEST_F(DriveLinesTest, WithoutDrivesTheUsualOnesAreThereWithOneBlank) {
     EXPECT_EQ(DriveLines(module).size(), 3U) << "none is like no answer";
 }
 
+/// A system that gives the whole of its buffer.
+class PaddedDrives final : public Drives {
+  public:
+    std::string Roots() override { return std::string("c:\\") + std::string(146, '\0'); }
+    DriveType Type(const std::string&) override { return DriveType::Fixed; }
+    DiskSpace Space(const std::string&) override { return {}; }
+    std::int64_t FreeBytes(const std::string&) override { return 0; }
+    std::string RemovableDevice(const std::string&) override { return {}; }
+};
+
+TEST_F(DriveLinesTest, WhatFollowsTheLastDriveIsNone) {
+    PaddedDrives drives;
+    const Services& s = platform.services;
+    const Services services{s.files,    drives,        s.profile, s.registry,     s.store,  s.shell,
+                            s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
+                            s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
+    EXPECT_EQ(DriveLines(MainModule(app, services)), Texts{"C:\\  [Fixed Disk]"});
+}
+
 TEST_F(DriveLinesTest, ATypeThatCannotBeToldIsUnknown) {
     platform.faults.FailAlways(Service::Drives, "Type", ErrorNumber::DeviceUnavailable);
     EXPECT_EQ(DriveLines(module).front().substr(3), "  [Unknown]");
