@@ -4,6 +4,7 @@
 #include <malloc.h>
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QWidget>
 #include <QWindow>
 #include <string>
@@ -37,6 +38,7 @@ Holding Now(Program& program) {
         program.app.DoEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+    QPixmapCache::clear();  // it has a bound of its own
     return {QApplication::allWidgets().size(), QGuiApplication::allWindows().size(),
             mallinfo2().uordblks - BytesOfLog(program)};
 }
