@@ -53,7 +53,7 @@ void CloseAllBut(const MainViewFrm& view, forms::Application& app) {
 /// may grow by what caches take.
 void ExpectNothingLeft(Program& program, const std::vector<Window>& windows, int rounds) {
     constexpr int warming = 3;
-    constexpr std::size_t allowance = 192 * 1024;
+    constexpr std::size_t allowance = 96 * 1024;
     Holding first;
     for (int round = 0; round < rounds; ++round) {
         if (round == warming) first = Now(program);
