@@ -103,5 +103,17 @@ TEST_F(HelpSearchTest, AddressesOfLinksAreNoText) {
     EXPECT_EQ(Find("777"), Titles{});
 }
 
+TEST(HelpIndexTest, AWordThatFewPagesHaveCountsMore) {
+    std::string text =
+        "TAVRIX HELP 1\n@page 0 Contents\nx\n@page 1 One\nboat sea sea sea sea sea\n@page 2 Two\nboat boat "
+        "boat sea\n";
+    for (int page = 3; page < 20; ++page)
+        text += "@page " + std::to_string(page) + " More\nsea\n";
+    const HelpBook book = *HelpBook::Parse(text);
+    const auto found = HelpIndex(book).Find("boat sea");
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found.front()->context, 2U);
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -107,9 +107,9 @@ Keys KeysOfTable(unsigned page, const std::string& heading) {
     return keys;
 }
 
-/// The keys that a page tells of outside its tables.
-Keys KeysOfProse(unsigned page) {
-    std::istringstream text(TextOf(page));
+/// The keys that a text tells of outside its tables.
+Keys KeysOfText(const std::string& body) {
+    std::istringstream text(body);
     std::string prose;
     for (std::string line; std::getline(text, line);) {
         if (line.starts_with("|")) continue;
@@ -133,6 +133,10 @@ Keys KeysOfProse(unsigned page) {
     add(R"(\b(?:Page Down|Page Up), (Home)\b)", 1);
     add(R"(\bHome and (End) )", 1);
     return keys;
+}
+
+Keys KeysOfProse(unsigned page) {
+    return KeysOfText(TextOf(page));
 }
 
 /// What the main view does with keys: a counter in the place of each command, and a large image.
@@ -413,6 +417,16 @@ TEST(HelpKeysTest, NoPageTellsAnyOtherKey) {
         for (const std::string& key : KeysOfProse(page.context))
             EXPECT_TRUE(keys.contains(key)) << page.title << ": " << key;
     }
+}
+
+TEST(HelpKeysTest, TheTipsTellKeysOfTheMainViewAndTheStage) {
+    Keys known = KeysOfTable(HelpContext::MainView, "Key");
+    known.insert({"P", "3", "4"});
+    std::ifstream file(TIP_FILE, std::ios::binary);
+    const Keys told = KeysOfText(std::string{std::istreambuf_iterator<char>(file), {}});
+    EXPECT_GE(told.size(), 6U);
+    for (const std::string& key : told)
+        EXPECT_TRUE(known.contains(key)) << key;
 }
 
 /// F1 in a window.

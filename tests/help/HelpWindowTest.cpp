@@ -234,6 +234,15 @@ TEST_F(HelpWindowTest, EscapeEndsTheSearchBeforeItClosesTheWindow) {
     EXPECT_FALSE(Widget().isVisible());
 }
 
+TEST_F(HelpWindowTest, ASingleLetterIsNotMarked) {
+    Open(410);
+    Part<QLineEdit>().setText(QStringLiteral("m"));
+    EXPECT_EQ(Found().size(), 1);
+    EXPECT_TRUE(Part<QTextBrowser>().extraSelections().isEmpty());
+    Part<QLineEdit>().setText(QStringLiteral("mo"));
+    EXPECT_EQ(Part<QTextBrowser>().extraSelections().size(), 3);
+}
+
 TEST_F(HelpWindowTest, WhatNoPageHasIsSaid) {
     Open(5);
     Part<QLineEdit>().setText(QStringLiteral("zebra"));
@@ -440,7 +449,7 @@ TEST_F(HelpPageTest, EachOfSeveralPicturesHasItsText) {
 
 TEST_F(HelpPageTest, OfAPictureThatIsNoneTheTextIsThere) {
     OpenPage("![Gone](picture:gone)\n\n![Broken](picture:broken)\n\n![Huge](picture:huge)\n",
-             "@picture broken\n89504e47\n@picture huge\n" + PictureLines(5000, 1));
+             "@picture broken\n89504e47\n@picture huge\n" + PictureLines(5000, 500));
     const QString text = Part<QTextBrowser>().toPlainText();
     for (const char* address : {"picture:gone", "picture:broken", "picture:huge"})
         EXPECT_EQ(Shown(address).size(), QSize(1, 1)) << address;
