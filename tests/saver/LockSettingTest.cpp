@@ -5,7 +5,7 @@
 #include <QByteArray>
 
 #include "backends/headless/HeadlessServices.h"
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {

@@ -13,7 +13,7 @@
 #include <functional>
 #include <string>
 
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {

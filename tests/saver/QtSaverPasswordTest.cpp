@@ -6,7 +6,7 @@
 
 #include "backends/headless/HeadlessServices.h"
 #include "backends/qt/saver/LockSetting.h"
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "backends/linux/PipedProgram.h"
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {

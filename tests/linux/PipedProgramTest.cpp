@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "saver/Script.h"
+#include "linux/Script.h"
 
 namespace tavrix {
 namespace {
