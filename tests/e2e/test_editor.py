@@ -11,7 +11,7 @@ from PIL import Image, ImageChops
 
 from driver import drive_path, wait_until
 from driver.drop import DropSource
-from driver.waiting import LIMIT
+from driver.waiting import LIMIT, NotInTime
 from support import ProgramTest
 
 _TITLE = "Tavrix - [Slide Show Editor]"
@@ -119,6 +119,7 @@ class EditorProgramTest(ProgramTest):
         self.box(program, "About to save the slide show as:").press("Yes")
         self.expect_stored(os.path.join(self.slides, "made.tvs"), self.stored_show())
         self.wait_active(program)
+        self.wait_idle(program)
 
     def wait_active(self, program):
         wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor with the keyboard")
@@ -155,6 +156,21 @@ class EditorProgramTest(ProgramTest):
         wait_until(lambda: os.path.exists(path) and self.stored(path) == lines,
                    lambda: f"{lines[:40]} in {path}; it is {self.stored(path)[:40] if os.path.exists(path) else None}",
                    limit)
+
+    def press_until_box(self, program, key):
+        """The box that a key opens. A command that comes while another is still at work is ignored."""
+        def look():
+            self.screen.press(key)
+            try:
+                return program.message_box(limit=3)
+            except NotInTime:
+                return None
+        return wait_until(look, f"a box by {key}", limit=60)
+
+    def wait_idle(self, program):
+        box = self.press_until_box(program, "Alt+s")
+        box.press("No" if "No" in box.buttons else "OK")
+        self.wait_active(program)
 
     def close_editor(self, program):
         self.screen.press("Escape")
@@ -222,6 +238,7 @@ class EditorTest(EditorProgramTest):
         self.expect_stored(path, [text for letter in "cba" for text in
                                   (drive_path(self.path(letter)), "about " + letter)])
         self.wait_active(program)
+        self.wait_idle(program)
         self.close_editor(program)
         self.end_by_escape(program)
 
@@ -247,6 +264,7 @@ class EditorTest(EditorProgramTest):
         self.box(program, "Unable to save slide show.").press("OK")
         self.expect_rows(editor, "ac")
         wait_until(lambda: self.screen.active() == program.window(_TITLE).id, "the editor after the failure")
+        self.wait_idle(program)
         if os.path.isfile(path):
             self.assertEqual(self.stored(path), before)
         self.screen.press("Escape")
@@ -272,6 +290,7 @@ class EditorTest(EditorProgramTest):
         self.box(program, "An error occurred while trying to write the slide show header.").press("OK")
         self.expect_rows(editor, "acb")
         self.wait_active(program)
+        self.wait_idle(program)
         self.assertEqual(self.stored(path), before)
         self.screen.press("Escape")
         question = self.dialog(program, "Tavrix - [Changes Made]")
@@ -325,8 +344,8 @@ class EditorTest(EditorProgramTest):
         self.wait_active(program)
         self.assertEqual(self.stored(path), former)
         self.assertEqual(view_list.children()[0].name, drive_path(os.path.join(many, "1.bmp")))
-        self.screen.press("Alt+s")
-        box = self.box(program, "About to update the slide show file:")
+        box = self.press_until_box(program, "Alt+s")
+        self.assertIn("About to update the slide show file:", box.text)
         self.assertIn(drive_path(path), box.text)
         box.press("Yes")
         order = ["1.bmp", "0.bmp", *names[2:]]
@@ -335,6 +354,7 @@ class EditorTest(EditorProgramTest):
             with open(os.path.join(shows, name), "rb") as file:
                 self.assertEqual(file.read(), name.encode())
         self.wait_active(program)
+        self.wait_idle(program)
         self.close_editor(program)
         self.end_by_escape(program)
 

@@ -530,6 +530,26 @@ TEST_F(FindSlideFrmTest, AShowThatWasFoundIsPlayed) {
     }
 }
 
+TEST_F(FindSlideFrmTest, AFoundShowTakesThePlaceOfADroppedOne) {
+    ASSERT_TRUE(Start());
+    View().Deliver(forms::DropEvent{{"C:\\s\\cats.tvs"}, 1, 1});
+    ASSERT_NE(app.Loaded<FullViewFrm>(), nullptr);
+    int stages = 0;
+    toolkit.OnModal("FullViewFrm", [&, this] {
+        for (int i = 0; i < app.FormCount(); ++i)
+            stages += app.FormAt(i).Name() == "FullViewFrm" ? 1 : 0;
+        app.Unload(*app.Loaded<FullViewFrm>());
+    });
+    Show(
+        [this](FindFiles& find) {
+            Find(find, "cats");
+            Press(find.CmdOpen);
+        },
+        false);
+    EXPECT_EQ(stages, 1);
+    EXPECT_EQ(app.Loaded<FullViewFrm>(), nullptr);
+}
+
 TEST_F(FindSlideFrmTest, TheMainViewLeavesTheTopmostBandMeanwhile) {
     ASSERT_TRUE(Start());
     module.config.TopMostWindow = true;

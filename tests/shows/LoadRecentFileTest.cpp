@@ -124,6 +124,17 @@ TEST_F(LoadRecentFileTest, DeleteTakesTheShowOutOfTheRecentOnesToo) {
     EXPECT_EQ(platform.shell.trash.size(), 2U);
 }
 
+TEST_F(LoadRecentFileTest, TheRowThatFollowsADeletedOneIsCurrent) {
+    module.config.RecentShows[3] = "C:\\Shows\\third.tvs";
+    InRecent([this](LoadRecentFile& dialog) {
+        ASSERT_EQ(dialog.ListRecent.ListCount(), 3);
+        ExpectDelete(B, Answer::Yes);
+        Key(dialog.ListRecent, KeyCode::Delete);
+        EXPECT_EQ(dialog.ListRecent.Texts(), (Texts{A, "C:\\Shows\\third.tvs"}));
+        EXPECT_EQ(dialog.ListRecent.ListIndex.Get(), 0);
+    });
+}
+
 TEST_F(LoadRecentFileTest, AShowThatCouldNotBeDeletedStaysListed) {
     module.config.UseRecycleBin = false;
     platform.disks.SetReadOnly(B, true);

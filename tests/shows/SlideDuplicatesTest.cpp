@@ -31,6 +31,12 @@ TEST(SlideDuplicates, ARelativePathCountsAsAFullOneWhereTheShowHasAFolder) {
     EXPECT_EQ(RowsOfSlides(Paths{"PICS\\A.BMP"}, slides, ShowFolder("")), (std::vector<int>{1}));
 }
 
+TEST(SlideDuplicates, ARowIsFoundAsItStandsToo) {
+    const Paths paths{"A.BMP", "C:\\S\\B.BMP"};
+    const Paths slides{"a.bmp", "b.bmp", "c.bmp", "C:\\s\\b.bmp"};
+    EXPECT_EQ(RowsOfSlides(paths, slides, ShowFolder("C:\\s\\")), (std::vector<int>{0, 1, 3}));
+}
+
 class frmSlideDupTest : public ProgramFixture {
   protected:
     frmSlideDup& Load() {
