@@ -56,7 +56,7 @@ class Blocks {
     }
 
   private:
-    static constexpr std::size_t BlockLength = 256;
+    static constexpr std::size_t BlockLength = 128;
 
     /// The block of a place, which is counted from the block's beginning afterwards; `behind` is 1 where the place behind
     /// the last number of a block belongs to it too.
