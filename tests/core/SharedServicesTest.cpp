@@ -1,7 +1,6 @@
 #include "core/DesktopSettings.h"
 #include "core/FileServices.h"
 #include "core/HelpCommands.h"
-#include "core/NotYet.h"
 #include "core/UnsavedImage.h"
 #include "support/ProgramFixture.h"
 
@@ -181,13 +180,6 @@ TEST_F(UnsavedImageTest, OnNoItStaysAndThePointerIsFree) {
     EXPECT_FALSE(ConfirmDiscard(module));
     EXPECT_EQ(module.CurrentImage, "C:\\Tavrix\\Untitled.BMP");
     EXPECT_FALSE(module.Busy());
-}
-
-class NotYetTest : public ProgramFixture {};
-
-TEST_F(NotYetTest, LeavesOutTheAmpersandsOfACaption) {
-    Expect({.text = "This version of Tavrix does not have Open Image... yet..."});
-    TellNotYet(app, "&Open Image...");
 }
 
 }  // namespace
