@@ -42,12 +42,10 @@ FindWalk::Level FindWalk::Look(const std::string& folder) {
         if (cancelled_) return {};
     }
     FolderContent content = look->Take();
-    Level level{
-        .folder = folder, .subfolders = std::move(content.folders), .files = std::move(content.files)};
-    if (auto* const numbered = dynamic_cast<DetailedLook*>(look.get()))
-        level.numbers = numbered->TakeNumbers();
-    level.numbers.resize(level.files.size(), UnknownFileNumber);
-    return level;
+    return {.folder = folder,
+            .subfolders = std::move(content.folders),
+            .files = std::move(content.files),
+            .numbers = std::move(content.numbers)};
 }
 
 FindWalk::Level FindWalk::Read(const std::string& folder) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/MainModule.h"
-#include "platform/services/DetailedLook.h"
+#include "platform/services/Files.h"
 
 namespace tavrix {
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/services/DetailedLook.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -59,11 +58,9 @@ void LookedFiles::Begin(const std::string& folder) {
 void LookedFiles::Keep(FolderLook& look) {
     FolderContent content = look.Take();
     std::vector<std::string> folders = std::move(content.folders);
-    if (auto* const detailed = dynamic_cast<DetailedLook*>(&look)) {
-        const auto counted = static_cast<std::ptrdiff_t>(folders.size());
-        std::ranges::move(detailed->TakeUncounted(), std::back_inserter(folders));
-        std::inplace_merge(folders.begin(), folders.begin() + counted, folders.end(), ListsBefore);
-    }
+    const auto counted = static_cast<std::ptrdiff_t>(folders.size());
+    std::ranges::move(content.uncounted, std::back_inserter(folders));
+    std::inplace_merge(folders.begin(), folders.begin() + counted, folders.end(), ListsBefore);
     folders_ = std::move(folders);
     files_ = std::move(content.files);
 }

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/services/DetailedLook.h"
+#include "platform/services/Files.h"
 
 namespace tavrix {
 

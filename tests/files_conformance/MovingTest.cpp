@@ -1,7 +1,7 @@
 #include <string>
 
 #include "Backend.h"
-#include "platform/services/DetailedLook.h"
+#include "platform/services/Files.h"
 
 namespace tavrix::test {
 namespace {
@@ -198,17 +198,15 @@ TEST_P(FilesConformance, ALookTellsFilesApartAndWhatDoesNotCount) {
     backend->PutLink("C:\\p\\attic", "C:\\p\\Zoo.bmp");
     backend->PutLink("C:\\p\\attic", "C:\\p\\again");
     backend->PutLink("C:\\p\\c.bmp", "C:\\p\\a.bmp");
-    const auto look = files.Look("C:\\p", "*.bmp");
-    EXPECT_EQ(look->Take().files, (std::vector<std::string>{"a.bmp", "B.bmp", "c.bmp"}));
-    auto* const detailed = dynamic_cast<DetailedLook*>(look.get());
-    ASSERT_NE(detailed, nullptr);
-    const std::vector<FileNumber> numbers = detailed->TakeNumbers();
+    const FolderContent content = files.Look("C:\\p", "*.bmp")->Take();
+    EXPECT_EQ(content.files, (std::vector<std::string>{"a.bmp", "B.bmp", "c.bmp"}));
+    const std::vector<FileNumber>& numbers = content.numbers;
     ASSERT_EQ(numbers.size(), 3U);
     EXPECT_EQ(numbers[0], numbers[2]);
     EXPECT_NE(numbers[0], numbers[1]);
     for (const FileNumber number : numbers)
         EXPECT_NE(number, UnknownFileNumber);
-    EXPECT_EQ(detailed->TakeUncounted(), (std::vector<std::string>{"C:\\p\\again", "C:\\p\\Zoo.bmp"}));
+    EXPECT_EQ(content.uncounted, (std::vector<std::string>{"C:\\p\\again", "C:\\p\\Zoo.bmp"}));
 }
 
 TEST_P(FilesConformance, ALookThatFailsTellsItInTake) {

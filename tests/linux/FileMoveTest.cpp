@@ -10,7 +10,6 @@
 
 #include "TestFolder.h"
 #include "backends/linux/HostFiles.h"
-#include "platform/services/DetailedLook.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -177,11 +176,10 @@ TEST_F(FileMoveTest, FoldersOfTheSystemAndLinksAreNotLookedInto) {
     sources.drives = "C=/";
     DriveMap whole(sources);
     HostFiles system(whole, HostPaths{});
-    const auto look = system.Look("C:\\", "*.*");
-    const FolderContent root = look->Take();
+    const FolderContent root = system.Look("C:\\", "*.*")->Take();
     // Lists have all of them but those that have no place on a disk.
     std::vector<std::string> all = root.folders;
-    std::ranges::move(dynamic_cast<DetailedLook&>(*look).TakeUncounted(), std::back_inserter(all));
+    std::ranges::copy(root.uncounted, std::back_inserter(all));
     std::ranges::sort(all, ListsBefore);
     EXPECT_EQ(all, system.Folders("C:\\"));
     EXPECT_EQ(std::ranges::find(root.folders, "C:\\proc"), root.folders.end());
@@ -197,15 +195,15 @@ TEST_F(FileMoveTest, ALinkHasTheNumberOfItsFileAndSoHasEveryNameOfIt) {
     ASSERT_EQ(::link(folder.At("c/q/b.bmp").c_str(), folder.At("c/q/A.bmp").c_str()), 0);
     ASSERT_EQ(::symlink("r/x.bmp", folder.At("c/q/c.bmp").c_str()), 0);
     ASSERT_EQ(::symlink("nowhere.bmp", folder.At("c/q/d.bmp").c_str()), 0);
-    const auto look = files.Look("C:\\q", "*.bmp");
-    ASSERT_EQ(look->Take().files, (std::vector<std::string>{"A.bmp", "b.bmp", "c.bmp"}));
+    const FolderContent content = files.Look("C:\\q", "*.bmp")->Take();
+    ASSERT_EQ(content.files, (std::vector<std::string>{"A.bmp", "b.bmp", "c.bmp"}));
     struct stat status {};
     std::vector<FileNumber> wanted;
     for (const char* path : {"c/q/b.bmp", "c/q/b.bmp", "c/q/r/x.bmp"}) {
         ASSERT_EQ(::stat(folder.At(path).c_str(), &status), 0);
         wanted.push_back(status.st_ino);
     }
-    EXPECT_EQ(dynamic_cast<DetailedLook&>(*look).TakeNumbers(), wanted);
+    EXPECT_EQ(content.numbers, wanted);
 }
 
 TEST_F(FileMoveTest, ALookThatIsGivenUpHoldsUpNobody) {

@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "backends/headless/HeadlessToolkit.h"
-#include "platform/services/DetailedLook.h"
 #include "platform/services/ForwardingFiles.h"
 
 namespace tavrix::test {
 
 /// A look that comes to its end only after some waits.
-class SlowLook final : public DetailedLook {
+class SlowLook final : public FolderLook {
   public:
     SlowLook(std::unique_ptr<FolderLook> look, headless::HeadlessToolkit& toolkit, int waits)
         : look_(std::move(look)), toolkit_(toolkit), waits_(waits) {}
@@ -24,12 +23,6 @@ class SlowLook final : public DetailedLook {
         return false;
     }
     FolderContent Take() override { return look_->Take(); }
-    std::vector<FileNumber> TakeNumbers() override {
-        return dynamic_cast<DetailedLook&>(*look_).TakeNumbers();
-    }
-    std::vector<std::string> TakeUncounted() override {
-        return dynamic_cast<DetailedLook&>(*look_).TakeUncounted();
-    }
 
   private:
     std::unique_ptr<FolderLook> look_;

@@ -8,7 +8,6 @@
 #include "backends/shared/NameList.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "platform/services/DetailedLook.h"
 
 namespace tavrix::headless {
 namespace {
@@ -56,10 +55,9 @@ bool Goes(const GoOn& goOn, std::size_t bytes) {
 }
 
 /// A look that is over before it begins. What it fails with comes in Take.
-class MemoryLook final : public DetailedLook {
+class MemoryLook final : public FolderLook {
   public:
-    MemoryLook(FolderContent content, std::vector<FileNumber> numbers, std::vector<std::string> uncounted)
-        : content_(std::move(content)), numbers_(std::move(numbers)), uncounted_(std::move(uncounted)) {}
+    explicit MemoryLook(FolderContent content) : content_(std::move(content)) {}
     explicit MemoryLook(const RuntimeError& failure) : failure_(failure) {}
 
     bool Wait(int /*milliseconds*/) override { return true; }
@@ -67,13 +65,9 @@ class MemoryLook final : public DetailedLook {
         if (failure_) throw RuntimeError(*failure_);
         return std::move(content_);
     }
-    std::vector<FileNumber> TakeNumbers() override { return std::move(numbers_); }
-    std::vector<std::string> TakeUncounted() override { return std::move(uncounted_); }
 
   private:
     FolderContent content_;
-    std::vector<FileNumber> numbers_;
-    std::vector<std::string> uncounted_;
     std::optional<RuntimeError> failure_;
 };
 
@@ -254,14 +248,13 @@ std::unique_ptr<FolderLook> MemoryFiles::Look(const std::string& folder, const s
         faults_.Enter(Service::Files, "Look", folder + " " + patterns);
         FolderContent content = ContentOf(folder, patterns);
         const MemoryPlace place = LocateToList(folder);
-        std::vector<FileNumber> numbers;
         for (const std::string& name : content.files)
-            numbers.push_back(reinterpret_cast<std::uintptr_t>(place.node->children.at(name).get()));
-        std::vector<std::string> uncounted = NamesIn(
+            content.numbers.push_back(reinterpret_cast<std::uintptr_t>(place.node->children.at(name).get()));
+        content.uncounted = NamesIn(
             *place.node, true, [&](const std::string& name) { return place.node->links.contains(name); });
-        for (std::string& path : uncounted)
+        for (std::string& path : content.uncounted)
             path.insert(0, WithBackslash(place.path));
-        return std::make_unique<MemoryLook>(std::move(content), std::move(numbers), std::move(uncounted));
+        return std::make_unique<MemoryLook>(std::move(content));
     } catch (const RuntimeError& failure) {
         return std::make_unique<MemoryLook>(failure);
     }

@@ -25,15 +25,15 @@ class FolderReader::Job {
                     if (kind == EntryKind::Folder) {
                         content_.folders.push_back(std::move(name));
                     } else if (kind == EntryKind::LinkedFolder) {
-                        linked_.push_back(std::move(name));
+                        content_.uncounted.push_back(std::move(name));
                     } else {
                         content_.files.push_back(std::move(name));
-                        numbers_.push_back(number);
+                        content_.numbers.push_back(number);
                     }
                 });
-            SortAsListed(content_.files, numbers_);
+            SortAsListed(content_.files, content_.numbers);
             SortAsListed(content_.folders);
-            SortAsListed(linked_);
+            SortAsListed(content_.uncounted);
         } catch (const RuntimeError& error) {
             failure_ = error;
         }
@@ -54,9 +54,6 @@ class FolderReader::Job {
         if (failure_) throw RuntimeError(*failure_);
         return std::move(content_);
     }
-    /// For after Take.
-    std::vector<FileNumber> TakeNumbers() { return std::move(numbers_); }
-    std::vector<std::string> TakeLinked() { return std::move(linked_); }
 
   private:
     std::string path_;
@@ -65,8 +62,6 @@ class FolderReader::Job {
     std::condition_variable changed_;
     bool done_ = false;
     FolderContent content_;
-    std::vector<FileNumber> numbers_;  ///< of its files
-    std::vector<std::string> linked_;  ///< subfolders that are links
     std::optional<RuntimeError> failure_;
 };
 
@@ -115,7 +110,7 @@ class FolderReader::Worker {
     bool ended_ = false;
 };
 
-class FolderReader::WorkersLook final : public DetailedLook {
+class FolderReader::WorkersLook final : public FolderLook {
   public:
     WorkersLook(std::shared_ptr<Job> job, FinishLook finish)
         : job_(std::move(job)), finish_(std::move(finish)) {}
@@ -123,17 +118,13 @@ class FolderReader::WorkersLook final : public DetailedLook {
     bool Wait(int milliseconds) override { return job_->Wait(std::chrono::milliseconds(milliseconds)); }
     FolderContent Take() override {
         FolderContent content = job_->Take();
-        uncounted_ = job_->TakeLinked();
-        finish_(content, uncounted_);
+        finish_(content);
         return content;
     }
-    std::vector<FileNumber> TakeNumbers() override { return job_->TakeNumbers(); }
-    std::vector<std::string> TakeUncounted() override { return std::move(uncounted_); }
 
   private:
     std::shared_ptr<Job> job_;
     FinishLook finish_;
-    std::vector<std::string> uncounted_;
 };
 
 FolderReader::~FolderReader() {

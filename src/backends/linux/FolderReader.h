@@ -8,7 +8,6 @@
 
 #include "backends/shared/NameList.h"
 #include "base/RuntimeError.h"
-#include "platform/services/DetailedLook.h"
 #include "platform/services/Files.h"
 
 namespace tavrix {
@@ -26,23 +25,19 @@ class FailedLook final : public FolderLook {
 };
 
 /// A look that has been taken already.
-class ReadyLook final : public DetailedLook {
+class ReadyLook final : public FolderLook {
   public:
-    ReadyLook(FolderContent content, std::vector<FileNumber> numbers)
-        : content_(std::move(content)), numbers_(std::move(numbers)) {}
+    explicit ReadyLook(FolderContent content) : content_(std::move(content)) {}
 
     bool Wait(int /*milliseconds*/) override { return true; }
     FolderContent Take() override { return std::move(content_); }
-    std::vector<FileNumber> TakeNumbers() override { return std::move(numbers_); }
-    std::vector<std::string> TakeUncounted() override { return {}; }
 
   private:
     FolderContent content_;
-    std::vector<FileNumber> numbers_;
 };
 
 /// Makes what was read the answer of a look: the names of subfolders become paths, and which of them do not count is seen to.
-using FinishLook = std::function<void(FolderContent& content, std::vector<std::string>& uncounted)>;
+using FinishLook = std::function<void(FolderContent& content)>;
 
 /// Reads folders of this system in a thread of its own, one after the other. A system call that does not come back (a disk
 /// that sleeps, a server that is gone) holds up nobody: the thread is left to itself once its look is given up, and ends
@@ -55,7 +50,7 @@ class FolderReader {
     FolderReader& operator=(const FolderReader&) = delete;
 
     /// Begins to read a folder by its host path. `finish` runs in Take, in the caller's thread, on the names of the files
-    /// that match and of all subfolders, those that are links apart; all are in list order.
+    /// that match and of all subfolders, those that are links as uncounted; all are in list order.
     [[nodiscard]] std::unique_ptr<FolderLook> Begin(const std::string& hostPath, PatternList patterns,
                                                     FinishLook finish);
 

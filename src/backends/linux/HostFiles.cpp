@@ -260,28 +260,29 @@ std::unique_ptr<FolderLook> HostFiles::Look(const std::string& folder, const std
     const std::string here = WithBackslash(Spelled(location, folder));
     const std::string shared = location.shared ? std::string() : drives_.SharedPathOf(location.path);
     if (!shared.empty()) {
-        FolderContent content{List(folder, patterns), Folders(folder)};
-        std::vector<FileNumber> numbers;
+        FolderContent content;
+        content.files = List(folder, patterns);
+        content.folders = Folders(folder);
         for (const std::string& name : content.files)
-            numbers.push_back(drives_.Locate(here + name).status.st_ino);
-        return std::make_unique<ReadyLook>(std::move(content), std::move(numbers));
+            content.numbers.push_back(drives_.Locate(here + name).status.st_ino);
+        return std::make_unique<ReadyLook>(std::move(content));
     }
-    return reader_.Begin(
-        location.path, PatternList(patterns),
-        [this, host, drive, here](FolderContent& content, std::vector<std::string>& uncounted) {
-            const auto hidden = [&](const std::string& name) {
-                return drives_.IsHidden(drive, host + FromDriveName(name));
-            };
-            std::erase_if(content.folders, hidden);
-            std::erase_if(uncounted, hidden);
-            // What runs keeps its sockets and pipes there, and mounts what users see under letters of its own.
-            if (host == "/" && std::erase(content.folders, "run") != 0) uncounted.emplace_back("run");
-            for (auto* names : {&content.folders, &uncounted}) {
-                for (std::string& path : *names)
-                    path.insert(0, here);
-            }
-            std::ranges::sort(uncounted, ListsBefore);
-        });
+    return reader_.Begin(location.path, PatternList(patterns),
+                         [this, host, drive, here](FolderContent& content) {
+                             const auto hidden = [&](const std::string& name) {
+                                 return drives_.IsHidden(drive, host + FromDriveName(name));
+                             };
+                             std::erase_if(content.folders, hidden);
+                             std::erase_if(content.uncounted, hidden);
+                             // What runs keeps its sockets and pipes there, and mounts what users see under letters of its own.
+                             if (host == "/" && std::erase(content.folders, "run") != 0)
+                                 content.uncounted.emplace_back("run");
+                             for (auto* names : {&content.folders, &content.uncounted}) {
+                                 for (std::string& path : *names)
+                                     path.insert(0, here);
+                             }
+                             std::ranges::sort(content.uncounted, ListsBefore);
+                         });
 }
 
 void HostFiles::Delete(const std::string& path) {

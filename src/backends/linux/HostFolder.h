@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/services/DetailedLook.h"
+#include "platform/services/Files.h"
 
 namespace tavrix {
 

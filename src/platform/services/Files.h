@@ -50,12 +50,20 @@ class FileWriter {
     virtual void Close() = 0;
 };
 
+/// What a disk knows a file by, whatever its names are. Files of several disks may have the same number.
+using FileNumber = std::uint64_t;
+inline constexpr FileNumber UnknownFileNumber = 0;
+
 /// What lies in a folder, the hidden entries left out.
 struct FolderContent {
     std::vector<std::string> files;    ///< the names of the normal files that were asked for, in list order
     std::vector<std::string> folders;  ///< the full paths of the subfolders, in list order
-
-    friend bool operator==(const FolderContent&, const FolderContent&) = default;
+    /// By which numbers the disk knows the files: one for each. A link has the number of what it leads to, and all names of
+    /// one file have the same.
+    std::vector<FileNumber> numbers;
+    /// The full paths of the subfolders that do not count in a look, and which Files::Folders lists all the same, in list
+    /// order.
+    std::vector<std::string> uncounted;
 };
 
 /// A look into a folder that goes on while this thread does, since a folder may be large, and its disk slow or dead.
