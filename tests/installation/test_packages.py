@@ -241,6 +241,13 @@ class PackagesTest(unittest.TestCase):
         self.user_starts("tavrix", "SCRNSAVE", "/home/user/pictures/show/tour.tvs")
         self.press_in("Screen Saver Main Form", "a")
 
+        # By itself, when nobody works, with the show that was chosen for that.
+        with open(os.path.join(self.home, ".config", "tavrix", "settings"), "a", encoding="utf-8") as file:
+            file.write("CurrentSaver=C:\\home\\user\\pictures\\show\\tour.tvs\n")
+        idle = self.user_starts("tavrix-idle", "--seconds", "2")
+        self.press_in("Screen Saver Main Form", "a")
+        self.session.children.end(idle)
+
         # What belongs to the user is in the user's folders.
         mine = self.user_files()
         self.assertIn("home/user/.local/share/tavrix/tavrix.ini", mine)
