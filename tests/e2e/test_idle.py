@@ -3,6 +3,7 @@
 import ctypes.util
 import os
 import signal
+import socket
 import threading
 import time
 import unittest
@@ -10,45 +11,52 @@ import unittest
 from gi.repository import Gio, GLib
 
 from driver import drive_path, wait_until
-from driver.program import PROGRAM
 from driver.host import HostWindow
+from driver.program import PROGRAM
 from test_show import StageTest
 
 IDLE = os.environ.get("TAVRIX_IDLE") or os.path.join(os.path.dirname(PROGRAM), "tavrix-idle")
 _SAVER = "Screen Saver Main Form"
 _SETTINGS = "Tavrix - [Screen Saver Settings]"
 
-_LOGIND = """<node><interface name="org.freedesktop.login1.Manager">
-<property name="BlockInhibited" type="s" access="read"/></interface></node>"""
+_LOGIND = ("org.freedesktop.login1", "/org/freedesktop/login1", """<node>
+<interface name="org.freedesktop.login1.Manager"><property name="BlockInhibited" type="s" access="read"/></interface>
+</node>""")
+_MUTTER = ("org.gnome.Mutter.IdleMonitor", "/org/gnome/Mutter/IdleMonitor/Core", """<node>
+<interface name="org.gnome.Mutter.IdleMonitor"><method name="GetIdletime"><arg type="t" direction="out"/></method></interface>
+</node>""")
 
 
-class Logind:
-    """org.freedesktop.login1 on the test's bus, as far as the idle start asks it."""
+class Service:
+    """A service on the test's bus that answers every question by `answer`."""
 
-    def __init__(self, address):
-        self.blocked = "idle"
+    def __init__(self, address, kind, answer):
+        self.answer = answer
         self.asked = 0
         self._loop = GLib.MainLoop(GLib.MainContext.new())
         self._ready = threading.Event()
-        self._thread = threading.Thread(target=self._run, args=(address,), daemon=True)
+        self._thread = threading.Thread(target=self._run, args=(address, *kind), daemon=True)
         self._thread.start()
-        self._ready.wait(10)
+        if not self._ready.wait(15):
+            raise RuntimeError(f"{kind[0]} is not on the bus")
 
-    def _run(self, address):
-        context = self._loop.get_context()
-        context.push_thread_default()
+    def _run(self, address, name, path, xml):
+        self._loop.get_context().push_thread_default()
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
-        interface = Gio.DBusNodeInfo.new_for_xml(_LOGIND).interfaces[0]
-        bus.register_object("/org/freedesktop/login1", interface, None, self._get, None)
-        Gio.bus_own_name_on_connection(bus, "org.freedesktop.login1", Gio.BusNameOwnerFlags.NONE,
-                                       lambda *_: self._ready.set(), None)
+        interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
+        bus.register_object(path, interface, self._call, self._get, None)
+        Gio.bus_own_name_on_connection(bus, name, Gio.BusNameOwnerFlags.NONE, lambda *_: self._ready.set(), None)
         self._loop.run()
         bus.close_sync(None)
 
     def _get(self, *_):
         self.asked += 1
-        return GLib.Variant("s", self.blocked)
+        return self.answer
+
+    def _call(self, *arguments):
+        self.asked += 1
+        arguments[-1].return_value(GLib.Variant.new_tuple(self.answer))
 
     def close(self):
         self._loop.quit()
@@ -97,6 +105,11 @@ class IdleProgramTest(StageTest):
             self.assertEqual(self.savers(), [])
             time.sleep(0.1)
 
+    def service(self, kind, answer):
+        service = Service(self.session.environment["DBUS_SESSION_BUS_ADDRESS"], kind, answer)
+        self.addCleanup(service.close)
+        return service
+
     @property
     def entry(self):
         return os.path.join(self.home.environment["XDG_CONFIG_HOME"], "autostart", "tavrix-idle.desktop")
@@ -123,14 +136,32 @@ class IdleTest(IdleProgramTest):
         self.saver()
 
     def test_not_while_logind_says_that_idle_is_blocked(self):
-        logind = Logind(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
-        self.addCleanup(logind.close)
+        logind = self.service(_LOGIND, GLib.Variant("s", "idle"))
         self.start_idle("--seconds", "1",
                         DBUS_SYSTEM_BUS_ADDRESS=self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
         wait_until(lambda: logind.asked >= 3, "questions to logind")
         self.assertEqual(self.savers(), [])
-        logind.blocked = "sleep"
+        logind.answer = GLib.Variant("s", "sleep")
         self.saver()
+
+    def test_under_wayland_mutter_tells_the_time_and_the_end_of_the_compositor_is_the_end(self):
+        mutter = self.service(_MUTTER, GLib.Variant("t", 1000))
+        compositor = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
+        self.addCleanup(compositor.close)
+        path = os.path.join(self.home.folder, "wayland-test")
+        compositor.bind(path)
+        compositor.listen()
+        # The saver itself comes to the X display.
+        process = self.start_idle("--seconds", "5", WAYLAND_DISPLAY=path, QT_QPA_PLATFORM="xcb")
+        connection, _ = compositor.accept()
+        wait_until(lambda: mutter.asked, "a question to the compositor")
+        self.never_starts(3)
+        mutter.answer = GLib.Variant("t", 600_000)
+        self.saver()
+        self.assertIsNone(process.poll())
+        connection.close()
+        self.assertEqual(self.ends(process), 0)
+        self.assertTrue(self.savers(), "what is playing is left to its user")
 
     def test_not_while_our_own_show_plays(self):
         self.start_idle("--seconds", "6")

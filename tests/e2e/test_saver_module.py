@@ -3,6 +3,7 @@
 import os
 import signal
 import time
+from xml.etree import ElementTree
 
 from PIL import Image, ImageChops
 
@@ -12,6 +13,7 @@ from driver.program import PROGRAM
 from test_show import StageTest
 
 MODULE = os.environ.get("TAVRIX_SAVER") or os.path.join(os.path.dirname(PROGRAM), "tavrix-saver")
+_DESCRIPTION = os.path.join(os.path.dirname(__file__), "..", "..", "src", "app", "saver", "tavrix-saver.xml")
 _BACKGROUND = (64, 0, 0)
 
 
@@ -85,6 +87,20 @@ class SaverModuleTest(StageTest):
         wanted.paste((0, 0, 0), (0, 0, 100, 100))
         wait_until(lambda: ImageChops.difference(self.screen.grab(), wanted).getbbox() is None, "the picture below")
         self.assertTrue(above.id)
+
+    def test_its_description_is_in_words_that_it_knows(self):
+        small, _, _ = self.pictures()
+        description = ElementTree.parse(_DESCRIPTION).getroot()
+        self.assertEqual(description.get("name"), os.path.basename(MODULE))
+        show = self.show("small.bmp")
+        words = []
+        for part in description:
+            if part.get("arg"):
+                words += part.get("arg").replace("%", show).split(" ")
+        self.assertEqual(words, ["--root", "--show", show])
+        host = self.host(0, 0, 640, 480)
+        self.start_module(*words, host=host)
+        self.shows_in(host, small, "the picture")
 
     def test_without_a_show_it_plays_the_one_of_the_settings(self):
         small, _, _ = self.pictures()

@@ -173,6 +173,7 @@ TEST_F(HostedSaverTest, ALaterOneIsLeftOutToo) {
     ExpectFailure(PathOf(1), "File not found");
     EXPECT_FALSE(Advance(1000));
     EXPECT_EQ(Shown(), -1);
+    EXPECT_TRUE(Stage().Image1.Picture.Get().Empty()) << "the former picture went before the next was loaded";
     EXPECT_FALSE(Advance(1000));
     EXPECT_EQ(Shown(), 2);
 }

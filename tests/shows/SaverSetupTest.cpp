@@ -514,6 +514,7 @@ TEST_F(SaverSetupTest, WhereTheDesktopGuardsItsSaverThereIsNoPasswordAndTheDelay
     SaverSetup& dialog = OpenWith({});
     EXPECT_EQ(dialog.lblPassMsg.Caption.Get(),
               "Feature disabled: locking the screen is left to the desktop.");
+    EXPECT_FALSE(dialog.lblPassDelay.Enabled) << "its letter leads nowhere";
     EXPECT_FALSE(dialog.ComboPassDelay.Enabled);
     EXPECT_FALSE(dialog.CmdPassChange.Enabled);
     EXPECT_EQ(dialog.ComboPassDelay.ListIndex.Get(), 3);
@@ -592,6 +593,19 @@ TEST_F(SaverCommandsTest, PropertiesAreTheDesktops) {
     platform.shell.canRun = false;
     Expect({.text = "An error occurred while trying to open the screen saver properties dialog..."});
     Choose(View().menu.mnuSetScreenSaver);
+}
+
+TEST_F(SaverCommandsTest, AViewOnTopDoesNotCoverTheMessageOfAFailure) {
+    Start();
+    module.config.TopMostWindow = true;
+    View().SetTopmost(true);
+    platform.shell.canRun = false;
+    headless::ExpectedBox box{
+        .text = "An error occurred while trying to open the screen saver properties dialog..."};
+    box.whileOpen = [this] { EXPECT_FALSE(toolkit.VisibleWindow("MainViewFrm")->topmost); };
+    Expect(box);
+    Choose(View().menu.mnuSetScreenSaver);
+    EXPECT_TRUE(toolkit.VisibleWindow("MainViewFrm")->topmost);
 }
 
 TEST_F(SaverCommandsTest, SettingsAreAProcessOfTheirOwnAndStandAboveTheView) {

@@ -175,6 +175,16 @@ TEST_F(StageLifeTest, AShowOnTheCommandLinePlaysAndEndsTheProcess) {
     EXPECT_TRUE(Ends([this] { toolkit.Advance(forms::Milliseconds(3000)); }));
 }
 
+TEST_F(StageLifeTest, AShowRaisesNoMainViewThatIsNotToBeOnTop) {
+    ASSERT_TRUE(Start(Path));
+    module.SlideShowActive = true;
+    module.show.SlideFiles.Set(0, Path);
+    app.Load<FullViewFrm>(module).Show();
+    Key(KeyCode::Escape);
+    EXPECT_EQ(app.Loaded<FullViewFrm>(), nullptr);
+    EXPECT_FALSE(toolkit.VisibleWindow("MainViewFrm")->topmost);
+}
+
 TEST_F(StageLifeTest, AShowBesideTheMainViewLeavesTheProcessRunning) {
     ASSERT_TRUE(Start(Path));
     module.config.TopMostWindow = true;

@@ -59,6 +59,16 @@ TEST_F(StageShowTest, NothingIsExpectedAtTheEndOrFromChance) {
     EXPECT_TRUE(platform.pictures.expected.empty());
 }
 
+TEST_F(StageShowTest, ASaverExpectsTheFirstSlideBehindTheLastWhateverTheLoop) {
+    PutSlides(2);
+    module.ScreenSaverMode = true;
+    module.config.LoopSlideShow = false;
+    EXPECT_FALSE(PlayStarted());
+    EXPECT_EQ(platform.pictures.expected.back(), PathOf(1));
+    Advance(5000);
+    EXPECT_EQ(platform.pictures.expected.back(), PathOf(0));
+}
+
 TEST_F(StageShowTest, OnlyAStillSlideThatIsThereIsExpected) {
     PutSlides(3);
     module.config.AnimateGIF89 = true;

@@ -31,8 +31,11 @@ std::optional<SaverArguments> ReadSaverArguments(std::span<const std::string> ar
             read.window = i + 1 < arguments.size() ? WindowOf(arguments[++i]) : std::nullopt;
             if (!read.window) return std::nullopt;
             read.preview = true;
+        } else if (word == "-show") {
+            if (i + 1 >= arguments.size() || !read.show.empty()) return std::nullopt;
+            read.show = arguments[++i];
         } else if (!word.starts_with('-') && read.show.empty()) {
-            read.show = word;
+            read.show = arguments[i];
         } else {
             return std::nullopt;
         }

@@ -16,7 +16,8 @@ struct SaverArguments {
     friend bool operator==(const SaverArguments&, const SaverArguments&) = default;
 };
 
-/// Reads the arguments behind the program's name (-root, -window-id N, a show; -- works as - does) and the variable
+/// Reads the arguments behind the program's name (-root, -window-id N, -show FILE or just the file; -- works
+/// as - does) and the variable
 /// XSCREENSAVER_WINDOW, which goes before them but for a preview. None for what is no call of a module.
 [[nodiscard]] std::optional<SaverArguments> ReadSaverArguments(std::span<const std::string> arguments,
                                                                const std::string& windowVariable);

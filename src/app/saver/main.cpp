@@ -17,7 +17,7 @@
 namespace {
 
 constexpr const char* Usage =
-    "Usage: tavrix-saver [-root] [-window-id NUMBER] [SHOW.tvs]\n"
+    "Usage: tavrix-saver [-root] [-window-id NUMBER] [-show FILE.tvs]\n"
     "Plays a slide show of Tavrix as a module of XScreenSaver, in the window that XSCREENSAVER_WINDOW "
     "names.\n"
     "Without a show it is the one that the screen saver settings of Tavrix name.\n";
