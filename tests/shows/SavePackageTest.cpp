@@ -229,6 +229,56 @@ TEST_F(SavePackageTest, AShowOfWhichLessIsWrittenIsKept) {
     EXPECT_TRUE(kept);
 }
 
+TEST_F(SavePackageTest, WhatIsInThePackageByAnotherPathIsLeftAlone) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\d.bmp", "d");
+    platform.disks.PutFile("C:\\Out\\SLIDES\\own.wav", "own sound");
+    platform.disks.PutLink("C:\\Out\\SLIDES", "C:\\Link");
+    std::string header = Header();
+    header.replace(header.find("C:\\m\\a.wav"), 10, "C:\\Link\\own.wav");
+    PutShow(header + Slides({"C:\\Link\\d.bmp", ""}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "own.wav", {"d.bmp", ""}));
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\d.bmp"), "d");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\own.wav"), "own sound");
+}
+
+TEST_F(SavePackageTest, AShowThatIsReplacedWhollyLeavesNoBackup) {
+    MakeFirst();
+    PutShow(Header() + Slides({"a.bmp", "changed"}));
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectOverwrite();
+    ExpectQuestion(
+        "This sound file already exists in the package directory:\r\n\r\nC:\\Out\\SLIDES\\a.wav\r\n\r\nDo "
+        "you want "
+        "to replace it?",
+        Answer::Yes);
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::Yes);
+    ExpectProgramThere(Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a.bmp", "changed"}));
+    EXPECT_EQ(platform.files.First("C:\\Tavrix\\Backup*"), "");
+}
+
+TEST_F(SavePackageTest, APictureNamedLikeTheShowOrOneInThePackageGetsANumber) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\a.bmp", "there already");
+    platform.disks.PutFile("C:\\p\\S.TVS", "no show but a picture");
+    PutShow(Header() + Slides({"C:\\Shows\\a.bmp", "", "C:\\Out\\SLIDES\\a.bmp", "", "C:\\p\\S.TVS", ""}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a (2).bmp", "", "a.bmp", "", "S (2).TVS", ""}));
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a.bmp"), "there already");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a (2).bmp"), "picture a");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\S (2).TVS"), "no show but a picture");
+}
+
 TEST_F(SavePackageTest, ProgramFilesThatAreThereAreAskedAbout) {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         platform.disks.Remove("C:\\Out");
