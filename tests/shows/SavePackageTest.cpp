@@ -17,10 +17,14 @@ class SavePackageTest : public PackageTest {
     }
     /// Cancels as soon as the wait window says something that begins so.
     void CancelAt(const std::string& text) {
+        WhileTold(text, [this] { Cancel(); });
+    }
+    /// Does something in each yield in which the wait window says what begins so.
+    void WhileTold(const std::string& text, const std::function<void()>& action) {
         for (int yield = 1; yield < 400; ++yield) {
-            toolkit.AtYield(yield, [this, text] {
+            toolkit.AtYield(yield, [this, text, action] {
                 auto* window = app.Loaded<WaitCopyFrm>();
-                if (window != nullptr && window->lblMsg.Caption.Get().starts_with(text)) Cancel();
+                if (window != nullptr && window->lblMsg.Caption.Get().starts_with(text)) action();
             });
         }
     }
@@ -245,6 +249,37 @@ TEST_F(SavePackageTest, WhatIsInThePackageByAnotherPathIsLeftAlone) {
     EXPECT_EQ(At("C:\\Out\\SLIDES\\own.wav"), "own sound");
 }
 
+TEST_F(SavePackageTest, APictureThatComesTwiceIsAskedAboutOnce) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\a.bmp", "former");
+    PutShow(Header() + Slides({"a.bmp", "", "C:\\Shows\\a.bmp", "again"}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a.bmp"), "former");
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a.bmp", "", "a.bmp", "again"}));
+}
+
+TEST_F(SavePackageTest, WithoutABackupLessDoesNotTakeThePlaceOfTheFormerShow) {
+    std::string header = Header();
+    header.replace(header.find("\r\n1\r\n"), 5, "\r\n0\r\n");
+    PutShow(header + Slides({"a.bmp", ""}));
+    MakeFirst();
+    const std::string former = At(PackedShow);
+    platform.faults.FailAlways(Service::Files, "Copy", ErrorNumber::DiskNotReady);
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectOverwrite();
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::Cancel);
+    ExpectProgramThere(Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), former);
+    EXPECT_EQ(platform.files.First("C:\\Tavrix\\Backup*"), "");
+}
+
 TEST_F(SavePackageTest, AShowThatIsReplacedWhollyLeavesNoBackup) {
     MakeFirst();
     PutShow(Header() + Slides({"a.bmp", "changed"}));
@@ -327,6 +362,38 @@ TEST_F(SavePackageTest, LibrariesGetTheirFolder) {
     Press(dialog.CmdPackage);
     EXPECT_EQ(At("C:\\Out\\TAVRIX.LIB\\libx.so"), "picture b");
     EXPECT_EQ(At("C:\\Out\\SETUP.LST"), "bytes of SETUP.LST");
+}
+
+/// A program that runs from a package hands out that package's files.
+class OwnFiles final : public ProgramFiles {
+  public:
+    std::vector<ProgramFile> List() override { return {{"TAVRIX.EXE", "C:\\Out\\TAVRIX.EXE"}}; }
+};
+
+TEST_F(SavePackageTest, APackageMadeOverTheOneThatItRunsFromKeepsTheProgram) {
+    platform.disks.PutFile("C:\\Out\\TAVRIX.EXE", "launcher");
+    OwnFiles own;
+    auto& dialog = app.Load<PackageFrm>(module, own);
+    dialog.Show();
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectProgramThere(Answer::Yes);
+    ExpectCreated();
+    Press(dialog.CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\TAVRIX.EXE"), "launcher");
+}
+
+TEST_F(SavePackageTest, AnEntryThatCannotBeWrittenIsNoPictureThatCannotBeCopied) {
+    bool full = false;
+    WhileTold("Tavrix is copying the file:\r\n\r\nC:\\p\\b.bmp", [&] {
+        if (!std::exchange(full, true))
+            platform.faults.FailAlways(Service::Files, "Write", ErrorNumber::DiskFull);
+    });
+    ExpectSummary();
+    ExpectStop("An error occurred while saving slide show data.\r\n\r\nDisk full...");
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\b.bmp"), "picture b");
+    EXPECT_EQ(At(PackedShow), "none");
 }
 
 TEST_F(SavePackageTest, ItTellsWhatItDoes) {
