@@ -396,6 +396,12 @@ TEST_F(SavePackageTest, AnEntryThatCannotBeWrittenIsNoPictureThatCannotBeCopied)
     EXPECT_EQ(At(PackedShow), "none");
 }
 
+TEST_F(SavePackageTest, ANewFolderIsNotSearchedForEachPicture) {
+    Make();
+    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.Info C:\\Out\\SLIDES\\b.bmp"), 0);
+    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.Copy C:\\p\\b.bmp C:\\Out\\SLIDES\\b.bmp"), 1);
+}
+
 TEST_F(SavePackageTest, ItTellsWhatItDoes) {
     Texts labels;
     for (int yield = 1; yield < 200; ++yield) {
