@@ -4,6 +4,7 @@
 /// It is started by the package's launchers, which have set up where libraries lie.
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <algorithm>
@@ -57,15 +58,15 @@ class Talk {
     }
 
     [[nodiscard]] bool Agrees(const std::string& question) const {
-        if (quiet_) return true;
-        return QMessageBox::question(nullptr, Title, QString::fromStdString(question)) == QMessageBox::Yes;
+        return quiet_ ||
+               Show(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
     }
     void Tell(const std::string& text) const {
-        if (!quiet_) QMessageBox::information(nullptr, Title, QString::fromStdString(text));
+        if (!quiet_) Show(QMessageBox::Information, text, QMessageBox::Ok);
     }
     void Complain(const std::string& text) const {
         std::fprintf(stderr, "tavrix-setup: %s\n", text.c_str());
-        if (!quiet_) QMessageBox::critical(nullptr, Title, QString::fromStdString(text));
+        if (!quiet_) Show(QMessageBox::Critical, text, QMessageBox::Ok);
     }
     /// Shown once it takes longer. Answers false when the user gives up.
     [[nodiscard]] setup::Progress Progress(const std::string& text, std::int64_t bytes) {
@@ -73,6 +74,7 @@ class Talk {
         constexpr int parts = 1000;
         bar_ = std::make_unique<QProgressDialog>(QString::fromStdString(text), "Cancel", 0, parts);
         bar_->setWindowTitle(Title);
+        if (auto* label = bar_->findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
         bar_->setWindowModality(Qt::ApplicationModal);
         return [this, bytes](std::int64_t done) {
             bar_->setValue(static_cast<int>(done * parts / std::max<std::int64_t>(bytes, 1)));
@@ -83,6 +85,14 @@ class Talk {
 
   private:
     static constexpr const char* Title = "Tavrix - [Setup]";
+
+    /// Names come from whoever has made the package, so nothing in them is markup.
+    static int Show(QMessageBox::Icon icon, const std::string& text, QMessageBox::StandardButtons buttons) {
+        QMessageBox box(icon, Title, {}, buttons);
+        box.setTextFormat(Qt::PlainText);
+        box.setText(QString::fromStdString(text));
+        return box.exec();
+    }
 
     bool quiet_;
     std::string name_ = "tavrix-setup";

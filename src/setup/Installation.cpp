@@ -27,6 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* Section = "Installed";
+constexpr const char* FolderCount = "Folders";  ///< that were made; by this key it is known as installed
 constexpr const char* SlideList = "SLIDES.LST";
 constexpr const char* StoreFolder = "STORE";
 constexpr const char* StoreFile = "STORE/settings";
@@ -76,7 +77,9 @@ std::vector<std::string> MakeAll(const std::string& path) {
 }
 
 void WriteText(const std::string& path, const std::string& text) {
-    TargetFile file(path, {});
+    TargetFile::Options options;
+    options.sync = false;  // it can be made again from the package
+    TargetFile file(path, options);
     file.Write(text);
     file.Commit();
 }
@@ -129,7 +132,7 @@ std::string NotesText(const std::string& former, const Notes& notes) {
     int number = 0;
     for (const std::string& folder : notes.madeFolders)
         entries.emplace_back("MadeFolder" + std::to_string(++number), folder);
-    entries.emplace_back("Folders", std::to_string(number));
+    entries.emplace_back(FolderCount, std::to_string(number));
     return MergeProfileText(former, Section, entries);
 }
 
@@ -186,14 +189,25 @@ class Installing {
             std::error_code error;
             fs::create_directories(HostFolderOf(target), error);
             Check(error);
-            fs::copy_file(package_ + "/" + file, target, error);
-            Check(error);
-            const bool runs = file.ends_with(".EXE") || file.ends_with(".SCR");
-            if (::chmod(target.c_str(), runs ? 0755 : 0644) != 0) throw ErrorOf(errno);
+            Copy(package_ + "/" + file, target);
             done += SizeOf(new_, std::span(&file, 1));
             if (progress_ && !progress_(done)) return false;
         }
         return true;
+    }
+
+    static void Copy(const std::string& from, const std::string& to) {
+        const FileDescriptor source = OpenForReading(from);
+        struct stat status {};
+        if (::fstat(source.Number(), &status) != 0) throw ErrorOf(errno);
+        const bool runs = to.ends_with(".EXE") || to.ends_with(".SCR");
+        TargetFile::Options options;
+        options.newMode = runs ? 0755 : 0644;
+        options.exactMode = true;
+        options.sync = false;
+        TargetFile target(to, options);
+        static_cast<void>(target.CopyFrom(source, status));
+        target.Commit();
     }
 
     /// What the installed package has beside what it came with.
@@ -209,13 +223,13 @@ class Installing {
         WriteText(new_ + "/" + StoreFile, "[Settings]\nProgramRun=1\nShow Tips at Startup=0\nEXEPath=" +
                                               places_.drivePath(target_) + "\\\n");
         // The desktop's list of documents would remember it after it is gone.
-        const std::string settings = ReadWholeFile(new_ + "/" + Settings, LargestProfile).value_or("");
+        const std::string settings = ReadIfThere(new_ + "/" + Settings).value_or("");
         WriteText(
             new_ + "/" + Settings,
             MergeProfileText(settings, "Viewer", std::array{ProfileEntry("UseRecentDocuments", "False")}));
         if (takesSaver()) own_.formerSaver = ReadStored(places_.store, SaverValue);
-        const std::optional<std::string> former = ReadWholeFile(new_ + "/" + names_.notes, LargestProfile);
-        WriteText(new_ + "/" + names_.notes, NotesText(former.value_or(""), own_));
+        const std::string notes = ReadIfThere(new_ + "/" + names_.notes).value_or("");
+        WriteText(new_ + "/" + names_.notes, NotesText(notes, own_));
     }
 
     void WriteEntries() {
@@ -241,8 +255,10 @@ class Installing {
         std::error_code error;
         fs::remove_all(new_, error);
         if (inPlace_) {
-            if (takesSaver() && ReadStored(places_.store, SaverValue) == OwnSaver())
-                SkipFailure([&] { WriteStored(places_.store, SaverValue, own_.formerSaver); });
+            SkipFailure([&] {
+                if (takesSaver() && ReadStored(places_.store, SaverValue) == OwnSaver())
+                    WriteStored(places_.store, SaverValue, own_.formerSaver);
+            });
             for (const char* kind : Kinds)
                 SkipFailure([&] { DropFile(EntryFile(places_, target_, kind)); });
             fs::remove_all(target_, error);
@@ -274,7 +290,7 @@ class Removing {
         for (const char* kind : Kinds)
             DropFile(EntryFile(places_, folder_, kind));
         RemoveSlides();
-        RemoveListed(names_.library, ReadWholeFile(At(names_.list)).value_or(""));
+        RemoveListed(names_.library, ReadIfThere(At(names_.list)).value_or(""));
         for (const std::string& file :
              {std::string(StoreFile), std::string(SlideList), std::string(Settings)})
             DropFile(At(file));
@@ -293,8 +309,9 @@ class Removing {
     [[nodiscard]] std::string At(const std::string& name) const { return folder_ + "/" + name; }
 
     [[nodiscard]] ProfileSection ReadOwn() const {
-        if (!IsInstalled(folder_, names_)) throw RuntimeError(ErrorNumber::FileNotFound);
-        return ReadProfileSection(*ReadWholeFile(At(names_.notes), LargestProfile), Section);
+        ProfileSection own = ReadProfileSection(ReadIfThere(At(names_.notes)).value_or(""), Section);
+        if (!own.Has(FolderCount)) throw RuntimeError(ErrorNumber::FileNotFound);
+        return own;
     }
 
     void RestoreSaver(const ProfileSection& own) {
@@ -306,7 +323,7 @@ class Removing {
         WriteStored(places_.store, SaverValue, former);
     }
 
-    void RemoveSlides() { RemoveListed(names_.slides, ReadWholeFile(At(SlideList)).value_or("")); }
+    void RemoveSlides() { RemoveListed(names_.slides, ReadIfThere(At(SlideList)).value_or("")); }
 
     void RemoveListed(const std::string& folder, const std::string& list) {
         std::set<std::string, std::greater<>> folders{At(folder)};
@@ -324,7 +341,7 @@ class Removing {
     /// The folders above that were made for it, as far as they are empty now.
     void RemoveMade(const ProfileSection& own) {
         const std::array ours{PackagesFolder(places_), MenuFolder(places_), HostFolderOf(places_.store)};
-        for (int number = std::atoi(own.Read("Folders").c_str()); number > 0; --number) {
+        for (int number = std::atoi(own.Read(FolderCount).c_str()); number > 0; --number) {
             const std::string made = own.Read("MadeFolder" + std::to_string(number), LargestProfile);
             const bool above = std::ranges::any_of(ours, [&made](const std::string& path) {
                 return path == made || path.starts_with(made + "/");
@@ -346,7 +363,7 @@ std::string InstallFolder(const UserPlaces& places, const std::string& name) {
 
 bool IsInstalled(const std::string& folder, const PackageNames& names) {
     const std::optional<std::string> text = ReadWholeFile(folder + "/" + names.notes, LargestProfile);
-    return text && ReadProfileSection(*text, Section).Has("Folders");
+    return text && ReadProfileSection(*text, Section).Has(FolderCount);
 }
 
 bool Install(const std::string& package, const PackageNames& names, const UserPlaces& places,

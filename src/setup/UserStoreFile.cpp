@@ -41,8 +41,15 @@ std::string Without(const std::string& text, const std::string& name) {
 
 }  // namespace
 
+std::optional<std::string> ReadIfThere(const std::string& file) {
+    std::optional<std::string> text = ReadWholeFile(file);
+    // What has not been read must not be taken for nothing.
+    if (!text && ::access(file.c_str(), F_OK) == 0) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    return text;
+}
+
 std::optional<std::string> ReadStored(const std::string& file, const std::string& name) {
-    const std::optional<std::string> text = ReadWholeFile(file, LargestProfile);
+    const std::optional<std::string> text = ReadIfThere(file);
     if (!text) return std::nullopt;
     const ProfileSection section = ReadProfileSection(*text, Section);
     if (!section.Has(name)) return std::nullopt;
@@ -55,7 +62,7 @@ void WriteStored(const std::string& file, const std::string& name, const std::op
         return;
     }
     const FolderLock lock(HostFolderOf(file));
-    const std::optional<std::string> text = ReadWholeFile(file, LargestProfile);
+    const std::optional<std::string> text = ReadIfThere(file);
     if (!text) return;
     const std::string rest = Without(*text, name);
     if (rest.empty()) {

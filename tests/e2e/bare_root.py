@@ -6,6 +6,7 @@ import os
 import re
 import shutil
 import subprocess
+import tempfile
 
 _TOOLS = ("sh", "env", "cat", "cp", "chmod", "dirname", "find", "grep", "kill", "ln", "mkdir", "mktemp", "rm", "sed", "tr",
           "uname", "ls", "id")
@@ -27,7 +28,8 @@ def _unshare():
 
 def why_not():
     """Why no such system can be entered here; None where it can."""
-    tried = subprocess.run([*_unshare(), "mount", "--bind", "/", "/mnt"], capture_output=True, text=True)
+    with tempfile.TemporaryDirectory() as folder:
+        tried = subprocess.run([*_unshare(), "mount", "--bind", folder, "/mnt"], capture_output=True, text=True)
     return None if tried.returncode == 0 else f"no mount namespaces: {tried.stderr.strip()}"
 
 

@@ -146,3 +146,41 @@ class PackageTest(PackingTest):
         with open(self.told, encoding="utf-8") as file:
             self.assertIn("it is not of the kind that this package was made for", file.read())
         self.assertEqual(self.left(), [])
+
+    def test_the_installer_asks_and_tells(self):
+        small, _, _ = self.pictures()
+        self.pack(self.show_file("small.bmp"), saver=True)
+        setup = self.launch("SETUP.EXE")
+        self.answer_setup("question", "Return")
+        self.answer_setup("end", "Return")
+        self.assertEqual(self.end(setup), 0)
+        installed = os.path.join(self.guest, ".local", "share", "tavrix-packages", "Trip")
+        self.assertTrue(os.path.exists(os.path.join(installed, "SLIDES", "show.tvs")))
+
+        again = self.launch("SETUP.EXE")
+        self.answer_setup("complaint", "Return")
+        self.assertEqual(self.end(again), 1)
+
+        player = self.session.children.start(["sh", os.path.join(installed, "TAVRIX.EXE")], self.environment(),
+                                             os.path.join(self.home.folder, "launcher.log"))
+        self.addCleanup(self.session.children.end, player)
+        self.shows(small, "the picture of the installed package")
+        self.screen.press("Escape")
+        self.assertEqual(self.end(player), 0)
+
+        remover = self.session.children.start(["sh", os.path.join(installed, "UN-SETUP.EXE")], self.environment(),
+                                              os.path.join(self.home.folder, "launcher.log"))
+        self.addCleanup(self.session.children.end, remover)
+        self.answer_setup("question", "Escape")
+        self.assertEqual(self.end(remover), 3)
+        self.assertTrue(os.path.exists(installed))
+
+    def answer_setup(self, what, key):
+        """Answers a box of the installer once it has the keyboard."""
+        window = wait_until(lambda: next((w for w in self.screen.windows() if w.title == "Tavrix - [Setup]"), None),
+                            f"the installer's {what}")
+        wait_until(lambda: self.screen.active() == window.id, f"the keyboard on the installer's {what}")
+        if os.environ.get("TAVRIX_SHOTS"):
+            self.screen.grab().save(os.path.join(os.environ["TAVRIX_SHOTS"], f"setup-{what}.png"))
+        self.screen.press(key)
+        wait_until(lambda: all(w.id != window.id for w in self.screen.windows()), f"the end of the installer's {what}")

@@ -36,6 +36,16 @@ TEST(HostPaths, EnvironmentVariablesMoveEverything) {
     EXPECT_FALSE(folder.Has("program"));
 }
 
+TEST(HostPaths, AProgramThatIsCarriedHasALauncherAndAStoreOfItsOwn) {
+    const TestFolder folder;
+    const ScopedVariable executable("TAVRIX_EXECUTABLE", folder.At("TAVRIX.EXE"));
+    const ScopedVariable config("TAVRIX_CONFIG", folder.At("store/"));
+    EXPECT_EQ(HostPaths::FromEnvironment().executable, folder.At("TAVRIX.EXE"));
+    EXPECT_EQ(HostPaths::FromEnvironment().config, folder.At("store"));
+    EXPECT_EQ(HostPaths::FromEnvironment("/bin/true").executable,
+              std::filesystem::canonical("/bin/true").string());
+}
+
 TEST(HostPaths, TheUsualPlacesAreBelowTheHomeFolder) {
     const ScopedVariable home("HOME", "/home/me");
     const ScopedVariable config("XDG_CONFIG_HOME", "");

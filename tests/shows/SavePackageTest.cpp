@@ -17,10 +17,14 @@ class SavePackageTest : public PackageTest {
     }
     /// Cancels as soon as the wait window says something that begins so.
     void CancelAt(const std::string& text) {
+        WhileTold(text, [this] { Cancel(); });
+    }
+    /// Does something in each yield in which the wait window says what begins so.
+    void WhileTold(const std::string& text, const std::function<void()>& action) {
         for (int yield = 1; yield < 400; ++yield) {
-            toolkit.AtYield(yield, [this, text] {
+            toolkit.AtYield(yield, [this, text, action] {
                 auto* window = app.Loaded<WaitCopyFrm>();
-                if (window != nullptr && window->lblMsg.Caption.Get().starts_with(text)) Cancel();
+                if (window != nullptr && window->lblMsg.Caption.Get().starts_with(text)) action();
             });
         }
     }
@@ -229,6 +233,87 @@ TEST_F(SavePackageTest, AShowOfWhichLessIsWrittenIsKept) {
     EXPECT_TRUE(kept);
 }
 
+TEST_F(SavePackageTest, WhatIsInThePackageByAnotherPathIsLeftAlone) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\d.bmp", "d");
+    platform.disks.PutFile("C:\\Out\\SLIDES\\own.wav", "own sound");
+    platform.disks.PutLink("C:\\Out\\SLIDES", "C:\\Link");
+    std::string header = Header();
+    header.replace(header.find("C:\\m\\a.wav"), 10, "C:\\Link\\own.wav");
+    PutShow(header + Slides({"C:\\Link\\d.bmp", ""}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "own.wav", {"d.bmp", ""}));
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\d.bmp"), "d");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\own.wav"), "own sound");
+}
+
+TEST_F(SavePackageTest, APictureThatComesTwiceIsAskedAboutOnce) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\a.bmp", "former");
+    PutShow(Header() + Slides({"a.bmp", "", "C:\\Shows\\a.bmp", "again"}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a.bmp"), "former");
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a.bmp", "", "a.bmp", "again"}));
+}
+
+TEST_F(SavePackageTest, WithoutABackupLessDoesNotTakeThePlaceOfTheFormerShow) {
+    std::string header = Header();
+    header.replace(header.find("\r\n1\r\n"), 5, "\r\n0\r\n");
+    PutShow(header + Slides({"a.bmp", ""}));
+    MakeFirst();
+    const std::string former = At(PackedShow);
+    platform.faults.FailAlways(Service::Files, "Copy", ErrorNumber::DiskNotReady);
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectOverwrite();
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::Cancel);
+    ExpectProgramThere(Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), former);
+    EXPECT_EQ(platform.files.First("C:\\Tavrix\\Backup*"), "");
+}
+
+TEST_F(SavePackageTest, AShowThatIsReplacedWhollyLeavesNoBackup) {
+    MakeFirst();
+    PutShow(Header() + Slides({"a.bmp", "changed"}));
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectOverwrite();
+    ExpectQuestion(
+        "This sound file already exists in the package directory:\r\n\r\nC:\\Out\\SLIDES\\a.wav\r\n\r\nDo "
+        "you want "
+        "to replace it?",
+        Answer::Yes);
+    ExpectReplace("C:\\Out\\SLIDES\\a.bmp", Answer::Yes);
+    ExpectProgramThere(Answer::No);
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a.bmp", "changed"}));
+    EXPECT_EQ(platform.files.First("C:\\Tavrix\\Backup*"), "");
+}
+
+TEST_F(SavePackageTest, APictureNamedLikeTheShowOrOneInThePackageGetsANumber) {
+    platform.disks.PutFile("C:\\Out\\SLIDES\\a.bmp", "there already");
+    platform.disks.PutFile("C:\\p\\S.TVS", "no show but a picture");
+    PutShow(Header() + Slides({"C:\\Shows\\a.bmp", "", "C:\\Out\\SLIDES\\a.bmp", "", "C:\\p\\S.TVS", ""}));
+    ExpectSummary();
+    ExpectSlidesThere();
+    ExpectCreated();
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At(PackedShow), Packed("1", "a.wav", {"a (2).bmp", "", "a.bmp", "", "S (2).TVS", ""}));
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a.bmp"), "there already");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\a (2).bmp"), "picture a");
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\S (2).TVS"), "no show but a picture");
+}
+
 TEST_F(SavePackageTest, ProgramFilesThatAreThereAreAskedAbout) {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         platform.disks.Remove("C:\\Out");
@@ -277,6 +362,44 @@ TEST_F(SavePackageTest, LibrariesGetTheirFolder) {
     Press(dialog.CmdPackage);
     EXPECT_EQ(At("C:\\Out\\TAVRIX.LIB\\libx.so"), "picture b");
     EXPECT_EQ(At("C:\\Out\\SETUP.LST"), "bytes of SETUP.LST");
+}
+
+/// A program that runs from a package hands out that package's files.
+class OwnFiles final : public ProgramFiles {
+  public:
+    std::vector<ProgramFile> List() override { return {{"TAVRIX.EXE", "C:\\Out\\TAVRIX.EXE"}}; }
+};
+
+TEST_F(SavePackageTest, APackageMadeOverTheOneThatItRunsFromKeepsTheProgram) {
+    platform.disks.PutFile("C:\\Out\\TAVRIX.EXE", "launcher");
+    OwnFiles own;
+    auto& dialog = app.Load<PackageFrm>(module, own);
+    dialog.Show();
+    ExpectFilesThere();
+    ExpectSummary();
+    ExpectProgramThere(Answer::Yes);
+    ExpectCreated();
+    Press(dialog.CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\TAVRIX.EXE"), "launcher");
+}
+
+TEST_F(SavePackageTest, AnEntryThatCannotBeWrittenIsNoPictureThatCannotBeCopied) {
+    bool full = false;
+    WhileTold("Tavrix is copying the file:\r\n\r\nC:\\p\\b.bmp", [&] {
+        if (!std::exchange(full, true))
+            platform.faults.FailAlways(Service::Files, "Write", ErrorNumber::DiskFull);
+    });
+    ExpectSummary();
+    ExpectStop("An error occurred while saving slide show data.\r\n\r\nDisk full...");
+    Press(Load().CmdPackage);
+    EXPECT_EQ(At("C:\\Out\\SLIDES\\b.bmp"), "picture b");
+    EXPECT_EQ(At(PackedShow), "none");
+}
+
+TEST_F(SavePackageTest, ANewFolderIsNotSearchedForEachPicture) {
+    Make();
+    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.Info C:\\Out\\SLIDES\\b.bmp"), 0);
+    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.Copy C:\\p\\b.bmp C:\\Out\\SLIDES\\b.bmp"), 1);
 }
 
 TEST_F(SavePackageTest, ItTellsWhatItDoes) {

@@ -120,7 +120,7 @@ LibraryClosure ClosureOf(const std::string& program, std::span<const std::string
     for (const char* name : names)
         later += std::string(name) + ':';
     const std::string loader = OwnLoader();
-    std::vector<std::string> call{loader, "--list", program};
+    std::vector<std::string> call{loader, "--list", WithoutLinks(program)};
     if (!later.empty()) call.insert(call.begin() + 1, {"--preload", later});
     LibraryClosure closure{ReadLoaderList(OutputOf(std::move(call))), WithoutLinks(loader)};
     if (closure.libraries.empty()) throw RuntimeError(ErrorNumber::FileNotFound);

@@ -1,0 +1,243 @@
+#include "setup/Installation.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "SetupTest.h"
+#include "setup/UserStoreFile.h"
+#include "support/ErrorOfCall.h"
+#include "support/FaultSweep.h"
+#include "system_faults/SystemFaults.h"
+
+namespace tavrix::setup {
+namespace {
+
+namespace fs = std::filesystem;
+
+mode_t ModeOf(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777U : 0;
+}
+
+TEST_F(SetupTest, WhatIsOfThePackageIsInstalledAndNothingElse) {
+    const auto before = All();
+    ASSERT_TRUE(Install());
+    EXPECT_EQ(InTarget("TAVRIX.EXE"), "launcher");
+    EXPECT_EQ(InTarget("TAVRIX.LIB/libx.so"), "library");
+    EXPECT_EQ(InTarget("TAVRIX.LIB/qt=platforms=libq.so"), "plugin");
+    EXPECT_EQ(InTarget("SLIDES/Größe.tvs"), "show");
+    EXPECT_EQ(InTarget("SLIDES/deep/er/b.bmp"), "picture below");
+    EXPECT_FALSE(fs::exists(Target() + "/letter"));
+    EXPECT_EQ(ModeOf(Target() + "/TAVRIX.EXE"), 0755U);
+    EXPECT_EQ(ModeOf(Target() + "/README.TXT"), 0644U);
+    EXPECT_TRUE(IsInstalled(Target(), names));
+    EXPECT_FALSE(IsInstalled(Stick(), names));
+    const auto after = All();
+    for (const auto& [path, content] : before)
+        EXPECT_EQ(after.at(path), content) << path;
+}
+
+TEST_F(SetupTest, TheProgramFindsItselfInstalledAndLeavesNoMarkElsewhere) {
+    ASSERT_TRUE(Install());
+    const std::string store = InTarget("STORE/settings");
+    EXPECT_NE(store.find("EXEPath=" + places.drivePath(Target()) + "\\\n"), std::string::npos) << store;
+    EXPECT_NE(store.find("ProgramRun=1\n"), std::string::npos);
+    EXPECT_NE(InTarget("tavrix.ini").find("StretchImages=True"), std::string::npos);
+    EXPECT_NE(InTarget("tavrix.ini").find("UseRecentDocuments=False"), std::string::npos);
+}
+
+TEST_F(SetupTest, TheMenuGetsWhatTheNotesSay) {
+    ASSERT_TRUE(Install());
+    const auto texts = Entries();
+    ASSERT_EQ(texts.size(), 3U);
+    EXPECT_NE(texts[0].find("Name=Tavrix (Trip)\n"), std::string::npos) << texts[0];
+    EXPECT_NE(texts[0].find("Exec=sh \"" + Target() + "/TAVRIX.EXE\" \"-viewer\"\n"), std::string::npos)
+        << texts[0];
+    EXPECT_NE(texts[0].find("Exec=sh \"" + Target() + "/UN-SETUP.EXE\"\n"), std::string::npos);
+    EXPECT_NE(texts[1].find("Name=Trip\n"), std::string::npos) << texts[1];
+    EXPECT_NE(texts[1].find("Exec=sh \"" + Target() + "/TAVRIX.EXE\"\n"), std::string::npos);
+    EXPECT_NE(texts[2].find("Name=Trip (Screen Saver)\n"), std::string::npos) << texts[2];
+    EXPECT_NE(texts[2].find("Exec=sh \"" + Target() + "/TavrixSCR.SCR\"\n"), std::string::npos);
+    Remove();
+    PutNotes("False", "True", "False");
+    ASSERT_TRUE(Install());
+    EXPECT_EQ(Entries().size(), 1U);
+    EXPECT_FALSE(folder.Has("user/config"));
+}
+
+TEST_F(SetupTest, OnlyADefaultSaverBecomesTheUsers) {
+    for (const bool saver : {true, false}) {
+        for (const bool isDefault : {true, false}) {
+            PutNotes(saver ? "True" : "False", isDefault ? "true" : "False", "False");
+            ASSERT_TRUE(Install());
+            EXPECT_EQ(ReadStored(places.store, "CurrentSaver").has_value(), saver && isDefault);
+            EXPECT_FALSE(Remove());
+        }
+    }
+}
+
+TEST_F(SetupTest, RemovalLeavesNoTrace) {
+    const auto before = All();
+    ASSERT_TRUE(Install());
+    EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), places.drivePath(Target() + "/SLIDES/Größe.tvs"));
+    folder.Put("user/data/tavrix-packages/Trip/tavrix.ini", "settings that have changed");
+    folder.PutFolder("user/data/tavrix-packages/Trip/TEMP/2");
+    EXPECT_FALSE(Remove());
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, TheFormerSaverComesBack) {
+    folder.Put("user/config/tavrix/settings", "[Settings]\nOther=kept\nCurrentSaver=C:\\former.tvs\n");
+    const auto before = All();
+    ASSERT_TRUE(Install());
+    EXPECT_NE(ReadStored(places.store, "CurrentSaver"), "C:\\former.tvs");
+    Remove();
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, AStoreWithoutASaverHasNoneAgain) {
+    folder.Put("user/config/tavrix/settings", "[Settings]\nEXEPath=C:\\Tavrix\\\n");
+    const auto before = All();
+    ASSERT_TRUE(Install());
+    Remove();
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, ASaverThatWasChosenSinceStays) {
+    folder.Put("user/config/tavrix/settings", "[Settings]\nCurrentSaver=C:\\former.tvs\n");
+    ASSERT_TRUE(Install());
+    WriteStored(places.store, "CurrentSaver", "C:\\later.tvs");
+    Remove();
+    EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), "C:\\later.tvs");
+}
+
+TEST_F(SetupTest, FilesOfTheUserStay) {
+    ASSERT_TRUE(Install());
+    folder.Put("user/data/tavrix-packages/Trip/SLIDES/mine.tvs", "mine");
+    folder.Put("user/data/tavrix-packages/Trip/TEMP/Untitled.BMP", "not saved yet");
+    EXPECT_TRUE(Remove());
+    EXPECT_EQ(InTarget("SLIDES/mine.tvs"), "mine");
+    EXPECT_EQ(InTarget("TEMP/Untitled.BMP"), "not saved yet");
+    EXPECT_FALSE(fs::exists(Target() + "/SLIDES/a.bmp"));
+    EXPECT_FALSE(fs::exists(Target() + "/TAVRIX.LIB"));
+    EXPECT_TRUE(Entries().empty());
+}
+
+TEST_F(SetupTest, AListCannotLeadOutOfTheFolder) {
+    ASSERT_TRUE(Install());
+    folder.Put("user/data/tavrix-packages/Trip/SLIDES.LST",
+               "../../../../letter\n" + folder.At("user/letter") + "\n");
+    folder.Put("user/data/tavrix-packages/Trip/SETUP.LST", "../../../../letter\r\n");
+    Remove();
+    EXPECT_EQ(folder.Content("user/letter"), "own");
+}
+
+TEST_F(SetupTest, WhatStandsAtTheTargetIsNotTouched) {
+    folder.Put("user/data/tavrix-packages/Trip/letter", "own");
+    const auto before = All();
+    EXPECT_EQ(ErrorOfCall([this] { Install(); }), 58);
+    EXPECT_EQ(ErrorOfCall([this] { Remove(); }), 53);
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, GivingUpLeavesNothing) {
+    const auto before = All();
+    int told = 0;
+    std::int64_t done = 0;
+    EXPECT_FALSE(Install([&](std::int64_t bytes) {
+        EXPECT_GE(bytes, done);
+        done = bytes;
+        return ++told < 4;
+    }));
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, TheProgressEndsWithTheSize) {
+    std::int64_t done = 0;
+    ASSERT_TRUE(Install([&done](std::int64_t bytes) { return (done = bytes) > 0; }));
+    EXPECT_EQ(done, SizeOf(Stick(), FilesOf(Stick(), names)));
+}
+
+TEST_F(SetupTest, AnyNameIsAFolder) {
+    name = "../a/b\n\x7F";
+    EXPECT_EQ(Target(), folder.At("user/data") + "/tavrix-packages/_._a_b__");
+    name = std::string(99, 'x') + "\xC3\xA4";
+    EXPECT_EQ(Target(), folder.At("user/data") + "/tavrix-packages/" + std::string(99, 'x'));
+}
+
+TEST_F(SetupTest, APackageThatIsNotWholeIsNotInstalled) {
+    const auto refused = [this](const std::string& file) {
+        const std::string content = folder.Content("stick/" + file);
+        fs::remove(folder.At("stick/" + file));
+        const auto before = All();
+        EXPECT_EQ(ErrorOfCall([this] { Install(); }), 53) << file;
+        EXPECT_EQ(All(), before) << file;
+        folder.Put("stick/" + file, content);
+    };
+    for (const char* file : {"setup.ini", "SETUP.LST", "SLIDES/Größe.tvs", "TAVRIX.LIB/libx.so"})
+        refused(file);
+    folder.Put("stick/setup.ini", "[Tavrix Setup]\r\nSlideShowFile=../letter\r\n");
+    EXPECT_EQ(ErrorOfCall([this] { Install(); }), 53);
+}
+
+/// A machine of its own for each run of a sweep.
+struct Machine final : SetupTest {
+    void TestBody() override {}
+    using SetupTest::All;
+    using SetupTest::folder;
+    using SetupTest::Install;
+    using SetupTest::Remove;
+};
+
+TEST(SetupSweep, AFailureLeavesEverythingAsItWas) {
+    const int came = test::SweepFaults([](int call) {
+        Machine machine;
+        machine.folder.Put("user/config/tavrix/settings", "[Settings]\nCurrentSaver=C:\\former.tvs\n");
+        const auto before = machine.All();
+        bool fired = false;
+        bool undone = true;
+        int failure = 0;
+        {
+            test::SystemFaults faults(machine.folder.Path());
+            faults.FailNth(call, EIO);
+            failure = ErrorOfCall([&] { EXPECT_TRUE(machine.Install()); });
+            fired = faults.Fired();
+            undone = faults.Failed() != "unlink";
+        }
+        if (failure != 0 && undone) {
+            EXPECT_EQ(machine.All(), before);
+        }
+        if (failure == 0) {
+            machine.Remove();
+            EXPECT_EQ(machine.All(), before);
+        }
+        return fired;
+    });
+    EXPECT_GT(came, 40);
+}
+
+TEST(SetupSweep, AFailedRemovalCanBeTriedAgain) {
+    const int came = test::SweepFaults([](int call) {
+        Machine machine;
+        machine.folder.Put("user/config/tavrix/settings", "[Settings]\nCurrentSaver=C:\\former.tvs\n");
+        const auto before = machine.All();
+        EXPECT_TRUE(machine.Install());
+        bool fired = false;
+        int failure = 0;
+        {
+            test::SystemFaults faults(machine.folder.Path());
+            faults.FailNth(call, EIO);
+            failure = ErrorOfCall([&] { machine.Remove(); });
+            fired = faults.Fired();
+        }
+        if (failure != 0) machine.Remove();
+        EXPECT_EQ(machine.All(), before);
+        return fired;
+    });
+    EXPECT_GT(came, 15);
+}
+
+}  // namespace
+}  // namespace tavrix::setup
