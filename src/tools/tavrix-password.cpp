@@ -69,6 +69,7 @@ void Drop(pam_response* answers, int count) {
     std::free(answers);
 }
 
+/// What is given here, PAM frees.
 int Answer(int count, const pam_message** messages, pam_response** given, void* data) {
     if (count <= 0 || count > PAM_MAX_NUM_MSG) return PAM_CONV_ERR;
     auto& conversation = *static_cast<Conversation*>(data);
