@@ -91,6 +91,7 @@ class GuardedTest(StageTest):
         desktop.map()
         desktop.configure(stack_mode=X.Below)
         self.other.sync()
+        self.desktop = desktop
 
     def _stand_in(self, state="P"):
         folder = os.path.join(self.home.folder, "account")
@@ -214,6 +215,18 @@ class GuardedTest(StageTest):
         window.map()
         self.other.sync()
         return window
+
+    def whole_above(self, window):
+        """How many windows over the whole screen lie above this one, besides the desktop."""
+        children = self.other.screen().root.query_tree().children
+        above = children[[child.id for child in children].index(window.id) + 1:]
+        found = 0
+        for child in above:
+            attributes, size = child.get_attributes(), child.get_geometry()
+            found += (child.id != self.desktop.id and attributes.win_class == X.InputOutput
+                      and attributes.map_state == X.IsViewable
+                      and (size.width, size.height) == (self.screen.width, self.screen.height))
+        return found
 
     def is_not_guarded(self, **options):
         small, *_ = self.pictures()
@@ -369,10 +382,20 @@ class GuardedSaverTest(GuardedTest):
 
     def test_what_others_put_on_the_screen_comes_down(self):
         program = self.start_guarded()
+        root = self.other.screen().root
+
+        def top_of(window):
+            while (parent := window.query_tree().parent) != root:
+                window = parent
+            return window
+
         for managed in (False, True):
-            self.map_red(managed)
+            window = self.map_red(managed)
             time.sleep(0.3)
             self.shows(self.small, "the picture above the window of another program")
+            # Where the stage is not, on other displays, the cover is.
+            wait_until(lambda: self.whole_above(top_of(window)) == 2,
+                       lambda: f"stage and cover above the window, not {self.whole_above(top_of(window))}")
         self.screen.press("a")
         self.question(program)
         thief = self.map_red(False)
@@ -380,6 +403,19 @@ class GuardedSaverTest(GuardedTest):
         thief.set_input_focus(X.RevertToNone, X.CurrentTime)
         self.other.sync()
         self.enter(_PASSWORD)
+        self.assertEqual(program.wait_end(), 0)
+
+    def test_who_takes_the_focus_gets_no_key(self):
+        program = self.start_guarded()
+        thief = self.map_red(False)
+        self.shows(self.small, "the picture above the window of another program")
+        self.screen.press("a")
+        self.question(program)
+        for character in _PASSWORD:
+            thief.set_input_focus(X.RevertToNone, X.CurrentTime)
+            self.other.sync()
+            self.screen.type(character)
+        self.screen.press("Return")
         self.assertEqual(program.wait_end(), 0)
 
     def test_a_key_that_is_held_enters_nothing(self):
