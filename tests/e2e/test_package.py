@@ -117,6 +117,24 @@ class PackageTest(PackingTest):
         self.end(player)
         self.assertEqual(self.left(), [])
 
+    def test_what_a_killed_launcher_left_goes_with_a_later_one(self):
+        small, _, _ = self.pictures()
+        self.pack(self.show_file("small.bmp"))
+        temporary = self.environment()["TMPDIR"]
+        dead, other = 4194303, os.getpid()
+        for name, days in ((f"tavrix-package.{dead}.old", 2), (f"tavrix-package.{dead}.new", 0),
+                           (f"tavrix-package.{other}.old", 2), ("tavrix-letters", 2)):
+            path = os.path.join(temporary, name)
+            os.mkdir(path)
+            then = os.stat(path).st_mtime - days * 86400
+            os.utime(path, (then, then))
+        player = self.launch("TAVRIX.EXE")
+        self.shows(small, "the picture of the package")
+        self.screen.press("Escape")
+        self.assertEqual(self.end(player), 0)
+        self.assertEqual(sorted(os.listdir(temporary)), ["tavrix-letters", f"tavrix-package.{other}.old",
+                                                         f"tavrix-package.{dead}.new"])
+
     def test_what_the_user_made_meanwhile_is_kept(self):
         small, _, _ = self.pictures()
         self.pack(self.show_file("small.bmp"))
