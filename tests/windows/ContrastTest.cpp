@@ -227,6 +227,7 @@ TEST(LookTest, ChangesAreFollowedThereAndBack) {
     coloured.setPalette(own);
     window.show();
     qt::Look wish;
+    wish.scheme = qt::Look::Scheme::Light;
     look.Follow(wish);
     const QColor light = behind();
     for (int round = 0; round < 2; ++round) {
