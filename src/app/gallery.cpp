@@ -1,15 +1,21 @@
-/// tavrix-gallery DIR [PICTURE...]
+/// tavrix-gallery [--dark] [--accent=COLOUR] [--font-scale=FACTOR] [--contrast] DIR [PICTURE...]
 /// tavrix-gallery --help-pictures DIR
+///
+/// With --dark the windows are drawn in dark colours, with --accent (such as #e01b24) what is selected in them is of that
+/// colour, and with --font-scale their texts are larger. --contrast tells texts that are not read well enough on what is
+/// behind them; the letters have no smooth edges then, but for fonts of a fixed width, of which it tells too much.
 ///
 /// Draws every window of the program to a PNG file in DIR, or with pictures the main view with each of them, and all of
 /// these on one sheet, pictures.png; or the pictures of the help, for which scripts/help-pictures calls it. The windows stand on services in memory, so that nothing of the user's is read or
 /// written; set QT_SCALE_FACTOR=2 to see them at 200 %.
 
 #include <QApplication>
+#include <QFont>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -26,11 +32,13 @@
 
 #include "app/ContactSheet.h"
 #include "app/FewColours.h"
+#include "app/PaintedTexts.h"
 #include "backends/headless/HeadlessServices.h"
 #include "backends/headless/MemoryIdleStart.h"
 #include "backends/linux/FileSource.h"
 #include "backends/qt/QtProcess.h"
 #include "backends/qt/QtToolkit.h"
+#include "backends/qt/desktop/Look.h"
 #include "backends/qt/help/HelpWindow.h"
 #include "backends/shared/help/HelpBook.h"
 #include "base/RuntimeError.h"
@@ -125,7 +133,8 @@ class NoTarget final : public ShowTarget {
 
 class Gallery {
   public:
-    explicit Gallery(std::filesystem::path folder) : folder_(std::move(folder)) {
+    Gallery(std::filesystem::path folder, bool measuring)
+        : folder_(std::move(folder)), measuring_(measuring) {
         platform_.store.Set("EXEPath", "C:\\Tavrix\\");
         platform_.store.Set("ProgramRun", "1");
         platform_.store.Set("Show Tips at Startup", "0");
@@ -157,6 +166,7 @@ class Gallery {
         DrawStage();
         DrawBoxes();
         DrawHelp();
+        Write(sheet_.Draw(), "every-window");
     }
 
     /// Each picture of the help, of a program of its own.
@@ -177,7 +187,7 @@ class Gallery {
         }
     }
 
-    void DrawPictures(std::span<char*> files) {
+    void DrawPictures(std::span<char* const> files) {
         ContactSheet sheet;
         for (const std::filesystem::path file : files) {
             const Picture picture = LoadedFrom(file);
@@ -541,6 +551,16 @@ class Gallery {
             if (!window->isVisible() || window->windowType() == Qt::Popup) continue;
             lastDrawn_ = window->grab();
             Write(lastDrawn_, name);
+            sheet_.Add(lastDrawn_, QString::fromStdString(name));
+            if (measuring_) Measure(*window, name);
+        }
+    }
+
+    void Measure(QWidget& window, const std::string& name) {
+        for (const PaintedText& text : PaintedTextsOf(window)) {
+            if (text.contrast >= text.least) continue;
+            std::fprintf(stderr, "%s: \"%s\" has a contrast of %.2f\n", name.c_str(),
+                         text.text.toStdString().c_str(), text.contrast);
         }
     }
 
@@ -554,6 +574,8 @@ class Gallery {
     }
 
     std::filesystem::path folder_;
+    bool measuring_;
+    ContactSheet sheet_;
     QPixmap lastDrawn_;
     headless::HeadlessServices platform_;
     qt::QtToolkit toolkit_{[](const std::string& path) { return path; }};
@@ -562,25 +584,69 @@ class Gallery {
     Lives lives_;
 };
 
+/// What is told before the folder.
+struct Options {
+    qt::Look look;
+    bool helpPictures = false;
+    bool contrast = false;
+    std::vector<char*> rest;  ///< the folder, and pictures; empty: the options are none
+};
+
+Options OptionsOf(std::span<char*> arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view word = arguments[i];
+        const std::string value(word.substr(std::min(word.find('=') + 1, word.size())));
+        if (word == "--dark") {
+            options.look.scheme = qt::Look::Scheme::Dark;
+        } else if (word.starts_with("--accent=") && QColor::isValidColor(QString::fromStdString(value))) {
+            options.look.accent = QColor(QString::fromStdString(value));
+        } else if (word.starts_with("--font-scale=") && std::atof(value.c_str()) > 0) {
+            options.look.textScale = std::atof(value.c_str());
+        } else if (word == "--contrast") {
+            options.contrast = true;
+        } else if (word == "--help-pictures") {
+            options.helpPictures = true;
+        } else if (!word.starts_with("--")) {
+            options.rest.assign(arguments.begin() + static_cast<std::ptrdiff_t>(i), arguments.end());
+            return options;
+        } else {
+            return {};
+        }
+    }
+    return options;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::fputs("usage: tavrix-gallery DIR [PICTURE...]\n       tavrix-gallery --help-pictures DIR\n",
-                   stderr);
+    const Options options = OptionsOf(std::span(argv + 1, static_cast<std::size_t>(std::max(argc - 1, 0))));
+    if (options.rest.empty() || (options.helpPictures && options.rest.size() > 1)) {
+        std::fputs(
+            "usage: tavrix-gallery [--dark] [--accent=COLOUR] [--font-scale=FACTOR] [--contrast] DIR "
+            "[PICTURE...]\n"
+            "       tavrix-gallery --help-pictures DIR\n",
+            stderr);
         return 2;
     }
     if (std::getenv("QT_QPA_PLATFORM") == nullptr) ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    const qt::QtProcess windowSystem(argv[0]);
-    const bool helpPictures = argc == 3 && std::string_view(argv[1]) == "--help-pictures";
-    const char* const folder = argv[helpPictures ? 2 : 1];
+    // Whatever the desktop wishes, the pictures are to be the same everywhere.
+    ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    ::unsetenv("XDG_RUNTIME_DIR");
+    qt::QtProcess windowSystem(argv[0]);
+    windowSystem.Follow(options.look);
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * options.look.textScale);
+    if (options.contrast) font.setStyleStrategy(QFont::NoAntialias);
+    QApplication::setFont(font);
+    const char* const folder = options.rest.front();
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    Gallery gallery(folder);
-    if (helpPictures)
+    Gallery gallery(folder, options.contrast);
+    if (options.helpPictures)
         gallery.DrawHelpPictures();
-    else if (argc > 2)
-        gallery.DrawPictures(std::span(argv, static_cast<std::size_t>(argc)).subspan(2));
+    else if (options.rest.size() > 1)
+        gallery.DrawPictures(std::span(options.rest).subspan(1));
     else
         gallery.Draw();
     std::fflush(stdout);

@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "core/HelpContexts.h"
 #include "core/Version.h"
+#include "platform/services/MotionKey.h"
 
 namespace tavrix {
 namespace {
@@ -30,13 +31,17 @@ double Fraction(double number) {
 
 }  // namespace
 
-frmAbout::frmAbout(forms::Application& application, MainModule&) : Form(application, {.name = "frmAbout"}) {
+frmAbout::frmAbout(forms::Application& application, MainModule& module)
+    : Form(application, {.name = "frmAbout"}), module_(module) {
     Caption = "About " + std::string(ProductName);
     HelpContext = HelpContext::About;
     picAbout.Width = PictureWidth;
     picAbout.Height = PictureHeight;
     picAbout.AccessibleName = "A sailing boat on the sea";
-    picAbout.OnClick = [this] { Begin(); };
+    picAbout.OnClick = [this] {
+        asked_ = true;
+        Begin();
+    };
     lblProduct.Caption = std::string(ProductName) + ": pictures, slide shows and screen savers";
     lblVersion.Caption = "Version " + ShortVersion();
     cmdOK.Caption = "&OK";
@@ -54,6 +59,7 @@ frmAbout::frmAbout(forms::Application& application, MainModule&) : Form(applicat
 
 void frmAbout::Form_Load() {
     ShowMoment({Morning, FirstTrip, 0});
+    if (!MayMove()) Rest();
 }
 
 void frmAbout::ShowMoment(const AboutMoment& moment) {
@@ -77,7 +83,18 @@ void frmAbout::Rest() {
     TimerDay.Enabled = false;
 }
 
+bool frmAbout::MayMove() const {
+    if (asked_) return true;
+    const auto moves = module_.platform.registry.Read(MotionKey, MotionName);
+    return !moves || moves->text != "0";
+}
+
 void frmAbout::TimerSea_Timer() {
+    // The desktop tells its wish when it comes to it.
+    if (!MayMove()) {
+        Rest();
+        return;
+    }
     constexpr double secondsOfDay = StepsOfDay * DayPause / 1000.0;
     constexpr double seconds = SeaPause / 1000.0;
     moment_.swell += seconds;

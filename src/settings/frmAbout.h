@@ -10,8 +10,8 @@
 
 namespace tavrix {
 
-/// The about box: the version, below a picture of a boat that sails through a day. After that it rests; a click on it begins
-/// another day.
+/// The about box: the version, below a picture of a boat that sails through a day. After that it rests, or from the
+/// first where the desktop wishes that nothing moves for pleasure; a click on it begins another day.
 class frmAbout final : public forms::Form {
   public:
     frmAbout(forms::Application& application, MainModule& module);
@@ -34,11 +34,14 @@ class frmAbout final : public forms::Form {
     void TimerSea_Timer();
     void TimerDay_Timer();
     void Begin();
+    [[nodiscard]] bool MayMove() const;
     void Rest();
     void Draw();
 
+    MainModule& module_;
     AboutMoment moment_;
-    int steps_ = 0;  ///< of the day that have passed
+    bool asked_ = false;  ///< by a click, for movement
+    int steps_ = 0;       ///< of the day that have passed
 };
 
 }  // namespace tavrix

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <set>
 
+#include "platform/services/MotionKey.h"
 #include "settings/SettingsTest.h"
 
 namespace tavrix::test {
@@ -55,6 +56,31 @@ TEST_F(frmAboutTest, ThePictureMovesForADayAndRests) {
         toolkit.Advance(forms::Milliseconds(1000));
         EXPECT_GT(d.Moment().swell, last.swell);
         EXPECT_EQ(d.picAbout.TimesWiped(), wiped);
+    });
+}
+
+TEST_F(frmAboutTest, NothingMovesUnaskedWhereTheDesktopWishesSo) {
+    platform.registry.Put(MotionKey, MotionName, {1, "0"});
+    Open([this](frmAbout& d) {
+        const AboutMoment first = d.Moment();
+        EXPECT_FALSE(d.picAbout.Image().Empty()) << "the picture is drawn";
+        toolkit.Advance(forms::Milliseconds(60'000));
+        EXPECT_EQ(d.Moment().swell, first.swell);
+        EXPECT_EQ(d.Moment().day, first.day);
+        d.picAbout.Deliver(forms::ClickEvent{});
+        toolkit.Advance(forms::Milliseconds(1000));
+        EXPECT_GT(d.Moment().swell, first.swell) << "a click asks for it";
+    });
+}
+
+TEST_F(frmAboutTest, AWishThatComesLaterIsFollowed) {
+    Open([this](frmAbout& d) {
+        toolkit.Advance(forms::Milliseconds(1000));
+        const AboutMoment before = d.Moment();
+        platform.registry.Put(MotionKey, MotionName, {1, "0"});
+        toolkit.Advance(forms::Milliseconds(60'000));
+        EXPECT_EQ(d.Moment().swell, before.swell);
+        EXPECT_FALSE(d.TimerSea.Enabled || d.TimerDay.Enabled);
     });
 }
 

@@ -8,6 +8,7 @@
 
 #include "backends/qt/QtProcess.h"
 #include "backends/qt/QtToolkit.h"
+#include "backends/qt/desktop/Look.h"
 #include "backends/qt/peers/CanvasWidget.h"
 #include "backends/qt/peers/QtControl.h"
 #include "backends/qt/peers/Scale.h"
@@ -20,14 +21,23 @@ namespace {
 
 constexpr int LargePoints = 16;
 
+/// TAVRIX_TEST_LOOK: light, dark, accent, or dark accent.
+qt::Look LookOfTest() {
+    const QByteArray wished = qgetenv("TAVRIX_TEST_LOOK");
+    qt::Look look;
+    if (wished.contains("dark")) look.scheme = qt::Look::Scheme::Dark;
+    if (wished.contains("accent")) look.accent = QColor(0xF6, 0xD3, 0x2D);
+    return look;
+}
+
 /// One process-wide side of the window system for all tests.
 class ProcessEnvironment final : public testing::Environment {
   public:
     void SetUp() override {
         process_ = std::make_unique<qt::QtProcess>("windows_qt_tests");
-        if (!HasLargeFont()) return;
+        process_->Follow(LookOfTest());
         QFont font = QApplication::font();
-        font.setPointSize(LargePoints);
+        if (HasLargeFont()) font.setPointSize(LargePoints);
         QApplication::setFont(font);
     }
     void TearDown() override { process_.reset(); }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "backends/qt/ProgramIcon.h"
+#include "backends/qt/desktop/DesktopLook.h"
 #include "backends/qt/peers/Accessibility.h"
 #include "backends/qt/peers/Style.h"
 
@@ -28,7 +29,9 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_
     // Whole factors keep a picture's pixel on a pixel of the screen.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
-    QApplication::setStyle(new Style);  // which owns it
+    auto* style = new Style;
+    QApplication::setStyle(style);  // which owns it
+    look_ = std::make_unique<DesktopLook>(*style);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
@@ -38,6 +41,10 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_
 
 QtProcess::~QtProcess() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void QtProcess::Follow(const Look& look) {
+    look_->Follow(look);
 }
 
 }  // namespace tavrix::qt

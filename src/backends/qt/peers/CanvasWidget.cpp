@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "backends/qt/peers/Colours.h"
+#include "backends/qt/peers/Contrast.h"
 #include "backends/qt/peers/Scale.h"
 
 namespace tavrix::qt {
@@ -79,9 +80,7 @@ void CanvasWidget::paintEvent(QPaintEvent* event) {
     PaintPicture(*event);
     if (printed_.isEmpty()) return;
     QPainter painter(this);
-    const int below = qGray(ColourOf(content_->View(0).background).rgb());
-    constexpr int Middle = 128;
-    painter.setPen(below < Middle ? Qt::white : Qt::black);
+    painter.setPen(TextColourOn(ColourOf(content_->View(0).background)));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop, printed_);
 }
 

@@ -5,6 +5,7 @@
 #include <QStyle>
 
 #include "backends/qt/peers/Colours.h"
+#include "backends/qt/peers/Contrast.h"
 #include "backends/qt/peers/FittedText.h"
 #include "backends/qt/peers/Mnemonics.h"
 
@@ -46,15 +47,14 @@ void LabelWidget::paintEvent(QPaintEvent* event) {
 void QtLabel::SetBackColor(std::optional<Colour> colour) {
     LabelWidget& label = Get();
     label.setAutoFillBackground(colour.has_value());
-    if (!colour) {
+    if (!colour || *colour == ButtonFace) {  // which follows the theme
         label.setPalette(QPalette());
         return;
     }
     QPalette palette = label.palette();
     const QColor below = ToQColor(*colour, QApplication::palette());
-    constexpr int Middle = 128;
     palette.setColor(QPalette::Window, below);
-    palette.setColor(QPalette::WindowText, qGray(below.rgb()) < Middle ? Qt::white : Qt::black);
+    palette.setColor(QPalette::WindowText, TextColourOn(below));
     label.setPalette(palette);
 }
 

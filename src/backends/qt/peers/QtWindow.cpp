@@ -302,8 +302,8 @@ void QtWindow::SetTopmost(bool topmost) {
 
 void QtWindow::SetBackColor(Colour colour) {
     QWidget& content = Get().Content();
-    QPalette palette = content.palette();
-    palette.setColor(QPalette::Window, ToQColor(colour, QApplication::palette()));
+    QPalette palette;  // what is not set in it follows the theme
+    if (colour != ButtonFace) palette.setColor(QPalette::Window, ToQColor(colour, palette));
     content.setPalette(palette);
     content.setAutoFillBackground(true);
 }
