@@ -26,17 +26,17 @@ constexpr int Height = 4000;
 constexpr auto Quarter = static_cast<float>(3.14159265359 / 2);
 constexpr float Half = 3.1415927F;
 
-/// Of this thread alone, so that other work on the machine counts as little as can be.
-double ThreadMilliseconds() {
+/// Of the processor, by all threads of this process, so that other work on the machine counts as little as can be.
+double ProcessorMilliseconds() {
     timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
 double Milliseconds(const std::function<void()>& work) {
-    const double start = ThreadMilliseconds();
+    const double start = ProcessorMilliseconds();
     work();
-    return ThreadMilliseconds() - start;
+    return ProcessorMilliseconds() - start;
 }
 
 double Median(std::vector<double> values) {

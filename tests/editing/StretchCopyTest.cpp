@@ -120,6 +120,34 @@ TEST(StretchCopy, BothDirectionsAreIndependent) {
     }
 }
 
+/// Large enough for several threads, each with a band of its rows.
+TEST(StretchCopy, LargePicturesAreAsSmallOnes) {
+    const Surface source = Different(1703, 1301);
+    for (const PixelRect& to : {PixelRect{1703, 0, -1703, 1301},
+                                {0, 1301, 1703, -1301},
+                                {0, 0, 2129, 1626},
+                                {0, 0, 2129, 3903},
+                                {-40, -50, 2200, 1700},
+                                {2129, 1626, -2100, -1600}}) {
+        Surface dest = Background(2129, 1626);
+        StretchCopy(dest, to, source, {0, 0, 1703, 1301});
+        const auto sourceOf = [](int at, int start, int size, int from) {
+            const std::int64_t step = size < 0 ? start - 1 - at : at - start;
+            return step < 0 || step >= std::abs(size) ? std::int64_t{-1} : step * from / std::abs(size);
+        };
+        for (int y = 0; y < dest.Height(); ++y) {
+            const std::int64_t fromY = sourceOf(y, to.top, to.height, 1301);
+            for (int x = 0; x < dest.Width(); ++x) {
+                const std::int64_t fromX = sourceOf(x, to.left, to.width, 1703);
+                const bool copied = fromX >= 0 && fromY >= 0;
+                const Pixel expected =
+                    copied ? source.Row(static_cast<int>(fromY))[static_cast<std::size_t>(fromX)] : Untouched;
+                ASSERT_EQ(dest.Row(y)[static_cast<std::size_t>(x)], expected) << x << " " << y;
+            }
+        }
+    }
+}
+
 TEST(StretchCopyInTwips, RoundsEachArgumentToPixels) {
     const forms::ScreenInfo screen;
     const Surface source = Different(10, 8);

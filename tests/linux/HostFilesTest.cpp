@@ -228,6 +228,21 @@ TEST_F(HostFilesTest, CopiesWhatIsLarge) {
     EXPECT_TRUE(folder.Content("c/copy") == large);
 }
 
+TEST_F(HostFilesTest, AFileThatWasSaidToBeLongerOrShorterHasWhatWasWritten) {
+    const std::string content(3'000'001, 'x');
+    for (const std::uint64_t said : {std::uint64_t{0}, std::uint64_t{1} << 20U, std::uint64_t{3'000'001},
+                                     std::uint64_t{50'000'000}, std::uint64_t{1} << 60U}) {
+        const auto file = files.Create("C:\\said", said);
+        file->Write(std::as_bytes(std::span(content)));
+        file->Close();
+        EXPECT_TRUE(folder.Content("c/said") == content) << said;
+        const auto status = StatusOf("c/said");
+        constexpr std::int64_t Sector = 512;
+        // No room behind its end stays with it.
+        EXPECT_LT(status.st_blocks * Sector, status.st_size + (1 << 20)) << said;
+    }
+}
+
 TEST_F(HostFilesTest, NeverCopiesAFileOntoItself) {
     folder.Put("c/a.bmp", "a");
     std::filesystem::create_symlink("a.bmp", folder.At("c/soft.bmp"));

@@ -115,6 +115,10 @@ class TargetFile {
     /// file, 76 when its folder is missing.
     TargetFile(const std::string& path, Options options);
 
+    /// Takes room on the disk for so many bytes at once, where that makes writing them cheaper. Nothing fails by it: what
+    /// does not fit fails as it is written.
+    void Expect(std::uint64_t bytes);
+
     void Write(std::span<const std::byte> bytes);
     void Write(std::string_view text) { Write(std::as_bytes(std::span(text))); }
     /// Takes over the rest of an open file, and its date. Asks before it and after each piece of 8 MiB; false when it was
@@ -132,6 +136,7 @@ class TargetFile {
     template <class Step>
     void Try(Step&& step);
     void Count(std::uint64_t bytes);
+    void GiveRoomBack();
     [[nodiscard]] bool TakeOver(const FileDescriptor& source, const std::function<bool()>& goOn);
     void CommitBeside();
     void CommitInPlace();
@@ -145,6 +150,7 @@ class TargetFile {
     std::string besideName_;                        ///< of the content, once it has a name
     std::optional<std::array<timespec, 2>> times_;  ///< that the file gets
     std::uint64_t written_ = 0;
+    bool tookRoom_ = false;  ///< perhaps more than was written
     std::optional<RuntimeError> failure_;
     bool done_ = false;
 

@@ -37,7 +37,10 @@ class HostReader final : public FileReader {
 
 class HostWriter final : public FileWriter {
   public:
-    HostWriter(const std::string& path, TargetFile::Options options) : target_(path, options) {}
+    HostWriter(const std::string& path, TargetFile::Options options, std::uint64_t bytes)
+        : target_(path, options) {
+        target_.Expect(bytes);
+    }
 
     void Write(std::span<const std::byte> bytes) override { target_.Write(bytes); }
     void Close() override { target_.Commit(); }
@@ -406,12 +409,12 @@ std::unique_ptr<FileReader> HostFiles::Open(const std::string& path) {
     return std::make_unique<HostReader>(OpenForReading(LocateFile(path).path));
 }
 
-std::unique_ptr<FileWriter> HostFiles::Create(const std::string& path) {
+std::unique_ptr<FileWriter> HostFiles::Create(const std::string& path, std::uint64_t bytes) {
     const HostLocation location = LocateForWriting(path);
     if (!location.exists && !location.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
     if (location.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
     drives_.NoteChange();
-    return std::make_unique<HostWriter>(location.path, OptionsFor(location));
+    return std::make_unique<HostWriter>(location.path, OptionsFor(location), bytes);
 }
 
 bool HostFiles::Same(const std::string& a, const std::string& b) {

@@ -45,7 +45,9 @@ class HostFiles final : public Files {
     std::string ShortPath(const std::string& folder) override;
     std::string Folder(KnownFolder folder) override;
     std::unique_ptr<FileReader> Open(const std::string& path) override;
-    std::unique_ptr<FileWriter> Create(const std::string& path) override;
+    std::unique_ptr<FileWriter> Create(const std::string& path) override { return Create(path, 0); }
+    /// The same for a file that will have so many bytes, as far as is known; it is written faster then.
+    std::unique_ptr<FileWriter> Create(const std::string& path, std::uint64_t bytes);
     bool Same(const std::string& a, const std::string& b) override;
     bool SameEntry(const std::string& a, const std::string& b) override;
     bool HasExactly(const std::string& path) override;

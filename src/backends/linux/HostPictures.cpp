@@ -20,7 +20,7 @@ std::unique_ptr<Animation> HostPictures::OpenAnimation(const std::string& path) 
 }
 
 void HostPictures::SaveBitmap(const Surface& surface, const std::string& path) {
-    const std::unique_ptr<FileWriter> file = files_.Create(path);
+    const std::unique_ptr<FileWriter> file = files_.Create(path, BmpSize(surface));
     WriteBmp(surface, [&file](std::span<const std::byte> bytes) { file->Write(bytes); });
     file->Close();
 }

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
+#include <cstdint>
+#include <cstring>
 
 #include "editing/turning/RotateArms.h"
+#include "imaging/graphics/Bands.h"
 
 namespace tavrix {
 namespace {
@@ -32,22 +34,28 @@ constexpr float Half = 3.1415927F;
 /// only the second kind of error is there.
 constexpr int LastExactRow = 11000;
 
-/// Rows of the loop that are drawn at a time: as wide as the blocks, since two of the arms grow sideways.
-constexpr int BandRows = 128;
-/// The blocks that are transposed: long runs of the destination, and a cache line of each row of the source. Taller
-/// blocks fall over each other in the cache where a row of the source is a power of two long.
-constexpr int BlockWidth = BandRows;
-constexpr int BlockHeight = 16;
+/// What is transposed in one go, in pixels a side. Each row of a block lies on a page of its own, here and there, and so
+/// many pages the processor keeps in mind.
+constexpr int BlockSide = 512;
+/// The strips of a block: as high as a cache line of the source is long.
+constexpr int StripHeight = 16;
+/// How far ahead the source is asked for: each column of a strip is another row of it, which no processor foresees.
+constexpr int Ahead = 48;
+/// The pieces that a strip consists of, as many pixels a side as fit a vector.
+constexpr int Side = 4;
+using Four = Pixel __attribute__((vector_size(Side * sizeof(Pixel))));
 
+/// The part of a destination that a turn by quarters draws: a rectangle, since its loop goes as far on all sides.
 class Copier {
   public:
     Copier(const Surface& source, Surface& dest, const QuarterTurn& turn, int limit,
            const RotateGeometry& geometry)
-        : source_(source), dest_(dest), turn_(turn), limit_(limit), centre_(geometry) {
+        : source_(source), dest_(dest), turn_(turn), centre_(geometry) {
         const Range across{-centre_.sourceCentreX, source.Width() - 1 - centre_.sourceCentreX};
         const Range down{-centre_.sourceCentreY, source.Height() - 1 - centre_.sourceCentreY};
-        const Range columns{-centre_.destCentreX, dest.Width() - 1 - centre_.destCentreX};
-        const Range rows{-centre_.destCentreY, dest.Height() - 1 - centre_.destCentreY};
+        const Range loop{-limit, limit};
+        const Range columns = loop.Within({-centre_.destCentreX, dest.Width() - 1 - centre_.destCentreX});
+        const Range rows = loop.Within({-centre_.destCentreY, dest.Height() - 1 - centre_.destCentreY});
         // The place (x, y) takes (cosine * x - sine * y, sine * x + cosine * y).
         if (turn.sine == 0) {
             columns_ = columns.Within(turn.cosine > 0 ? across : across.Negated());
@@ -58,30 +66,21 @@ class Copier {
         }
     }
 
-    void Draw(const Range& band) {
-        const LoopPart part{band, {0, limit_}};
-        DrawArm<Arm::Right>(part);
-        DrawArm<Arm::Left>(part);
-        DrawArm<Arm::Up>(part);
-        DrawArm<Arm::Down>(part);
+    void Draw() {
+        if (columns_.Empty() || rows_.Empty()) return;
+        const int height = rows_.high - rows_.low + 1;
+        const std::int64_t width = columns_.high - columns_.low + 1;
+        InBands(height, width * height, [&](int first, int end) {
+            const Range rows{rows_.low + first, rows_.low + end - 1};
+            if (turn_.sine == 0) {
+                CopyRows(rows);
+            } else {
+                Transpose(rows);
+            }
+        });
     }
 
   private:
-    template <Arm arm>
-    void DrawArm(const LoopPart& whole) {
-        const LoopPart part = PartInside<arm>(whole, columns_, rows_);
-        if (part.Empty()) return;
-        const auto [x1, y1] = Turned<arm>(part.o.low, part.i.low);
-        const auto [x2, y2] = Turned<arm>(part.o.high, part.i.high);
-        const Range columns{std::min(x1, x2), std::max(x1, x2)};
-        const Range rows{std::min(y1, y2), std::max(y1, y2)};
-        if (turn_.sine == 0) {
-            CopyRows(columns, rows);
-        } else {
-            Transpose(columns, rows);
-        }
-    }
-
     [[nodiscard]] Pixel* Place(int x, int y) {
         return &dest_.Row(centre_.destCentreY + y)[static_cast<std::size_t>(centre_.destCentreX + x)];
     }
@@ -91,45 +90,87 @@ class Copier {
         return &source_.Row(sourceY)[static_cast<std::size_t>(sourceX)];
     }
 
-    void CopyRows(const Range& columns, const Range& rows) {
-        const int width = columns.high - columns.low + 1;
+    void CopyRows(const Range& rows) {
+        const int width = columns_.high - columns_.low + 1;
         for (int y = rows.low; y <= rows.high; ++y) {
             if (turn_.cosine > 0) {
-                std::copy_n(Origin(columns.low, y), width, Place(columns.low, y));
+                std::copy_n(Origin(columns_.low, y), width, Place(columns_.low, y));
             } else {
-                const Pixel* last = Origin(columns.high, y);
-                std::reverse_copy(last, last + width, Place(columns.low, y));
+                const Pixel* last = Origin(columns_.high, y);
+                std::reverse_copy(last, last + width, Place(columns_.low, y));
             }
         }
     }
 
-    void Transpose(const Range& columns, const Range& rows) {
-        for (int y = rows.low; y <= rows.high; y += BlockHeight) {
-            for (int x = columns.low; x <= columns.high; x += BlockWidth) {
-                TransposeBlock({x, std::min(x + BlockWidth - 1, columns.high)},
-                               {y, std::min(y + BlockHeight - 1, rows.high)});
+    void Transpose(const Range& rows) {
+        for (int y = rows.low; y <= rows.high; y += BlockSide) {
+            for (int x = columns_.low; x <= columns_.high; x += BlockSide) {
+                TransposeBlock({x, std::min(x + BlockSide - 1, columns_.high)},
+                               {y, std::min(y + BlockSide - 1, rows.high)});
             }
         }
     }
 
-    /// Along a row of the destination the source goes down or up a column.
     void TransposeBlock(const Range& columns, const Range& rows) {
-        const std::ptrdiff_t step = std::ptrdiff_t{turn_.sine} * source_.Width();
-        const std::ptrdiff_t count = columns.high - columns.low + 1;
+        for (int y = rows.low; y <= rows.high; y += StripHeight)
+            TransposeStrip(columns, {y, std::min(y + StripHeight - 1, rows.high)});
+    }
+
+    void TransposeStrip(const Range& columns, const Range& rows) {
+        for (int x = columns.low; x <= columns.high; x += Side) {
+            for (int ahead = x + Ahead; ahead < x + Ahead + Side && ahead <= columns.high; ++ahead) {
+                __builtin_prefetch(Origin(ahead, rows.low));
+                __builtin_prefetch(Origin(ahead, rows.high));
+            }
+            for (int y = rows.low; y <= rows.high; y += Side) {
+                if (y + Side - 1 <= rows.high && x + Side - 1 <= columns.high) {
+                    TransposePiece(x, y);
+                } else {
+                    CopyPiece({x, std::min(x + Side - 1, columns.high)},
+                              {y, std::min(y + Side - 1, rows.high)});
+                }
+            }
+        }
+    }
+
+    /// A whole piece at this place: a column of it is a part of a row of the source.
+    void TransposePiece(int x, int y) {
+        // Down the destination the source goes to the left or to the right.
+        const int leftmost = turn_.sine > 0 ? y + Side - 1 : y;
+        const auto column = [&](int k) {
+            Four pixels;
+            std::memcpy(&pixels, Origin(x + k, leftmost), sizeof pixels);
+            return pixels;
+        };
+        const auto row = [&](int k, const Four& pixels) {
+            std::memcpy(Place(x, turn_.sine > 0 ? y + Side - 1 - k : y + k), &pixels, sizeof pixels);
+        };
+        const Four a = column(0);
+        const Four b = column(1);
+        const Four c = column(2);
+        const Four d = column(3);
+        const Four abLow = __builtin_shufflevector(a, b, 0, 4, 1, 5);
+        const Four cdLow = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+        const Four abHigh = __builtin_shufflevector(a, b, 2, 6, 3, 7);
+        const Four cdHigh = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+        row(0, __builtin_shufflevector(abLow, cdLow, 0, 1, 4, 5));
+        row(1, __builtin_shufflevector(abLow, cdLow, 2, 3, 6, 7));
+        row(2, __builtin_shufflevector(abHigh, cdHigh, 0, 1, 4, 5));
+        row(3, __builtin_shufflevector(abHigh, cdHigh, 2, 3, 6, 7));
+    }
+
+    void CopyPiece(const Range& columns, const Range& rows) {
         for (int y = rows.low; y <= rows.high; ++y) {
-            Pixel* to = Place(columns.low, y);
-            const Pixel* from = Origin(columns.low, y);
-            for (std::ptrdiff_t k = 0; k < count; ++k)
-                to[k] = from[k * step];
+            for (int x = columns.low; x <= columns.high; ++x)
+                *Place(x, y) = *Origin(x, y);
         }
     }
 
     const Surface& source_;
     Surface& dest_;
     QuarterTurn turn_;
-    int limit_;
     RotateGeometry centre_;
-    /// Where the destination and the source both have a pixel, from the centre of the destination.
+    /// Where the loop comes and the source has a pixel, from the centre of the destination.
     Range columns_;
     Range rows_;
 };
@@ -146,14 +187,10 @@ std::optional<QuarterTurn> QuarterTurnOf(float angle, int limit) {
 
 void RotateByQuarters(const Surface& source, Surface& dest, const QuarterTurn& turn, int limit,
                       const RotateGeometry& geometry, const std::function<void(int row)>& afterRow) {
-    // A place on an axis lies in two arms, but both take the same pixel, so the order does not matter.
-    Copier copier(source, dest, turn, limit, geometry);
-    for (int row = 0; row <= limit; row += BandRows) {
-        const Range band{row, std::min(row + BandRows - 1, limit)};
-        copier.Draw(band);
-        for (int o = band.low; o <= band.high; ++o)
-            afterRow(o);
-    }
+    // The order of the loop makes no difference: no place of it takes two pixels.
+    Copier(source, dest, turn, limit, geometry).Draw();
+    for (int row = 0; row <= limit; ++row)
+        afterRow(row);
 }
 
 }  // namespace tavrix

@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "imaging/graphics/Bands.h"
+
 namespace tavrix {
 namespace {
 
@@ -88,16 +90,19 @@ void StretchCopy(Surface& dest, const PixelRect& to, const Surface& source, cons
                                    static_cast<std::size_t>(width));
     };
     const RowCopy copy(columns);
-    std::int64_t last = -1;
-    for (int y = rows.First(); y < rows.End(); ++y) {
-        const std::int64_t row = rows.SourceOf(y);
-        if (row == last) {
-            std::ranges::copy(written(y - 1), written(y).begin());
-        } else {
-            copy.Fill(written(y), source.Row(static_cast<int>(row)));
+    const int height = rows.End() - rows.First();
+    InBands(height, std::int64_t{width} * height, [&](int first, int end) {
+        std::int64_t last = -1;
+        for (int y = rows.First() + first; y < rows.First() + end; ++y) {
+            const std::int64_t row = rows.SourceOf(y);
+            if (row == last) {
+                std::ranges::copy(written(y - 1), written(y).begin());
+            } else {
+                copy.Fill(written(y), source.Row(static_cast<int>(row)));
+            }
+            last = row;
         }
-        last = row;
-    }
+    });
 }
 
 }  // namespace tavrix

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "base/RuntimeError.h"
+#include "imaging/graphics/Bands.h"
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -53,7 +54,11 @@ Surface Surface::Clone() const {
 }
 
 void Surface::Fill(Pixel pixel) {
-    std::ranges::fill(Pixels(), pixel);
+    // Most of it is the system's work: the pages of a new surface.
+    InBands(height_, static_cast<std::int64_t>(Count()), [&](int first, int end) {
+        for (int y = first; y < end; ++y)
+            std::ranges::fill(Row(y), pixel);
+    });
 }
 
 }  // namespace tavrix
