@@ -30,6 +30,15 @@ class LookTest(ProgramTest):
         _, window, _ = self.open(700, 600)
         wait_until(lambda: self.ground(window) < 80, lambda: f"dark colours; {self.ground(window)}")
 
+    def test_changes_are_followed(self):
+        portal = self.with_portal(scheme(_DARK))
+        _, window, _ = self.open(700, 600)
+        wait_until(lambda: self.ground(window) < 80, lambda: f"dark colours; {self.ground(window)}")
+        portal.change(APPEARANCE, "color-scheme", GLib.Variant("u", _ANY))
+        wait_until(lambda: self.ground(window) > 180, lambda: f"light colours; {self.ground(window)}")
+        portal.change(APPEARANCE, "color-scheme", GLib.Variant("u", _DARK))
+        wait_until(lambda: self.ground(window) < 80, lambda: f"dark colours again; {self.ground(window)}")
+
     def test_without_a_wish_colours_are_light(self):
         portal = self.with_portal(scheme(_ANY))
         _, window, _ = self.open(700, 600)

@@ -39,6 +39,8 @@ void DesktopLook::Ask() {
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
+    // A slot is found by the names of its types, and this one has none before its first use.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
     bus.connect(Service, Path, Interface, QStringLiteral("SettingChanged"), this,
                 SLOT(OnSettingChanged(QString, QString, QDBusVariant)));
     QDBusMessage ask = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("ReadAll"));
