@@ -1,5 +1,6 @@
 #include "app/PaintedTexts.h"
 
+#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QCheckBox>
@@ -183,8 +184,9 @@ std::vector<PaintedOutline> PaintedOutlinesOf(QWidget& window) {
     std::vector<PaintedOutline> outlines;
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
         const QRect part = OutlinedPartOf(*widget);
-        if (part.isEmpty() || !widget->isEnabled() || !widget->isVisibleTo(&window) || widget->hasFocus())
-            continue;
+        // What has the focus has another outline, but for boxes and options, whose texts tell it.
+        const bool marked = widget->hasFocus() && qobject_cast<const QAbstractButton*>(widget) == nullptr;
+        if (part.isEmpty() || !widget->isEnabled() || !widget->isVisibleTo(&window) || marked) continue;
         const QRect place = part.translated(widget->mapTo(&window, QPoint()));
         constexpr int Around = 2;
         constexpr int Band = 4;  // some begin a little within their places

@@ -469,10 +469,14 @@ class SmallScreenTest(EditorProgramTest):
         self.expect_inside(window)
         controls = [*editor.all("push button"), *editor.all("list"), *editor.all("combo box")]
         self.assertGreater(len(controls), 18)
-        for control in controls:
+
+        def is_inside(control):  # once the window manager's frame is around it all
+            window = program.window(_TITLE)
             x, y, width, height = control.extents
-            self.assertTrue(window.x <= x and x + width <= window.x + window.width and
-                            window.y <= y and y + height <= window.y + window.height, control)
+            return (window.x <= x and x + width <= window.x + window.width and
+                    window.y <= y and y + height <= window.y + window.height)
+        for control in controls:
+            wait_until(lambda control=control: is_inside(control), f"{control} inside")
         self.make_show(program, editor)
         self.look_at(program, "Slide Show Options", "Alt+o")
         self.screen.click(*self.row(editor, _VIEW_LIST, "a"))

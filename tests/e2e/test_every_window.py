@@ -37,6 +37,7 @@ REST = [
     (("Alt+s", "f"), "Find Slide Show(s)", "Finding slide shows"),
     (("Alt+s", "r"), "Rename Slide Show", "Renaming a slide show"),
     (("Alt+s", "d"), "Delete Slide Show", "Deleting a slide show"),
+    (("Alt+s", "p", "s"), "Tavrix - [Package Slide Show]", "Packing a slide show"),
     (("Alt+s", "p", "d"), "Tavrix - [Delete Package]", "Deleting a package"),
     (("Alt+o", "p"), "Preferences", "Preferences"),
     (("Alt+o", "a"), "Advanced Settings", "Advanced settings"),

@@ -3,7 +3,6 @@
 import os
 import shutil
 import unittest
-import unittest.mock
 
 from driver import drive_path, recent_caption, wait_until
 from driver.program import PROGRAM
@@ -134,8 +133,7 @@ class HelpTest(HelpWindow, ProgramTest):
 
     def start_copy(self, executable, **options):
         """Starts another executable as the program."""
-        with unittest.mock.patch("driver.program.PROGRAM", executable):
-            return self.start(**options)
+        return self.start(program=executable, **options)
 
     # Image information
 

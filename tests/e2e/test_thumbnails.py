@@ -6,6 +6,7 @@ import unittest
 
 from PIL import Image
 from driver import drive_path, wait_until
+from driver.accessibility import Gone
 from driver.drop import DropSource
 from driver.waiting import wait_unchanged
 from support import ProgramTest
@@ -62,6 +63,22 @@ class ThumbnailsTest(ProgramTest):
         x, y, width, height = graphic.extents
         return len(self.screen.grab(x, y, width, height).convert("RGB").getcolors(1 << 24))
 
+    def is_seen(self, browser, index):
+        try:
+            return self.colours(self.thumbnails(browser)[index]) > 1
+        except (Gone, IndexError):  # the page is just made
+            return False
+
+    def click_row(self, dialog, name):
+        """Whether there is such a row; the list may be filled just now."""
+        try:
+            row = next((r for r in dialog.find("list", "Select Files:").children() if r.name == name), None)
+            if row:
+                self.click(row)
+            return row is not None
+        except Gone:
+            return False
+
     def point_at(self, graphic):
         x, y, width, height = graphic.extents
         self.screen.move_pointer(x + width // 2 - 1, y + height // 2)
@@ -76,8 +93,9 @@ class ThumbnailsTest(ProgramTest):
         program, browser = self.browse()
         seen = 0
         for first, last in ((1, 9), (10, 18), (19, 27), (28, 36), (37, 40)):
-            for graphic in self.wait_page(browser, first, last):
-                wait_until(lambda graphic=graphic: self.colours(graphic) > 1, f"something of {graphic.name}")
+            self.wait_page(browser, first, last)
+            for index, name in enumerate(self.names[first - 1:last]):
+                wait_until(lambda index=index: self.is_seen(browser, index), f"something of {name}")
                 seen += 1
             self.screen.press("Alt+n")
         self.assertEqual(seen, FILES)
@@ -151,9 +169,7 @@ class ThumbnailsTest(ProgramTest):
         program.menu_entry("File", "Thumbnails", "Select Files").act()
         dialog = self.dialog(program, FILES_DIALOG)
         for name in (self.names[4], self.names[1]):
-            row = wait_until(lambda name=name: next(
-                (r for r in dialog.find("list", "Select Files:").children() if r.name == name), None), name)
-            self.click(row)
+            wait_until(lambda name=name: self.click_row(dialog, name), name)
         self.screen.press("Alt+o")
         browser = self.browser(program)
         wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"two; there are {self.labels(browser)}")

@@ -52,8 +52,13 @@ QColor OutlineOf(const QPalette& palette) {
     return ReadableOn(palette.color(QPalette::Base), ReadableOn(window, window, Least), Least);
 }
 
+bool IsUsable(const QStyleOption& option) {
+    return option.state.testFlag(QStyle::State_Enabled);
+}
+
+/// The toolkit's own outline tells what has the focus, but for boxes and options.
 bool IsPlainlyUsable(const QStyleOption& option) {
-    return option.state.testFlag(QStyle::State_Enabled) && !option.state.testFlag(QStyle::State_HasFocus);
+    return IsUsable(option) && !option.state.testFlag(QStyle::State_HasFocus);
 }
 
 /// The line of one pixel within a place, which is a circle or has its corners cut.
@@ -109,12 +114,12 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (!IsPlainlyUsable(*option) || !IsToolkitsOwn(*baseStyle())) return;
+    if (!IsUsable(*option) || !IsToolkitsOwn(*baseStyle())) return;
     if (element == PE_IndicatorRadioButton) {
         DrawOutline(*painter, option->rect.adjusted(1, 1, -1, -1), OutlineOf(option->palette), true);
     } else if (element == PE_IndicatorCheckBox) {
         DrawOutline(*painter, option->rect.adjusted(1, 1, -1, -1), OutlineOf(option->palette), false);
-    } else if (element == PE_FrameLineEdit || element == PE_Frame) {
+    } else if ((element == PE_FrameLineEdit || element == PE_Frame) && IsPlainlyUsable(*option)) {
         DrawOutline(*painter, option->rect, OutlineOf(option->palette), false);
     }
 }
