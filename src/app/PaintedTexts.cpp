@@ -1,6 +1,5 @@
 #include "app/PaintedTexts.h"
 
-#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QCheckBox>
@@ -184,8 +183,10 @@ std::vector<PaintedOutline> PaintedOutlinesOf(QWidget& window) {
     std::vector<PaintedOutline> outlines;
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
         const QRect part = OutlinedPartOf(*widget);
-        // What has the focus has another outline, but for boxes and options, whose texts tell it.
-        const bool marked = widget->hasFocus() && qobject_cast<const QAbstractButton*>(widget) == nullptr;
+        // Fields that have the focus have the toolkit's outline for that.
+        const bool field = qobject_cast<const QLineEdit*>(widget) != nullptr ||
+                           qobject_cast<const QComboBox*>(widget) != nullptr;
+        const bool marked = widget->hasFocus() && field;
         if (part.isEmpty() || !widget->isEnabled() || !widget->isVisibleTo(&window) || marked) continue;
         const QRect place = part.translated(widget->mapTo(&window, QPoint()));
         constexpr int Around = 2;

@@ -56,7 +56,7 @@ bool IsUsable(const QStyleOption& option) {
     return option.state.testFlag(QStyle::State_Enabled);
 }
 
-/// The toolkit's own outline tells what has the focus, but for boxes and options.
+/// Fields have the toolkit's own outline while they have the focus; lists, boxes and options have none.
 bool IsPlainlyUsable(const QStyleOption& option) {
     return IsUsable(option) && !option.state.testFlag(QStyle::State_HasFocus);
 }
@@ -119,7 +119,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         DrawOutline(*painter, option->rect.adjusted(1, 1, -1, -1), OutlineOf(option->palette), true);
     } else if (element == PE_IndicatorCheckBox) {
         DrawOutline(*painter, option->rect.adjusted(1, 1, -1, -1), OutlineOf(option->palette), false);
-    } else if ((element == PE_FrameLineEdit || element == PE_Frame) && IsPlainlyUsable(*option)) {
+    } else if (element == PE_Frame || (element == PE_FrameLineEdit && IsPlainlyUsable(*option))) {
         DrawOutline(*painter, option->rect, OutlineOf(option->palette), false);
     }
 }
