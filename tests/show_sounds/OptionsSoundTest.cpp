@@ -113,7 +113,7 @@ TEST_F(OptionsSoundTest, AWaveStopsWithItsDialog) {
     ASSERT_TRUE(ComesToPlay(10'000));
     EXPECT_EQ(OpenSounds(), 1);
     Press(dialog.CmdCancel);
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<BrowseWavFrm>(), nullptr);
     ExpectSilence();
 }
 
@@ -141,7 +141,7 @@ TEST_F(OptionsSoundTest, ATrackOfADiscIsHeardUntilTheDialogCloses) {
     ASSERT_TRUE(ComesToPlay(20'000));
     EXPECT_TRUE(first.starts_with(Played().substr(0, 20'000)));
     Press(dialog.CmdCancel);
-    EXPECT_TRUE(dialog.Unloaded());
+    EXPECT_EQ(app.Loaded<BrowseWavFrm>(), nullptr);
     ExpectSilence();
 }
 

@@ -27,6 +27,11 @@ void Collect(const MemoryNode& node, const std::string& path, std::map<std::stri
     }
 }
 
+void Empty(MemoryNode& folder) {
+    for (const auto& [name, child] : std::exchange(folder.children, {}))
+        Empty(*child);
+}
+
 /// The child of that name: the exact spelling first, then the first in list order.
 std::map<std::string, std::shared_ptr<MemoryNode>>::const_iterator FindChild(const MemoryNode& folder,
                                                                              const std::string& name) {
@@ -41,6 +46,10 @@ std::map<std::string, std::shared_ptr<MemoryNode>>::const_iterator FindChild(con
 }
 
 }  // namespace
+
+MemoryDisk::~MemoryDisk() {
+    Empty(*root);
+}
 
 std::int64_t MemoryDisk::FreeBytes() const {
     const std::int64_t used = BytesIn(*root);

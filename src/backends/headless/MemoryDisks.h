@@ -28,6 +28,12 @@ struct MemoryNode {
 };
 
 struct MemoryDisk {
+    MemoryDisk() = default;
+    /// Empties its folders: a link may lead to one above it, and then they hold each other.
+    ~MemoryDisk();
+    MemoryDisk(const MemoryDisk&) = delete;
+    MemoryDisk& operator=(const MemoryDisk&) = delete;
+
     std::shared_ptr<MemoryNode> root = std::make_shared<MemoryNode>(MemoryNode{.folder = true});
     std::int64_t capacity = std::numeric_limits<std::int64_t>::max();  ///< bytes of content that it takes
     bool writeProtected = false;
