@@ -13,17 +13,19 @@ if(TAVRIX_ASSERTIONS)
     target_compile_definitions(tavrix_warnings INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
-# The same with the sanitizers.
-add_library(tavrix_options INTERFACE)
-target_link_libraries(tavrix_options INTERFACE tavrix_warnings)
+add_library(tavrix_sanitizers INTERFACE)
 if(TAVRIX_SANITIZE)
-    target_compile_options(tavrix_options INTERFACE -fsanitize=${TAVRIX_SANITIZE} -fno-sanitize-recover=all
-                                                    -fno-omit-frame-pointer)
-    target_link_options(tavrix_options INTERFACE -fsanitize=${TAVRIX_SANITIZE})
+    target_compile_options(tavrix_sanitizers INTERFACE -fsanitize=${TAVRIX_SANITIZE} -fno-sanitize-recover=all
+                                                       -fno-omit-frame-pointer)
+    target_link_options(tavrix_sanitizers INTERFACE -fsanitize=${TAVRIX_SANITIZE})
 endif()
 if(TAVRIX_FUZZ)
-    target_compile_options(tavrix_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_compile_options(tavrix_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# Both: for what the program consists of.
+add_library(tavrix_options INTERFACE)
+target_link_libraries(tavrix_options INTERFACE tavrix_warnings tavrix_sanitizers)
 
 # tavrix_module(NAME FOLDER [DEPENDS module...] [LIBRARIES library...] [EXCLUDE file...])
 #   NAME    target name without the prefix, e.g. core for tavrix_core
