@@ -1,4 +1,4 @@
-#include "backends/idle/BusQuestions.h"
+#include "backends/qt/idle/BusQuestions.h"
 
 #include <algorithm>
 

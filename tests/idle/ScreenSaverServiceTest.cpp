@@ -1,4 +1,4 @@
-#include "backends/idle/ScreenSaverService.h"
+#include "backends/qt/idle/ScreenSaverService.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCall>

@@ -12,13 +12,13 @@
 #include <optional>
 #include <string>
 
-#include "backends/idle/DesktopSession.h"
-#include "backends/idle/IdleStarter.h"
-#include "backends/idle/SessionLock.h"
 #include "backends/linux/HostFile.h"
 #include "backends/linux/HostIdleStart.h"
 #include "backends/linux/HostUserStore.h"
 #include "backends/linux/Neighbour.h"
+#include "backends/qt/idle/DesktopSession.h"
+#include "backends/qt/idle/IdleStarter.h"
+#include "backends/qt/idle/SessionLock.h"
 #include "base/RuntimeError.h"
 
 namespace tavrix::idle {

@@ -1,4 +1,4 @@
-#include "backends/idle/SessionLock.h"
+#include "backends/qt/idle/SessionLock.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,4 +1,4 @@
-#include "backends/idle/XIdleTime.h"
+#include "backends/qt/idle/XIdleTime.h"
 
 #include <X11/extensions/scrnsaver.h>
 #include <xcb/xcb.h>

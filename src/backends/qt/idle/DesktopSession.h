@@ -4,10 +4,10 @@
 #include <functional>
 #include <string>
 
-#include "backends/idle/BusQuestions.h"
-#include "backends/idle/IdleStarter.h"
-#include "backends/idle/ScreenSaverService.h"
-#include "backends/idle/XIdleTime.h"
+#include "backends/qt/idle/BusQuestions.h"
+#include "backends/qt/idle/IdleStarter.h"
+#include "backends/qt/idle/ScreenSaverService.h"
+#include "backends/qt/idle/XIdleTime.h"
 
 namespace tavrix::idle {
 

@@ -1,4 +1,4 @@
-#include "backends/idle/DesktopSession.h"
+#include "backends/qt/idle/DesktopSession.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "backends/idle/IdleStarter.h"
 #include "backends/linux/LateLibrary.h"
+#include "backends/qt/idle/IdleStarter.h"
 
 struct _XDisplay;
 

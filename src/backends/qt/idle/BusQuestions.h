@@ -3,7 +3,7 @@
 #include <QDBusConnection>
 #include <optional>
 
-#include "backends/idle/IdleStarter.h"
+#include "backends/qt/idle/IdleStarter.h"
 
 namespace tavrix::idle {
 

@@ -1,4 +1,4 @@
-#include "backends/idle/IdleStarter.h"
+#include "backends/qt/idle/IdleStarter.h"
 
 #include <algorithm>
 
