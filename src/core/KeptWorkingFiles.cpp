@@ -1,39 +1,27 @@
 #include "core/KeptWorkingFiles.h"
 
 #include <algorithm>
-#include <sstream>
-#include <vector>
+
+#include "core/PutAside.h"
 
 namespace tavrix {
-namespace {
-
-std::vector<std::string> PathsOf(const MainModule& module) {
-    std::vector<std::string> paths;
-    std::istringstream lines(module.KeptWorkingFile);
-    for (std::string path; std::getline(lines, path);)
-        paths.push_back(path);
-    return paths;
-}
-
-}  // namespace
 
 void KeepWorkingFile(MainModule& module, const std::string& path) {
-    if (IsKeptWorkingFile(module, path)) return;
-    if (!module.KeptWorkingFile.empty()) module.KeptWorkingFile += '\n';
-    module.KeptWorkingFile += path;
+    if (!IsKeptWorkingFile(module, path)) module.KeptWorkingFiles.push_back(path);
 }
 
 bool IsKeptWorkingFile(const MainModule& module, const std::string& path) {
-    const std::vector<std::string> paths = PathsOf(module);
-    return std::ranges::find(paths, path) != paths.end();
+    return std::ranges::find(module.KeptWorkingFiles, path) != module.KeptWorkingFiles.end();
 }
 
 void ForgetWorkingFile(MainModule& module, const std::string& path) {
-    std::vector<std::string> paths = PathsOf(module);
-    std::erase(paths, path);
-    module.KeptWorkingFile.clear();
-    for (const std::string& kept : paths)
-        KeepWorkingFile(module, kept);
+    std::erase(module.KeptWorkingFiles, path);
+}
+
+void GiveWayToEdit(MainModule& module, const std::string& path) {
+    if (!IsKeptWorkingFile(module, path)) return;
+    if (IsThere(module.platform.files, path)) PutAside(module, path);
+    ForgetWorkingFile(module, path);
 }
 
 }  // namespace tavrix

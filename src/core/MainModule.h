@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "core/AppConfig.h"
 #include "core/Random.h"
@@ -27,9 +28,8 @@ struct MainModule {
     std::string AppPath;       ///< the program's folder, with a backslash at the end
     std::string CommandText;   ///< the command line as the start leaves it
     std::string CurrentImage;  ///< the path of the image on show; empty for none
-    /// The working file that alone holds an edit, since its export failed without a word. It stays at the exit, unless
-    /// it is the image on show again, which is asked about. Empty for none.
-    std::string KeptWorkingFile;
+    /// The working files that alone hold an edit which nobody was asked about, see core/KeptWorkingFiles.h.
+    std::vector<std::string> KeptWorkingFiles;
     /// The start left the image of the last time unseen and none has been opened since: the settings keep it.
     bool LastOpenedStays = false;
     bool ScreenSaverMode = false;

@@ -443,7 +443,7 @@ TEST_F(SettingsSaveTest, AWorkingFileThatHoldsAnEditThatWasNotExportedStays) {
         for (const char* other : {"C:\\Temp\\Untitled.BMP", "C:\\Tavrix\\Untitled.BMP"})
             platform.disks.PutFile(other, "x");
         module.CurrentImage = "C:\\p\\x.JPG";
-        module.KeptWorkingFile = file;
+        module.KeptWorkingFiles = {file};
         SaveAllSettings(module, Placement);
         EXPECT_EQ(platform.disks.Exists("C:\\Temp\\Untitled.BMP"),
                   file == std::string("C:\\Temp\\Untitled.BMP"));
@@ -451,9 +451,9 @@ TEST_F(SettingsSaveTest, AWorkingFileThatHoldsAnEditThatWasNotExportedStays) {
                   file != std::string("C:\\Temp\\Untitled.BMP"));
     }
     // On show again, it has been asked about.
-    module.CurrentImage = module.KeptWorkingFile;
+    module.CurrentImage = module.KeptWorkingFiles.front();
     SaveAllSettings(module, Placement);
-    EXPECT_FALSE(platform.disks.Exists(module.KeptWorkingFile));
+    EXPECT_FALSE(platform.disks.Exists(module.CurrentImage));
 }
 
 TEST_F(SettingsSaveTest, WithDeleteUntitledOffTheWorkingFileStays) {

@@ -350,6 +350,31 @@ TEST_F(FailedExport, DoesNotMatterOnceTheNextEditIsSaved) {
     EXPECT_FALSE(StaysAtExit());
 }
 
+TEST_F(FailedExport, LeavesTheEditInTheTrashWhereAnotherTakesItsPlace) {
+    StartWithAFailedExport();
+    View().Deliver(forms::DropEvent{{Gif}});
+    EXPECT_FALSE(Choose(View().menu.mnuFlipHorizontal));
+    ASSERT_EQ(platform.shell.trash.size(), 1U);
+    EXPECT_EQ(platform.shell.trash.front(), (headless::RecordingShell::Trashed{Working, edit}));
+    ExpectCurrent(Working);
+    EXPECT_NE(Content(Working), edit);
+    // Of this one the user is asked.
+    EXPECT_FALSE(Choose(View().menu.mnuFlipHorizontal));
+    EXPECT_EQ(platform.shell.trash.size(), 1U);
+}
+
+TEST_F(FailedExport, StopsAnEditThatWouldReplaceItWhereNothingTakesIt) {
+    StartWithAFailedExport();
+    View().Deliver(forms::DropEvent{{Gif}});
+    platform.shell.trashRefusal = ErrorNumber::PermissionDenied;
+    platform.faults.FailAlways(Service::Files, "Copy", ErrorNumber::DiskFull);
+    ExpectStop("Unable to write edited image to a temporary file.\r\n\r\nDisk full...");
+    EXPECT_FALSE(Choose(View().menu.mnuFlipHorizontal));
+    EXPECT_EQ(Content(Working), edit);
+    platform.faults.Clear();
+    EXPECT_TRUE(StaysAtExit());
+}
+
 TEST_F(FailedExport, OfAFileOfTheUsersKeepsNoWorkingFile) {
     ASSERT_TRUE(Start(Gif));
     platform.disks.PutFile(Working, "of another time");

@@ -123,7 +123,7 @@ TEST_F(StagingKillTest, AfterAKillAtAnyMomentTheNextStartHasTheEditAgain) {
         ExpectEdit("after kill " + std::to_string(kill));
         // The exit of that start leaves what nobody was asked about.
         if (wasAside && !both) {
-            ASSERT_EQ(next.module.KeptWorkingFile, "C:\\Temp\\Untitled.BMP");
+            ASSERT_EQ(next.module.KeptWorkingFiles, std::vector<std::string>{"C:\\Temp\\Untitled.BMP"});
         }
         if (testing::Test::HasFatalFailure()) return;
     }

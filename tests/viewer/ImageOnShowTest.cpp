@@ -208,7 +208,7 @@ TEST_F(ImageOnShowTest, AFileThatWasNotTheImageIsSoOnceItIsRenamed) {
     ExpectTitle("C:\\p\\new.bmp");
     EXPECT_EQ(Recent(), (Paths{"C:\\p\\new.bmp", From, "C:\\p\\1.bmp", "C:\\p\\3.bmp"}));
     ExpectPictureLeftAlone();
-    EXPECT_EQ(module.KeptWorkingFile, "");
+    EXPECT_TRUE(module.KeptWorkingFiles.empty());
 }
 
 TEST_F(ImageOnShowTest, AnEditThatARenamedFileLeavesBehindOutlivesTheProgram) {
@@ -231,7 +231,7 @@ TEST_F(ImageOnShowTest, AnEditThatIsMovedAwayOutlivesTheProgram) {
     View().imageOnShow.Become(Working);
     MoveFile(Working, "C:\\q\\Untitled.BMP");
     View().imageOnShow.Renamed(Working, "C:\\q\\Untitled.BMP");
-    EXPECT_EQ(module.KeptWorkingFile, "");
+    EXPECT_TRUE(module.KeptWorkingFiles.empty());
     EXPECT_TRUE(Close());
     EXPECT_TRUE(platform.disks.Exists("C:\\q\\Untitled.BMP"));
 }

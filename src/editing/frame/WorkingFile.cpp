@@ -28,8 +28,8 @@ void WriteMainImage(MainViewFrm& view) {
 
 void WriteMainImageTo(MainViewFrm& view, const std::string& workingFile) {
     MainModule& module = view.Module();
+    GiveWayToEdit(module, workingFile);
     WriteSurface(module, view.MainImage, workingFile);
-    ForgetWorkingFile(module, workingFile);
 }
 
 bool WriteWorkingFile(MainViewFrm& view, const std::string& failure) {

@@ -5,7 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "platform/services/DrivePath.h"
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 
 namespace tavrix {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "core/FailureText.h"
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 #include "shows/files/ShowFileWriter.h"
 
 namespace tavrix {

@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "platform/services/DrivePath.h"
 #include "shows/SlideEditor.h"
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 #include "shows/files/ReadShowFile.h"
 
 namespace tavrix {

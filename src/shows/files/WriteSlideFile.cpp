@@ -13,7 +13,7 @@
 #include "shows/Breather.h"
 #include "shows/SlideEditor.h"
 #include "shows/files/CopyNames.h"
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 #include "shows/files/SavePlan.h"
 #include "shows/files/ShowBackup.h"
 #include "shows/files/ShowFileWriter.h"

@@ -11,7 +11,7 @@
 #include "core/RecentLists.h"
 #include "core/ShowFolder.h"
 #include "shows/files/CopyNames.h"
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 #include "shows/files/SavePlan.h"
 #include "shows/files/ShowBackup.h"
 #include "shows/files/ShowFileWriter.h"

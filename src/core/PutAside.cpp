@@ -1,4 +1,4 @@
-#include "shows/files/PutAside.h"
+#include "core/PutAside.h"
 
 #include <algorithm>
 #include <cstddef>
