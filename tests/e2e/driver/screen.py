@@ -18,6 +18,8 @@ from .waiting import wait_until
 _HOLD = 20  # milliseconds before each event of the keyboard and the pointer; nobody is quicker
 _MODIFIERS = {"Ctrl": "Control_L", "Shift": "Shift_L", "Alt": "Alt_L"}
 
+USUAL_MANAGER = os.environ.get("TAVRIX_WINDOW_MANAGER", "openbox")  # for whoever does not care which
+
 # A window manager without surprises: no animation, no shortcuts, windows where they ask to be.
 _OPENBOX = """<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -60,7 +62,7 @@ class Screen:
     and stacks windows by rules of its own. Its `environment` leads programs to it. `repeat`: after how many milliseconds a
     held key repeats, and how often."""
 
-    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager="openbox", rules="",
+    def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager=USUAL_MANAGER, rules="",
                  depth=24, repeat=None):
         self.folder = folder
         self._children = children
