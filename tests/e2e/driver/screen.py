@@ -206,7 +206,8 @@ class Screen:
     def _property(self, window, name):
         """A property's bytes or numbers; None when it is not there."""
         try:
-            value = window.get_full_property(self._x.get_atom(name), X.AnyPropertyType)
+            # In one request: the property may become shorter before another one asks for its rest.
+            value = window.get_full_property(self._x.get_atom(name), X.AnyPropertyType, sizehint=1 << 16)
         except (error.BadWindow, error.BadDrawable):
             return None
         if value is None:
