@@ -3,10 +3,10 @@
 #include <array>
 #include <utility>
 
+#include "browsing/ThumbnailList.h"
 #include "browsing/frmThumbnail.h"
 #include "filing/moving/frmCopyImages.h"
 #include "lists/frmQuickFolders.h"
-#include "program/WireProgram.h"
 #include "settings/AboutPicture.h"
 #include "shows/editor/SlideLoadFrm.h"
 #include "shows/stage/FullViewFrm.h"
@@ -89,10 +89,11 @@ forms::Form& Editing(Scenery& scenery) {
 
 forms::Form& Thumbnails(Scenery& scenery) {
     MainViewFrm& view = scenery.Start();
-    scenery.thumbnails = {{}, Folder, false};
+    auto& list = scenery.Keep<ThumbnailList>();
+    list.ThumbnailFolder = Folder;
     for (const auto& hour : Hours)
-        scenery.thumbnails.ThumbnailFiles.push_back(Folder + hour.first);
-    return scenery.app.Load<frmThumbnail>(view, scenery.thumbnails, [] {});
+        list.ThumbnailFiles.push_back(Folder + hour.first);
+    return scenery.app.Load<frmThumbnail>(view, list, [] {});
 }
 
 forms::Form& Navigator(Scenery& scenery) {
@@ -109,32 +110,29 @@ forms::Form& Navigator(Scenery& scenery) {
     return navigator;
 }
 
+/// A day on the sea, and folders beside it.
+void PutPictures(Scenery& scenery) {
+    for (const auto& [name, day] : Hours)
+        scenery.platform.pictures.SetPicture(Folder + name, Seascape(day));
+    for (const char* folder : {"Holidays", "Work"})
+        scenery.platform.files.MakeFolder(Folder + folder);
+    scenery.platform.files.ChangeFolder(Folder);
+}
+
+HelpScene Scene(const std::string& name, forms::Form& (*load)(Scenery&)) {
+    return {name, [load](Scenery& scenery) -> forms::Form& {
+                PutPictures(scenery);
+                return load(scenery);
+            }};
+}
+
 }  // namespace
 
-Scenery::Scenery(forms::Toolkit& toolkit) : app(toolkit), module(app, platform.services) {
-    platform.store.Set("EXEPath", "C:\\Tavrix\\");
-    platform.store.Set("ProgramRun", "1");
-    platform.store.Set("Show Tips at Startup", "0");
-    platform.disks.PutFile("C:\\Tavrix\\tavrix.ini", "[Viewer]\r\nStartupDialog=0\r\n");
-    for (const auto& [name, day] : Hours)
-        platform.pictures.SetPicture(Folder + name, Seascape(day));
-    for (const char* folder : {"Holidays", "Work"})
-        platform.files.MakeFolder(Folder + folder);
-    platform.files.ChangeFolder(Folder);
-    WireProgram(module, lives);
-}
-
-MainViewFrm& Scenery::Start(const std::string& path) {
-    platform.process.commandLine = path;
-    Main(module, lives);
-    module.DoEvents();
-    return *app.Loaded<MainViewFrm>();
-}
-
 std::vector<HelpScene> HelpScenes() {
-    return {{"main-view", MainView},         {"open-image", Opening}, {"copy-images", Copying},
-            {"quick-folders", QuickFolders}, {"editor", Editing},     {"thumbnails", Thumbnails},
-            {"navigator", Navigator}};
+    return {Scene("main-view", MainView),  Scene("open-image", Opening),
+            Scene("copy-images", Copying), Scene("quick-folders", QuickFolders),
+            Scene("editor", Editing),      Scene("thumbnails", Thumbnails),
+            Scene("navigator", Navigator)};
 }
 
 }  // namespace tavrix::scenes

@@ -94,11 +94,11 @@ TEST_P(ContrastTest, TextsAreReadAndControlsSeen) {
         EXPECT_FALSE(PaintedTextsOf(window).empty()) << caption;
         break;
     }
-    if (GetParam().name != "MainViewFrm") program.app.Unload(form);
+    if (&form != &program.View()) program.app.Unload(form);
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, ContrastTest, testing::ValuesIn(EveryWindow()),
-                         [](const auto& instance) { return instance.param.name; });
+                         [](const auto& instance) { return NameOf(instance); });
 
 TEST_F(ContrastOfPiecesTest, MenusAreReadWithAnEntryUnderThePointer) {
     const auto toolkit = MakeToolkit();

@@ -131,7 +131,7 @@ TEST_P(EveryWindowTest, EachControlHasANameForAScreenReader) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, EveryWindowTest, testing::ValuesIn(EveryWindow()),
-                         [](const auto& instance) { return instance.param.name; });
+                         [](const auto& instance) { return NameOf(instance); });
 
 }  // namespace
 }  // namespace tavrix::windows
