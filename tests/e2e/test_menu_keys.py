@@ -8,7 +8,16 @@ from driver.drop import DropSource
 from support import ProgramTest
 
 
-class MenuKeysTest(ProgramTest):
+class KeyboardTest(ProgramTest):
+    """The main view has the keyboard before anything is pressed."""
+
+    def open(self, *arguments, **options):
+        program, window, view = super().open(*arguments, **options)
+        wait_until(lambda: self.screen.active() == window.id, "the keyboard in the main view")
+        return program, window, view
+
+
+class MenuKeysTest(KeyboardTest):
     def opened(self, program):
         """The menu of the bar whose popup is open."""
         program.wait(program.popups, "a menu")
@@ -139,7 +148,7 @@ def _all(entry):
         yield from _all(child)
 
 
-class MetacityMenuKeysTest(ProgramTest):
+class MetacityMenuKeysTest(KeyboardTest):
     session_options = {"window_manager": "metacity"}
 
     opened, close_menus = MenuKeysTest.opened, MenuKeysTest.close_menus
@@ -147,7 +156,7 @@ class MetacityMenuKeysTest(ProgramTest):
     test_f10_opens_the_menu_bar = MenuKeysTest.test_f10_opens_the_menu_bar
 
 
-class FullScreenButtonTest(ProgramTest):
+class FullScreenButtonTest(KeyboardTest):
     """The button in the corner of the main view."""
 
     SIDE = 15  # pixels of 228 twips, without their fraction
