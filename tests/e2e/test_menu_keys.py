@@ -37,9 +37,12 @@ class MenuKeysTest(KeyboardTest):
             self.screen.press("Escape")
             wait_unchanged(lambda: [w.id for w in program.popups()], "the menus", quiet=0.15)
         bar = program.root().find("menu bar")
-        if any(entry.has("selected") or entry.has("focused") for entry in bar.children()):
+
+        def chosen():
+            return any(entry.has("selected") or entry.has("focused") for entry in bar.children())
+        if wait_unchanged(chosen, "the bar", quiet=0.3):
             self.screen.press("Escape")  # leaves the bar, which still has the keyboard
-            wait_unchanged(lambda: [e.has("focused") for e in bar.children()], "the bar", quiet=0.15)
+        wait_until(lambda: not chosen(), "the keyboard out of the bar")
         self.assertTrue(program.running())
 
     def test_each_letter_of_the_bar_opens_its_menu(self):
