@@ -27,6 +27,16 @@ endif()
 add_library(tavrix_options INTERFACE)
 target_link_libraries(tavrix_options INTERFACE tavrix_warnings tavrix_sanitizers)
 
+# What nearly every file includes.
+if(TAVRIX_PRECOMPILE)
+    set(source ${PROJECT_BINARY_DIR}/generated/StandardHeaders.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "// Nothing but the headers that are compiled with it.\n")
+    add_library(standard_headers OBJECT ${source})
+    target_link_libraries(standard_headers PRIVATE tavrix_options)
+    target_precompile_headers(standard_headers PRIVATE <algorithm> <array> <cstdint> <functional> <map> <memory> <optional>
+                              <span> <string> <string_view> <utility> <vector>)
+endif()
+
 # tavrix_module(NAME FOLDER [DEPENDS module...] [LIBRARIES library...] [EXCLUDE file...])
 #   NAME    target name without the prefix, e.g. core for tavrix_core
 #   FOLDER  the folder below src/, e.g. platform/forms; all its .cpp files are compiled
@@ -50,6 +60,10 @@ function(tavrix_module name folder)
         add_library(tavrix_${name} STATIC ${sources})
         target_include_directories(tavrix_${name} PUBLIC ${include_dir})
         target_link_libraries(tavrix_${name} PUBLIC ${depends} PRIVATE tavrix_options ${ARG_LIBRARIES})
+        # With the toolkit other flags hold.
+        if(TAVRIX_PRECOMPILE AND NOT ARG_LIBRARIES MATCHES "Qt6::")
+            target_precompile_headers(tavrix_${name} REUSE_FROM standard_headers)
+        endif()
     else()
         add_library(tavrix_${name} INTERFACE)
         target_include_directories(tavrix_${name} INTERFACE ${include_dir})
@@ -74,6 +88,18 @@ function(tavrix_test_options name)
     endif()
 endfunction()
 
+# The precompiled headers of a test that depends on these modules.
+function(tavrix_test_headers name)
+    if(tavrix_qt IN_LIST ARGN OR tavrix_idle IN_LIST ARGN)
+        return()  # with the toolkit other flags hold
+    endif()
+    if(tavrix_program IN_LIST ARGN AND tavrix_headless IN_LIST ARGN)
+        target_precompile_headers(${name} REUSE_FROM program_headers)
+    else()
+        target_precompile_headers(${name} REUSE_FROM test_headers)
+    endif()
+endfunction()
+
 # The program NAME, a test, is one of those that also run with sanitizers.
 add_custom_target(sanitized_tests)
 function(tavrix_sanitized name)
@@ -90,9 +116,7 @@ function(tavrix_test name)
     add_executable(${name} ${ARG_SOURCES})
     tavrix_test_options(${name})
     target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} GTest::gtest_main ${ARG_LIBRARIES})
-    if(tavrix_program IN_LIST ARG_DEPENDS AND tavrix_headless IN_LIST ARG_DEPENDS AND NOT tavrix_qt IN_LIST ARG_DEPENDS)
-        target_precompile_headers(${name} REUSE_FROM program_headers)
-    endif()
+    tavrix_test_headers(${name} ${ARG_DEPENDS})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}" TIMEOUT 300)
     if(NOT tavrix_qt IN_LIST ARG_DEPENDS)

@@ -39,6 +39,7 @@ forms::Form& Folder(Scenery& scenery) {
 
 forms::Form& Selected(Scenery& scenery) {
     auto& files = scenery.app.Load<frmThumbSelect>(scenery.module, scenery.Keep<ThumbnailList>());
+    files.Chooser.Lists.GoTo("C:\\Pictures");
     files.Show();
     for (const int row : {1, 2, 5})
         files.Chooser.File1.Select(row);

@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <optional>
 
 #include "scenes/WindowScenes.h"
@@ -97,7 +98,7 @@ forms::Form& CopyingSlides(Scenery& scenery) {
         frmSlideCopyImages::Editor{});
 }
 
-SlideOptionsFrm& Options(Scenery& scenery, int soundMode) {
+SlideOptionsFrm& Options(Scenery& scenery, std::int16_t soundMode) {
     scenery.module.WaveDevicePresent = true;
     scenery.module.config.SoundMode = soundMode;
     scenery.module.config.SoundFile = "C:\\Pictures\\Holidays & more\\waves.wav";

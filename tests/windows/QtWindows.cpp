@@ -12,6 +12,7 @@
 #include "backends/qt/peers/CanvasWidget.h"
 #include "backends/qt/peers/QtControl.h"
 #include "backends/qt/peers/Scale.h"
+#include "viewer/MainViewFrm.h"
 #include "windows/ControlFacts.h"
 #include "windows/EveryWindow.h"
 

@@ -86,7 +86,7 @@ TEST(QtWindowsLeakTest, FiftyRoundsOfTheAboutBox) {
     Program program(*toolkit);
     ExpectNothingLeft(program,
                       {{"frmAbout",
-                        [](Program& in) -> forms::Form& {
+                        [](scenes::Scenery& in) -> forms::Form& {
                             auto& about = in.app.Load<frmAbout>(in.module);
                             about.Show();
                             for (int tick = 0; tick < 3; ++tick) {

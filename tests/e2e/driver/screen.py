@@ -139,9 +139,10 @@ class Screen:
         return [w for w in (self._window(number, X.IsUnmapped) for number in self._all()) if w]
 
     def active(self):
-        """The id of the window that has the keyboard, 0 for none."""
+        """The id of the window that has the keyboard, 0 for none. What the window manager says may come before it is so."""
         value = self._property(self._root, "_NET_ACTIVE_WINDOW")
-        return value[0] if value else 0
+        focus = self._x.get_input_focus().focus
+        return value[0] if value and value[0] == getattr(focus, "id", focus) else 0
 
     def frame(self, window):
         """The widths of the window manager's frame: left, right, top, bottom."""
