@@ -1,18 +1,21 @@
 #!/usr/bin/python3
-"""first_picture.py [-n RUNS] [NAME=COMMAND ...]
+"""first_picture.py [-n RUNS] [--only NAME,...] [--pictures WORD] [NAME=COMMAND ...]
 
 Time from the start of a process to the first block of the picture on the screen, side by side: the program, an otherwise
-empty Qt program, and those viewers of feh and qimgv that are installed, in turns on one virtual display. Further
-programs are named on the command line, {file} standing for the picture. Needs what the tests from outside need.
+empty Qt program, and those of Debian's viewers that are installed, in turns on one virtual display. Further programs are
+named on the command line, {file} standing for the picture. Needs what the tests from outside need.
 
 Xvfb keeps its screen in a file that is mapped here, so that looking costs the server nothing. A block counts as seen when
-64 pixels in a row have its colour, as the library decodes it.
+64 pixels in a row have its colour, as the library decodes it, or nearly: some convert colours their own way. The memory
+is the most that the process had (VmHWM) until it came to rest, in a round of its own that warms the caches too; where a
+program starts others, that of the largest.
 """
 
 import argparse
 import mmap
 import os
 import shutil
+import signal
 import statistics
 import struct
 import subprocess
@@ -27,8 +30,12 @@ sys.path.insert(0, os.path.join(ROOT, "tests", "e2e"))
 from driver.processes import Children  # noqa: E402
 
 RELEASE = os.path.join(ROOT, "build", "release")
-PEERS = {"feh": "feh --scale-down --auto-zoom {file}", "qimgv": "qimgv {file}"}  # made to show the whole picture
-LIMIT = 5.0  # seconds in which a picture has to come
+PEERS = {  # made to show the whole picture where they would not
+    "feh": "feh --scale-down --auto-zoom {file}", "qiv": "qiv --scale_down {file}", "nsxiv": "nsxiv {file}",
+    "gpicview": "gpicview {file}", "viewnior": "viewnior {file}", "ristretto": "ristretto {file}", "eog": "eog {file}",
+    "geeqie": "geeqie {file}", "qimgv": "qimgv {file}", "nomacs": "nomacs {file}", "gwenview": "gwenview {file}"}
+LIMIT = 10.0  # seconds in which a picture has to come
+REST = 0.4  # seconds without work after which a process is at rest
 
 
 def make_pictures(folder):
@@ -73,43 +80,91 @@ class Display:
         with open(os.path.join(folder, "Xvfb_screen0"), "r+b") as file:
             self._screen = mmap.mmap(file.fileno(), 0)
         self._start = struct.unpack(">I", self._screen[:4])[0]
-        self._runs = []
+        self.runs = []
 
     def look_for(self, colour):
         red, green, blue = colour
+        near = sorted({(min(max(red + a, 0), 255), min(max(green + b, 0), 255), min(max(blue + c, 0), 255))
+                       for a in (0, -1, 1) for b in (0, -1, 1) for c in (0, -1, 1)},
+                      key=lambda found: found != (red, green, blue))
         # The fourth byte is whatever the program that drew left there.
-        self._runs = [bytes((blue, green, red, rest)) * 64 for rest in (0, 255)]
+        self.runs = [bytes((b, g, r, rest)) * 64 for r, g, b in near for rest in (0, 255)]
 
-    def shows_block(self):
-        return any(self._screen.find(run, self._start) >= 0 for run in self._runs)
+    def block_of(self, runs):
+        """Those of the runs that are there: the fewer are asked for, the finer is the time told."""
+        return [run for run in runs if self._screen.find(run, self._start) >= 0]
 
 
-def first_block(display, command):
-    """Milliseconds; None when no block came."""
+def family(pid):
+    """A process and those that it started."""
+    found = [pid]
+    for process in found:
+        try:
+            with open(f"/proc/{process}/task/{process}/children", encoding="ascii") as file:
+                found += [int(child) for child in file.read().split()]
+        except OSError:
+            pass
+    return found
+
+
+def status(pid):
+    """The ticks of work so far, and VmHWM in kB; nothing for a process that has gone."""
+    try:
+        with open(f"/proc/{pid}/stat", encoding="utf-8") as file:
+            fields = file.read().rpartition(")")[2].split()
+        with open(f"/proc/{pid}/status", encoding="utf-8") as file:
+            memory = next((int(line.split()[1]) for line in file if line.startswith("VmHWM:")), 0)
+        return int(fields[11]) + int(fields[12]), memory
+    except OSError:
+        return 0, 0
+
+
+def memory_at_rest(pid):
+    """MB of the largest process of a family, once none of them has worked for a while."""
+    ticks, since, end = -1, time.monotonic(), time.monotonic() + LIMIT
+    while time.monotonic() < min(since + REST, end):
+        now = sum(status(process)[0] for process in family(pid))
+        if now != ticks:
+            ticks, since = now, time.monotonic()
+        time.sleep(0.02)
+    return max(status(process)[1] for process in family(pid)) / 1024
+
+
+def first_block(display, command, runs, measure=None):
+    """Milliseconds; None when no block came. `measure` is called with the process and the runs that were seen."""
     begin = time.monotonic()
-    process = subprocess.Popen(command, env=display.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    process = subprocess.Popen(command, env=display.environment, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL, start_new_session=True)
     try:
         while time.monotonic() - begin < LIMIT:
-            if display.shows_block():
-                return (time.monotonic() - begin) * 1000
+            seen = display.block_of(runs)
+            if seen:
+                took = (time.monotonic() - begin) * 1000
+                if measure:
+                    measure(process.pid, seen)
+                return took
         return None
     finally:
-        process.kill()
+        os.killpg(process.pid, signal.SIGKILL)
         process.wait()
         end = time.monotonic() + LIMIT
-        while display.shows_block() and time.monotonic() < end:
+        while display.block_of(runs) and time.monotonic() < end:
             time.sleep(0.02)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("-n", "--runs", type=int, default=9)
+    parser.add_argument("--only", default="", help="of the programs")
+    parser.add_argument("--pictures", default="", help="only those whose names have this word")
     parser.add_argument("programs", nargs="*", metavar="NAME=COMMAND")
     arguments = parser.parse_args()
     programs = {"tavrix": os.path.join(RELEASE, "app", "tavrix") + " {file}",
                 "empty Qt program": os.path.join(RELEASE, "bin", "bench-empty-qt") + " {file}"}
     programs.update({name: command for name, command in PEERS.items() if shutil.which(name)})
     programs.update(program.split("=", 1) for program in arguments.programs)
+    if arguments.only:
+        programs = {name: programs[name] for name in arguments.only.split(",")}
 
     folder = tempfile.mkdtemp(prefix="tavrix-first-picture.")
     children = Children()
@@ -119,23 +174,31 @@ def main():
                        env=display.environment, check=True)
         no_dialogs_at_start(display.environment)
         for picture, path in make_pictures(folder):
+            if arguments.pictures not in picture:
+                continue
             with Image.open(path) as image:
                 display.look_for(image.getpixel((10, 10)))
-            times = {name: [] for name in programs}
-            for run in range(-1, arguments.runs):  # one round that does not count, to warm the caches
-                for name, command in programs.items():
-                    took = first_block(display, [part.replace("{file}", path) for part in command.split()])
-                    if run >= 0 and took is not None:
+            commands = {name: [part.replace("{file}", path) for part in command.split()]
+                        for name, command in programs.items()}
+            memory, seen, times = {}, {}, {name: [] for name in programs}
+            for name, command in commands.items():
+                def note(pid, runs, name=name):
+                    memory[name], seen[name] = memory_at_rest(pid), runs
+                first_block(display, command, display.runs, note)
+            for _ in range(arguments.runs):
+                for name, command in commands.items():
+                    took = first_block(display, command, seen[name]) if name in seen else None
+                    if took is not None:
                         times[name].append(took)
-            print(picture)
+            print(f"{picture}   load {os.getloadavg()[0]:.1f}")
             medians = {name: statistics.median(took) for name, took in times.items() if took}
             for name in programs:
                 if name not in medians:
                     print(f"    {name:20} no picture came")
                     continue
                 ratio = medians[name] / medians.get("empty Qt program", medians[name])
-                print(f"    {name:20} {medians[name]:6.0f} ms   {ratio:5.2f} of the empty Qt program"
-                      f"   ({len(times[name])} runs, {min(times[name]):.0f} to {max(times[name]):.0f})", flush=True)
+                print(f"    {name:20} {medians[name]:6.1f} ms   {ratio:5.2f} of the empty Qt program  {memory[name]:5.0f} MB"
+                      f"   ({len(times[name])} runs, {min(times[name]):.1f} to {max(times[name]):.1f})", flush=True)
     finally:
         children.end_all()
         shutil.rmtree(folder, ignore_errors=True)

@@ -68,10 +68,11 @@ std::optional<bool> AskYesOrNo(forms::Application& app, const std::string& text)
 
 }  // namespace
 
-Composition::Composition(HostPlatform& host)
+Composition::Composition(HostPlatform& host, std::shared_ptr<qt::x11::FrameQuestion> frames)
     : host_(host),
       programFiles_(host.files, host.driveMap, PlacesOf(host.paths)),
-      toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); }),
+      toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); },
+               std::move(frames)),
       system_([this] { return IsAboutTheSaver(host_.process.CommandLine()) && saverPassword_.MayGuard(); }),
       desktop_(host.registry, {[&host](const std::string& path) { return host.files.HostPathOf(path); },
                                [&host](const std::string& file) { return host.driveMap.ToDrivePath(file); }}),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "app/HostPlatform.h"
@@ -14,6 +15,7 @@
 #include "backends/qt/help/HelpWindow.h"
 #include "backends/qt/saver/LockSetting.h"
 #include "backends/qt/saver/QtSaverPassword.h"
+#include "backends/qt/x11/X11.h"
 #include "backends/shared/help/HelpDesk.h"
 #include "core/Main.h"
 #include "core/MainModule.h"
@@ -25,8 +27,8 @@ namespace tavrix {
 /// The program on this desktop: which backend stands behind each service, and which windows lead which life.
 class Composition {
   public:
-    /// The window system must have been started.
-    explicit Composition(HostPlatform& host);
+    /// The window system must have been started; its manager may have been asked for its frames before.
+    explicit Composition(HostPlatform& host, std::shared_ptr<qt::x11::FrameQuestion> frames = {});
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
 

@@ -30,6 +30,9 @@ forms::Form& WithLargeImage(Scenery& scenery) {
 forms::Form& Waiting(Scenery& scenery) {
     auto& wait = scenery.app.Load<WaitFrm>();
     wait.lblMsg.Caption = "Loading Tavrix, please wait...";
+    wait.Show();
+    // Where it need not come up at once, it is arranged when it does.
+    scenery.app.GetToolkit().RunUntil([&wait] { return wait.lblMsg.Width > 0; });
     return wait;
 }
 

@@ -35,12 +35,16 @@ constexpr Pixel Mixed(const Shade& a, const Shade& b, int part, int whole) {
     return OpaquePixel(channel(a.red, b.red), channel(a.green, b.green), channel(a.blue, b.blue));
 }
 
-/// The heights of the two rows of hills over each column. It is drawn at each start: a sine a column, none a pixel.
-struct Hills {
-    std::array<int, Width> far{};
+/// All that the pixels of the landscape are taken from. It is drawn at each start: a sine a column and a mixture a shade,
+/// none a pixel.
+struct Landscape {
+    std::array<int, Width> far{};  ///< the heights of the two rows of hills over each column
     std::array<int, Width> near{};
+    std::array<Pixel, Height + 1> sky{};       ///< from the top, the glow of the sun added
+    std::array<Pixel, Height / 4 + 1> hill{};  ///< below the tops
+    std::array<Pixel, Height / 4 + 1> meadow{};
 
-    Hills() {
+    Landscape() {
         for (std::size_t x = 0; x < far.size(); ++x) {
             const double across = static_cast<double>(x) / Width;
             const double farLine =
@@ -49,19 +53,32 @@ struct Hills {
             far[x] = static_cast<int>(farLine * Height);
             near[x] = static_cast<int>(nearLine * Height);
         }
+        const auto mix = [](auto& shades, const Shade& from, const Shade& to) {
+            const int whole = static_cast<int>(shades.size()) - 1;
+            for (int part = 0; part <= whole; ++part)
+                shades[static_cast<std::size_t>(part)] = Mixed(from, to, part, whole);
+        };
+        mix(sky, {98, 140, 190}, {250, 214, 170});
+        mix(hill, {112, 148, 158}, {84, 124, 122});
+        mix(meadow, {60, 110, 78}, {32, 66, 52});
+    }
+
+    [[nodiscard]] Pixel At(int x, int y) const {
+        const auto column = static_cast<std::size_t>(x);
+        if (y > near[column]) return Shaded(meadow, y - near[column]);
+        if (y > far[column]) return Shaded(hill, y - far[column]);
+        const int sun = (x - SunX) * (x - SunX) + (y - SunY) * (y - SunY);
+        if (sun < SunRadius * SunRadius) return OpaquePixel(255, 240, 200);
+        const int glow = std::max(GlowRadius * GlowRadius - sun, 0) / GlowRadius;
+        return Shaded(sky, y * 8 / 5 + glow);
+    }
+
+  private:
+    template <std::size_t Count>
+    static Pixel Shaded(const std::array<Pixel, Count>& shades, int part) {
+        return shades[std::min(static_cast<std::size_t>(part), Count - 1)];
     }
 };
-
-Pixel Landscape(const Hills& hills, int x, int y) {
-    const auto column = static_cast<std::size_t>(x);
-    if (y > hills.near[column]) return Mixed({60, 110, 78}, {32, 66, 52}, y - hills.near[column], Height / 4);
-    if (y > hills.far[column])
-        return Mixed({112, 148, 158}, {84, 124, 122}, y - hills.far[column], Height / 4);
-    const int sun = (x - SunX) * (x - SunX) + (y - SunY) * (y - SunY);
-    if (sun < SunRadius * SunRadius) return OpaquePixel(255, 240, 200);
-    const int glow = std::max(GlowRadius * GlowRadius - sun, 0) / GlowRadius;
-    return Mixed({98, 140, 190}, {250, 214, 170}, y * 8 / 5 + glow, Height);
-}
 
 }  // namespace
 
@@ -83,22 +100,14 @@ Picture FullScreenPicture(float twipsPerPixel) {
 }
 
 Picture DefaultPicture() {
-    const Hills hills;
+    const Landscape landscape;
     Surface surface(Width, Height);
-    for (int y = 0; y < Height; ++y) {
+    surface.Fill(OpaquePixel(110, 110, 116));
+    FillBox(surface, {1, 1, Width - 2, Height - 2}, OpaquePixel(244, 243, 240));
+    for (int y = FrameWidth; y < Height - FrameWidth; ++y) {
         const auto row = surface.Row(y);
-        for (int x = 0; x < Width; ++x) {
-            const int edge = std::min({x, y, Width - 1 - x, Height - 1 - y});
-            Pixel pixel = 0;
-            if (edge == 0) {
-                pixel = OpaquePixel(110, 110, 116);
-            } else if (edge < FrameWidth) {
-                pixel = OpaquePixel(244, 243, 240);
-            } else {
-                pixel = Landscape(hills, x, y);
-            }
-            row[static_cast<std::size_t>(x)] = pixel;
-        }
+        for (int x = FrameWidth; x < Width - FrameWidth; ++x)
+            row[static_cast<std::size_t>(x)] = landscape.At(x, y);
     }
     return PictureOf(std::move(surface));
 }

@@ -4,7 +4,9 @@
 #include <string>
 
 #include "EditingTest.h"
+#include "editing/frame/ScratchPicture.h"
 #include "editing/resizing/ResizeImage.h"
+#include "editing/turning/RotateMainImage.h"
 
 namespace tavrix::test {
 namespace {
@@ -39,15 +41,24 @@ class FixedTransforms : public EditingTest {
         EXPECT_TRUE(Menus().mnuUndo.Enabled);
         ExpectIdle();
     }
-    /// How often the image is painted, and how often messages run, while a square picture is turned.
-    std::pair<int, int> WorkOfATurn(int side) {
+    /// How often the image is painted, and how often messages run.
+    template <class Work>
+    std::pair<int, int> SeenOf(Work work) {
+        const int paintings = ImagePeer().paintings;
+        const int yields = toolkit.Yields();
+        work();
+        return {ImagePeer().paintings - paintings, toolkit.Yields() - yields};
+    }
+    void OpenSquare(int side) {
         platform.disks.PutFile(Opened, BitmapOf(Different(side, side)));
         module.CurrentImage.clear();
         View().Deliver(forms::DropEvent{{Opened}});
-        const int paintings = ImagePeer().paintings;
-        const int yields = toolkit.Yields();
-        Choose(Menus().mnu90CW);
-        return {ImagePeer().paintings - paintings, toolkit.Yields() - yields};
+    }
+    /// SeenOf a square picture that is turned by no quarters.
+    std::pair<int, int> WorkOfATurn(int side) {
+        OpenSquare(side);
+        CopyToPictureTemp(View());
+        return SeenOf([&] { RotateMainImage(View(), 0.5F); });
     }
 };
 
@@ -118,6 +129,19 @@ TEST_F(FixedTransforms, ARotationIsSeenToArrive) {
     // 50 rows, and 210: messages run after each, the image is painted after each 27th.
     EXPECT_EQ(manyYields - fewYields, 160);
     EXPECT_EQ(manyPaintings - fewPaintings, 210 / 27 - 50 / 27);
+}
+
+TEST_F(FixedTransforms, ATurnByQuartersIsPaintedOnce) {
+    StartWithImage(20, 20);
+    for (forms::Menu* entry : {&Menus().mnu90CW, &Menus().mnu90CCW, &Menus().mnu180Degrees}) {
+        const auto seenOf = [&](int side) {
+            OpenSquare(side);
+            return SeenOf([&] { Choose(*entry); });
+        };
+        const auto few = seenOf(20);
+        EXPECT_EQ(few.first, 1);
+        EXPECT_EQ(seenOf(420), few) << "as soon as it is seen there is nothing more to come";
+    }
 }
 
 TEST_F(FixedTransforms, ARotationIsPaintedEvery27thRow) {

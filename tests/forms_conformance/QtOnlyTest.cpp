@@ -406,6 +406,32 @@ TEST_F(QtOnlyTest, AWaitWindowThatGoesAtOnceIsNeverMapped) {
     EXPECT_TRUE(ComesUp(lasting));
 }
 
+TEST_F(QtOnlyTest, AWaitWindowIsMeasuredWhenItComesUp) {
+    class Texts final : public Form {
+      public:
+        explicit Texts(Application& application) : Form(application, {.name = "Texts", .waitWindow = true}) {
+            Line.Caption = "A line of text";
+            SetLayout(forms::Column({Line}));
+        }
+        Label Line{*this, "Line"};
+    };
+    auto& form = app.Load<Texts>();
+    form.Show();
+    EXPECT_EQ(form.Line.Width, 0) << "fonts would be loaded for what may never be seen";
+    ASSERT_TRUE(ComesUp(form));
+    const PixelSize natural = form.Line.Peer()->NaturalSize();
+    EXPECT_GT(natural.width, 0);
+    EXPECT_EQ(form.Line.PixelBounds().width, natural.width);
+    const QWidget& widget = *qt::NativeOf(*form.Line.Peer()).Native();
+    EXPECT_GE(widget.window()->width(), widget.geometry().right());
+    EXPECT_GE(widget.window()->height(), widget.geometry().bottom());
+
+    form.Hide();
+    form.Line.Caption = "A longer line of text than the one before";
+    form.Show();
+    EXPECT_EQ(form.Line.PixelBounds().width, form.Line.Peer()->NaturalSize().width);
+}
+
 TEST_F(QtOnlyTest, TheScreenPointerIsShownOverAllWindows) {
     auto& form = app.Load<TestForm>(log);
     form.Show();

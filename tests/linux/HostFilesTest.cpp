@@ -243,6 +243,132 @@ TEST_F(HostFilesTest, AFileThatWasSaidToBeLongerOrShorterHasWhatWasWritten) {
     }
 }
 
+/// A working file and what it was before, in the temporary folder.
+class OwnCopyTest : public HostFilesTest {
+  protected:
+    OwnCopyTest() { Write(working, "first"); }
+
+    [[nodiscard]] struct stat StatusIn(const std::string& name) const { return StatusOf("c/temp/" + name); }
+    [[nodiscard]] std::string ContentIn(const std::string& name) const {
+        return folder.Content("c/temp/" + name);
+    }
+
+    const std::string temporary = files.Folder(KnownFolder::Temporary) + "\\";
+    const std::string working = temporary + "w.bmp";
+    const std::string undo = temporary + "~u.tmp";
+};
+
+TEST_F(OwnCopyTest, TakesNoRoomAndStaysWhatItWas) {
+    for (const std::string before : {"first", "second", "third"}) {
+        EXPECT_EQ(ContentIn("w.bmp"), before);
+        EXPECT_TRUE(files.Copy(working, undo));
+        EXPECT_EQ(StatusIn("w.bmp").st_ino, StatusIn("~u.tmp").st_ino);
+        EXPECT_TRUE(files.FileExists(undo));
+        EXPECT_TRUE(files.Copy(working, undo)) << "it is one already";
+        EXPECT_TRUE(files.Copy(undo, working));
+        Write(working, before == "first" ? "second" : "third");
+        EXPECT_EQ(ContentIn("~u.tmp"), before);
+        EXPECT_NE(StatusIn("w.bmp").st_ino, StatusIn("~u.tmp").st_ino);
+        EXPECT_EQ(EntriesIn("c/temp"), 2);
+    }
+}
+
+TEST_F(OwnCopyTest, IsOneOfItsOwnWhereTheOriginalIsProtected) {
+    ::chmod(folder.At("c/temp/w.bmp").c_str(), 0444);
+    EXPECT_TRUE(files.Copy(working, undo));
+    EXPECT_FALSE(files.Info(undo).readOnly);
+    EXPECT_TRUE(files.Info(working).readOnly);
+    EXPECT_NE(StatusIn("w.bmp").st_ino, StatusIn("~u.tmp").st_ino);
+}
+
+TEST_F(OwnCopyTest, LeavesAProtectedTargetAlone) {
+    Write(undo, "kept");
+    ::chmod(folder.At("c/temp/~u.tmp").c_str(), 0444);
+    EXPECT_EQ(ErrorOfCall([&] { files.Copy(working, undo); }), 70);
+    EXPECT_EQ(ContentIn("~u.tmp"), "kept");
+}
+
+TEST_F(OwnCopyTest, MayBeGivenUp) {
+    EXPECT_FALSE(files.Copy(working, undo, [] { return false; }));
+    EXPECT_FALSE(files.FileExists(undo));
+}
+
+TEST_F(OwnCopyTest, IsOneOfItsOwnToAndFromOtherFolders) {
+    folder.Put("c/a.bmp", "opened");
+    files.Copy("C:\\a.bmp", undo);
+    EXPECT_NE(StatusOf("c/a.bmp").st_ino, StatusIn("~u.tmp").st_ino);
+    files.Copy(working, "C:\\b.bmp");
+    EXPECT_NE(StatusOf("c/b.bmp").st_ino, StatusIn("w.bmp").st_ino);
+    std::filesystem::create_directory(folder.At("c/temp/2"));
+    files.Copy(working, temporary + "2\\w.bmp");
+    EXPECT_NE(StatusIn("2/w.bmp").st_ino, StatusIn("w.bmp").st_ino);
+}
+
+TEST_F(OwnCopyTest, ALinkIsFollowedAndNotDoubled) {
+    folder.Put("c/a.bmp", "opened");
+    std::filesystem::create_symlink(folder.At("c/a.bmp"), folder.At("c/temp/soft.bmp"));
+    EXPECT_TRUE(files.Copy(temporary + "soft.bmp", undo));
+    EXPECT_TRUE(S_ISREG(StatusIn("~u.tmp").st_mode));
+    EXPECT_EQ(ContentIn("~u.tmp"), "opened");
+    EXPECT_NE(StatusOf("c/a.bmp").st_ino, StatusIn("~u.tmp").st_ino);
+}
+
+TEST_F(OwnCopyTest, IsNotWrittenOverWhenTheDiskIsFull) {
+    ASSERT_TRUE(files.Copy(working, undo));
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::_exit(ErrorOfCall([&] { Write(working, std::string(100'000, 'x')); }));
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 61);
+    EXPECT_EQ(ContentIn("w.bmp"), "first");
+    EXPECT_EQ(ContentIn("~u.tmp"), "first");
+}
+
+TEST_F(HostFilesTest, ALargeFileIsCopiedBesideOtherWork) {
+    std::string large(20'000'000, '\0');
+    for (std::size_t i = 0; i < large.size(); ++i)
+        large[i] = static_cast<char>(i * 7919 >> 5U);
+    folder.Put("c/large", large);
+    folder.Put("c/copy", "former");
+    {
+        const auto copy = files.BeginCopy("C:\\large", "C:\\copy");
+        EXPECT_EQ(folder.Content("c/copy"), "former") << "it stands when it was waited for";
+        copy->Finish();
+    }
+    EXPECT_TRUE(folder.Content("c/copy") == large);
+    folder.Put("c/copy", "former");
+    static_cast<void>(files.BeginCopy("C:\\large", "C:\\copy"));  // dropped
+    EXPECT_EQ(folder.Content("c/copy"), "former");
+    EXPECT_EQ(EntriesIn("c"), 2);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.BeginCopy("C:\\none", "C:\\copy")); }), 53);
+
+    folder.Put("c/small", "small");
+    files.BeginCopy("C:\\small", "C:\\copy")->Finish();
+    EXPECT_EQ(folder.Content("c/copy"), "small");
+}
+
+TEST_F(HostFilesTest, ALargeCopyThatFailsBesideSaysSo) {
+    folder.Put("c/large", std::string(20'000'000, 'x'));
+    folder.Put("c/copy", "former");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const auto copy = files.BeginCopy("C:\\large", "C:\\copy");
+        ::_exit(ErrorOfCall([&] { copy->Finish(); }));
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 61);
+    EXPECT_EQ(folder.Content("c/copy"), "former");
+}
+
 TEST_F(HostFilesTest, NeverCopiesAFileOntoItself) {
     folder.Put("c/a.bmp", "a");
     std::filesystem::create_symlink("a.bmp", folder.At("c/soft.bmp"));

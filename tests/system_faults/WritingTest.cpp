@@ -148,6 +148,44 @@ TEST_P(WritingTest, AFullDiskKeepsTheFormerFileWhereTheFolderTakesNoNewOne) {
 INSTANTIATE_TEST_SUITE_P(Ways, WritingTest, ::testing::ValuesIn(Writings),
                          [](const auto& test) { return test.param.name; });
 
+/// A working file is kept under another name and written anew, while one call after the other fails.
+TEST(CopyInTheTemporaryFolder, StaysWhatItWasMadeOf) {
+    for (const int error : {EIO, ENOSPC}) {
+        for (const bool ownFolder : {true, false}) {
+            const int faults = SweepFaults([&](int call) {
+                HostMachine machine;
+                const std::string temporary = machine.files.Folder(KnownFolder::Temporary) + "\\";
+                const auto write = [&](const std::string& content) {
+                    const auto writer = machine.files.Create(temporary + "working");
+                    writer->Write(std::as_bytes(std::span(content)));
+                    writer->Close();
+                };
+                write("first");
+                machine.files.Copy(temporary + "working", temporary + "undo");
+                write(OldContent());
+                bool copied = false;
+                bool written = false;
+                std::string failed;
+                {
+                    SystemFaults fault(machine.folder.At("c"));
+                    if (!ownFolder) fault.ForbidNewFiles();
+                    fault.FailNth(call, error);
+                    copied = ErrorOfCall(
+                                 [&] { machine.files.Copy(temporary + "working", temporary + "undo"); }) == 0;
+                    written = ErrorOfCall([&] { write(NewPart); }) == 0;
+                    failed = fault.Failed();
+                }
+                EXPECT_EQ(machine.folder.Content("c/Temp/undo"), copied ? OldContent() : "first") << failed;
+                EXPECT_EQ(machine.folder.Content("c/Temp/working"), written ? NewPart : OldContent())
+                    << failed;
+                EXPECT_TRUE(copied || !failed.empty());
+                return !failed.empty();
+            });
+            EXPECT_GT(faults, 3);
+        }
+    }
+}
+
 TEST(DroppedWriter, PutsNothingInPlace) {
     for (const bool ownFolder : {true, false}) {
         HostMachine machine;

@@ -308,6 +308,10 @@ TargetFile::~TargetFile() {
     if (!besideName_.empty() && !done_) ::unlink(besideName_.c_str());
 }
 
+bool TargetFile::MayWriteOver() const {
+    return target_ && !(options_.keepsOtherNames && former_.st_nlink > 1);
+}
+
 void TargetFile::OpenElsewhere() {
     options_.inPlace = true;
     if (!target_ && ::access(HostFolderOf(path_).c_str(), W_OK | X_OK) != 0) {
@@ -341,7 +345,7 @@ void TargetFile::OpenBeside() {
     content_.Close();
     besideName_.clear();
     if (error == ENOENT) throw RuntimeError(ErrorNumber::PathNotFound);
-    if (!target_ || !CannotCreate(error)) Fail(error);
+    if (!MayWriteOver() || !CannotCreate(error)) Fail(error);
     OpenElsewhere();
 }
 
@@ -388,7 +392,7 @@ void TargetFile::Write(std::span<const std::byte> bytes) {
         try {
             WriteAll(content_, bytes);
         } catch (const RuntimeError& error) {
-            if (!IsFull(error) || !target_ || options_.inPlace) throw;
+            if (!IsFull(error) || !MayWriteOver() || options_.inPlace) throw;
             FileDescriptor former = std::exchange(content_, Elsewhere(content_, before));
             former.Close();
             options_.inPlace = true;
@@ -406,7 +410,7 @@ bool TargetFile::CopyFrom(const FileDescriptor& source, const struct stat& statu
         try {
             whole = (!goOn || goOn()) && TakeOver(source, goOn);
         } catch (const RuntimeError& error) {
-            if (!IsFull(error) || !target_ || options_.inPlace) throw;
+            if (!IsFull(error) || !MayWriteOver() || options_.inPlace) throw;
             content_.Close();
             OpenElsewhere();
             if (::lseek(source.Number(), 0, SEEK_SET) < 0) Fail(errno);

@@ -109,6 +109,7 @@ class TargetFile {
         bool replaces = true;                ///< what stands there on Commit; else that fails with 58
         std::optional<std::uint64_t> limit;  ///< most bytes that the disk takes; beyond it 61
         bool cleanFolder = true;             ///< by RemoveLeftovers
+        bool keepsOtherNames = false;        ///< what has another name is never written over: see LinkAsCopy
     };
 
     /// Tests the target for writing without changing it. Throws 70 when it is protected, 75 when it is no normal
@@ -132,6 +133,8 @@ class TargetFile {
   private:
     void OpenBeside();
     void OpenElsewhere();
+    /// Whether the content may be written over what stands there.
+    [[nodiscard]] bool MayWriteOver() const;
     /// Runs a step; a failure of it is one of the whole.
     template <class Step>
     void Try(Step&& step);

@@ -4,13 +4,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
+#include <future>
 #include <system_error>
 #include <utility>
 
 #include "backends/linux/HostNames.h"
+#include "backends/linux/OwnCopy.h"
 #include "backends/shared/NameList.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -196,6 +199,7 @@ TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) {
     options.cleanFolder = cleaned_.insert(HostFolderOf(location.path)).second;
     if (temporary_ && !temporary_->Path().empty()) {
         options.sync = !location.path.starts_with(temporary_->Path() + "/");
+        options.keepsOtherNames = IsOwn(location);
     }
     if (location.drive.floppy) {
         options.limit = static_cast<std::uint64_t>(DriveMap::FreeBytes(location.drive)) +
@@ -204,24 +208,98 @@ TargetFile::Options HostFiles::OptionsFor(const HostLocation& location) {
     return options;
 }
 
-bool HostFiles::Copy(const std::string& from, const std::string& to, const GoOn& goOn) {
-    const HostLocation source = LocateFile(from);
-    const HostLocation target = LocateForWriting(to);
+bool HostFiles::IsOwn(const HostLocation& location) const {
+    return temporary_ && !temporary_->Path().empty() && HostFolderOf(location.path) == temporary_->Path() &&
+           !IsLink(location.path);
+}
+
+struct HostFiles::CopyPlan {
+    HostLocation source;
+    HostLocation target;
+    TargetFile::Options options;
+    bool own = false;     ///< both are in the temporary folder
+    bool stands = false;  ///< one was linked to the other, and neither has been written since
+};
+
+HostFiles::CopyPlan HostFiles::PlanCopy(const std::string& from, const std::string& to) {
+    CopyPlan plan;
+    plan.source = LocateFile(from);
+    plan.target = LocateForWriting(to);
+    const HostLocation& source = plan.source;
+    const HostLocation& target = plan.target;
     if (source.IsFolder() || target.IsFolder()) throw RuntimeError(ErrorNumber::PathFileAccessError);
     if (!target.exists && !target.parentExists) throw RuntimeError(ErrorNumber::PathNotFound);
-    if (IsSameFile(source, target)) throw RuntimeError(ErrorNumber::PermissionDenied);
-
-    const FileDescriptor content = OpenForReading(source.path);
-    TargetFile::Options options = OptionsFor(target);
-    options.newMode = (source.status.st_mode & 0777U) | S_IWUSR;
-    options.keepMode = false;
+    plan.own = source.IsFile() && IsOwn(source) && IsOwn(target);
+    if (IsSameFile(source, target)) {
+        plan.stands = plan.own && source.path != target.path;
+        if (!plan.stands) throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    plan.options = OptionsFor(target);
+    plan.options.newMode = (source.status.st_mode & 0777U) | S_IWUSR;
+    plan.options.keepMode = false;
     // A copy that replaces nothing can be made again from what it was made from.
-    if (!target.exists) options.sync = false;
-    TargetFile copy(target.path, options);
-    if (!copy.CopyFrom(content, source.status, goOn)) return false;
+    if (!target.exists) plan.options.sync = false;
+    return plan;
+}
+
+void HostFiles::NoteCopied(const CopyPlan& plan) {
+    if (!plan.target.exists) drives_.NoteMade(plan.target.path);
+}
+
+bool HostFiles::Copy(const std::string& from, const std::string& to, const GoOn& goOn) {
+    const CopyPlan plan = PlanCopy(from, to);
+    if (plan.stands) return true;
+    const bool protectedTarget = plan.target.exists && IsReadOnly(plan.target.path, plan.target.status);
+    if (plan.own && !protectedTarget) {
+        if (goOn && !goOn()) return false;
+        if (LinkAsCopy(plan.source.path, plan.source.status, plan.target.path)) {
+            NoteCopied(plan);
+            return true;
+        }
+    }
+    const FileDescriptor content = OpenForReading(plan.source.path);
+    TargetFile copy(plan.target.path, plan.options);
+    if (!copy.CopyFrom(content, plan.source.status, goOn)) return false;
     copy.Commit();
-    if (!target.exists) drives_.NoteMade(target.path);
+    NoteCopied(plan);
     return true;
+}
+
+class HostFiles::ThreadedCopy final : public BesideCopy {
+  public:
+    ThreadedCopy(HostFiles& files, CopyPlan plan)
+        : files_(files),
+          plan_(std::move(plan)),
+          content_(OpenForReading(plan_.source.path)),
+          copy_(plan_.target.path, plan_.options),
+          // Where there are no more threads it is made in Finish.
+          whole_(std::async(std::launch::async | std::launch::deferred, [this] {
+              return copy_.CopyFrom(content_, plan_.source.status, [this] { return !dropped_; });
+          })) {}
+    ~ThreadedCopy() override { dropped_ = true; }
+
+    void Finish() override {
+        if (!whole_.get()) return;
+        copy_.Commit();
+        files_.NoteCopied(plan_);
+    }
+
+  private:
+    HostFiles& files_;
+    CopyPlan plan_;
+    FileDescriptor content_;
+    TargetFile copy_;
+    std::atomic<bool> dropped_{false};
+    std::future<bool> whole_;  ///< whose end waits for the thread
+};
+
+std::unique_ptr<BesideCopy> HostFiles::BeginCopy(const std::string& from, const std::string& to) {
+    constexpr off_t WorthAThread = 8 << 20;
+    CopyPlan plan = PlanCopy(from, to);
+    if (!plan.own && plan.source.status.st_size >= WorthAThread)
+        return std::make_unique<ThreadedCopy>(*this, std::move(plan));
+    Copy(from, to);
+    return StandingCopy();
 }
 
 FileMove HostFiles::PrepareMove(const std::string& from, const std::string& to) {

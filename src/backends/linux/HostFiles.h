@@ -14,6 +14,7 @@
 #include "backends/linux/HostFolder.h"
 #include "backends/linux/HostPaths.h"
 #include "backends/linux/TemporaryFolder.h"
+#include "platform/services/BesideCopy.h"
 #include "platform/services/DrivePath.h"
 #include "platform/services/Files.h"
 
@@ -21,7 +22,7 @@ namespace tavrix {
 
 /// The files of this system behind drive letters. On A: and B: a new content is written over the old one once it is
 /// whole and known to fit; elsewhere it takes its place. Files in the temporary folder are not synced to the disk.
-class HostFiles final : public Files {
+class HostFiles final : public Files, public BesideCopies {
   public:
     HostFiles(DriveMap& drives, HostPaths paths);
 
@@ -32,6 +33,8 @@ class HostFiles final : public Files {
     std::vector<std::string> Folders(const std::string& folder) override;
     std::unique_ptr<FolderLook> Look(const std::string& folder, const std::string& patterns) override;
     bool Copy(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
+    /// Large files are copied by a thread. This must live longer than the copy.
+    std::unique_ptr<BesideCopy> BeginCopy(const std::string& from, const std::string& to) override;
     void Rename(const std::string& from, const std::string& to) override;
     bool Move(const std::string& from, const std::string& to, const GoOn& goOn = {}) override;
     void Delete(const std::string& path) override;
@@ -56,13 +59,20 @@ class HostFiles final : public Files {
     [[nodiscard]] std::string HostPathOf(const std::string& path);
 
   private:
+    struct CopyPlan;
+    class ThreadedCopy;
+
     [[nodiscard]] CurrentFolders& Current();
     [[nodiscard]] HostLocation Locate(const std::string& path);
     [[nodiscard]] HostLocation LocateFile(const std::string& path);
     [[nodiscard]] HostLocation LocateForWriting(const std::string& path);
     [[nodiscard]] TargetFile::Options OptionsFor(const HostLocation& location);
+    /// Whether this names a file in the temporary folder itself, where nobody else writes.
+    [[nodiscard]] bool IsOwn(const HostLocation& location) const;
     [[nodiscard]] const std::string& TemporaryPath();
     [[nodiscard]] HostLocation LocateToList(const std::string& folder);
+    [[nodiscard]] CopyPlan PlanCopy(const std::string& from, const std::string& to);
+    void NoteCopied(const CopyPlan& plan);
     [[nodiscard]] FileMove PrepareMove(const std::string& from, const std::string& to);
     /// The folder's drive path in its canonical spelling.
     [[nodiscard]] std::string Spelled(const HostLocation& location, const std::string& folder);

@@ -3,6 +3,8 @@
 #include <dlfcn.h>
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <system_error>
 #include <utility>
 
 #include "backends/qt/ProgramIcon.h"
@@ -19,9 +21,20 @@ void ReadFontConfiguration() {
     if (void* init = dlsym(RTLD_DEFAULT, "FcInit")) reinterpret_cast<int (*)()>(init)();
 }
 
+/// The work by a thread of its own; where there is none it is left to whoever needs its result.
+template <class Work>
+std::jthread Beside(Work work) {
+    try {
+        return std::jthread(std::move(work));
+    } catch (const std::system_error&) {
+        return {};
+    }
+}
+
 }  // namespace
 
-QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_(ReadFontConfiguration) {
+QtProcess::QtProcess(std::string program)
+    : program_(std::move(program)), fonts_(Beside(ReadFontConfiguration)) {
     arguments_[0] = program_.data();
     // Nothing here draws with OpenGL, and loading its libraries costs more than the rest of the start together.
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
@@ -29,13 +42,22 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)), fonts_
     // Whole factors keep a picture's pixel on a pixel of the screen.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
+    const ProgramIcon icon;
+    // A font of its own, since engines that are made in one thread are of no use to another.
+    const QFont plain = QApplication::font();
+    preparation_ =
+        Beside([icon, font = QFont(plain.family(), plain.pointSize(), plain.weight(), plain.italic())] {
+            // The toolkit keeps for all threads which fonts there are, and which of them a name means.
+            static_cast<void>(QFontMetrics(font).height());
+            icon.Decode();
+        });
     auto* style = new Style;
     QApplication::setStyle(style);  // which owns it
     look_ = std::make_unique<DesktopLook>(*style);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
-    QApplication::setWindowIcon(ProgramIcon());
+    QApplication::setWindowIcon(icon.Icon());
     InstallAccessibility();
 }
 

@@ -30,6 +30,7 @@ class QtProcess {
     std::jthread fonts_;  ///< reads the font configuration, which takes as long as connecting to the screen
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<DesktopLook> look_;
+    std::jthread preparation_;  ///< what the first window needs, while the program's settings are read
 };
 
 }  // namespace tavrix::qt

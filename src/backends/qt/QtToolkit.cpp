@@ -35,19 +35,14 @@ namespace tavrix::qt {
 using namespace forms;
 
 struct QtToolkit::State {
-    explicit State(ToDrivePath function) : toDrivePath(std::move(function)) {
+    State(ToDrivePath function, std::shared_ptr<x11::FrameQuestion> frames)
+        : toDrivePath(std::move(function)), metrics(std::move(frames)) {
         wakeUp.setSingleShot(true);
         wakeUp.setTimerType(Qt::PreciseTimer);
         QObject::connect(&wakeUp, &QTimer::timeout, &wakeUp, [this] {
             const LogicCalls::Scope scope(calls);
             if (events != nullptr) events->WakeUp();
         });
-    }
-
-    /// Asking the window manager takes a moment, so that it waits until somebody wants to know.
-    const Metrics& SystemMetrics() {
-        if (!metrics) metrics.emplace();
-        return *metrics;
     }
 
     /// Widgets that were given up outside any loop wait for one; inside a handler they have to.
@@ -70,12 +65,13 @@ struct QtToolkit::State {
     QTimer wakeUp;
     Popups popups{calls};
     ScreenPointer pointer;
-    std::optional<Metrics> metrics;
+    Metrics metrics;
     HeldKeys heldKeys;
     x11::HostWindow* host = nullptr;
 };
 
-QtToolkit::QtToolkit(ToDrivePath toDrivePath) : state_(std::make_unique<State>(std::move(toDrivePath))) {}
+QtToolkit::QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames)
+    : state_(std::make_unique<State>(std::move(toDrivePath), std::move(frames))) {}
 
 QtToolkit::~QtToolkit() {
     SetScreenPointer(MousePointer::Default);
@@ -92,7 +88,7 @@ void QtToolkit::Attach(ToolkitEvents& events) {
 }
 
 std::unique_ptr<WindowPeer> QtToolkit::CreateWindowPeer(EventSink& sink, const WindowTraits& traits) {
-    return state_->Make<QtWindow>(sink, traits, state_->SystemMetrics(), state_->pointer,
+    return state_->Make<QtWindow>(sink, traits, state_->metrics, state_->pointer,
                                   traits.fullScreen ? state_->host : nullptr);
 }
 
@@ -225,7 +221,7 @@ ScreenPoint QtToolkit::PointerPlace() const {
 }
 
 int QtToolkit::Metric(SystemMetric metric) const {
-    return state_->SystemMetrics().Of(metric);
+    return state_->metrics.Of(metric);
 }
 
 LayoutMetrics QtToolkit::DialogMetrics() const {

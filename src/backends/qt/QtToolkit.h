@@ -8,14 +8,16 @@
 namespace tavrix::qt {
 
 namespace x11 {
+class FrameQuestion;
 class HostWindow;
-}
+}  // namespace x11
 
 /// The Qt backend of the forms layer. A QtProcess must live as long as it does.
 class QtToolkit final : public forms::Toolkit {
   public:
-    /// `toDrivePath` turns the host path of a dropped file into a drive path.
-    explicit QtToolkit(ToDrivePath toDrivePath);
+    /// `toDrivePath` turns the host path of a dropped file into a drive path. `frames` is the question to the window
+    /// manager, where it has been asked before.
+    explicit QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames = {});
     ~QtToolkit() override;
     QtToolkit(const QtToolkit&) = delete;
     QtToolkit& operator=(const QtToolkit&) = delete;

@@ -1,5 +1,6 @@
 #include "editing/frame/EditFrame.h"
 
+#include <memory>
 #include <string>
 
 #include "base/RuntimeError.h"
@@ -7,15 +8,53 @@
 #include "core/Folders.h"
 #include "editing/frame/ScratchPicture.h"
 #include "editing/frame/WorkingFile.h"
+#include "platform/services/BesideCopy.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
+namespace {
+
+/// The copy for the undo, which is made while the edit works.
+class UndoCopy {
+  public:
+    explicit UndoCopy(MainViewFrm& view) : undo_(view.menu.mnuUndo), enabledBefore_(undo_.Enabled) {
+        const MainModule& module = view.Module();
+        Try([&] {
+            copy_ = BeginCopy(module.platform.files, module.CurrentImage, GetTempFolder(module) + UndoFile);
+        });
+    }
+
+    void Finish() {
+        if (copy_) Try([&] { copy_->Finish(); });
+    }
+
+  private:
+    template <class Step>
+    void Try(Step step) {
+        try {
+            step();
+            undo_.Enabled = true;
+        } catch (const RuntimeError&) {
+            undo_.Caption = "Can't Undo";
+            // An entry that an earlier edit has enabled stays so.
+            undo_.Enabled = enabledBefore_;
+        }
+    }
+
+    forms::Menu& undo_;
+    bool enabledBefore_;
+    std::unique_ptr<BesideCopy> copy_;
+};
+
+}  // namespace
 
 void EditFrame::Run(const Work& work) const {
     if (RefuseUnread()) return;
     view_.menu.mnuUndo.Caption = words_.undo;
-    SaveUndoCopy();
-    if (work() == EditResult::Refused) return;
+    UndoCopy undoCopy(view_);
+    const EditResult result = work();
+    undoCopy.Finish();
+    if (result == EditResult::Refused) return;
     CommitWorkingFile(view_);
     if (WriteWorkingFile(view_, words_.notWritten)) view_.menu.mnuAnimatedGIF.Enabled = false;
 }
@@ -50,17 +89,6 @@ bool EditFrame::RefuseUnread() const {
                                     DescriptionOf(ErrorNumber::PathFileAccessError) + "...",
                             .icon = forms::BoxIcon::Stop});
     return true;
-}
-
-void EditFrame::SaveUndoCopy() const {
-    const MainModule& module = view_.Module();
-    try {
-        module.platform.files.Copy(module.CurrentImage, GetTempFolder(module) + UndoFile);
-        view_.menu.mnuUndo.Enabled = true;
-    } catch (const RuntimeError&) {
-        // An entry that an earlier edit has enabled stays so.
-        view_.menu.mnuUndo.Caption = "Can't Undo";
-    }
 }
 
 void SizeMainImage(MainViewFrm& view, float width, float height) {

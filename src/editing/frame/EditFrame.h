@@ -26,6 +26,8 @@ enum class EditResult : std::uint8_t {
 /// The frame in which every edit of the image on show runs. The edit hands in its work, which puts the new picture into
 /// MainImage; the frame makes the undo copy before it and the working file after it.
 ///
+/// The copy is made while the work is, where the files service can do that: it stands before the working file is written.
+///
 ///     EditFrame edit(view, {.undo = "&Undo Flip Vertically"});
 ///     edit.RunFromMenu([&] { return edit.Redraw([&] { ... }); });
 class EditFrame {
@@ -53,7 +55,6 @@ class EditFrame {
   private:
     /// Whether the picture is one that no edit takes.
     [[nodiscard]] bool RefuseUnread() const;
-    void SaveUndoCopy() const;
 
     MainViewFrm& view_;
     EditWords words_;

@@ -186,11 +186,9 @@ std::optional<QuarterTurn> QuarterTurnOf(float angle, int limit) {
 }
 
 void RotateByQuarters(const Surface& source, Surface& dest, const QuarterTurn& turn, int limit,
-                      const RotateGeometry& geometry, const std::function<void(int row)>& afterRow) {
+                      const RotateGeometry& geometry) {
     // The order of the loop makes no difference: no place of it takes two pixels.
     Copier(source, dest, turn, limit, geometry).Draw();
-    for (int row = 0; row <= limit; ++row)
-        afterRow(row);
 }
 
 }  // namespace tavrix

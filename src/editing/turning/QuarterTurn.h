@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include "editing/turning/RotateGeometry.h"
@@ -17,9 +16,8 @@ struct QuarterTurn {
 /// The quarter turn that the polar rotation comes to with this angle and this last row of its loop, if it is one.
 [[nodiscard]] std::optional<QuarterTurn> QuarterTurnOf(float angle, int limit);
 
-/// RotatePicture for such a turn: plain copying of a rectangle, before the first call of `afterRow`. `limit` is the last
-/// row.
+/// RotatePicture for such a turn: plain copying of a rectangle. `limit` is the last row.
 void RotateByQuarters(const Surface& source, Surface& dest, const QuarterTurn& turn, int limit,
-                      const RotateGeometry& geometry, const std::function<void(int row)>& afterRow);
+                      const RotateGeometry& geometry);
 
 }  // namespace tavrix

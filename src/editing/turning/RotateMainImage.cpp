@@ -19,6 +19,7 @@ void RotateMainImage(MainViewFrm& view, float angle) {
         view.Module().DoEvents();
     });
     dest.Refresh();
+    view.Module().DoEvents();
 }
 
 void MakeRoomForTurn(MainViewFrm& view, float width, float height) {

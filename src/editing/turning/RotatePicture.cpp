@@ -199,7 +199,7 @@ void RotatePicture(const Surface& source, Surface& dest, float angle, const Rota
     const int limit = ToInteger16(std::max(geometry.destCentreX, geometry.destCentreY) - 1);
     if (limit < 0) return;
     if (const auto turn = QuarterTurnOf(angle, limit)) {
-        RotateByQuarters(source, dest, *turn, limit, geometry, afterRow);
+        RotateByQuarters(source, dest, *turn, limit, geometry);
         return;
     }
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+
+#include "backends/qt/x11/X11.h"
 #include "platform/forms/Toolkit.h"
 
 namespace tavrix::qt {
@@ -8,22 +12,36 @@ namespace tavrix::qt {
 /// since the logic adds them to the sizes that it computes.
 class Metrics {
   public:
-    Metrics();
+    /// Asks the window manager, if it has not been asked before. That takes a moment to answer: it is waited for when
+    /// somebody needs it.
+    explicit Metrics(std::shared_ptr<x11::FrameQuestion> asked);
 
     [[nodiscard]] int Of(forms::SystemMetric metric) const;
     /// The menu bar in logical pixels.
-    [[nodiscard]] int MenuBarLogical() const { return menuBarLogical_; }
+    [[nodiscard]] int MenuBarLogical() const { return TheMenuBar().logical; }
 
     /// What lies around the inner part of a window, its menu bar not counted.
-    [[nodiscard]] int FrameWidth() const { return 2 * borderWidth_; }
-    [[nodiscard]] int FrameHeight() const { return 2 * borderHeight_ + caption_; }
+    [[nodiscard]] int FrameWidth() const { return 2 * TheFrame().borderWidth; }
+    [[nodiscard]] int FrameHeight() const { return 2 * TheFrame().borderHeight + TheFrame().caption; }
 
   private:
-    int caption_ = 20;
-    int borderWidth_ = 4;
-    int borderHeight_ = 4;
-    int menuBarLogical_ = 0;
-    int menuBar_ = 0;
+    struct Frame {
+        int caption = 20;
+        int borderWidth = 4;
+        int borderHeight = 4;
+    };
+
+    struct MenuBar {
+        int logical = 0;
+        int device = 0;
+    };
+
+    [[nodiscard]] const Frame& TheFrame() const;
+    [[nodiscard]] const MenuBar& TheMenuBar() const;
+
+    mutable std::shared_ptr<x11::FrameQuestion> question_;  ///< null: nobody to ask, or answered
+    mutable std::optional<Frame> frame_;
+    mutable std::optional<MenuBar> menuBar_;
 };
 
 }  // namespace tavrix::qt

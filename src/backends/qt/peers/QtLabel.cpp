@@ -8,6 +8,7 @@
 #include "backends/qt/peers/Contrast.h"
 #include "backends/qt/peers/FittedText.h"
 #include "backends/qt/peers/Mnemonics.h"
+#include "backends/qt/peers/WindowWidget.h"
 
 namespace tavrix::qt {
 
@@ -60,6 +61,8 @@ void QtLabel::SetBackColor(std::optional<Colour> colour) {
 
 forms::PixelSize QtLabel::NaturalSize() const {
     LabelWidget& label = Get();
+    const auto* window = dynamic_cast<const WindowWidget*>(label.window());
+    if (window != nullptr && window->measuredLater) return {};
     label.ensurePolished();
     // A label that breaks its lines would answer with a shape that looks well.
     const bool wraps = label.wordWrap();

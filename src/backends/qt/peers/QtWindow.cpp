@@ -38,13 +38,14 @@ bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
 
 QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, const Metrics& metrics,
                    ScreenPointer& pointer, x11::HostWindow* host)
-    : QtControl(new WindowWidget(port, traits, metrics.MenuBarLogical())),
+    : QtControl(new WindowWidget(port, traits, traits.menuBar ? metrics.MenuBarLogical() : 0)),
       metrics_(metrics),
       pointer_(pointer),
       host_(host),
       waitWindow_(traits.waitWindow),
       resizable_(traits.resizable),
       fullScreen_(traits.fullScreen) {
+    Get().measuredLater = waitWindow_;
     Get().onPlaced = [this] { ScheduleReport(true); };
     Get().onMapped = [this](const QWidget& mapped) {
         if (waitsForOwner_ && owner_ == &mapped) Map();
@@ -183,6 +184,7 @@ void QtWindow::Map() {
         return;
     }
     const bool comesWithOwner = std::exchange(waitsForOwner_, false);
+    if (std::exchange(window.measuredLater, false)) window.Port().Deliver(forms::FontEvent{});
     if (window.testAttribute(Qt::WA_WState_Created)) {
         window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost_);
     } else {

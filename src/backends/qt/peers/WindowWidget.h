@@ -40,6 +40,9 @@ class WindowWidget final : public QWidget {
     [[nodiscard]] QMenuBar* MenuBar() { return menuBar_; }
     [[nodiscard]] const SinkPort& Port() const { return port_; }
 
+    /// It waits to be mapped, and perhaps never is. What stands in it is measured when it is, since that loads fonts.
+    bool measuredLater = false;
+
     /// The window system told a new place, size or state.
     std::function<void()> onPlaced;
     /// A window of the program has come to the screen.

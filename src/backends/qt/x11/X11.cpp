@@ -1,14 +1,18 @@
 #include "backends/qt/x11/X11.h"
 
+#include <poll.h>
+
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
+#include <stop_token>
 #include <string_view>
-#include <thread>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -77,6 +81,47 @@ void TellRoot(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t type
                    reinterpret_cast<const char*>(&message));
 }
 
+bool TellsOf(const xcb_generic_event_t& event, xcb_atom_t property) {
+    return (event.response_type & 0x7FU) == XCB_PROPERTY_NOTIFY &&
+           reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == property;
+}
+
+/// Asks for the frame of a window that is never mapped, and waits for it; empty without a window manager, or when it is
+/// to stop.
+std::optional<FrameExtents> AskForFrames(const std::stop_token& stop) {
+    using namespace std::chrono_literals;
+    const OwnConnection own(xcb_connect(nullptr, nullptr));
+    xcb_connection_t* const connection = own.get();
+    if (xcb_connection_has_error(connection) != 0) return std::nullopt;
+    const auto [check, extents, request] =
+        AtomsOf(connection, {"_NET_SUPPORTING_WM_CHECK", "_NET_FRAME_EXTENTS", "_NET_REQUEST_FRAME_EXTENTS"});
+    const auto manager = PropertyOf(connection, RootOf(connection), check);
+    if (Words(manager.get()).empty()) return std::nullopt;
+
+    const xcb_window_t probe = xcb_generate_id(connection);
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, RootOf(connection), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    TellRoot(connection, probe, request, {});
+    xcb_flush(connection);
+    const auto end = std::chrono::steady_clock::now() + 2s;
+    while (!stop.stop_requested() && std::chrono::steady_clock::now() < end &&
+           xcb_connection_has_error(connection) == 0) {
+        const Reply<xcb_generic_event_t> event(xcb_poll_for_event(connection));
+        if (!event) {
+            constexpr int MillisecondsToStop = 5;
+            pollfd server{xcb_get_file_descriptor(connection), POLLIN, 0};
+            ::poll(&server, 1, MillisecondsToStop);
+        } else if (TellsOf(*event, extents)) {
+            const auto words = Words(PropertyOf(connection, probe, extents).get());
+            if (words.size() < 4) continue;
+            return FrameExtents{static_cast<int>(words[0]), static_cast<int>(words[1]),
+                                static_cast<int>(words[2]), static_cast<int>(words[3])};
+        }
+    }
+    return std::nullopt;
+}
+
 /// Waits for the answer to one request for a selection.
 class SelectionAnswer final : public QAbstractNativeEventFilter {
   public:
@@ -111,40 +156,34 @@ bool Running() {
 }
 
 FrameQuestion::FrameQuestion() {
-    xcb_connection_t* connection = QtConnection();
-    if (connection == nullptr) return;
-    const auto [check, extents, request] =
-        AtomsOf(connection, {"_NET_SUPPORTING_WM_CHECK", "_NET_FRAME_EXTENTS", "_NET_REQUEST_FRAME_EXTENTS"});
-    const auto manager = PropertyOf(connection, RootOf(connection), check);
-    if (Words(manager.get()).empty()) return;
-
-    extents_ = extents;
-    probe_ = xcb_generate_id(connection);
-    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe_, RootOf(connection), 0, 0, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    TellRoot(connection, probe_, request, {});
-    xcb_flush(connection);
+    std::promise<std::optional<FrameExtents>> promise;
+    answer_ = promise.get_future();
+    try {
+        thread_ = std::jthread([promise = std::move(promise)](const std::stop_token& stop) mutable {
+            promise.set_value(AskForFrames(stop));
+        });
+    } catch (const std::system_error&) {  // no more threads: no answer
+        answer_ = {};
+    }
 }
 
-FrameQuestion::~FrameQuestion() {
-    if (probe_ == XCB_WINDOW_NONE) return;
-    xcb_destroy_window(QtConnection(), probe_);
-    xcb_flush(QtConnection());
-}
-
-std::optional<FrameExtents> FrameQuestion::Answer() const {
+std::optional<FrameExtents> FrameQuestion::Answer() {
     using namespace std::chrono_literals;
-    if (probe_ == XCB_WINDOW_NONE) return std::nullopt;
-    const auto deadline = std::chrono::steady_clock::now() + 100ms;
-    do {
-        const auto words = Words(PropertyOf(QtConnection(), probe_, extents_).get());
-        if (words.size() >= 4) {
-            return FrameExtents{static_cast<int>(words[0]), static_cast<int>(words[1]),
-                                static_cast<int>(words[2]), static_cast<int>(words[3])};
-        }
-        std::this_thread::sleep_for(200us);
-    } while (std::chrono::steady_clock::now() < deadline);
-    return std::nullopt;
+    if (!answer_.valid() || answer_.wait_for(100ms) != std::future_status::ready) return std::nullopt;
+    return answer_.get();
+}
+
+std::shared_ptr<FrameQuestion> AskForFramesEarly() {
+    const auto valueOf = [](const char* name) {
+        const char* value = std::getenv(name);
+        return std::string_view(value != nullptr ? value : "");
+    };
+    // A Wayland desktop may have a server for others, which a question would start.
+    const bool wayland = !valueOf("WAYLAND_DISPLAY").empty() || valueOf("XDG_SESSION_TYPE") == "wayland";
+    const std::string_view platform = valueOf("QT_QPA_PLATFORM");
+    const bool onServer = platform.empty() ? !wayland : platform.starts_with("xcb");
+    if (!onServer || valueOf("DISPLAY").empty()) return nullptr;
+    return std::make_shared<FrameQuestion>();
 }
 
 void LeaveKeyboard(std::uint32_t window) {

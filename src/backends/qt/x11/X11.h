@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <future>
+#include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 namespace tavrix::qt::x11 {
 
@@ -17,22 +20,25 @@ struct FrameExtents {
     int bottom = 0;
 };
 
-/// The question to the window manager how wide its frames are. It is asked at once and answered within a millisecond
-/// or two, on a busy machine within 100 ms, so that there is something else to do meanwhile.
+/// The question to the window manager how wide its frames are. It is asked at once, by a thread with a connection of its
+/// own, and answered within some milliseconds, on a busy machine within 100 ms, so that there is something else to do
+/// meanwhile.
 class FrameQuestion {
   public:
     FrameQuestion();
-    ~FrameQuestion();
     FrameQuestion(const FrameQuestion&) = delete;
     FrameQuestion& operator=(const FrameQuestion&) = delete;
 
-    /// Waits for the answer, 100 ms at most; empty without a window manager or an answer.
-    [[nodiscard]] std::optional<FrameExtents> Answer() const;
+    /// Waits for the answer, 100 ms at most; empty without a window manager or an answer. Once.
+    [[nodiscard]] std::optional<FrameExtents> Answer();
 
   private:
-    std::uint32_t probe_ = 0;  ///< a window that is never mapped; 0: nothing was asked
-    std::uint32_t extents_ = 0;
+    std::future<std::optional<FrameExtents>> answer_;
+    std::jthread thread_;
 };
+
+/// The question before the toolkit runs, where the environment says that it will run on an X server; else null.
+[[nodiscard]] std::shared_ptr<FrameQuestion> AskForFramesEarly();
 
 /// Asks the window manager to leave the keyboard where it is when it maps this window.
 void LeaveKeyboard(std::uint32_t window);
