@@ -149,7 +149,13 @@ class Browser:
             begin = self.hand.click()
         else:
             begin = self.hand.press("s" if way == "Alt+S" else way)
-        took = seconds_until(lambda: self._stop_place() == self._at_rest and self.texts() != before, begin)
+        try:
+            took = seconds_until(lambda: self._stop_place() == self._at_rest and self.texts() != before, begin)
+        except RuntimeError as error:
+            titles = [window.title for window in self.screen.windows() if window.pid == self.process.pid]
+            gone, told = self._stop_place() == self._at_rest, self.texts() != before
+            raise RuntimeError(f"Stop by {way} did not act: button gone {gone}, page told {told}, open are {titles},"
+                               f" exit {self.process.poll()}") from error
         if way == "Alt+S":
             self.hand.send((X.KeyRelease, self.hand.key("Alt_L")))
         time.sleep(0.5)
