@@ -21,7 +21,7 @@ from Xlib import XK, X, display
 from Xlib.ext import xtest
 
 LIMIT = 0.1  # seconds
-FILES = 12  # more than a page, so that there is a next one
+FILES = 400  # so many that every page is a whole one, which does not end by itself before Stop is pressed
 WAYS = ("click", "Alt+S", "Return", "space")
 
 
@@ -127,7 +127,7 @@ class Browser:
 
     def lead_keyboard_to_stop(self):
         before = self._stop_place()
-        for _ in range(FILES):
+        for _ in range(20):  # more than the window has controls
             self.hand.press("Tab")
             time.sleep(0.03)
             if self._stop_place() != before:
@@ -174,10 +174,10 @@ class Browser:
 
 def make_pictures(folder, progressive):
     noise = Image.effect_noise((1000, 800), 90).resize((12_500, 8_000), Image.Resampling.NEAREST)
-    first = os.path.join(folder, "00.jpg")
+    first = os.path.join(folder, "000.jpg")
     Image.merge("RGB", [noise] * 3).save(first, quality=90, progressive=progressive)
     for number in range(1, FILES):
-        os.link(first, os.path.join(folder, f"{number:02}.jpg"))
+        os.link(first, os.path.join(folder, f"{number:03}.jpg"))
 
 
 def measure(machine, folder, kind, ways, stops):
