@@ -125,15 +125,6 @@ class Browser:
         self.stop("Alt+S", 0)
         return took
 
-    def lead_keyboard_to_stop(self):
-        before = self._stop_place()
-        for _ in range(20):  # more than the window has controls
-            self.hand.press("Tab")
-            time.sleep(0.03)
-            if self._stop_place() != before:
-                return
-        raise RuntimeError("Stop does not take the keyboard")
-
     def stop(self, way, moment):
         """Seconds until Stop has acted that is pressed some time after now."""
         if way == "click":
@@ -141,7 +132,7 @@ class Browser:
         elif way == "Alt+S":
             self.hand.send((X.KeyPress, self.hand.key("Alt_L")))
         else:
-            self.lead_keyboard_to_stop()
+            self.hand.press("Tab")  # no other control is enabled
         time.sleep(0.05)
         time.sleep(max(0, moment - time.monotonic()))
         before = self.texts()
