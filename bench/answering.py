@@ -1,12 +1,15 @@
 #!/usr/bin/python3
 """answering.py [-n FILES]
 answering.py --large [SIDE]
+answering.py --editor [ROWS]
 
 How long the program leaves its user without an answer while it is busy: the longest time that its window needs to
 answer the window system's ping (_NET_WM_PING). In a large folder, in each phase of opening an image among 50,000 files,
 against a quarter of a second; with --large, while a new image of 10,000 by 10,000 pixels is made, turned and saved,
-against five seconds, and with the most memory that the program had, against three times that of the picture. The figure
-is the worst of a run, whatever else the machine does. Needs what the tests from outside need.
+against five seconds, and with the most memory that the program had, against three times that of the picture; with --editor,
+while the editor of shows holds the longest show, whose lists are scrolled and selected and whose information boxes are
+opened, against a tenth of a second. The figure is the worst of a run, whatever else the machine does. Needs what the tests
+from outside need.
 """
 
 import argparse
@@ -29,6 +32,9 @@ PROGRAM = os.path.join(ROOT, "build", "release", "app", "tavrix")
 LIMIT = 0.25  # seconds without an answer that a user may notice
 LARGE_LIMIT = 5  # the same for work on a picture that is larger than any other
 LARGE_SIDE = 10_000
+EDITOR_LIMIT = 0.1  # the same for what is done all the time
+LONGEST_SHOW = 30_001
+EDITOR = "Tavrix - [Slide Show Editor]"
 PAUSE = 0.004  # seconds between two pings
 
 
@@ -88,6 +94,15 @@ def make_folder(folder, files):
     large.save(os.path.join(folder, "yprogressive.jpg"), quality=92, progressive=True)
     large.save(os.path.join(folder, "zbitmap.bmp"))
     return small
+
+
+def make_slides(folder, files):
+    """One picture by many names."""
+    os.makedirs(folder)
+    first = os.path.join(folder, "100000.bmp")
+    Image.new("RGB", (40, 30), (200, 30, 30)).save(first)
+    for number in range(1, files):
+        os.link(first, os.path.join(folder, f"{100000 + number}.bmp"))
 
 
 def steps(screen, windows):
@@ -172,6 +187,84 @@ def large_steps(screen, windows, working, saved, side):
     yield "it is saved", save, written(saved, now())
 
 
+class EditorList:
+    """A list of the editor, by shares of the window's sides: its left, top, right and bottom."""
+
+    def __init__(self, screen, window, left, top, right, bottom):
+        self._screen = screen
+        self.left, self.right = window.x + round(window.width * left), window.x + round(window.width * right)
+        self.top, self.bottom = window.y + round(window.height * top), window.y + round(window.height * bottom)
+
+    def rows(self):
+        """What is seen of them."""
+        return self._screen.grab(self.left, self.top, self.right - self.left - 20, self.bottom - self.top).tobytes()
+
+    def click(self, row=0):
+        """Gives it the keyboard, by a row of those that are seen."""
+        self._screen.click(self.left + 30, self.top + 8 + 14 * row)
+
+    def turn(self, notches):
+        """Turns the wheel over it, downwards if that is more than 0."""
+        self._screen.move_pointer((self.left + self.right) // 2, (self.top + self.bottom) // 2)
+        for _ in range(abs(notches)):
+            self._screen.click((self.left + self.right) // 2, (self.top + self.bottom) // 2, button=5 if notches > 0 else 4)
+
+    def drag_bar(self):
+        """From one end to the other and back."""
+        x, ends = self.right - 9, (self.top + 27, self.bottom - 27)
+        self.expect_change(lambda: self._screen.drag((x, ends[0]), (x, ends[1]), steps=60))
+        self._screen.drag((x, ends[1]), (x, ends[0]), steps=60)
+
+    def expect_change(self, act):
+        """What is done is to be seen in the list."""
+        before = self.rows()
+        act()
+        wait_until(lambda: self.rows() != before, "a change in the list")
+
+
+def editor_steps(screen, windows):
+    """The phases in the editor: what the user does, and a time in seconds for what it sets off."""
+    window = wait_until(lambda: windows().get(EDITOR), "the editor")
+    wait_until(lambda: screen.active() == window.id, "the editor's keyboard")
+    time.sleep(1)
+    files = EditorList(screen, window, 0.012, 0.468, 0.357, 0.935)
+    show = EditorList(screen, window, 0.468, 0.102, 0.988, 0.9)
+
+    def add_all():
+        files.click()
+        time.sleep(0.5)
+        show.expect_change(lambda: screen.press("equal"))
+
+    def box(key, title):
+        screen.press(key)
+        wait_until(lambda: title in windows(), title, 60)
+        time.sleep(0.3)
+        screen.press("Return")
+        wait_until(lambda: title not in windows(), f"the end of {title}")
+
+    def scroll(place):
+        yield "the wheel, 50 notches down, 50 up", lambda: (place.expect_change(lambda: place.turn(50)), place.turn(-50)), 1
+        place.click(2)
+        yield "Page Down, 50 times", lambda: place.expect_change(lambda: screen.press(*["Next"] * 50)), 1
+        yield "Page Up, 50 times", lambda: place.expect_change(lambda: screen.press(*["Prior"] * 50)), 1
+        yield "End and Home, 10 times", lambda: screen.press(*["End", "Home"] * 10), 1
+        yield "the bar is dragged to its ends", place.drag_bar, 1
+
+    yield "all files are added", add_all, 3
+    for name, place, keys in (("show", show, ("F5", "F6", "F9", "F6")), ("files", files, ("Alt+a", "Alt+n", "F9", "Alt+n"))):
+        for what, act, seconds in scroll(place):
+            yield f"{name}: {what}", act, seconds
+        place.click(2)
+        for what, key in zip(("all", "none", "all others", "none again"), keys):
+            yield f"{name}: select {what}", lambda key=key, place=place: place.expect_change(lambda: screen.press(key)), 1
+        place.click(3)
+        if place is show:
+            yield "the box about the show", lambda: box("Alt+F2", "Tavrix - [Slide Show Information]"), 1
+        else:
+            yield "the box about the source folder", lambda: box("Alt+F2", "Tavrix - [Source Folder Information]"), 1
+        yield f"{name}: the box about an image", lambda: box("F11", "Tavrix - [Image Information]"), 1
+
+
 def peak_memory(pid):
     with open(f"/proc/{pid}/status", encoding="ascii") as status:
         return next(int(line.split()[1]) * 1024 for line in status if line.startswith("VmHWM"))
@@ -181,9 +274,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("-n", "--files", type=int, default=50_000)
     parser.add_argument("--large", type=int, nargs="?", const=LARGE_SIDE, metavar="SIDE")
+    parser.add_argument("--editor", type=int, nargs="?", const=LONGEST_SHOW, metavar="ROWS")
     arguments = parser.parse_args()
-    side = arguments.large
-    limit = LARGE_LIMIT if side else LIMIT
+    side, rows = arguments.large, arguments.editor
+    limit = EDITOR_LIMIT if rows else LARGE_LIMIT if side else LIMIT
     folder = tempfile.mkdtemp(prefix="tavrix-answering.")
     children = Children()
     pings = None
@@ -195,20 +289,27 @@ def main():
             "DBUS_SESSION_BUS_ADDRESS": "disabled:"})
         home = Home(folder)
         home.write_settings("[Viewer]\nOpenShowPreview=True\nStartupDialog=0\nRotatePreserve=False\n")
-        picture = make_folder(home.pictures, 1 if side else arguments.files)
-        program = children.start([PROGRAM, picture], {**screen.environment, **home.environment},
+        if rows:
+            start = "SHOW"
+            make_slides(os.path.join(home.program, "SLIDES"), rows)
+        else:
+            start = make_folder(home.pictures, 1 if side else arguments.files)
+        program = children.start([PROGRAM, start], {**screen.environment, **home.environment},
                                  os.path.join(folder, "program.log"))
 
         def mine():
             return {w.title: w for w in screen.windows() if w.pid == program.pid}
 
-        main_view = wait_until(lambda: next(iter(mine().values()), None), "the main view")
+        first = wait_until(lambda: mine().get(EDITOR) if rows else next(iter(mine().values()), None), "the first window", 60)
         time.sleep(1)
-        pings = Pings(screen, main_view)
+        pings = Pings(screen, first)
         worst = 0.0
         working = os.path.join(home.temporary, "Untitled.BMP")
         saved = os.path.join(home.pictures, "kept.bmp")
-        phases = large_steps(screen, mine, working, saved, side) if side else steps(screen, mine)
+        if rows:
+            phases = editor_steps(screen, mine)
+        else:
+            phases = large_steps(screen, mine, working, saved, side) if side else steps(screen, mine)
         for name, act, over in phases:
             begin = time.monotonic()
             act()

@@ -1,13 +1,9 @@
 #!/usr/bin/python3
-"""compare.py [-n RUNS] [--stop]
+"""compare.py [-n RUNS]
 
 A folder of nine JPEG photos of 24 megapixels in the thumbnail browser and in `feh --thumbnails`, in turns on one virtual
 display, with nothing in any cache: seconds from the start of the process to the last of nine thumbnails on the screen. Ours
 asks for the folder first; it is answered as soon as it asks, and the time from that answer on is told too.
-
-With --stop, how long Stop takes to act in the middle of a JPEG of 100 megapixels: from the click to the end of the page, as
-seen on the screen, beside what a hint under the pointer takes in the same window at rest, which is the machine's share, and
-the time that the picture takes when nobody stops it.
 """
 
 import argparse
@@ -18,7 +14,7 @@ import sys
 import tempfile
 import time
 
-from PIL import Image, ImageChops, ImageDraw
+from PIL import Image, ImageDraw
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 sys.path.insert(0, os.path.join(ROOT, "tests", "e2e"))
@@ -128,72 +124,18 @@ def compare(machine, pictures, runs):
           f"feh {median(theirs):.2f} s; ratio {median(whole) / median(theirs):.2f}")
 
 
-def centre_of_change(before, after, top, bottom):
-    """The middle of what has changed in the right third of a window, between two shares of its height."""
-    box = (before.width * 2 // 3, int(before.height * top), before.width, int(before.height * bottom))
-    left, upper, right, lower = ImageChops.difference(before.crop(box), after.crop(box)).getbbox()
-    return box[0] + (left + right) // 2, box[1] + (upper + lower) // 2
-
-
-def stop(machine, pictures, runs):
-    screen = machine.screen
-    noise = Image.effect_noise((1000, 800), 90).resize((12_500, 8_000), Image.Resampling.NEAREST)
-    for name, progressive in (("plain", False), ("progressive", True)):
-        folder = os.path.join(pictures, name)
-        os.mkdir(folder)
-        Image.merge("RGB", [noise] * 3).save(os.path.join(folder, "a.jpg"), quality=90, progressive=progressive)
-        stopped, at_rest = [], []
-        for run in range(runs + 1):
-            process = machine.browse(folder)
-            screen.move_pointer(2, 2)
-            wait_until(lambda p=process: screen.active() == machine.titles(p)[DIALOG].id, "the dialog's keyboard")
-            screen.press("Return")
-            begin = time.monotonic()
-            window = wait_until(lambda p=process: machine.titles(p).get(BROWSER), BROWSER)
-            place = window.x, window.y, window.width, window.height
-
-            def texts(window=window):
-                """Which images are shown, and the hint."""
-                return screen.grab(window.x, window.y + window.height * 17 // 20, window.width // 4,
-                                   window.height * 3 // 20).tobytes()
-
-            wait_until(lambda w=window: screen.active() == w.id, "the browser's keyboard")
-            time.sleep(0.3)
-            loading = screen.grab(*place)
-            before = texts()
-            if run == 0:  # nobody stops it, and it is seen where Stop is, and which buttons wait for the end
-                undisturbed = seconds_until(lambda: texts() != before, begin)
-                time.sleep(1)
-                ended = screen.grab(*place)
-                stop_button = centre_of_change(loading, ended, 0, 0.5)
-                another_button = centre_of_change(loading, ended, 0.5, 0.85)
-            else:
-                begin = time.monotonic()
-                screen.click(place[0] + stop_button[0], place[1] + stop_button[1])
-                stopped.append(seconds_until(lambda: texts() != before, begin))
-                time.sleep(1)
-                rest, begin = texts(), time.monotonic()
-                screen.move_pointer(place[0] + another_button[0], place[1] + another_button[1])
-                at_rest.append(seconds_until(lambda: texts() != rest, begin))
-            machine.end(process)
-        print(f"{name} JPEG of 100 MP: {undisturbed:.2f} s undisturbed; Stop acts within {statistics.median(stopped) * 1000:.0f}"
-              f" ms, at most {max(stopped) * 1000:.0f}; a hint at rest {statistics.median(at_rest) * 1000:.0f} ms", flush=True)
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("-n", "--runs", type=int, default=5)
-    parser.add_argument("--stop", action="store_true")
     arguments = parser.parse_args()
-    if not arguments.stop and not shutil.which("feh"):
+    if not shutil.which("feh"):
         sys.exit("feh is not installed")
     folder = tempfile.mkdtemp(prefix="tavrix-thumbnails.")
     pictures = os.path.join(folder, "photos")
     os.mkdir(pictures)
     children = Children()
     try:
-        machine = Machine(children, folder)
-        (stop if arguments.stop else compare)(machine, pictures, arguments.runs)
+        compare(Machine(children, folder), pictures, arguments.runs)
     finally:
         children.end_all()
         shutil.rmtree(folder, ignore_errors=True)

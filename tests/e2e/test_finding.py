@@ -1,12 +1,15 @@
 """Images found on a drive, files of like names on two drives, and favorite files."""
 
 import os
+import shutil
 
 from PIL import Image, ImageChops
 
 from driver import SleepingDisk, wait_until
 from support import ProgramTest
 
+_SAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples")
+_KINDS = (".bmp", ".dib", ".jpg", ".gif", ".wmf", ".emf", ".ico", ".rle", ".cur", ".pcx", ".tga")
 _FIND = "Find Image(s)"
 _DUPLICATES = "Search For Duplicate Files"
 _BEGIN = ("You are about to search the selected drive(s) for duplicate files... This could take several minutes to "
@@ -97,6 +100,34 @@ class FindingTest(ProgramTest):
         self.assertEqual(self.in_trash(), ["cat 2.bmp"])
         self.click_row(dialog, 0, times=2)
         self.wait_titles(program, "Tavrix - [D:\\old\\cat 4.bmp]")
+        self.end_by_escape(program)
+
+    def test_forty_samples_of_all_kinds(self):
+        samples = [name for name in sorted(os.listdir(_SAMPLES)) if name.endswith(_KINDS)]
+        names = [f"{number:02}-{samples[number % len(samples)]}" for number in range(1, 41)]
+        self.assertEqual({os.path.splitext(name)[1] for name in names}, set(_KINDS))
+        for name in names:
+            for folder in (self.home.pictures, self.other):
+                shutil.copy(os.path.join(_SAMPLES, name[3:]), os.path.join(folder, name))
+        shutil.copy(os.path.join(_SAMPLES, "small.png"), self.home.pictures)
+        program = self.start_on()
+        dialog = self.open_dialog(program, _FIND)
+        self.screen.press("Return")
+        self.wait_rows(dialog, [f"D:\\{name}" for name in names])
+        self.wait_status(dialog, "Found a total of: 40 images on D:")
+        self.screen.type("balloon")
+        self.screen.press("Return")
+        self.wait_rows(dialog, [f"D:\\{name}" for name in names if "balloon" in name])
+        self.screen.press("Escape")
+        self.wait_titles(program, "Tavrix")
+        dialog = self.open_dialog(program, _DUPLICATES)
+        self.select_drives(dialog, "D", "E")
+        self.press(dialog, "Search")
+        self.answer(program, _BEGIN, "OK")
+        self.wait_rows(dialog, [f"{drive}:\\{name}" for name in names for drive in "ED"])
+        self.wait_status(dialog, " Selected drive(s) have been searched, 80 duplicate files were found...")
+        self.screen.press("Alt+o")
+        self.wait_titles(program, "Tavrix")
         self.end_by_escape(program)
 
     def test_a_search_is_canceled_in_the_middle(self):

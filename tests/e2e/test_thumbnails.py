@@ -29,7 +29,21 @@ class ThumbnailsTest(ProgramTest):
             self.names.append(f"{number:02}-{sample}")
             shutil.copy(os.path.join(SAMPLES, sample), os.path.join(self.home.pictures, self.names[-1]))
 
-    def browse(self, settings=""):
+    def put_broken(self):
+        """Pictures of all these kinds that are nothing, only a beginning, a half, and one with a hole."""
+        samples = ["palette.bmp", "small-1bit.dib", "hills.jpg", "balloon.gif", "harbour.wmf", "rainfall.emf", "balloon.ico",
+                   "small-rle4.rle", "balloon.cur"]
+        self.names = []
+        for sample in samples:
+            with open(os.path.join(SAMPLES, sample), "rb") as file:
+                whole = file.read()
+            half = len(whole) // 2
+            for broken in (b"", whole[:30], whole[:half], whole[:40] + bytes(half) + whole[40 + half:]):
+                self.names.append(f"{len(self.names) + 1:02}-{sample}")
+                with open(os.path.join(self.home.pictures, self.names[-1]), "wb") as file:
+                    file.write(broken)
+
+    def browse(self, settings="", rests=True):
         """The program with the browser on the folder of pictures."""
         self.home.write_settings("[Viewer]\nStartupDialog=0\n" + settings)
         program = self.start(folder=self.home.pictures)
@@ -37,11 +51,13 @@ class ThumbnailsTest(ProgramTest):
         program.menu_entry("File", "Thumbnails", "Browse Folder").act()
         self.dialog(program, FOLDER_DIALOG)
         self.screen.press("Return")
-        return program, self.browser(program)
+        return program, self.browser(program, rests)
 
-    def browser(self, program):
+    def browser(self, program, rests=True):
+        """The browser; with boxes about its pictures above it, it does not rest."""
         window = program.window(BROWSER)
-        wait_until(lambda: self.screen.active() == window.id, "the browser becoming active")
+        if rests:
+            wait_until(lambda: self.screen.active() == window.id, "the browser becoming active")
         return program.wait(lambda: next((top for top in program.root().children() if top.name == BROWSER), None),
                             BROWSER)
 
@@ -55,6 +71,21 @@ class ThumbnailsTest(ProgramTest):
         shown = self.thumbnails(browser)
         self.assertEqual([graphic.name for graphic in shown], self.names[first - 1:last])
         return shown
+
+    def pass_failures(self, program, browser, first, last):
+        """Lets a page come to its end, whatever fails on it. Gives the paths of what has failed."""
+        failed = []
+
+        def look():
+            box = program.message_box()  # the topmost one; the browser looks like a box, too
+            if box.title != "Tavrix":
+                return f"{first} to {last}" in self.labels(browser)
+            self.assertTrue(box.text.startswith("Unable to show preview of the following image:"), box.text)
+            failed.append(next(line for line in box.text.splitlines() if line.startswith("C:\\")))
+            box.press("OK")
+            return False
+        wait_until(look, lambda: f"page {first} to {last}; there are {self.labels(browser)}, and {failed} failed", 60)
+        return failed
 
     def thumbnails(self, browser):
         return [graphic for graphic in browser.all("graphic") if "-" in graphic.name]
@@ -179,6 +210,22 @@ class ThumbnailsTest(ProgramTest):
         self.assertTrue(DropSource(self.screen, dropped).drop_on(program.window(BROWSER)))
         wait_until(lambda: "1 to 3" in self.labels(browser), lambda: f"three; there are {self.labels(browser)}")
         self.assertEqual([g.name for g in self.thumbnails(browser)], [os.path.basename(path) for path in dropped])
+
+    def test_broken_pictures_stop_no_page(self):
+        self.put_broken()
+        program, browser = self.browse(rests=False)
+        failed = []
+        for first in range(1, len(self.names), 9):
+            if first > 1:
+                self.screen.press("Alt+n")
+            failed += self.pass_failures(program, browser, first, first + 8)
+            self.wait_page(browser, first, first + 8)
+        paths = [drive_path(os.path.join(self.home.pictures, name)) for name in self.names]
+        self.assertEqual(failed, [path for path in paths if path in failed])
+        # Where there is nothing, nothing is shown of it.
+        self.assertLessEqual(set(paths[::4]), set(failed))
+        self.screen.press("Escape")
+        program.main()
 
     def test_stop_in_the_middle_of_a_huge_picture(self):
         self.names = ["1-small.jpg", "2-huge.jpg", "3-small.jpg"]

@@ -109,6 +109,15 @@ TEST(OwnHelpFileTest, ThePageOfTheStartTellsEveryWordOfTheCommandLine) {
         EXPECT_NE(body.find(option.option), std::string::npos) << option.option;
 }
 
+/// What stands in a window as long as something has not come.
+TEST(OwnHelpFileTest, ThePagesOfThumbnailsTellWhatWaitingLooksLike) {
+    const HelpBook book = OwnBook();
+    for (const unsigned page : {HelpContext::Thumbnails, HelpContext::ThumbFolder})
+        EXPECT_NE(book.Find(page)->body.find("*Please wait...*"), std::string::npos) << page;
+    for (const unsigned page : {HelpContext::ThumbFolder, HelpContext::ThumbSelect})
+        EXPECT_NE(book.Find(page)->body.find("*OK* waits"), std::string::npos) << page;
+}
+
 TEST(OwnHelpFileTest, EveryLinkLeadsToAPage) {
     const HelpBook book = OwnBook();
     for (const HelpPage& page : book.Pages()) {

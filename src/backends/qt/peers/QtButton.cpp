@@ -1,6 +1,7 @@
 #include "backends/qt/peers/QtButton.h"
 
 #include <QMouseEvent>
+#include <QShortcutEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
@@ -29,6 +30,15 @@ QSize ButtonWidget::sizeHint() const {
                     style()->pixelMetric(QStyle::PM_ButtonMargin);
     const QSize forPicture = (QSizeF(picture_.size()) / devicePixelRatioF()).toSize() + QSize(air, air);
     return {forPicture.width(), std::max(forPicture.height(), forText.height())};
+}
+
+bool ButtonWidget::event(QEvent* event) {
+    // Qt would hold it down for a tenth of a second first, and a button that stops something has to act at once.
+    if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+        click();
+        return true;
+    }
+    return SinkWidget::event(event);
 }
 
 void ButtonWidget::paintEvent(QPaintEvent* event) {

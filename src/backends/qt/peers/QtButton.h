@@ -19,6 +19,7 @@ class ButtonWidget final : public SinkWidget<QPushButton> {
     bool isCancel = false;
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
