@@ -7,7 +7,6 @@
 #include <jpeglib.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -24,6 +23,7 @@
 #include "backends/qt/QtProcess.h"
 #include "backends/qt/QtToolkit.h"
 #include "browsing/frmThumbnail.h"
+#include "common/Measure.h"
 #include "core/Main.h"
 #include "imaging/loading/PictureLoader.h"
 #include "viewer/MainViewFrm.h"
@@ -32,17 +32,6 @@ namespace tavrix::bench {
 namespace {
 
 constexpr int PageFiles = 9;
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 void LibraryAlone(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "backends/linux/FileSource.h"
+#include "common/Measure.h"
 #include "imaging/codecs/GifAnimation.h"
 
 namespace tavrix::bench {
@@ -29,11 +30,6 @@ double Seconds(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 /// A file of its own, with frames as noisy as a dithered film; removed at the end.

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -19,6 +18,7 @@
 
 #include "TestPictures.h"
 #include "backends/linux/FileSource.h"
+#include "common/Measure.h"
 #include "imaging/loading/DecodePicture.h"
 #include "imaging/loading/PictureLoader.h"
 
@@ -28,17 +28,6 @@ namespace {
 const TestPictures& Pictures() {
     static const TestPictures pictures;
     return pictures;
-}
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 /// Zeroed memory of the size of the decoded picture, as a surface has it.

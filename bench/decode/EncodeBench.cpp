@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <stdexcept>
@@ -15,22 +14,12 @@
 
 #include "TestPictures.h"
 #include "backends/linux/FileSource.h"
+#include "common/Measure.h"
 #include "imaging/codecs/JpegEncoder.h"
 #include "imaging/loading/DecodePicture.h"
 
 namespace tavrix::bench {
 namespace {
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 struct Nowhere : jpeg_destination_mgr {
     std::array<JOCTET, 65536> buffer;

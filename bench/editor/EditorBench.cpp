@@ -13,6 +13,7 @@
 
 #include "backends/headless/HeadlessServices.h"
 #include "backends/headless/HeadlessToolkit.h"
+#include "common/Measure.h"
 #include "core/Main.h"
 #include "program/WireProgram.h"
 #include "shows/editor/SlideLoadFrm.h"
@@ -33,11 +34,6 @@ double ProcessorTime() {
     timespec now{};
     ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 /// The editor above a program in memory, with a source folder and a show of so many files.

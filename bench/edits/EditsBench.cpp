@@ -6,7 +6,6 @@
 // bench/edits/compare.py runs ImageMagick over the same file.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -18,6 +17,7 @@
 #include "backends/linux/DriveMap.h"
 #include "backends/linux/HostFiles.h"
 #include "backends/linux/HostPictures.h"
+#include "common/BenchFolder.h"
 #include "core/Main.h"
 #include "program/WireProgram.h"
 #include "viewer/MainViewFrm.h"
@@ -31,24 +31,20 @@ constexpr int Height = 4000;
 /// A folder of this run, with the folder for temporary files in it; removed at the end.
 class TestFolder {
   public:
-    TestFolder()
-        : path_(std::filesystem::temp_directory_path() / ("bench_edits." + std::to_string(getpid()))) {
-        std::filesystem::create_directories(path_ / "temp");
-        setenv("TAVRIX_TEMP", (path_ / "temp").c_str(), 1);
-        setenv("TAVRIX_HOME", path_.c_str(), 1);
+    TestFolder() {
+        std::filesystem::create_directories(folder_.Path() / "temp");
+        setenv("TAVRIX_TEMP", (folder_.Path() / "temp").c_str(), 1);
+        setenv("TAVRIX_HOME", folder_.Path().c_str(), 1);
     }
-    ~TestFolder() { std::filesystem::remove_all(path_); }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
 
     void RemoveTemporaryFiles() const {
         for (const char* name : {"Untitled.BMP", "~undo.tmp"})
-            std::filesystem::remove(path_ / "temp" / name);
+            std::filesystem::remove(folder_.Path() / "temp" / name);
     }
-    [[nodiscard]] std::string PathOf(const std::string& name) const { return path_ / name; }
+    [[nodiscard]] std::string PathOf(const std::string& name) const { return folder_.Path() / name; }
 
   private:
-    std::filesystem::path path_;
+    BenchFolder folder_{"bench_edits"};
 };
 
 /// A program with real files and pictures, and with the rest of the platform in memory.

@@ -11,21 +11,18 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "backends/headless/HeadlessServices.h"
-#include "backends/headless/HeadlessToolkit.h"
-#include "backends/linux/DriveMap.h"
-#include "backends/linux/HostFiles.h"
+#include "common/BenchFolder.h"
+#include "common/DiskMachine.h"
+#include "common/Measure.h"
 #include "core/ImageKinds.h"
 #include "dialogs/FindWalk.h"
 #include "finding/LikeNames.h"
@@ -44,13 +41,13 @@ std::filesystem::path FolderOfTrees() {
 /// `alike`, every image has the name of 19 others; else none has. Removed at the end.
 class Tree {
   public:
-    Tree(int files, int kinds, bool alike) : Tree() {
+    Tree(int files, int kinds, bool alike) {
         constexpr int InFolder = 100;
         constexpr int Copies = 20;
         constexpr const char* Endings[] = {".JPG", ".bmp", ".gif", ".ico", ".wmf"};
         constexpr const char* Others[] = {".txt", ".html"};
         for (int folder = 0; folder < files / InFolder; ++folder) {
-            const std::filesystem::path at = folder_ / ("year " + std::to_string(folder / 100)) /
+            const std::filesystem::path at = folder_.Path() / ("year " + std::to_string(folder / 100)) /
                                              ("week " + std::to_string(folder / 10 % 10)) /
                                              std::to_string(folder % 10);
             std::filesystem::create_directories(at);
@@ -65,45 +62,26 @@ class Tree {
             }
         }
     }
-    ~Tree() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    Tree(const Tree&) = delete;
-    Tree& operator=(const Tree&) = delete;
 
-    [[nodiscard]] std::string Path() const { return folder_; }
+    [[nodiscard]] std::string Path() const { return folder_.Path(); }
     [[nodiscard]] int Images() const { return images_; }
 
   private:
-    /// The folder alone, which goes also where a file cannot be made.
-    Tree() : folder_(FolderOfTrees() / ("bench_finding." + std::to_string(getpid()))) {}
-
-    std::filesystem::path folder_;
+    BenchFolder folder_{"bench_finding", FolderOfTrees()};
     int images_ = 0;
 };
 
 /// The logic on a real disk, without windows.
 class Machine {
   public:
-    explicit Machine(const std::string& folder) {
-        DriveMap::Sources sources;
-        sources.drives = "C=" + folder;
-        drives_ = std::make_unique<DriveMap>(sources);
-        files_ = std::make_unique<HostFiles>(*drives_, HostPaths());
-        services_ = std::make_unique<Services>(
-            Services{*files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell,
-                     rest_.pictures, rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process,
-                     rest_.viewLib, rest_.wakefulness, rest_.desktop, rest_.saverPassword});
-        module_ = std::make_unique<MainModule>(app_, *services_);
-    }
-    [[nodiscard]] MainModule& Module() { return *module_; }
+    explicit Machine(const std::string& folder) : disk_("C=" + folder) {}
+    [[nodiscard]] MainModule& Module() { return disk_.Module(); }
 
     /// Walks all of it.
     void Walk(
         const std::function<void(const std::string& folder, const std::string& name, FileNumber)>& file) {
         const bool cancelled = false;
-        FindWalk walk(*module_, PatternOf(ImagesShown::All), cancelled);
+        FindWalk walk(disk_.Module(), PatternOf(ImagesShown::All), cancelled);
         walk.OnFiles = [&](const std::string& folder, const std::vector<std::string>& names,
                            const std::vector<FileNumber>& numbers) {
             for (std::size_t i = 0; i < names.size(); ++i)
@@ -113,20 +91,8 @@ class Machine {
     }
 
   private:
-    headless::HeadlessServices rest_;
-    headless::HeadlessToolkit toolkit_;
-    forms::Application app_{toolkit_};
-    std::unique_ptr<DriveMap> drives_;
-    std::unique_ptr<HostFiles> files_;
-    std::unique_ptr<Services> services_;
-    std::unique_ptr<MainModule> module_;
+    DiskMachine disk_;
 };
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
 
 /// Of this thread; the folders are read by another.
 double ProcessorMilliseconds(const std::function<void()>& work) {
@@ -138,11 +104,6 @@ double ProcessorMilliseconds(const std::function<void()>& work) {
     const double start = now();
     work();
     return now() - start;
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 void RunFind(const std::string& folder) {

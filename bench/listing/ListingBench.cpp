@@ -5,10 +5,8 @@
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 #include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -19,6 +17,8 @@
 #include <vector>
 
 #include "backends/linux/HostFiles.h"
+#include "common/BenchFolder.h"
+#include "common/Measure.h"
 
 namespace tavrix::bench {
 namespace {
@@ -30,41 +30,24 @@ constexpr const char* Images = "*.dib;*.bmp;*.gif;*.jpg;*.jif;*.jpe;*.jpeg;*.ico
 /// A folder of files and one of subfolders, named as cameras and people name them; removed at the end.
 class TestFolders {
   public:
-    TestFolders()
-        : folder_(std::filesystem::temp_directory_path() / ("bench_listing." + std::to_string(getpid()))) {
-        std::filesystem::create_directories(folder_ / "files");
-        std::filesystem::create_directories(folder_ / "folders");
+    TestFolders() {
+        const std::filesystem::path& folder = folder_.Path();
+        std::filesystem::create_directories(folder / "files");
+        std::filesystem::create_directories(folder / "folders");
         for (int i = 0; i < FileCount; ++i) {
             const bool camera = i % 2 == 0;
             const std::string number = std::to_string(100'000 + i * 7919 % FileCount);
             const std::string name = (camera ? "IMG_" : "holiday ") + number + (camera ? ".JPG" : ".bmp");
-            std::ofstream(folder_ / "files" / name).put('x');
-            if (i < FolderCount) std::filesystem::create_directory(folder_ / "folders" / name);
+            std::ofstream(folder / "files" / name).put('x');
+            if (i < FolderCount) std::filesystem::create_directory(folder / "folders" / name);
         }
     }
-    ~TestFolders() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    TestFolders(const TestFolders&) = delete;
-    TestFolders& operator=(const TestFolders&) = delete;
 
-    [[nodiscard]] std::string Path() const { return folder_; }
+    [[nodiscard]] std::string Path() const { return folder_.Path(); }
 
   private:
-    std::filesystem::path folder_;
+    BenchFolder folder_{"bench_listing"};
 };
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 void ReadAndSort(const std::string& path, std::size_t count) {
     std::vector<std::string> names;

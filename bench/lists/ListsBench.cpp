@@ -5,7 +5,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <functional>
 #include <numeric>
 #include <string>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "backends/headless/HeadlessToolkit.h"
+#include "common/Measure.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/ListBox.h"
 
@@ -43,17 +43,6 @@ std::vector<std::string> Paths(int count) {
     for (int row = 0; row < count; ++row)
         paths.push_back("C:\\Pictures\\Holidays\\IMG_" + std::to_string(100'000 + row) + ".JPG");
     return paths;
-}
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 /// One thing done to a list and to its plain twin, each filled before.

@@ -3,25 +3,21 @@
 // the medians in milliseconds and their ratio.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <memory>
 #include <numeric>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "backends/headless/HeadlessServices.h"
-#include "backends/headless/HeadlessToolkit.h"
-#include "backends/linux/DriveMap.h"
-#include "backends/linux/HostFiles.h"
+#include "common/BenchFolder.h"
+#include "common/DiskMachine.h"
+#include "common/Measure.h"
 #include "shows/files/LoadShowFile.h"
 #include "shows/files/WriteSlideFile.h"
 
@@ -31,66 +27,32 @@ namespace {
 /// A folder with the show; removed at the end.
 class ShowOnDisk {
   public:
-    explicit ShowOnDisk(const std::string& description)
-        : folder_(std::filesystem::temp_directory_path() / ("bench_shows." + std::to_string(getpid()))) {
-        std::filesystem::create_directories(folder_);
-        std::ofstream out(folder_ / "s.tvs", std::ios::binary);
+    explicit ShowOnDisk(const std::string& description) {
+        std::ofstream out(Folder() / "s.tvs", std::ios::binary);
         out << "\"Tavrix Slide Show\"\r\n\"Version "
                "1.5\"\r\n0\r\n\"\"\r\n0\r\n0\r\n5\r\n0\r\n0\r\n0\r\n-1\r\n-1\r\n";
         for (int i = 0; i < SlideTexts::Slots; ++i)
             out << "\"C:\\Pictures\\Holidays\\IMG_" << 100'000 + i << ".JPG\"\r\n\"" << description << i
                 << "\"\r\n";
     }
-    ~ShowOnDisk() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    ShowOnDisk(const ShowOnDisk&) = delete;
-    ShowOnDisk& operator=(const ShowOnDisk&) = delete;
 
-    [[nodiscard]] std::filesystem::path Folder() const { return folder_; }
+    [[nodiscard]] std::filesystem::path Folder() const { return folder_.Path(); }
 
   private:
-    std::filesystem::path folder_;
+    BenchFolder folder_{"bench_shows"};
 };
 
-/// The logic on a real disk, without windows.
+/// The logic on the folder of a show.
 class Machine {
   public:
-    explicit Machine(const std::filesystem::path& folder) {
-        DriveMap::Sources sources;
-        sources.drives = "C=" + folder.string();
-        drives_ = std::make_unique<DriveMap>(sources);
-        files_ = std::make_unique<HostFiles>(*drives_, HostPaths());
-        services_ = std::make_unique<Services>(
-            Services{*files_, rest_.drives, rest_.profile, rest_.registry, rest_.store, rest_.shell,
-                     rest_.pictures, rest_.clipboard, rest_.sound, rest_.help, rest_.system, rest_.process,
-                     rest_.viewLib, rest_.wakefulness, rest_.desktop, rest_.saverPassword});
-        module_ = std::make_unique<MainModule>(app_, *services_);
-        module_->AppPath = "C:\\";
+    explicit Machine(const std::filesystem::path& folder) : disk_("C=" + folder.string()) {
+        Module().AppPath = "C:\\";
     }
-    [[nodiscard]] MainModule& Module() { return *module_; }
+    [[nodiscard]] MainModule& Module() { return disk_.Module(); }
 
   private:
-    headless::HeadlessServices rest_;
-    headless::HeadlessToolkit toolkit_;
-    forms::Application app_{toolkit_};
-    std::unique_ptr<DriveMap> drives_;
-    std::unique_ptr<HostFiles> files_;
-    std::unique_ptr<Services> services_;
-    std::unique_ptr<MainModule> module_;
+    DiskMachine disk_;
 };
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 void Against(benchmark::State& state, const std::function<void()>& bytes, const std::function<void()>& work) {
     std::vector<double> plain, ours;

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "PlainRotation.h"
+#include "common/Measure.h"
 #include "editing/turning/RotatePicture.h"
 #include "imaging/codecs/BmpWriter.h"
 #include "imaging/graphics/StretchCopy.h"
@@ -33,15 +34,10 @@ double ProcessorMilliseconds() {
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-double Milliseconds(const std::function<void()>& work) {
+double ProcessorMilliseconds(const std::function<void()>& work) {
     const double start = ProcessorMilliseconds();
     work();
     return ProcessorMilliseconds() - start;
-}
-
-double Median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 Surface Picture() {
@@ -68,12 +64,12 @@ void AgainstCopy(benchmark::State& state, int width, int height, const Transform
     Surface dest = Touched(width, height);
     std::vector<double> copy, ours, theirs;
     for (auto _ : state) {
-        copy.push_back(Milliseconds([&] {
+        copy.push_back(ProcessorMilliseconds([&] {
             std::memcpy(copied.Pixels().data(), source.Pixels().data(), source.Pixels().size_bytes());
             benchmark::ClobberMemory();
         }));
-        if (plain) theirs.push_back(Milliseconds([&] { plain(source, dest); }));
-        ours.push_back(Milliseconds([&] { transform(source, dest); }));
+        if (plain) theirs.push_back(ProcessorMilliseconds([&] { plain(source, dest); }));
+        ours.push_back(ProcessorMilliseconds([&] { transform(source, dest); }));
         state.SetIterationTime(ours.back() / 1000);
     }
     state.counters["copy_ms"] = Median(copy);

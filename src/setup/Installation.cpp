@@ -45,9 +45,10 @@ void DropFile(const std::string& path) {
     if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) throw ErrorOf(errno);
 }
 
-/// Removes a folder that is empty.
+/// Removes a folder that is empty; what is none stays.
 void DropFolder(const std::string& path) {
-    if (::rmdir(path.c_str()) != 0 && errno != ENOENT && errno != ENOTEMPTY && errno != EEXIST)
+    if (::rmdir(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR && errno != ENOTEMPTY &&
+        errno != EEXIST)
         throw ErrorOf(errno);
 }
 
@@ -164,6 +165,7 @@ class Installing {
             if (const int failure = RenameWithoutReplacing(new_, target_)) throw ErrorOf(failure);
             inPlace_ = true;
             WriteEntries();
+            // The last step, so that there is nothing of it to undo.
             if (takesSaver()) WriteStored(places_.store, SaverValue, OwnSaver());
         } catch (...) {
             Undo();
@@ -255,10 +257,6 @@ class Installing {
         std::error_code error;
         fs::remove_all(new_, error);
         if (inPlace_) {
-            SkipFailure([&] {
-                if (takesSaver() && ReadStored(places_.store, SaverValue) == OwnSaver())
-                    WriteStored(places_.store, SaverValue, own_.formerSaver);
-            });
             for (const char* kind : Kinds)
                 SkipFailure([&] { DropFile(EntryFile(places_, target_, kind)); });
             fs::remove_all(target_, error);

@@ -26,15 +26,18 @@ TargetFile::Options Private() {
 /// The text without the lines of a key; empty where nothing but the heading is left of it.
 std::string Without(const std::string& text, const std::string& name) {
     std::string rest;
+    bool inSection = false;
     bool holdsMore = false;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
         const std::string line = text.substr(at, end - at);
         at = end;
-        if (EqualIgnoringCase(Trim(line.substr(0, line.find('='))), name)) continue;
-        rest += line;
         const std::string bare = Trim(line.substr(0, line.find_first_of("\r\n")));
-        holdsMore = holdsMore || !(bare.empty() || EqualIgnoringCase(bare, "[" + std::string(Section) + "]"));
+        const bool isHeading = EqualIgnoringCase(bare, "[" + std::string(Section) + "]");
+        if (bare.starts_with('[')) inSection = isHeading;
+        if (inSection && EqualIgnoringCase(Trim(line.substr(0, line.find('='))), name)) continue;
+        rest += line;
+        holdsMore = holdsMore || !(bare.empty() || isHeading);
     }
     return holdsMore ? rest : std::string();
 }

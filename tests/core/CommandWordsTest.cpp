@@ -5,6 +5,8 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tavrix {
 namespace {
@@ -20,6 +22,24 @@ TEST(CommandWords, AreComparedAsAWholeInAnyCase) {
     EXPECT_EQ(Of("?"), Command::Help);
     for (const char* text : {"", " A", "A ", "SLIDE  SHOW", "ABOU", "ABOUTS"})
         EXPECT_EQ(Of(text), std::nullopt) << text;
+}
+
+TEST(CommandWords, AreTheseInTheOrderInWhichTheyAreTold) {
+    using Words = std::vector<std::string_view>;
+    const std::vector<std::pair<Command, Words>> wanted{
+        {Command::About, {"ABOUT", "A"}},
+        {Command::SlideShowEditor, {"SHOW", "S", "SLIDE", "SLIDE SHOW", "SLIDES"}},
+        {Command::Open, {"OPEN", "O"}},
+        {Command::ThumbnailBrowser, {"THUMBNAIL", "T"}},
+        {Command::Help, {"HELP", "H", "?"}},
+        {Command::Saver, {"SCRNSAVE"}},
+        {Command::SaverSettings, {"C"}}};
+    std::vector<std::pair<Command, Words>> found;
+    for (const CommandWord& command : CommandWords) {
+        found.emplace_back(command.command, Words(command.Words().begin(), command.Words().end()));
+        EXPECT_EQ(command.argument.empty(), command.command != Command::Saver);
+    }
+    EXPECT_EQ(found, wanted);
 }
 
 TEST(CommandWords, EachWordIsForOneCommand) {

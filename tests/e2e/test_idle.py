@@ -11,6 +11,7 @@ import unittest
 from gi.repository import Gio, GLib
 
 from driver import drive_path, wait_until
+from driver.accessibility import start_bus
 from driver.host import HostWindow
 from driver.program import PROGRAM
 from test_show import StageTest
@@ -18,6 +19,7 @@ from test_show import StageTest
 IDLE = os.environ.get("TAVRIX_IDLE") or os.path.join(os.path.dirname(PROGRAM), "tavrix-idle")
 _SAVER = "Screen Saver Main Form"
 _SETTINGS = "Tavrix - [Screen Saver Settings]"
+_SCREEN_SAVER = "org.freedesktop.ScreenSaver"
 
 _LOGIND = ("org.freedesktop.login1", "/org/freedesktop/login1", """<node>
 <interface name="org.freedesktop.login1.Manager"><property name="BlockInhibited" type="s" access="read"/></interface>
@@ -110,6 +112,21 @@ class IdleProgramTest(StageTest):
         self.addCleanup(service.close)
         return service
 
+    def on_the_bus(self):
+        address = self.session.environment["DBUS_SESSION_BUS_ADDRESS"]
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        self.addCleanup(bus.close_sync, None)
+        return bus
+
+    def offered(self, bus):
+        """Whether anybody on the bus is the desktop's saver."""
+        return bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
+                             GLib.Variant("(s)", (_SCREEN_SAVER,)), None, 0, 5000, None)[0]
+
+    def ask_saver(self, bus, method):
+        return bus.call_sync(_SCREEN_SAVER, "/ScreenSaver", _SCREEN_SAVER, method, None, None, 0, 5000, None).unpack()
+
     @property
     def entry(self):
         return os.path.join(self.home.environment["XDG_CONFIG_HOME"], "autostart", "tavrix-idle.desktop")
@@ -163,6 +180,59 @@ class IdleTest(IdleProgramTest):
         self.assertEqual(self.ends(process), 0)
         self.assertTrue(self.savers(), "what is playing is left to its user")
 
+    def test_the_compositor_may_be_named_without_its_folder(self):
+        self.service(_MUTTER, GLib.Variant("t", 1000))
+        compositor = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
+        self.addCleanup(compositor.close)
+        compositor.settimeout(15)
+        compositor.bind(os.path.join(self.session.environment["XDG_RUNTIME_DIR"], "wayland-by-name"))
+        compositor.listen()
+        process = self.start_idle("--seconds", "1000", WAYLAND_DISPLAY="wayland-by-name")
+        connection, _ = compositor.accept()
+        connection.close()
+        self.assertEqual(self.ends(process), 0)
+
+    def test_a_program_may_say_that_the_user_is_there(self):
+        bus = self.on_the_bus()
+        self.start_idle("--seconds", "4")
+        self.saver()
+        self.assertEqual(self.ask_saver(bus, "GetActive"), (True,))
+        self.screen.press("a")
+        wait_until(lambda: not self.savers(), "the end of the saver")
+        wait_until(lambda: self.ask_saver(bus, "GetActive") == (False,), "a saver that does not run")
+        end = time.monotonic() + 6
+        while time.monotonic() < end:
+            self.ask_saver(bus, "SimulateUserActivity")
+            self.assertEqual(self.savers(), [])
+            time.sleep(0.2)
+        self.saver()
+
+    def test_it_ends_with_its_bus(self):
+        bus, daemon = start_bus(self.session.children, self.home.folder, "own-bus", self.screen.environment)
+        process = self.start_idle("--seconds", "2", DBUS_SESSION_BUS_ADDRESS=bus)
+        self.saver()
+        daemon.kill()
+        daemon.wait()
+        self.screen.press("a")
+        self.assertEqual(self.ends(process), 0)
+
+    def test_the_entry_is_followed_also_when_it_was_replaced(self):
+        def write(path, minutes, how="w"):
+            with open(path, how, encoding="utf-8") as file:
+                file.write(f"[Desktop Entry]\nExec=x\nX-Tavrix-Minutes={minutes}\n")
+        mutter = self.service(_MUTTER, GLib.Variant("t", 100_000))
+        os.makedirs(os.path.dirname(self.entry))
+        write(self.entry, 9)
+        self.start_idle(WAYLAND_DISPLAY="none", QT_QPA_PLATFORM="xcb")
+        wait_until(lambda: mutter.asked, "a question to the compositor")
+        asked = mutter.asked
+        write(self.entry + ".new", 8)
+        os.replace(self.entry + ".new", self.entry)
+        wait_until(lambda: mutter.asked > asked, "a question for another time")
+        self.never_starts(1)
+        write(self.entry, 1, "r+")  # at no moment is it empty
+        self.saver()
+
     def test_not_while_our_own_show_plays(self):
         self.start_idle("--seconds", "6")
         self.saver()  # so that it offers its service by now
@@ -182,8 +252,10 @@ class IdleTest(IdleProgramTest):
     def test_not_beside_xscreensaver(self):
         daemon = HostWindow(self.screen, 0, 0, 10, 10)
         daemon.mark("_SCREENSAVER_VERSION", "6.06")
+        bus = self.on_the_bus()
         self.start_idle("--seconds", "1")
         self.never_starts(4)
+        self.assertFalse(self.offered(bus), "another saver's name")
         daemon.close()
         self.saver()
 

@@ -17,6 +17,7 @@ from Xlib import X, Xatom, display
 from gi.repository import Gio, GLib
 
 from driver import wait_until
+from driver.accessibility import start_bus
 from driver.program import PROGRAM
 from test_saver import _SAVER, _SETTINGS
 from test_show import StageTest
@@ -27,6 +28,10 @@ _HELPERS = os.path.join(os.path.dirname(os.path.dirname(PROGRAM)), "libexec", "t
 _GUARD = "tavrix-guard"
 _PASSWORD = "correct horse"
 _LOGIN = "org.freedesktop.login1"
+_SCREEN_SAVER = "org.freedesktop.ScreenSaver"
+_LOCKERS = [_SCREEN_SAVER, "org.gnome.ScreenSaver", "org.kde.screensaver", "org.mate.ScreenSaver", "org.xfce.ScreenSaver",
+            "org.cinnamon.ScreenSaver", "org.gnome.Shell"]
+_IDLE = "example.tavrix.Idle"
 _LOGIN_OBJECTS = {
     "/org/freedesktop/login1/session/auto": f"""<node><interface name="{_LOGIN}.Session"><method name="Lock"/></interface>
 </node>""",
@@ -34,19 +39,38 @@ _LOGIN_OBJECTS = {
 <arg direction="in" type="s"/></method></interface></node>"""}
 
 
-class Logind:
-    """The session service, as far as it is asked to lock a session. It hears when calls() is called."""
+class Names:
+    """A program on a bus that has names."""
 
     def __init__(self, address):
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         self.connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         self.connection.set_exit_on_close(False)
+
+    def take(self, name):
+        self._call("RequestName", "(su)", name, 0)
+
+    def release(self, name):
+        self._call("ReleaseName", "(s)", name)
+
+    def _call(self, method, kind, *arguments):
+        return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
+                                         GLib.Variant(kind, arguments), None, 0, 5000, None)
+
+    def close(self):
+        self.connection.close_sync(None)
+
+
+class Logind(Names):
+    """The session service, as far as it is asked to lock a session. It hears when calls() is called."""
+
+    def __init__(self, address):
+        super().__init__(address)
         self._calls = []
         for path, interfaces in _LOGIN_OBJECTS.items():
             node = Gio.DBusNodeInfo.new_for_xml(interfaces)
             self.connection.register_object(path, node.interfaces[0], self._called)
-        self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                                   "RequestName", GLib.Variant("(su)", (_LOGIN, 0)), None, 0, 5000, None)
+        self.take(_LOGIN)
 
     def _called(self, _connection, _sender, _path, _interface, method, arguments, invocation):
         self._calls.append((method, *arguments.unpack()))
@@ -58,19 +82,16 @@ class Logind:
             context.iteration(False)
         return self._calls
 
-    def owns(self, service):
-        self.calls()
-        return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                                         "NameHasOwner", GLib.Variant("(s)", (service,)), None, 0, 5000, None)[0]
-
-    def close(self):
-        self.connection.close_sync(None)
-
 
 @unittest.skipUnless(_WRAPPER and _MATRIX, "libpam-wrapper is not installed")
 @unittest.skipUnless(os.path.exists("/etc/pam.d/tavrix") or os.path.exists("/etc/pam.d/other"), "there is no PAM here")
 class GuardedTest(StageTest):
     session_options = {"window_manager": "openbox", "repeat": (200, 30)}
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.system_bus, _ = start_bus(cls.session.children, cls.session.folder, "system-bus", cls.screen.environment)
 
     def setUp(self):
         super().setUp()
@@ -79,7 +100,7 @@ class GuardedTest(StageTest):
             self.skipTest("PAM cannot be wrapped here")
         self.other = display.Display(self.screen.environment["DISPLAY"])
         self.addCleanup(self.other.close)
-        self.logind = Logind(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.logind = Logind(self.system_bus)
         self.addCleanup(self.logind.close)
         self.addCleanup(self._end_guards)
 
@@ -109,7 +130,7 @@ class GuardedTest(StageTest):
         os.chmod(os.path.join(programs, "passwd"), 0o755)
         path = programs + ":" + self.session.environment.get("PATH", "/usr/bin:/bin")
         return {"PATH": path, "LD_PRELOAD": _WRAPPER[0], "PAM_WRAPPER": "1", "PAM_WRAPPER_SERVICE_DIR": services,
-                "DBUS_SYSTEM_BUS_ADDRESS": self.session.environment["DBUS_SESSION_BUS_ADDRESS"]}
+                "DBUS_SYSTEM_BUS_ADDRESS": self.system_bus}
 
     def _check_password(self):
         """What the checker says of the stand-in's password. A sanitized one cannot be wrapped."""
@@ -197,15 +218,16 @@ class GuardedTest(StageTest):
         wait_until(lambda: self.logind.calls() == [call], "the wish for a lock")
 
     def start_lone_guard(self):
-        """A guard whose saver ended before it was up."""
+        """A guard without a saver, and what a saver would hold of it; closed, the saver has ended."""
         ours, theirs = socket.socketpair()
         with theirs:
             process = subprocess.Popen(
                 [os.path.join(_HELPERS, _GUARD), os.path.join(_HELPERS, "tavrix-password")], stdin=theirs, stdout=theirs,
                 env={**self.session.environment, **self.home.environment, **self.environment})
-        ours.close()
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
+        self.addCleanup(ours.close)
+        return process, ours
 
     def map_red(self, managed):
         root = self.other.screen().root
@@ -281,6 +303,17 @@ class GuardedSaverTest(GuardedTest):
         self.other.ungrab_keyboard(X.CurrentTime)
         self.other.sync()
 
+    def test_nor_where_somebody_else_holds_the_pointer(self):
+        self.pictures()
+        root = self.other.screen().root
+        root.grab_pointer(True, X.ButtonPressMask, X.GrabModeAsync, X.GrabModeAsync, X.NONE, X.NONE, X.CurrentTime)
+        self.other.sync()
+        program = self.begin()
+        self.assertEqual(program.wait_end(), 0)
+        self.assertEqual(self._guards(), [])
+        self.other.ungrab_pointer(X.CurrentTime)
+        self.other.sync()
+
     def test_killed_it_leaves_the_screen_to_its_guard(self):
         program = self.start_guarded()
         self.take_over(program, signal.SIGKILL)
@@ -304,19 +337,47 @@ class GuardedSaverTest(GuardedTest):
 
     def test_a_guard_whose_saver_is_gone_before_it_is_up_takes_over_too(self):
         self._put_desktop()
-        self.start_lone_guard()
+        self.start_lone_guard()[1].close()
         self.black()
         wait_until(self.held, "the guard's hold")
         wait_until(lambda: self.logind.calls() == [("Lock",)], "the wish for a lock")
 
-    def is_not_asked_beside(self, service):
-        name = Gio.bus_own_name_on_connection(self.logind.connection, service, 0, None, None)
-        wait_until(lambda: self.logind.owns(service), "the name on the bus")
-        self.is_not_guarded()
-        Gio.bus_unown_name(name)
+    def test_one_word_alone_lets_the_guard_go(self):
+        self._put_desktop()
+        guard, saver = self.start_lone_guard()
+        cover = saver.recv(100)
+        self.assertRegex(cover, rb"\A[1-9][0-9]*\n\Z")
+        saver.sendall(b"r\0 \n1Q" + cover)
+        time.sleep(0.5)
+        self.assertIsNone(guard.poll())
+        self.black()
+        self.assertFalse(self.held(), "the saver holds the screen, as long as it is there")
+        saver.close()
+        wait_until(self.held, "the guard's hold")
+        second, saver = self.start_lone_guard()
+        saver.recv(100)
+        saver.sendall(b"R")
+        wait_until(lambda: second.poll() is not None, "the end of the guard")
+        self.assertEqual(second.returncode, 0)
+        self.assertEqual(self.logind.calls(), [("Lock",)])
+
+    def on_the_bus(self):
+        program = Names(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(program.close)
+        return program
 
     def test_a_locker_on_the_bus_is_left_to_lock(self):
-        self.is_not_asked_beside("org.freedesktop.ScreenSaver")
+        locker = self.on_the_bus()
+        for name in _LOCKERS:
+            locker.take(name)
+            self.is_not_guarded()
+            locker.release(name)
+
+    def test_our_own_start_of_the_saver_is_no_locker(self):
+        idle = self.on_the_bus()
+        idle.take(_SCREEN_SAVER)
+        idle.take(_IDLE)
+        self.start_guarded()
 
     def test_so_is_a_daemon_that_has_marked_a_window(self):
         window = self.other.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
@@ -437,6 +498,20 @@ class GuardedSaverTest(GuardedTest):
         self.enter(_PASSWORD)
         wait_until(lambda: not self._guards(), "the end of the guard")
 
+    def test_several_keys_at_once_are_one_question_at_the_guard(self):
+        program = self.start_guarded()
+        self.take_over(program, signal.SIGKILL)
+        guard, = self._guards()
+        os.kill(guard, signal.SIGSTOP)
+        for key in "abc":
+            self.screen.press(key)
+        os.kill(guard, signal.SIGCONT)
+        self.guard_asks()
+        self.screen.press("Escape")
+        self.black()
+        time.sleep(0.3)
+        self.black()
+
     def test_keys_of_the_window_manager_and_a_close_request_lead_nowhere(self):
         program = self.start_guarded()
         for keys in ("Alt+F4", "Alt+Tab", "Ctrl+Alt+Delete"):
@@ -479,20 +554,36 @@ class GuardedSaverTest(GuardedTest):
         self.is_not_guarded(environment={"WAYLAND_DISPLAY": "wayland-0"})
         self.is_not_guarded(environment={"XDG_SESSION_TYPE": "wayland"})
 
-    def test_so_is_a_program_that_locks(self):
-        locker = os.path.join(self.home.folder, "xss-lock")
-        shutil.copy("/bin/sleep", locker)
-        process = subprocess.Popen([locker, "600"], env=self.screen.environment)
+    def is_not_guarded_beside(self, name):
+        program = os.path.join(self.home.folder, name)
+        shutil.copy("/bin/sleep", program)
+        process = subprocess.Popen([program, "600"], env=self.screen.environment)
         try:
             self.is_not_guarded()
         finally:
             process.kill()
             process.wait()
 
+    def test_so_is_a_program_that_locks(self):
+        self.is_not_guarded_beside("xss-lock")
+
+    def test_nor_is_a_console_guarded_from_which_the_server_was_started(self):
+        self.is_not_guarded_beside("xinit")
+
     def test_a_keyboard_that_breaks_grabs_is_not_relied_on(self):
         option = ["setxkbmap", "-display", self.screen.environment["DISPLAY"], "-option"]
         self.addCleanup(subprocess.run, [*option, ""], check=True)
         subprocess.run([*option, "grab:break_actions"], check=True)
+        self.is_not_guarded()
+
+    def test_nor_is_one_that_does_not_tell_its_rules(self):
+        root = self.other.screen().root
+        rules = self.other.get_atom("_XKB_RULES_NAMES")
+        told = root.get_full_property(rules, X.AnyPropertyType)
+        self.addCleanup(self.other.sync)
+        self.addCleanup(root.change_property, rules, Xatom.STRING, 8, told.value)
+        root.delete_property(rules)
+        self.other.sync()
         self.is_not_guarded()
 
     def test_the_settings_tell_and_turn_it(self):
@@ -509,6 +600,60 @@ class GuardedSaverTest(GuardedTest):
         self.screen.press("Escape")
         self.assertEqual(program.wait_end(), 0)
         self.start_guarded(switch=None)
+
+
+class WithAnotherGuard(GuardedTest):
+    """The program lies elsewhere, with helpers of a test's own beside it."""
+
+    def guard_by(self, *lines):
+        """The environment of a saver whose guard is a script of these lines; without any, there is none."""
+        folder = os.path.join(self.home.folder, "elsewhere")
+        helpers = os.path.join(folder, "libexec", "tavrix")
+        os.makedirs(helpers, exist_ok=True)
+        if lines:
+            checker, guard = (os.path.join(helpers, name) for name in ("tavrix-password", _GUARD))
+            if not os.path.exists(checker):
+                os.symlink(os.path.join(_HELPERS, "tavrix-password"), checker)
+            with open(guard, "w", encoding="utf-8") as file:
+                file.write("\n".join(["#!/bin/sh", *lines, ""]))
+            os.chmod(guard, 0o755)
+        return {"TAVRIX_EXECUTABLE": os.path.join(folder, "bin", "tavrix")}
+
+    def test_without_helpers_nothing_is_asked(self):
+        self.is_not_guarded(environment=self.guard_by())
+
+    def test_where_no_guard_comes_up_there_is_no_saver(self):
+        self.pictures()
+        for lines in (["exit 1"], ["echo 0", "exec sleep 600"], ["echo none", "exec sleep 600"]):
+            program = self.begin(environment=self.guard_by(*lines))
+            self.assertEqual(program.wait_end(), 0, lines)
+            wait_until(lambda: not self._guards(), "the end of what was no guard")
+            self.assertFalse(self.held())
+
+    def test_a_guard_that_cannot_be_started_again_is_tried_again(self):
+        starts = os.path.join(self.home.folder, "starts")
+        real = os.path.join(_HELPERS, _GUARD)
+        program = self.start_guarded(environment=self.guard_by(
+            f"echo x >> '{starts}'", f"[ $(wc -l < '{starts}') = 2 ] && exit 1", f"exec '{real}' \"$@\""))
+        first = self._guards()
+        os.kill(first[0], signal.SIGKILL)
+
+        def third():
+            with open(starts, encoding="utf-8") as file:
+                return len(file.readlines()) == 3 and len(self._guards()) == 1
+        wait_until(third, "a third start")
+        time.sleep(1.5)
+        self.assertTrue(third(), "one is enough")
+        self.shows(self.small, "the picture")
+        wait_until(lambda: self.whole_above(self.desktop) == 2, "stage and cover")
+        self.take_over(program, signal.SIGKILL)
+
+
+class OnTwoScreens(GuardedTest):
+    session_options = {"window_manager": "openbox", "screens": 2}
+
+    def test_a_cover_of_one_is_none(self):
+        self.is_not_guarded()
 
 
 class UnderAnotherWindowManager(GuardedTest):
@@ -532,7 +677,7 @@ class OnAGrowingScreen(GuardedTest):
         self.other.sync()
         self.assertEqual((root.get_geometry().width, root.get_geometry().height), small)
         self._put_desktop()
-        self.start_lone_guard()
+        self.start_lone_guard()[1].close()
         wait_until(self.held, "the guard's hold")
         root.xrandr_set_screen_size(self.screen.width, self.screen.height, 400, 300)
         self.other.sync()

@@ -1,9 +1,12 @@
 #include "backends/qt/idle/BusQuestions.h"
 
+#include <QDBusConnectionInterface>
+#include <QDBusVirtualObject>
 #include <algorithm>
 
 #include "idle/BusTest.h"
 #include "idle/ScriptedBus.h"
+#include "linux/Script.h"
 
 namespace tavrix::idle {
 namespace {
@@ -100,6 +103,44 @@ TEST_F(BusQuestionsTest, TheDesktopsOwnSaverHolds) {
         services.Answer(ScreenSaver, "org.freedesktop.ScreenSaver.GetActive", active);
         EXPECT_EQ(questions.Held(), active);
     }
+}
+
+/// The saver that this process offers. It runs, for seven milliseconds.
+class OwnSaver final : public QDBusVirtualObject {
+  public:
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+        const bool active = message.member() == QLatin1String("GetActive");
+        connection.send(message.createReply(active ? QVariant(true) : QVariant(quint32(7))));
+        return true;
+    }
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+};
+
+TEST_F(BusQuestionsTest, OurOwnServiceIsNotAsked) {
+    OwnSaver saver;
+    QDBusConnection session = questions.SessionBus();
+    ASSERT_TRUE(session.registerVirtualObject(QStringLiteral("/ScreenSaver"), &saver));
+    ASSERT_TRUE(session.interface()->registerService(QLatin1String(ScreenSaver)));
+    EXPECT_FALSE(questions.Held());
+    EXPECT_EQ(questions.IdleTime(), std::nullopt);
+}
+
+TEST_F(BusQuestionsTest, NoServiceIsStartedByAQuestion) {
+    const TestFolder folder;
+    const std::string program = PutScript(folder, "service", "touch '" + folder.At("started") + "'");
+    for (const char* name : {Mutter, ScreenSaver, "org.gnome.SessionManager", "org.gnome.ScreenSaver"})
+        PutService(QLatin1String(name), QString::fromStdString(program));
+    QDBusConnectionInterface& bus = *questions.SessionBus().interface();
+    ASSERT_TRUE(bus.activatableServiceNames().value().contains(QLatin1String("org.gnome.ScreenSaver")));
+    EXPECT_FALSE(questions.Held());
+    EXPECT_EQ(questions.IdleTime(), std::nullopt);
+    EXPECT_FALSE(folder.Has("started"));
+}
+
+TEST_F(BusQuestionsTest, WhoAnswersTooLateKnowsNothing) {
+    services.AnswerLate("org.gnome.ScreenSaver", "org.gnome.ScreenSaver.GetActive", true,
+                        std::chrono::seconds(8));
+    EXPECT_FALSE(questions.Held());
 }
 
 }  // namespace

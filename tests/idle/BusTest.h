@@ -26,6 +26,7 @@ class BusTest : public testing::Test {
     }
     static void Leave(const char* name) { QDBusConnection::disconnectFromBus(QString::fromLatin1(name)); }
     [[nodiscard]] const QString& Address() const { return bus_.Address(); }
+    void PutService(const QString& name, const QString& program) const { bus_.PutService(name, program); }
 
     /// Lets messages run until a condition holds.
     static bool Comes(const std::function<bool()>& condition) {

@@ -4,6 +4,7 @@
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 
+#include "backends/linux/IdleBusName.h"
 #include "idle/BusTest.h"
 
 namespace tavrix::idle {
@@ -74,6 +75,44 @@ TEST_F(ScreenSaverServiceTest, AProgramThatEndsHoldsNothing) {
     EXPECT_TRUE(service.Held());
     Leave("browser");
     EXPECT_TRUE(Comes([this] { return !service.Held(); }));
+}
+
+TEST_F(ScreenSaverServiceTest, AProgramThatHasReleasedOneHoldStillHoldsNothingAtItsEnd) {
+    service.Offer();
+    const quint32 cookie = Inhibit(player);
+    Inhibit(player);
+    Call(player, "UnInhibit", {cookie});
+    EXPECT_TRUE(service.Held());
+    player = QDBusConnection(QString());
+    Leave("player");
+    EXPECT_TRUE(Comes([this] { return !service.Held(); }));
+}
+
+TEST_F(ScreenSaverServiceTest, IsKnownAsOursByASecondName) {
+    EXPECT_FALSE(player.interface()->isServiceRegistered(QLatin1String(IdleBusName)));
+    service.Offer();
+    EXPECT_EQ(player.interface()->serviceOwner(QLatin1String(IdleBusName)).value(), own.baseService());
+}
+
+TEST_F(ScreenSaverServiceTest, OnlyItsOwnInterfaceIsAnswered) {
+    service.Offer();
+    int activity = 0;
+    service.onActivity = [&] { ++activity; };
+    for (const auto& [interface, answered] : {std::pair("org.other.ScreenSaver", false), {"", true}}) {
+        const QDBusMessage message =
+            QDBusMessage::createMethodCall(Name, QStringLiteral("/ScreenSaver"), QLatin1String(interface),
+                                           QStringLiteral("SimulateUserActivity"));
+        const QDBusPendingCallWatcher watcher(player.asyncCall(message));
+        EXPECT_TRUE(Comes([&] { return watcher.isFinished(); }));
+        EXPECT_EQ(watcher.isError(), !answered) << interface;
+        EXPECT_EQ(activity, answered ? 1 : 0) << interface;
+    }
+}
+
+TEST_F(ScreenSaverServiceTest, WithoutABusNothingIsOffered) {
+    ScreenSaverService none{QDBusConnection(QStringLiteral("nowhere"))};
+    none.Offer();
+    EXPECT_FALSE(none.Held());
 }
 
 TEST_F(ScreenSaverServiceTest, TellsWhetherTheSaverRunsAndHearsOfActivity) {

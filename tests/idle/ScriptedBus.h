@@ -6,6 +6,8 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QThread>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -47,6 +49,12 @@ class ScriptedBus final {
         Answer(service, "org.freedesktop.DBus.Properties.Get " + name,
                QVariant::fromValue(QDBusVariant(value)));
     }
+    /// The same, but the answer comes after this time.
+    void AnswerLate(const char* service, const std::string& call, const QVariant& value,
+                    std::chrono::milliseconds after) {
+        Answer(service, call, value);
+        Run([&] { object_.late[call] = after; });
+    }
     void Forget() {
         Run([this] { object_.answers.clear(); });
     }
@@ -61,6 +69,7 @@ class ScriptedBus final {
       public:
         QDBusConnection bus{QString()};
         std::map<std::string, QVariant> answers;
+        std::map<std::string, std::chrono::milliseconds> late;
         std::vector<std::string> calls;
 
         bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
@@ -68,10 +77,16 @@ class ScriptedBus final {
             for (const QVariant& argument : message.arguments())
                 call += " " + argument.toString().toStdString();
             calls.push_back(message.path().toStdString() + " " + call);
-            const auto answer = answers.find(call);
-            connection.send(answer != answers.end() ? message.createReply(answer->second)
-                                                    : message.createErrorReply(QDBusError::UnknownMethod,
-                                                                               QStringLiteral("none")));
+            const auto found = answers.find(call);
+            const QDBusMessage answer =
+                found != answers.end()
+                    ? message.createReply(found->second)
+                    : message.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("none"));
+            if (const auto after = late.find(call); after != late.end()) {
+                QTimer::singleShot(after->second, this, [connection, answer] { connection.send(answer); });
+            } else {
+                connection.send(answer);
+            }
             return true;
         }
         [[nodiscard]] QString introspect(const QString&) const override { return {}; }

@@ -3,8 +3,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <ctime>
 
 #include "linux/TestFolder.h"
@@ -64,6 +66,23 @@ TEST_F(FolderNamesTest, WhatSomebodyElseMakesIsSeen) {
     EXPECT_TRUE(names.Lacks(Path(), "none.bmp"));
 }
 
+TEST_F(FolderNamesTest, WhatSomebodyElseRemovesIsGone) {
+    EXPECT_FALSE(Lacks("one.bmp"));
+    std::filesystem::remove(Path() + "/one.bmp");
+    Date(-5);
+    EXPECT_TRUE(names.Lacks(Path(), "one.bmp"));
+}
+
+TEST_F(FolderNamesTest, AnotherFolderOfTheSameNameAndDateIsAnother) {
+    const time_t date = ::time(nullptr) - 10;
+    Date(date - ::time(nullptr));
+    EXPECT_TRUE(Lacks("new.bmp"));
+    std::filesystem::rename(Path(), folder.At("former"));
+    folder.Put("f/new.bmp", "x");
+    Date(date - ::time(nullptr));
+    EXPECT_FALSE(names.Lacks(Path(), "new.bmp"));
+}
+
 TEST_F(FolderNamesTest, OfAFolderThatHasJustChangedNothingIsKnown) {
     Date(10);
     EXPECT_FALSE(Lacks("none.bmp"));
@@ -101,6 +120,25 @@ TEST_F(FolderNamesTest, AChangeIsForgottenBefore) {
     folder.Put("f/NEW.BMP", "x");
     Date(-10);  // whatever the date says
     EXPECT_FALSE(Lacks("new.bmp"));
+}
+
+TEST_F(FolderNamesTest, IsKnownForAMomentOnly) {
+    const time_t now = ::time(nullptr);
+    const auto date = [&] { Date(now - 10 - ::time(nullptr)); };  // the same whenever it is set
+    date();
+    EXPECT_TRUE(Lacks("new.bmp"));
+    folder.Put("f/new.bmp", "x");
+    date();
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (names.Lacks(Path(), "new.bmp") && std::chrono::steady_clock::now() < limit)
+        ::usleep(5000);
+    EXPECT_FALSE(names.Lacks(Path(), "new.bmp"));
+}
+
+TEST_F(FolderNamesTest, AQuestionOfLongAgoIsNone) {
+    EXPECT_FALSE(names.Lacks(Path(), "none.bmp"));
+    ::usleep(300'000);
+    EXPECT_FALSE(names.Lacks(Path(), "none.bmp")) << "not read for one question";
 }
 
 TEST_F(FolderNamesTest, AFolderThatIsGoneLacksNothingForCertain) {

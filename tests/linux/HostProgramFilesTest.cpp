@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <map>
 #include <set>
 
 #include "TestFolder.h"
+#include "backends/linux/LateLibraryNames.h"
+#include "backends/linux/LibraryClosure.h"
 #include "base/Text.h"
 #include "support/ErrorOfCall.h"
 
@@ -25,10 +28,12 @@ class HostProgramFilesTest : public ::testing::Test {
         folder.Put("shared/TIPOFDAY.DAT", "tips");
         folder.Put("plugins/platforms/libq.so", "plugin");
         folder.Put("sounds/b.sf2", "font");
-        folder.Put("sounds/default-GM.sf2", "the system's choice");
+        folder.Put("sounds/chosen.sf2", "the system's choice");
+        std::filesystem::create_symlink("chosen.sf2", folder.At("sounds/default-GM.sf2"));
         folder.Put("xkb/rules/evdev", "rules");
         folder.Put("xkb/types/Basic", "types");
         folder.Put("xkb/types/basic", "its look-alike");
+        folder.Put("xkb/types/a:b", "a name that not every disk takes");
         folder.Put("xkb/symbols/us", "symbols");
         folder.Put("xkb/symbols/de", "symbols of a language");
         folder.Put("alsa/alsa.conf", "audio");
@@ -71,6 +76,7 @@ class HostProgramFilesTest : public ::testing::Test {
 };
 
 TEST_F(HostProgramFilesTest, TheLayoutComesFirstAndInItsOrder) {
+    folder.Put("shared/TAVRIX.EXE", "not the launcher");
     const auto list = List();
     ASSERT_GT(list.size(), places.layout.size());
     for (std::size_t i = 0; i < places.layout.size(); ++i)
@@ -88,11 +94,15 @@ TEST_F(HostProgramFilesTest, WhatNoLinkerShowsIsThere) {
     EXPECT_TRUE(found.contains("TAVRIX.LIB\\ld.so"));
     EXPECT_TRUE(found.contains("TAVRIX.LIB\\libc.so.6"));
     EXPECT_EQ(found["TAVRIX.LIB\\qt=platforms=libq.so"], folder.At("plugins/platforms/libq.so"));
-    EXPECT_EQ(found["TAVRIX.LIB\\sounds=default-GM.sf2"], folder.At("sounds/default-GM.sf2"));
+    EXPECT_EQ(found["TAVRIX.LIB\\sounds=chosen.sf2"], folder.At("sounds/chosen.sf2"));
+    EXPECT_FALSE(found.contains("TAVRIX.LIB\\sounds=default-GM.sf2"));
     EXPECT_FALSE(found.contains("TAVRIX.LIB\\sounds=b.sf2"));
     EXPECT_EQ(found["TAVRIX.LIB\\xkb=rules=evdev"], folder.At("xkb/rules/evdev"));
     EXPECT_EQ(found["TAVRIX.LIB\\xkb=symbols=us"], folder.At("xkb/symbols/us"));
     EXPECT_FALSE(found.contains("TAVRIX.LIB\\xkb=symbols=de"));
+    EXPECT_FALSE(found.contains("TAVRIX.LIB\\xkb=types=a:b"));
+    EXPECT_FALSE(found.contains("TAVRIX.LIB\\xkb=rules=base")) << "it is not there";
+    EXPECT_EQ(found["TAVRIX.LIB\\alsa=alsa.conf"], folder.At("alsa/alsa.conf"));
     EXPECT_EQ(found["TAVRIX.LIB\\alsa=pcm=front.conf"], folder.At("alsa/pcm/front.conf"));
     EXPECT_EQ(found["TAVRIX.LIB\\LICENCE.TXT"], folder.At("launchers/LICENCE.TXT"));
 }
@@ -117,9 +127,45 @@ TEST_F(HostProgramFilesTest, TheListNamesWhatLiesInTheFolder) {
 }
 
 TEST_F(HostProgramFilesTest, LicencesOfWhatIsCarriedGoAlong) {
-    folder.Put("info/soundfont.list", folder.At("sounds/default-GM.sf2") + "\n");
+    folder.Put("info/soundfont.list", folder.At("sounds/chosen.sf2") + "\n");
     folder.Put("doc/soundfont/copyright", "licence");
     EXPECT_EQ(ByName()["TAVRIX.LIB\\licences=soundfont"], folder.At("doc/soundfont/copyright"));
+}
+
+TEST_F(HostProgramFilesTest, WhatPluginsNeedAndWhatIsLoadedLateGoesAlong) {
+    // A program that needs next to nothing by itself.
+    for (const std::string& program : {places.executable, places.setup})
+        std::filesystem::copy_file("/bin/true", program, std::filesystem::copy_options::overwrite_existing);
+    auto found = ByName();
+    for (const SharedLibrary& late : ClosureOf("/bin/true", {}, LateLibraryNames).libraries)
+        EXPECT_TRUE(found.contains("TAVRIX.LIB\\" + late.name)) << late.name;
+    // Any library that brings one along which is not there yet.
+    for (const SharedLibrary& plugin : ClosureOf("/proc/self/exe", {}, {}).libraries) {
+        const std::array<std::string, 1> alone{plugin.path};
+        for (const SharedLibrary& needed : ClosureOf("/bin/true", alone, {}).libraries) {
+            if (found.contains("TAVRIX.LIB\\" + needed.name)) continue;
+            places.plugins = [&] {
+                return std::vector<HostProgramFiles::Data>{{"generic/libp.so", plugin.path}};
+            };
+            EXPECT_TRUE(ByName().contains("TAVRIX.LIB\\" + needed.name)) << needed.name;
+            return;
+        }
+    }
+    GTEST_SKIP() << "each library here is loaded late as well";
+}
+
+TEST_F(HostProgramFilesTest, ANameThatIsTakenByAnotherIsAFailure) {
+    using Data = HostProgramFiles::Data;
+    const Data plugin{"platforms/libq.so", folder.At("plugins/platforms/libq.so")};
+    places.plugins = [&] { return std::vector<Data>{plugin, plugin}; };
+    EXPECT_EQ(ErrorOfCall([this] { static_cast<void>(List()); }), 0);
+    folder.Put("plugins/other.so", "another");
+    places.plugins = [&] {
+        return std::vector<Data>{plugin, {"platforms/LIBQ.SO", folder.At("plugins/other.so")}};
+    };
+    EXPECT_EQ(ErrorOfCall([this] { static_cast<void>(List()); }), 58);
+    places.plugins = [&] { return std::vector<Data>{plugin, {plugin.name, folder.At("plugins/other.so")}}; };
+    EXPECT_EQ(ErrorOfCall([this] { static_cast<void>(List()); }), 58);
 }
 
 TEST_F(HostProgramFilesTest, WhatIsMissingIsAFailure) {
@@ -136,7 +182,7 @@ TEST_F(HostProgramFilesTest, WhatIsMissingIsAFailure) {
 }
 
 TEST_F(HostProgramFilesTest, APackageHandsOutItself) {
-    folder.Put("stick/SETUP.LST", "tavrix\r\nqt=a.so\r\n../letter\r\n..\r\n");
+    folder.Put("stick/SETUP.LST", "tavrix\r\nqt=a.so\r\n../letter\r\n..\r\n.\r\n\r\na\\b\r\n");
     places.executable = folder.At("stick/TAVRIX.EXE");
     places.launchers.clear();
     HostProgramFiles programFiles(files, map, places);
@@ -146,6 +192,12 @@ TEST_F(HostProgramFilesTest, APackageHandsOutItself) {
     EXPECT_EQ(list[1], (ProgramFile{"TIPOFDAY.DAT", map.ToDrivePath(folder.At("stick/TIPOFDAY.DAT"))}));
     EXPECT_EQ(list[6],
               (ProgramFile{"TAVRIX.LIB\\qt=a.so", map.ToDrivePath(folder.At("stick/TAVRIX.LIB/qt=a.so"))}));
+}
+
+TEST_F(HostProgramFilesTest, AFolderThatIsNotKnownIsNotTheRoot) {
+    places.folders = {""};
+    places.layout = {{folder.At("shared/TIPOFDAY.DAT").substr(1)}};
+    EXPECT_EQ(ErrorOfCall([this] { static_cast<void>(List()); }), 53);
 }
 
 TEST_F(HostProgramFilesTest, NoPackageIsOfferedWithoutLaunchers) {

@@ -1,12 +1,14 @@
 #include "backends/linux/LibraryClosure.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 
-#include "support/ErrorOfCall.h"
+#include "linux/TestFolder.h"
 
 namespace tavrix {
 namespace {
@@ -41,13 +43,33 @@ TEST(LibraryClosure, AProgramNeedsItsLibrariesAndTheLoader) {
 TEST(LibraryClosure, WhatIsLoadedLaterCounts) {
     const LibraryClosure plain = ClosureOf("/bin/true", {}, {});
     EXPECT_FALSE(Holds(plain, "libstdc++.so.6"));
-    const std::array names{"libnone.so.7", "libstdc++.so.6"};
-    EXPECT_TRUE(Holds(ClosureOf("/bin/true", {}, names), "libstdc++.so.6"));
+    for (const std::array names :
+         {std::array{"libnone.so.7", "libstdc++.so.6"}, {"libstdc++.so.6", "libnone.so.7"}})
+        EXPECT_TRUE(Holds(ClosureOf("/bin/true", {}, names), "libstdc++.so.6"));
     const LibraryClosure own = ClosureOf("/proc/self/exe", {}, {});
     const auto cpp = std::ranges::find(own.libraries, "libstdc++.so.6", &SharedLibrary::name);
     ASSERT_NE(cpp, own.libraries.end());
-    const std::array plugins{cpp->path};
+    const std::array plugins{cpp->path, ClosureOf("/bin/true", {}, {}).libraries.front().path};
     EXPECT_TRUE(Holds(ClosureOf("/bin/true", plugins, {}), "libgcc_s.so.1"));
+}
+
+TEST(LibraryClosure, WhatTheEnvironmentLoadsBesidesDoesNotCount) {
+    const ScopedVariable preload("LD_PRELOAD", "libstdc++.so.6");
+    EXPECT_FALSE(Holds(ClosureOf("/bin/true", {}, {}), "libstdc++.so.6"));
+}
+
+TEST(LibraryClosure, AskingLeavesNothingBehindAndSaysNothing) {
+    testing::internal::CaptureStderr();
+    const std::array names{"libnone.so.7"};
+    static_cast<void>(ClosureOf("/bin/true", {}, names));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    // Children of other tests are waited for by threads of theirs.
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    siginfo_t child{};
+    while (::waitid(P_ALL, 0, &child, WEXITED | WNOHANG | WNOWAIT) == 0 && child.si_pid != 0 &&
+           std::chrono::steady_clock::now() < limit)
+        child = {};
+    EXPECT_EQ(child.si_pid, 0) << "a child that nobody waited for";
 }
 
 TEST(LibraryClosure, WhatCannotBeLoadedIsAFailure) {

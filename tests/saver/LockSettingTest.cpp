@@ -62,6 +62,7 @@ TEST_F(LockSettingTest, TheDesktopsOwnSettingComesFirst) {
     PutScript(folder_, "xfconf-query", tool);
     for (const auto& [desktop, asked] :
          {std::pair("ubuntu:GNOME", "get org.gnome.desktop.screensaver lock-enabled"),
+          {"Unity:Unity7", "get org.gnome.desktop.screensaver lock-enabled"},
           {"X-Cinnamon", "get org.cinnamon.desktop.screensaver lock-enabled"},
           {"mate", "get org.mate.screensaver lock-enabled"},
           {"XFCE", "--channel=xfce4-screensaver --property=/lock/enabled"}}) {
@@ -87,12 +88,15 @@ TEST_F(LockSettingTest, PlasmaTellsInAFile) {
     folder_.Put("config/kscreenlockerrc", "[Daemon]\nAutolock=false\n");
     Store({1, "1"});
     EXPECT_EQ(Told(), "0");
+    Use("openbox");
+    EXPECT_EQ(Told(), "1") << "another desktop's file";
 }
 
 TEST_F(LockSettingTest, OtherValuesAreTheStoredOnes) {
     machine_.registry.Put(qt::LockRegistry::Key, "Wallpaper", {1, "C:\\a.bmp"});
     EXPECT_EQ(registry_.Read(qt::LockRegistry::Key, "Wallpaper")->text, "C:\\a.bmp");
     EXPECT_FALSE(registry_.Read("Other", qt::LockRegistry::Name).has_value());
+    EXPECT_FALSE(registry_.Read(qt::LockRegistry::Key, "Other").has_value());
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ using qt::PasswordQuestion;
 class PasswordQuestionTest : public testing::Test {
   protected:
     /// Whether a question is answered right by whoever does this once it is open. What the user is told is in `told`.
-    bool Ask(const std::function<void(PasswordQuestion&)>& user, PasswordQuestion::Limits limits = {}) {
+    bool Ask(const std::function<void(PasswordQuestion&)>& user, PasswordQuestion::Limits limits = Patient) {
         PasswordQuestion question(checker_, limits);
         QTimer::singleShot(0, &question, [&] { user(question); });
         QTimer watch;
@@ -34,7 +34,16 @@ class PasswordQuestionTest : public testing::Test {
         });
         told = {Text(question)};
         watch.start();
-        return question.Ask();
+        QTimer late;
+        late.setSingleShot(true);
+        QObject::connect(&late, &QTimer::timeout, &late, [&] {
+            ADD_FAILURE() << "the question stays";
+            question.close();
+        });
+        late.start(60s);
+        const bool right = question.Ask();
+        left = Field(question).text().toStdString();
+        return right;
     }
     static std::string Text(PasswordQuestion& question) {
         return question.findChild<QLabel*>()->text().toStdString();
@@ -56,12 +65,25 @@ class PasswordQuestionTest : public testing::Test {
     }
     void CheckBy(const std::string& lines) { checker_ = PutScript(folder_, "checker", lines); }
 
+    /// Whether a process is gone from the table of processes within some time.
+    static bool IsGone(pid_t id) {
+        const auto limit = std::chrono::steady_clock::now() + 20s;
+        while (::kill(id, 0) == 0) {
+            if (std::chrono::steady_clock::now() > limit) return false;
+            QApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+        return true;
+    }
+    /// Nothing ends by itself.
+    static constexpr PasswordQuestion::Limits Patient{.entry = 1h, .check = 1h, .notice = 1h};
+
     std::vector<std::string> told;
+    std::string left;  ///< what stands in the field at the end
     TestFolder folder_;
     std::string checker_ = PutScript(folder_, "checker", "[ \"$(cat)\" = secret ] || exit 1");
 };
 
-constexpr PasswordQuestion::Limits SoonRead{.notice = 20ms};
+constexpr PasswordQuestion::Limits SoonRead{.entry = 1h, .check = 1h, .notice = 20ms};
 
 TEST_F(PasswordQuestionTest, TheRightPasswordIsRight) {
     EXPECT_TRUE(Ask([](auto& question) { Enter(question, "secret"); }));
@@ -105,20 +127,23 @@ TEST_F(PasswordQuestionTest, ALongPasswordArrivesWhole) {
     EXPECT_EQ(folder_.Content("heard"), password.toStdString());
 }
 
-TEST_F(PasswordQuestionTest, AClosedQuestionIsWrong) {
+TEST_F(PasswordQuestionTest, AClosedQuestionIsWrongAndKeepsNothing) {
     const auto typed = [](auto& question) { Field(question).setText("secret"); };
     EXPECT_FALSE(Ask([&](auto& question) {
         typed(question);
         Button(question, QDialogButtonBox::Cancel).click();
     }));
+    EXPECT_EQ(left, "");
     EXPECT_FALSE(Ask([&](auto& question) {
         typed(question);
         Press(Field(question), Qt::Key_Escape);
     }));
+    EXPECT_EQ(left, "");
     EXPECT_FALSE(Ask([&](auto& question) {
         typed(question);
         question.close();
     }));
+    EXPECT_EQ(left, "");
 }
 
 TEST_F(PasswordQuestionTest, AQuestionClosedDuringItsCheckIsWrongAndTheCheckEnds) {
@@ -137,18 +162,43 @@ TEST_F(PasswordQuestionTest, AQuestionClosedDuringItsCheckIsWrongAndTheCheckEnds
         Enter(question, "secret");
     }));
     const auto id = static_cast<pid_t>(std::stoi(folder_.Content("id")));
-    while (::kill(id, 0) == 0)
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    EXPECT_TRUE(IsGone(id));
+}
+
+TEST_F(PasswordQuestionTest, WhoTypesIsNotCutOff) {
+    int typed = 0;
+    EXPECT_FALSE(Ask(
+        [&](auto& question) {
+            auto* keys = new QTimer(&question);
+            QObject::connect(keys, &QTimer::timeout, keys, [&question, &typed, keys] {
+                Press(Field(question), 0, QStringLiteral("x"));
+                if (++typed == 60) keys->stop();
+            });
+            // However late timers come on a busy machine, this one comes before that of the question.
+            keys->start(10ms);
+        },
+        {.entry = 200ms, .check = 1h, .notice = 1h}));
+    EXPECT_EQ(typed, 60);
+}
+
+TEST_F(PasswordQuestionTest, ACheckThatSaysNothingMoreAndDoesNotEndFailsAndIsEnded) {
+    CheckBy("echo $$ > '" + folder_.At("id") + "'; exec < /dev/null > /dev/null; exec sleep 600");
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead));
+    EXPECT_EQ(told.back(), "The password could not be checked.");
+    EXPECT_TRUE(IsGone(static_cast<pid_t>(std::stoi(folder_.Content("id")))));
 }
 
 TEST_F(PasswordQuestionTest, ItClosesItselfAsWrong) {
-    EXPECT_FALSE(Ask([](auto& question) { Field(question).setText("secret"); }, {.entry = 30ms}));
+    EXPECT_FALSE(Ask([](auto& question) { Field(question).setText("secret"); },
+                     {.entry = 30ms, .check = 1h, .notice = 1h}));
     EXPECT_EQ(PasswordQuestion::Limits().entry, 30s);
+    EXPECT_EQ(left, "");
 }
 
 TEST_F(PasswordQuestionTest, ACheckThatTakesTooLongIsWrong) {
     CheckBy("exec sleep 600");
-    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, {.check = 30ms}));
+    EXPECT_FALSE(
+        Ask([](auto& question) { Enter(question, "secret"); }, {.entry = 1h, .check = 30ms, .notice = 1h}));
 }
 
 TEST_F(PasswordQuestionTest, ACheckThatFailsIsWrong) {
@@ -182,6 +232,10 @@ TEST_F(PasswordQuestionTest, TheFieldShowsNothingAndGivesNothingAway) {
         field.setText("secret");
         EXPECT_EQ(field.echoMode(), QLineEdit::Password);
         EXPECT_EQ(field.contextMenuPolicy(), Qt::NoContextMenu);
+        EXPECT_FALSE(field.dragEnabled());
+        EXPECT_FALSE(field.acceptDrops());
+        EXPECT_LE(field.maxLength(), 500);
+        EXPECT_EQ(question.template findChild<QLabel*>()->textFormat(), Qt::PlainText);
         EXPECT_FALSE(field.displayText().contains("secret"));
         question.close();
     }));

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "SetupTest.h"
+#include "base/Text.h"
 #include "setup/UserStoreFile.h"
 #include "support/ErrorOfCall.h"
 #include "support/FaultSweep.h"
@@ -30,8 +31,7 @@ TEST_F(SetupTest, WhatIsOfThePackageIsInstalledAndNothingElse) {
     EXPECT_EQ(InTarget("SLIDES/Größe.tvs"), "show");
     EXPECT_EQ(InTarget("SLIDES/deep/er/b.bmp"), "picture below");
     EXPECT_FALSE(fs::exists(Target() + "/letter"));
-    EXPECT_EQ(ModeOf(Target() + "/TAVRIX.EXE"), 0755U);
-    EXPECT_EQ(ModeOf(Target() + "/README.TXT"), 0644U);
+    EXPECT_NE(InTarget("setup.ini").find("InstallSize=7.5"), std::string::npos);
     EXPECT_TRUE(IsInstalled(Target(), names));
     EXPECT_FALSE(IsInstalled(Stick(), names));
     const auto after = All();
@@ -39,11 +39,43 @@ TEST_F(SetupTest, WhatIsOfThePackageIsInstalledAndNothingElse) {
         EXPECT_EQ(after.at(path), content) << path;
 }
 
+TEST_F(SetupTest, ModesAreThoseOfProgramsAndFilesWhateverTheMask) {
+    folder.Put("stick/TavrixSCR.SCR", "launcher");
+    names.files.emplace_back("TavrixSCR.SCR");
+    const mode_t former = ::umask(0077);
+    EXPECT_TRUE(Install());
+    ::umask(former);
+    EXPECT_EQ(ModeOf(Target() + "/TAVRIX.EXE"), 0755U);
+    EXPECT_EQ(ModeOf(Target() + "/TavrixSCR.SCR"), 0755U);
+    EXPECT_EQ(ModeOf(Target() + "/README.TXT"), 0644U);
+}
+
+TEST_F(SetupTest, WhatIsMadeBesideItIsTheUsersAlone) {
+    ASSERT_TRUE(Install());
+    EXPECT_EQ(ModeOf(folder.At("user/data/tavrix-packages")), 0700U);
+    EXPECT_EQ(ModeOf(folder.At("user/config/tavrix")), 0700U);
+    EXPECT_EQ(ModeOf(places.store), 0600U);
+}
+
+TEST_F(SetupTest, LinksAreNoneOfThePackages) {
+    fs::create_symlink(folder.At("user/letter"), folder.At("stick/SLIDES/link.bmp"));
+    fs::create_directory_symlink(folder.At("user"), folder.At("stick/SLIDES/user"));
+    fs::create_symlink(folder.At("user/letter"), folder.At("stick/TVS.ICO"));
+    ASSERT_TRUE(Install());
+    for (const char* link : {"/SLIDES/link.bmp", "/SLIDES/user", "/TVS.ICO"})
+        EXPECT_FALSE(fs::exists(fs::symlink_status(Target() + link))) << link;
+    Remove();
+    fs::remove(folder.At("stick/TAVRIX.LIB/libx.so"));
+    fs::create_symlink(folder.At("user/letter"), folder.At("stick/TAVRIX.LIB/libx.so"));
+    EXPECT_EQ(ErrorOfCall([this] { Install(); }), 53);
+}
+
 TEST_F(SetupTest, TheProgramFindsItselfInstalledAndLeavesNoMarkElsewhere) {
     ASSERT_TRUE(Install());
     const std::string store = InTarget("STORE/settings");
     EXPECT_NE(store.find("EXEPath=" + places.drivePath(Target()) + "\\\n"), std::string::npos) << store;
     EXPECT_NE(store.find("ProgramRun=1\n"), std::string::npos);
+    EXPECT_NE(store.find("Show Tips at Startup=0\n"), std::string::npos);
     EXPECT_NE(InTarget("tavrix.ini").find("StretchImages=True"), std::string::npos);
     EXPECT_NE(InTarget("tavrix.ini").find("UseRecentDocuments=False"), std::string::npos);
 }
@@ -56,6 +88,8 @@ TEST_F(SetupTest, TheMenuGetsWhatTheNotesSay) {
     EXPECT_NE(texts[0].find("Exec=sh \"" + Target() + "/TAVRIX.EXE\" \"-viewer\"\n"), std::string::npos)
         << texts[0];
     EXPECT_NE(texts[0].find("Exec=sh \"" + Target() + "/UN-SETUP.EXE\"\n"), std::string::npos);
+    for (const std::string& text : texts)
+        EXPECT_NE(text.find("Icon=" + Target() + "/TAVRIX.ICO\n"), std::string::npos) << text;
     EXPECT_NE(texts[1].find("Name=Trip\n"), std::string::npos) << texts[1];
     EXPECT_NE(texts[1].find("Exec=sh \"" + Target() + "/TAVRIX.EXE\"\n"), std::string::npos);
     EXPECT_NE(texts[2].find("Name=Trip (Screen Saver)\n"), std::string::npos) << texts[2];
@@ -106,11 +140,92 @@ TEST_F(SetupTest, AStoreWithoutASaverHasNoneAgain) {
 }
 
 TEST_F(SetupTest, ASaverThatWasChosenSinceStays) {
-    folder.Put("user/config/tavrix/settings", "[Settings]\nCurrentSaver=C:\\former.tvs\n");
+    WriteFormer("C:\\former.tvs");
     ASSERT_TRUE(Install());
     WriteStored(places.store, "CurrentSaver", "C:\\later.tvs");
     Remove();
     EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), "C:\\later.tvs");
+}
+
+TEST_F(SetupTest, OfWhomASaverIsIsToldByItsFolderInAnyCase) {
+    WriteFormer("C:\\former.tvs");
+    ASSERT_TRUE(Install());
+    WriteStored(places.store, "CurrentSaver", UpperCase(places.drivePath(Target() + "/SLIDES/other.tvs")));
+    Remove();
+    EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), "C:\\former.tvs");
+    ASSERT_TRUE(Install());
+    const std::string beside = places.drivePath(Target() + "/SLIDES.OLD/other.tvs");
+    WriteStored(places.store, "CurrentSaver", beside);
+    Remove();
+    EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), beside);
+}
+
+TEST_F(SetupTest, LongNamesAndPathsAreKeptWhole) {
+    const std::string former = "C:\\" + std::string(400, 'f') + ".tvs";
+    WriteFormer(former);
+    name = std::string(300, 'n');
+    PutNotes("True", "True", "True");
+    ASSERT_TRUE(Install());
+    EXPECT_NE(Entries()[1].find("Name=" + name + "\n"), std::string::npos);
+    Remove();
+    EXPECT_EQ(ReadStored(places.store, "CurrentSaver"), former);
+}
+
+TEST_F(SetupTest, PackagesStandSideBySide) {
+    ASSERT_TRUE(Install());
+    const auto withOne = All();
+    name = "Another";
+    PutNotes("True", "False", "True");
+    const auto stick = folder.Content("stick/setup.ini");
+    ASSERT_TRUE(Install());
+    EXPECT_EQ(Entries().size(), 6U);
+    Remove();
+    auto after = All();
+    EXPECT_EQ(after["stick/setup.ini"], stick);
+    after["stick/setup.ini"] = withOne.at("stick/setup.ini");
+    EXPECT_EQ(after, withOne);
+}
+
+TEST_F(SetupTest, APackageWithoutANameIsUntitled) {
+    name = "";
+    PutNotes("False", "False", "True");
+    ASSERT_TRUE(Install());
+    name = "Untitled";
+    EXPECT_TRUE(IsInstalled(Target(), names));
+}
+
+TEST_F(SetupTest, ItsSettingsGoWhateverThePackageHas) {
+    std::erase(names.files, "tavrix.ini");
+    const auto before = All();
+    ASSERT_TRUE(Install());
+    EXPECT_NE(InTarget("tavrix.ini").find("UseRecentDocuments=False"), std::string::npos);
+    EXPECT_FALSE(Remove());
+    EXPECT_EQ(All(), before);
+}
+
+TEST_F(SetupTest, AFileOrALinkOfTheUsersInPlaceOfAFolderStays) {
+    ASSERT_TRUE(Install());
+    fs::remove_all(Target() + "/SLIDES/deep");
+    folder.Put("user/data/tavrix-packages/Trip/SLIDES/deep", "own");
+    folder.PutFolder("user/data/tavrix-packages/Trip/TEMP");
+    fs::create_directory_symlink(folder.At("user"), Target() + "/TEMP/link");
+    EXPECT_TRUE(Remove());
+    EXPECT_EQ(InTarget("SLIDES/deep"), "own");
+    EXPECT_TRUE(fs::is_symlink(Target() + "/TEMP/link"));
+    EXPECT_EQ(folder.Content("user/letter"), "own");
+    EXPECT_FALSE(IsInstalled(Target(), names));
+}
+
+TEST_F(SetupTest, NoFolderGoesThatIsNotAboveWhatWasInstalled) {
+    ASSERT_TRUE(Install());
+    folder.PutFolder("user/own");
+    folder.PutFolder("user/data/app");
+    folder.Put("user/data/tavrix-packages/Trip/setup.ini",
+               "[Installed]\nMadeFolder1=" + folder.At("user/own") +
+                   "\nMadeFolder2=" + folder.At("user/data/app") + "\nFolders=2\n");
+    Remove();
+    EXPECT_TRUE(folder.Has("user/own"));
+    EXPECT_TRUE(folder.Has("user/data/app"));
 }
 
 TEST_F(SetupTest, FilesOfTheUserStay) {
@@ -137,7 +252,13 @@ TEST_F(SetupTest, AListCannotLeadOutOfTheFolder) {
 TEST_F(SetupTest, WhatStandsAtTheTargetIsNotTouched) {
     folder.Put("user/data/tavrix-packages/Trip/letter", "own");
     const auto before = All();
-    EXPECT_EQ(ErrorOfCall([this] { Install(); }), 58);
+    EXPECT_EQ(ErrorOfCall([this] {
+                  Install([](std::int64_t) {
+                      ADD_FAILURE() << "copied before it is refused";
+                      return true;
+                  });
+              }),
+              58);
     EXPECT_EQ(ErrorOfCall([this] { Remove(); }), 53);
     EXPECT_EQ(All(), before);
 }
@@ -165,6 +286,8 @@ TEST_F(SetupTest, AnyNameIsAFolder) {
     EXPECT_EQ(Target(), folder.At("user/data") + "/tavrix-packages/_._a_b__");
     name = std::string(99, 'x') + "\xC3\xA4";
     EXPECT_EQ(Target(), folder.At("user/data") + "/tavrix-packages/" + std::string(99, 'x'));
+    name = std::string(101, 'x');
+    EXPECT_EQ(Target(), folder.At("user/data") + "/tavrix-packages/" + std::string(100, 'x'));
 }
 
 TEST_F(SetupTest, APackageThatIsNotWholeIsNotInstalled) {

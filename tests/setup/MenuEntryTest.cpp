@@ -27,11 +27,13 @@ TEST(MenuEntry, ItOffersToRemoveWhatItIsOf) {
 
 TEST(MenuEntry, NoNameOrPathBreaksOutOfItsLine) {
     const std::string text = TextOf({.name = "a\nExec=evil\\",
-                                     .comment = "\r\t",
-                                     .icon = {},
+                                     .comment = "\r\t\\",
+                                     .icon = "/i\\c\no",
                                      .arguments = {"/$HOME/`x`/\"%f\\\n"},
                                      .remover = {}});
     EXPECT_NE(text.find("\nName=a Exec=evil\\\\\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nComment=  \\\\\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nIcon=/i\\\\c o\n"), std::string::npos) << text;
     // Quoted for the command line, and the backslashes once more as a value.
     EXPECT_NE(text.find("\nExec=sh \"/\\\\$HOME/\\\\`x\\\\`/\\\\\"%%f\\\\\\\\\\n\"\n"), std::string::npos)
         << text;

@@ -38,6 +38,10 @@ class SetupTest : public ::testing::Test {
                                           "\r\nMakeDefaultSaver=" + makeDefault +
                                           "\r\nSlideShowShortcut=" + shortcut + "\r\n");
     }
+    /// The user has a screen saver already.
+    void WriteFormer(const std::string& saver) const {
+        folder.Put("user/config/tavrix/settings", "[Settings]\nCurrentSaver=" + saver + "\n");
+    }
     [[nodiscard]] std::string Stick() const { return folder.At("stick"); }
     [[nodiscard]] std::string Target() const { return InstallFolder(places, name); }
     [[nodiscard]] std::string InTarget(const std::string& file) const {

@@ -33,6 +33,41 @@ TEST(UserStoreFile, AFileThatHoldsNothingElseGoes) {
     EXPECT_FALSE(folder.Has("settings"));
 }
 
+TEST(UserStoreFile, OneOfAnotherSectionIsAnother) {
+    const TestFolder folder;
+    folder.Put("settings", "CurrentSaver=no section\n[Settings]\nCurrentSaver=x\n[other]\nCurrentSaver=y\n");
+    EXPECT_EQ(ReadStored(folder.At("settings"), "CurrentSaver"), "x");
+    WriteStored(folder.At("settings"), "CurrentSaver", std::nullopt);
+    EXPECT_EQ(folder.Content("settings"), "CurrentSaver=no section\n[Settings]\n[other]\nCurrentSaver=y\n");
+}
+
+TEST(UserStoreFile, IsTheUsersAlone) {
+    const TestFolder folder;
+    const std::string file = folder.At("settings");
+    const auto mode = [&file] { return std::filesystem::status(file).permissions(); };
+    using std::filesystem::perms;
+    WriteStored(file, "CurrentSaver", "x");
+    EXPECT_EQ(mode(), perms::owner_read | perms::owner_write);
+    WriteStored(file, "Other", "y");
+    WriteStored(file, "CurrentSaver", std::nullopt);
+    EXPECT_EQ(mode(), perms::owner_read | perms::owner_write);
+}
+
+TEST(UserStoreFile, ALongValueIsReadWhole) {
+    const TestFolder folder;
+    const std::string value = "C:\\" + std::string(400, 'x');
+    WriteStored(folder.At("settings"), "CurrentSaver", value);
+    EXPECT_EQ(ReadStored(folder.At("settings"), "CurrentSaver"), value);
+}
+
+TEST(UserStoreFile, WhatCannotBeReadIsNotTakenForNothing) {
+    const TestFolder folder;
+    folder.PutFolder("settings");
+    const std::string file = folder.At("settings");
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(ReadStored(file, "CurrentSaver")); }), 75);
+    EXPECT_EQ(ErrorOfCall([&] { WriteStored(file, "CurrentSaver", std::nullopt); }), 75);
+}
+
 TEST(UserStoreFile, AFolderThatIsMissingIsAFailure) {
     const TestFolder folder;
     EXPECT_NE(ErrorOfCall([&] { WriteStored(folder.At("none/settings"), "CurrentSaver", "x"); }), 0);

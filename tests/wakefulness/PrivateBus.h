@@ -7,18 +7,20 @@
 
 namespace tavrix {
 
-/// A message bus of a test's own, which starts no services. It is the session bus for whoever joins one from now on.
+/// A message bus of a test's own, which starts no services but those that are put there. It is the session bus for whoever joins one from now on.
 class PrivateBus {
   public:
     PrivateBus() {
         QFile settings(folder_.filePath("bus.conf"));
         if (!settings.open(QIODevice::WriteOnly)) return;
-        settings.write(QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen>"
-                                      "<auth>EXTERNAL</auth><policy context=\"default\">"
-                                      "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
-                                      "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>")
-                           .arg(folder_.path())
-                           .toUtf8());
+        settings.write(
+            QStringLiteral(
+                "<busconfig><type>session</type><listen>unix:dir=%1</listen><servicedir>%1</servicedir>"
+                "<auth>EXTERNAL</auth><policy context=\"default\">"
+                "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
+                "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>")
+                .arg(folder_.path())
+                .toUtf8());
         settings.close();
         daemon_.start("dbus-daemon", {"--nofork", "--print-address", "--config-file=" + settings.fileName()});
         if (!daemon_.waitForReadyRead(20'000)) return;
@@ -34,6 +36,12 @@ class PrivateBus {
 
     /// Empty when the bus did not start.
     [[nodiscard]] const QString& Address() const { return address_; }
+    /// The bus starts this, without words of its own, for whoever asks for a name that nobody has.
+    void PutService(const QString& name, const QString& program) const {
+        QFile file(folder_.filePath(name + ".service"));
+        if (!file.open(QIODevice::WriteOnly)) return;
+        file.write(QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(name, program).toUtf8());
+    }
 
   private:
     QTemporaryDir folder_;

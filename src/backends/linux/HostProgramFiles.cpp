@@ -66,7 +66,7 @@ class Library {
     void Add(const std::string& name, const std::string& path) {
         if (!IsFile(path)) throw RuntimeError(ErrorNumber::FileNotFound);
         if (Put(name, path)) return;
-        const auto same = std::ranges::find(files_, name, &Data::name);
+        const auto same = std::ranges::find(files_, Flat(name), &Data::name);
         if (same == files_.end() || same->path != path) throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
     void AddIfThere(const std::string& name, const std::string& path) {
@@ -85,8 +85,12 @@ class Library {
     std::vector<Data> Take() { return std::move(files_); }
 
   private:
-    [[nodiscard]] bool Put(std::string name, const std::string& path) {
+    static std::string Flat(std::string name) {
         std::ranges::replace(name, '/', '=');
+        return name;
+    }
+    [[nodiscard]] bool Put(const std::string& given, const std::string& path) {
+        std::string name = Flat(given);
         // A name that no disk of another system takes is none for a package.
         if (name.find_first_of("\\:*?\"<>|") != std::string::npos) return true;
         if (!names_.insert(UpperCase(name)).second) return false;

@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, 33> LockerNames{
     "xscreensaver",    "xscreensaver-sy", "light-locker",    "xss-lock",        "xautolock",
     "xidlehook",       "gnome-screensav", "mate-screensave", "cinnamon-screen", "xfce4-screensav",
     "kscreenlocker_g", "ukui-screensave", "dde-lock",        "budgie-screensa", "i3lock",
-    "i3lock-color",    "betterlockscre",  "slock",           "xsecurelock",     "xtrlock",
+    "i3lock-color",    "betterlockscree", "slock",           "xsecurelock",     "xtrlock",
     "xlock",           "physlock",        "vlock",           "alock",           "sxlock",
     "pyxtrlock",       "swaylock",        "swayidle",        "hypridle",        "hyprlock",
     "lxlock",          "enlightenment",   "gnome-shell"};

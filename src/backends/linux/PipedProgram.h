@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <optional>
 #include <string>
@@ -9,22 +7,17 @@
 #include <utility>
 #include <vector>
 
+#include "backends/linux/ChildProgram.h"
 #include "backends/linux/HostFile.h"
 
 namespace tavrix {
 
-/// A program that is talked to over its standard input and output. It is of a session of its own, so that what is typed
-/// at a terminal or sent to a group of processes does not reach it.
+/// A program that is talked to over its standard input and output. It runs on when this object ends; its input ends then.
 class PipedProgram {
   public:
     /// Starts it; a name without a slash is looked for in PATH. Its standard error is ours.
     [[nodiscard]] static std::optional<PipedProgram> Start(const std::string& program,
                                                            const std::vector<std::string>& arguments = {});
-
-    PipedProgram(PipedProgram&& other) noexcept;
-    PipedProgram& operator=(PipedProgram&& other) noexcept;
-    /// The program runs on; its input ends.
-    ~PipedProgram();
 
     /// Readable when it has written something, and at its end.
     [[nodiscard]] int Descriptor() const { return pipe_.Number(); }
@@ -36,13 +29,13 @@ class PipedProgram {
                                                       std::size_t most = 256) const;
     /// Its exit status, once it has ended within this time; nothing while it runs, and where a signal ended it.
     [[nodiscard]] std::optional<int> Status(std::chrono::milliseconds within);
-    void Kill() const;
+    void Kill() const { child_.Kill(); }
 
   private:
-    PipedProgram(pid_t child, FileDescriptor pipe) : child_(child), pipe_(std::move(pipe)) {}
-    void Leave();
+    PipedProgram(ChildProgram child, FileDescriptor pipe)
+        : child_(std::move(child)), pipe_(std::move(pipe)) {}
 
-    pid_t child_ = 0;  ///< 0: its end has been noted
+    ChildProgram child_;
     FileDescriptor pipe_;
 };
 

@@ -1,19 +1,13 @@
 #include "backends/linux/Programs.h"
 
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <csignal>
-#include <ctime>
 #include <optional>
 #include <sstream>
-#include <system_error>
-#include <thread>
 
+#include "backends/linux/ChildProgram.h"
 #include "backends/linux/HostPaths.h"
 #include "base/Text.h"
 
@@ -103,55 +97,11 @@ std::string FindProgram(const std::string& name) {
     return {};
 }
 
-/// The end of a child process within some time; nothing while it runs.
-std::optional<int> EndOf(pid_t child, std::chrono::milliseconds within) {
-    const auto limit = std::chrono::steady_clock::now() + within;
-    for (;;) {
-        int status = 0;
-        const pid_t ended = ::waitpid(child, &status, WNOHANG);
-        if (ended == child) return status;
-        if (ended < 0 && errno != EINTR) return 0;
-        if (std::chrono::steady_clock::now() >= limit) return std::nullopt;
-        const timespec pause{0, 2'000'000};
-        ::nanosleep(&pause, nullptr);
-    }
-}
-
 bool Start(const std::string& path, const ProgramCall& call, std::chrono::milliseconds failsWithin) {
-    std::vector<std::string> texts = call;
-    std::vector<char*> arguments;
-    arguments.reserve(texts.size() + 1);
-    for (std::string& text : texts)
-        arguments.push_back(text.data());
-    arguments.push_back(nullptr);
-
-    posix_spawnattr_t attributes;
-    if (::posix_spawnattr_init(&attributes) != 0) return false;
-    sigset_t none;
-    sigset_t all;
-    ::sigemptyset(&none);
-    ::sigfillset(&all);
-    ::posix_spawnattr_setsigmask(&attributes, &none);
-    ::posix_spawnattr_setsigdefault(&attributes, &all);
-    ::posix_spawnattr_setflags(&attributes,
-                               POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    pid_t child = 0;
-    const int error = ::posix_spawn(&child, path.c_str(), nullptr, &attributes, arguments.data(), environ);
-    ::posix_spawnattr_destroy(&attributes);
-    if (error != 0) return false;
-    if (failsWithin.count() > 0) {
-        if (const std::optional<int> status = EndOf(child, failsWithin)) return *status == 0;
-    }
-    try {
-        // Somebody has to take note of its end, or it stays in the table of processes.
-        std::thread([child] {
-            int status = 0;
-            while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-            }
-        }).detach();
-    } catch (const std::system_error&) {  // it runs all the same
-    }
-    return true;
+    std::optional<ChildProgram> program = ChildProgram::Start(path, call);
+    if (!program) return false;
+    const std::optional<int> end = failsWithin.count() > 0 ? program->End(failsWithin) : std::nullopt;
+    return !end || *end == 0;
 }
 
 }  // namespace

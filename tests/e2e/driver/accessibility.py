@@ -26,21 +26,27 @@ class Gone(Exception):
     """The object, or the program that showed it, does not answer any more."""
 
 
+def start_bus(children, folder, name, environment):
+    """Starts a message bus; its address and its process."""
+    socket, configuration = (os.path.join(folder, name + end) for end in ("", ".conf"))
+    with open(configuration, "w", encoding="utf-8") as file:
+        file.write(_SESSION % socket)
+    process = children.start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"], environment,
+                             os.path.join(folder, "bus.log"))
+    wait_until(lambda: os.path.exists(socket), "the bus " + name)
+    return f"unix:path={socket}", process
+
+
 class AccessibilityBus:
     """Starts both buses. Programs find them through `environment`."""
 
     def __init__(self, children, screen):
         folder = screen.folder
-        log = os.path.join(folder, "bus.log")
-        socket = os.path.join(folder, "session-bus")
-        configuration = os.path.join(folder, "session-bus.conf")
-        with open(configuration, "w", encoding="utf-8") as file:
-            file.write(_SESSION % socket)
-        self.environment = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={socket}", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        address, _ = start_bus(children, folder, "session-bus", screen.environment)
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": address, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         everything = {**screen.environment, **self.environment}
-        children.start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"], everything, log)
-        wait_until(lambda: os.path.exists(socket), "the session bus")
-        children.start(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"], everything, log)
+        children.start(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"], everything,
+                       os.path.join(folder, "bus.log"))
 
         session = _connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
         address = wait_until(lambda: _try(session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"),

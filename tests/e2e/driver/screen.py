@@ -60,14 +60,14 @@ class Window(NamedTuple):
 class Screen:
     """Starts the X server and, unless told otherwise (None), a window manager: "openbox", or "metacity", which places
     and stacks windows by rules of its own. Its `environment` leads programs to it. `repeat`: after how many milliseconds a
-    held key repeats, and how often."""
+    held key repeats, and how often. `screens`: how many the server has, all of that size; only the first is looked at."""
 
     def __init__(self, children, folder, size=(1280, 1024), environment=None, window_manager=USUAL_MANAGER, rules="",
-                 depth=24, repeat=None):
+                 depth=24, repeat=None, screens=1):
         self.folder = folder
         self._children = children
         self._log = os.path.join(folder, "screen.log")
-        name = self._start_server(size, depth, repeat, environment or {})
+        name = self._start_server(size, depth, repeat, screens, environment or {})
         self.environment = {**(environment or {}), "DISPLAY": name}
         self._x = display.Display(name)
         self._x.set_error_handler(lambda *_: None)  # windows come and go while they are being looked at
@@ -98,10 +98,12 @@ class Screen:
     def start(self, command):
         return self._children.start(command, self.environment, self._log)
 
-    def _start_server(self, size, depth, repeat, environment):
+    def _start_server(self, size, depth, repeat, screens, environment):
         reader, writer = os.pipe()
+        one = f"{size[0]}x{size[1]}x{depth}"
+        all_screens = [word for number in range(screens) for word in ("-screen", str(number), one)]
         self._server = self._children.start(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size[0]}x{size[1]}x{depth}", "-dpi", "96", "-s", "0",
+            ["Xvfb", "-displayfd", str(writer), *all_screens, "-dpi", "96", "-s", "0",
              "-nolisten", "tcp", "-noreset",
              *(["-ardelay", str(repeat[0]), "-arinterval", str(repeat[1])] if repeat else [])],
             environment, self._log, pass_fds=(writer,))

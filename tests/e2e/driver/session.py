@@ -11,10 +11,10 @@ from .screen import Screen
 _KEPT = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TZ")
 
 
-class Session:
-    """A screen with a window manager and an accessibility bus. close() ends every process and removes every file."""
+class AnySession:
+    """The screen that `make_screen` gives, and an accessibility bus. close() ends every process and removes every file."""
 
-    def __init__(self, **screen_options):
+    def __init__(self, make_screen, **variables):
         self.folder = tempfile.mkdtemp(prefix="tavrix-e2e.")
         self.children = Children()
         try:
@@ -22,8 +22,8 @@ class Session:
             runtime = os.path.join(self.folder, "runtime")
             os.mkdir(runtime, 0o700)
             environment.update(HOME=self.folder, XDG_RUNTIME_DIR=runtime, TMPDIR=self.folder, LANG="C.UTF-8",
-                               LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory", QT_QPA_PLATFORM="xcb")
-            self.screen = Screen(self.children, self.folder, environment=environment, **screen_options)
+                               LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory", **variables)
+            self.screen = make_screen(self.children, self.folder, environment)
             self.bus = AccessibilityBus(self.children, self.screen)
             self.environment = {**self.screen.environment, **self.bus.environment}
         except BaseException:
@@ -45,3 +45,12 @@ class Session:
 
     def __exit__(self, *_):
         self.close()
+
+
+class Session(AnySession):
+    """An X screen with a window manager."""
+
+    def __init__(self, **screen_options):
+        super().__init__(
+            lambda children, folder, environment: Screen(children, folder, environment=environment, **screen_options),
+            QT_QPA_PLATFORM="xcb")

@@ -8,11 +8,9 @@ import tempfile
 
 from PIL import Image
 
-from .accessibility import AccessibilityBus
-from .processes import Children
+from .session import AnySession
 from .waiting import wait_until
 
-_KEPT = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TZ")
 _SOCKET = "tavrix-test"
 # Nothing of the desktop but its background, and no movements.
 _SETTINGS = """[shell]
@@ -52,6 +50,9 @@ class WaylandScreen:
                        environment, os.path.join(folder, "weston.log"))
         wait_until(lambda: os.path.exists(os.path.join(environment["XDG_RUNTIME_DIR"], _SOCKET)), "the display")
 
+    def close(self):
+        """The display ends with its process."""
+
     def grab(self):
         with tempfile.TemporaryDirectory(dir=self.folder) as folder:
             subprocess.run(["weston-screenshooter"], env=self.environment, cwd=folder, check=True, timeout=60,
@@ -60,30 +61,10 @@ class WaylandScreen:
                 return image.convert("RGB")
 
 
-class WaylandSession:
-    """A Wayland display and an accessibility bus. close() ends every process and removes every file."""
+class WaylandSession(AnySession):
+    """A Wayland display."""
 
     def __init__(self, size=(1000, 800)):
-        self.folder = tempfile.mkdtemp(prefix="tavrix-wayland.")
-        self.children = Children()
-        try:
-            environment = {name: os.environ[name] for name in _KEPT if name in os.environ}
-            runtime = os.path.join(self.folder, "runtime")
-            os.mkdir(runtime, 0o700)
-            environment.update(HOME=self.folder, XDG_RUNTIME_DIR=runtime, TMPDIR=self.folder, LANG="C.UTF-8",
-                               LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory", XDG_SESSION_TYPE="wayland")
-            self.screen = WaylandScreen(self.children, self.folder, size, environment)
-            self.bus = AccessibilityBus(self.children, self.screen)
-            self.environment = {**self.screen.environment, **self.bus.environment}
-        except BaseException:
-            self.close()
-            raise
-
-    def close(self):
-        self.children.end_all()
-        if hasattr(self, "bus"):
-            try:
-                self.bus.close()
-            except Exception:  # the bus is gone already; the connection may notice
-                pass
-        shutil.rmtree(self.folder, ignore_errors=True)
+        super().__init__(
+            lambda children, folder, environment: WaylandScreen(children, folder, size, environment),
+            XDG_SESSION_TYPE="wayland")

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "backends/qt/desktop/SessionBus.h"
+#include "backends/qt/bus/BusCall.h"
 #include "backends/qt/desktop/WallpaperAddress.h"
 
 namespace tavrix::qt {

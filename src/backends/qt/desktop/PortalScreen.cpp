@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <array>
 
+#include "backends/qt/bus/BusCall.h"
 #include "backends/qt/clipboard/SurfaceOfImage.h"
 #include "backends/qt/desktop/PortalAnswer.h"
-#include "backends/qt/desktop/SessionBus.h"
 #include "backends/qt/desktop/Settling.h"
 #include "backends/qt/desktop/WallpaperAddress.h"
 #include "base/RuntimeError.h"

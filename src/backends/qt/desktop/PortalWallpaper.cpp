@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QVariantMap>
 
-#include "backends/qt/desktop/SessionBus.h"
+#include "backends/qt/bus/BusCall.h"
 
 namespace tavrix::qt {
 

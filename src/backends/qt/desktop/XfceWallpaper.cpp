@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "backends/qt/desktop/SessionBus.h"
+#include "backends/qt/bus/BusCall.h"
 #include "backends/qt/desktop/WallpaperAddress.h"
 
 namespace tavrix::qt {

@@ -1,40 +1,30 @@
 #include "backends/qt/idle/BusQuestions.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QStringList>
 #include <utility>
 
+#include "backends/qt/bus/BusCall.h"
+
 namespace tavrix::idle {
 namespace {
+
+using qt::BusMethod;
 
 constexpr int LimitInMilliseconds = 2000;
 constexpr const char* ScreenSaver = "org.freedesktop.ScreenSaver";
 constexpr const char* Logind = "org.freedesktop.login1";
 
-struct Method {
-    const char* service;
-    const char* path;
-    const char* interface;
-    const char* name;
-};
-
 /// The first value of the answer; none for an error.
-std::optional<QVariant> Ask(const QDBusConnection& bus, const Method& method,
+std::optional<QVariant> Ask(const QDBusConnection& bus, const BusMethod& method,
                             const QVariantList& arguments = {}) {
-    if (!bus.isConnected()) return std::nullopt;
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(QLatin1String(method.service), QLatin1String(method.path),
-                                       QLatin1String(method.interface), QLatin1String(method.name));
-    message.setArguments(arguments);
-    message.setAutoStartService(false);
-    const QDBusMessage answer = bus.call(message, QDBus::Block, LimitInMilliseconds);
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return std::nullopt;
-    return answer.arguments().constFirst();
+    const auto answer =
+        qt::CallOnBus(bus, method, arguments, {.start = false, .milliseconds = LimitInMilliseconds});
+    if (!answer || answer->isEmpty()) return std::nullopt;
+    return answer->constFirst();
 }
 
-bool Says(const QDBusConnection& bus, const Method& method, const QVariantList& arguments = {}) {
+bool Says(const QDBusConnection& bus, const BusMethod& method, const QVariantList& arguments = {}) {
     return Ask(bus, method, arguments).value_or(false).toBool();
 }
 

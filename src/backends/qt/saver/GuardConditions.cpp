@@ -54,7 +54,7 @@ bool SaverDaemonOnScreen(xcb_connection_t* connection) {
 bool KeysBreakGrabs(xcb_connection_t* connection) {
     const auto rules =
         x11::PropertyOf(connection, x11::RootOf(connection), x11::AtomOf(connection, "_XKB_RULES_NAMES"));
-    if (!rules) return true;
+    if (!rules || rules->type == XCB_ATOM_NONE) return true;
     const std::string_view text(static_cast<const char*>(xcb_get_property_value(rules.get())),
                                 static_cast<std::size_t>(xcb_get_property_value_length(rules.get())));
     return text.find("grab:") != std::string_view::npos;

@@ -1,0 +1,197 @@
+#include "dialogs/LookedFiles.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/ErrorOfCall.h"
+#include "support/ProgramFixture.h"
+#include "support/SleepingDisk.h"
+
+namespace tavrix::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* Bitmaps = "*.bmp";
+constexpr const char* Quick = "C:\\quick";
+constexpr const char* Slow = "C:\\slow";
+
+class LookForm final : public forms::Form {
+  public:
+    LookForm(forms::Application& application, Files& files)
+        : Form(application, {.name = "LookForm"}), Looked(*this, files, Bitmaps) {}
+    LookedFiles Looked;
+};
+
+/// Both folders hold a.bmp, b.gif, the folders A and c, and a link b to a folder. C:\slow sleeps for a moment and four ticks.
+class LookedFilesTest : public ProgramFixture {
+  protected:
+    LookedFilesTest() {
+        platform.disks.PutFolder("C:\\elsewhere");
+        for (const std::string folder : {Quick, Slow}) {
+            platform.disks.PutFile(folder + "\\a.bmp", "x");
+            platform.disks.PutFile(folder + "\\b.gif", "x");
+            platform.disks.PutFolder(folder + "\\A");
+            platform.disks.PutFolder(folder + "\\c");
+            platform.disks.PutLink("C:\\elsewhere", folder + "\\b");
+        }
+        disk.sleeping = Slow;
+        disk.waits = 5;
+        files.OnPending = [this] { pending.push_back(files.Pending()); };
+        files.OnCome = [this] { ++came; };
+        files.OnFailure = [this](const std::string& folder, const RuntimeError& error) {
+            failures.emplace_back(folder, static_cast<int>(error.Number()));
+        };
+        platform.faults.Clear();
+    }
+    ~LookedFilesTest() override { app.Unload(form); }
+
+    static Texts FoldersIn(const std::string& folder) {
+        return {folder + "\\A", folder + "\\b", folder + "\\c"};
+    }
+    void Tick(int count) {
+        for (int i = 0; i < count; ++i) {
+            toolkit.Advance(forms::Milliseconds(20));
+            module.DoEvents();
+        }
+    }
+    [[nodiscard]] long Looks() const {
+        return std::ranges::count_if(platform.faults.Log(),
+                                     [](const std::string& call) { return call.starts_with("Files.Look"); });
+    }
+
+    SleepingDisk disk{platform.files, toolkit};
+    LookForm& form = app.Load<LookForm>(disk);
+    LookedFiles& files = form.Looked;
+    std::vector<bool> pending;
+    int came = 0;
+    std::vector<std::pair<std::string, int>> failures;
+};
+
+TEST_F(LookedFilesTest, AQuickFolderIsReadOnceForBothLists) {
+    EXPECT_EQ(files.List(Quick, Bitmaps), Texts{"a.bmp"});
+    EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
+    EXPECT_EQ(Looks(), 1);
+    EXPECT_FALSE(files.Pending());
+    EXPECT_FALSE(files.TimerLook.Enabled);
+    Tick(3);
+    EXPECT_EQ(came, 0);
+    EXPECT_EQ(pending, std::vector<bool>());
+}
+
+TEST_F(LookedFilesTest, WhatIsAskedForAgainIsReadAgain) {
+    static_cast<void>(files.List(Quick, Bitmaps));
+    platform.disks.PutFile("C:\\quick\\z.bmp", "x");
+    EXPECT_EQ(files.List(Quick, Bitmaps), (Texts{"a.bmp", "z.bmp"}));
+    EXPECT_EQ(Looks(), 2);
+    static_cast<void>(files.Folders(Quick));
+    platform.disks.PutFolder("C:\\quick\\d");
+    EXPECT_EQ(files.Folders(Quick).size(), 4U);
+    EXPECT_EQ(Looks(), 3);
+}
+
+TEST_F(LookedFilesTest, OtherPatternsAreAnotherLook) {
+    EXPECT_EQ(files.List(Quick, Bitmaps), Texts{"a.bmp"});
+    EXPECT_EQ(files.List(Quick, "*.gif"), Texts{"b.gif"});
+    EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
+    EXPECT_EQ(Looks(), 2);
+}
+
+TEST_F(LookedFilesTest, ASlowFolderIsEmptyUntilItHasCome) {
+    const forms::Milliseconds start = toolkit.Now();
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+    EXPECT_EQ(toolkit.Now() - start, forms::Milliseconds(LookedFiles::Moment));
+    EXPECT_TRUE(files.Pending());
+    EXPECT_EQ(files.Folders(Slow), Texts{});
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+    EXPECT_EQ(pending, std::vector{true});
+    Tick(4);
+    EXPECT_EQ(toolkit.Now() - start, forms::Milliseconds(LookedFiles::Moment + 80)) << "no tick waits";
+    EXPECT_EQ(came, 0);
+    EXPECT_TRUE(files.Pending());
+    Tick(1);
+    EXPECT_EQ(came, 1);
+    EXPECT_EQ(pending, (std::vector{true, false}));
+    EXPECT_FALSE(files.TimerLook.Enabled);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{"a.bmp"});
+    EXPECT_EQ(files.Folders(Slow), FoldersIn(Slow));
+    EXPECT_EQ(Looks(), 1);
+    Tick(5);
+    EXPECT_EQ(came, 1);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{}) << "asked for again";
+    EXPECT_EQ(pending, (std::vector{true, false, true}));
+    EXPECT_EQ(Looks(), 2);
+}
+
+TEST_F(LookedFilesTest, OneThatIsAskedForByItsFoldersComesWithItsFiles) {
+    EXPECT_EQ(files.Folders(Slow), Texts{});
+    EXPECT_EQ(files.Folders(Slow), Texts{});
+    Tick(5);
+    EXPECT_EQ(files.Folders(Slow), FoldersIn(Slow));
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{"a.bmp"});
+    EXPECT_EQ(Looks(), 1);
+}
+
+TEST_F(LookedFilesTest, NothingOfTheFormerFolderIsTakenForTheNext) {
+    static_cast<void>(files.List(Quick, Bitmaps));
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+    EXPECT_EQ(files.Folders(Slow), Texts{});
+    static_cast<void>(files.Folders(Quick));
+    EXPECT_EQ(files.Folders(Slow), Texts{});
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+}
+
+TEST_F(LookedFilesTest, AnotherFolderGivesTheSlowOneUp) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    EXPECT_EQ(files.List(Quick, Bitmaps), Texts{"a.bmp"});
+    EXPECT_FALSE(files.Pending());
+    EXPECT_FALSE(files.TimerLook.Enabled);
+    EXPECT_EQ(pending, (std::vector{true, false}));
+    Tick(10);
+    EXPECT_EQ(came, 0);
+    EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
+}
+
+TEST_F(LookedFilesTest, OneThatFailsAtOnceLeavesTheAwaitedOne) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.List("C:\\none", Bitmaps)); }), 76);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.Folders("C:\\none")); }), 76);
+    EXPECT_TRUE(files.Pending());
+    Tick(5);
+    EXPECT_EQ(came, 1);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{"a.bmp"});
+    EXPECT_TRUE(failures.empty());
+}
+
+TEST_F(LookedFilesTest, OneThatFailsLateIsToldOnceAndThrownOnce) {
+    platform.disks.SetUnreadable(Slow, true);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+    Tick(5);
+    EXPECT_EQ(failures, (std::vector<std::pair<std::string, int>>{{Slow, 70}}));
+    EXPECT_EQ(came, 0);
+    EXPECT_EQ(pending, (std::vector{true, false}));
+    EXPECT_FALSE(files.TimerLook.Enabled);
+    EXPECT_EQ(ErrorOfCall([&] { static_cast<void>(files.Folders(Slow)); }), 70);
+    EXPECT_EQ(Looks(), 1);
+    EXPECT_EQ(files.Folders(Slow), Texts{}) << "another look";
+    EXPECT_EQ(Looks(), 2);
+    Tick(10);
+    EXPECT_EQ(failures.size(), 2U);
+}
+
+TEST_F(LookedFilesTest, ALateFailureIsThatOfItsFolderAlone) {
+    platform.disks.SetUnreadable(Slow, true);
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Tick(5);
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
+    platform.disks.SetUnreadable(Slow, false);
+    EXPECT_EQ(files.Folders(Slow), Texts{}) << "on its way again";
+    Tick(5);
+    EXPECT_EQ(files.Folders(Slow), FoldersIn(Slow));
+}
+
+}  // namespace
+}  // namespace tavrix::test
