@@ -169,8 +169,13 @@ std::vector<PaintedText> PaintedTextsOf(QWidget& window) {
     window.render(&device);
     std::vector<PaintedText> texts = std::move(device.Texts());
     std::erase_if(texts, [&](const PaintedText& text) { return IsOfDisabled(window, text.place.center()); });
-    for (PaintedText& text : texts) {
+    // Of the last row of a list there may be no more than an edge.
+    constexpr int Least = 3;
+    std::erase_if(texts, [&](PaintedText& text) {
         text.place &= window.rect();
+        return text.place.height() < Least;
+    });
+    for (PaintedText& text : texts) {
         text.colour = Opaque(text.colour, PixelAt(image, text.place.topLeft()));
         // The mark of what has the focus goes along the edge.
         text.contrast = ContrastBehind(image, text.place.adjusted(0, 1, 0, -1), text.colour);

@@ -28,7 +28,7 @@ forms::Form& Thumbnails(Scenery& scenery) {
     for (const auto& [width, height] : Sizes) {
         list.ThumbnailFiles.push_back("C:\\Pictures\\" + std::to_string(width) + "x" +
                                       std::to_string(height) + ".bmp");
-        scenery.platform.pictures.SetPicture(list.ThumbnailFiles.back(), TestCard(width, height));
+        PutCard(scenery, list.ThumbnailFiles.back(), width, height);
     }
     return scenery.app.Load<frmThumbnail>(scenery.View(), list, [] {});
 }

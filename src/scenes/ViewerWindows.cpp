@@ -13,8 +13,8 @@ forms::Form& MainView(Scenery& scenery) {
 }
 
 forms::Form& Opened(Scenery& scenery, int width, int height) {
-    const std::string path = "C:\\Pictures\\opened.bmp";
-    scenery.platform.pictures.SetPicture(path, TestCard(width, height));
+    const std::string path = "C:\\Pictures\\" + std::to_string(width) + " wide.bmp";
+    PutCard(scenery, path, width, height);
     scenery.View().Deliver(forms::DropEvent{{path}});
     return scenery.View();
 }

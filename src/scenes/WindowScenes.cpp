@@ -29,7 +29,12 @@ void Furnish(Scenery& scenery) {
     // A path that does not fit its label.
     scenery.module.CurrentImage =
         "C:\\Pictures\\Holidays & more\\the second of the pictures of the beach.bmp";
-    platform.disks.PutFile(scenery.module.CurrentImage, "BM");
+    platform.pictures.SetPicture(scenery.module.CurrentImage, TestCard(64, 48));
+}
+
+void PutCard(Scenery& scenery, const std::string& path, int width, int height) {
+    if (!scenery.platform.disks.Exists(path))
+        scenery.platform.pictures.SetPicture(path, TestCard(width, height));
 }
 
 Picture TestCard(int width, int height) {

@@ -38,6 +38,9 @@ void Furnish(Scenery& scenery);
 /// A picture whose corners and middle can be told apart.
 [[nodiscard]] Picture TestCard(int width, int height);
 
+/// Puts a test card there, unless there is a picture already.
+void PutCard(Scenery& scenery, const std::string& path, int width, int height);
+
 /// Loads a window that needs no more than the shared state, or than the main view.
 template <class Form>
 forms::Form& OfModule(Scenery& scenery) {
