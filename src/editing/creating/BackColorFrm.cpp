@@ -52,7 +52,8 @@ BackColorFrm::BackColorFrm(forms::Application& application, MainModule& module,
     const auto bar = [](forms::ScrollBar& scroll) {
         return forms::Growing(forms::AtLeast(3000, 270, scroll), 6);
     };
-    const auto value = [](forms::Label& label) { return forms::Growing(forms::AtLeast(480, 0, label)); };
+    // Wide enough for three digits of a large font, so that nothing moves as they change.
+    const auto value = [](forms::Label& label) { return forms::Growing(forms::AtLeast(720, 0, label)); };
     SetLayout(forms::Column(
         {forms::Row(
              {forms::Growing(forms::Grid(3, {lblRed, bar(HScrollR), value(lblValueR), lblGreen, bar(HScrollG),
