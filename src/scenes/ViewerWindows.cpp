@@ -50,8 +50,9 @@ forms::Form& Opening(Scenery& scenery) {
 std::vector<WindowScene> ViewerWindows() {
     return {
         {"MainViewFrm", MainView, "f"},
-        {"MainViewFrm-image", WithImage, "f"},
-        {"MainViewFrm-large-image", WithLargeImage, "f"},
+        // The button of the full screen may stand above a bar.
+        {"MainViewFrm-image", WithImage, "f", true},
+        {"MainViewFrm-large-image", WithLargeImage, "f", true},
         {"WaitFrm", Waiting},
         {"WaitCopyFrm", OfModule<WaitCopyFrm>},
         {"ExitFrm", ExitQuestion},
