@@ -13,7 +13,9 @@ class KeyboardTest(ProgramTest):
 
     def open(self, *arguments, **options):
         program, window, view = super().open(*arguments, **options)
-        wait_until(lambda: self.screen.active() == window.id, "the keyboard in the main view")
+        # As a window comes up, window managers may take the keyboard from it once more, which closes a menu.
+        wait_until(lambda: wait_unchanged(self.screen.active, "the keyboard", quiet=0.5) == window.id,
+                   "the keyboard in the main view")
         return program, window, view
 
 
