@@ -51,10 +51,7 @@ class UndoCopy {
 void EditFrame::Run(const Work& work) const {
     if (RefuseUnread()) return;
     view_.menu.mnuUndo.Caption = words_.undo;
-    UndoCopy undoCopy(view_);
-    const EditResult result = work();
-    undoCopy.Finish();
-    if (result == EditResult::Refused) return;
+    if (SaveUndoCopy(work) == EditResult::Refused) return;
     CommitWorkingFile(view_);
     if (WriteWorkingFile(view_, words_.notWritten)) view_.menu.mnuAnimatedGIF.Enabled = false;
 }
@@ -89,6 +86,18 @@ bool EditFrame::RefuseUnread() const {
                                     DescriptionOf(ErrorNumber::PathFileAccessError) + "...",
                             .icon = forms::BoxIcon::Stop});
     return true;
+}
+
+EditResult EditFrame::SaveUndoCopy(const Work& work) const {
+    UndoCopy copy(view_);
+    try {
+        const EditResult result = work();
+        copy.Finish();
+        return result;
+    } catch (...) {
+        copy.Finish();  // or the entry would bring back the picture of an earlier edit
+        throw;
+    }
 }
 
 void SizeMainImage(MainViewFrm& view, float width, float height) {

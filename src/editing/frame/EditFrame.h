@@ -55,6 +55,8 @@ class EditFrame {
   private:
     /// Whether the picture is one that no edit takes.
     [[nodiscard]] bool RefuseUnread() const;
+    /// Does the work while the copy for the undo is made.
+    [[nodiscard]] EditResult SaveUndoCopy(const Work& work) const;
 
     MainViewFrm& view_;
     EditWords words_;
