@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <chrono>
 #include <functional>
 
@@ -26,7 +27,17 @@ class BusTest : public testing::Test {
     }
     static void Leave(const char* name) { QDBusConnection::disconnectFromBus(QString::fromLatin1(name)); }
     [[nodiscard]] const QString& Address() const { return bus_.Address(); }
-    void PutService(const QString& name, const QString& program) const { bus_.PutService(name, program); }
+    /// The bus knows the service on return: left alone it would look into its folder at a time of its own.
+    void PutService(const QString& name, const QString& program) const {
+        bus_.PutService(name, program);
+        const QString reloading = QStringLiteral("reloading");
+        const QDBusMessage answer =
+            QDBusConnection::connectToBus(Address(), reloading)
+                .call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                     "org.freedesktop.DBus", "ReloadConfig"));
+        QDBusConnection::disconnectFromBus(reloading);
+        ASSERT_EQ(answer.type(), QDBusMessage::ReplyMessage) << answer.errorMessage().toStdString();
+    }
 
     /// Lets messages run until a condition holds.
     static bool Comes(const std::function<bool()>& condition) {
