@@ -1,6 +1,9 @@
 #include "app/Composition.h"
 
+#include <QTimer>
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -66,13 +69,25 @@ std::optional<bool> AskYesOrNo(forms::Application& app, const std::string& text)
     return answer == forms::Answer::Cancel ? std::nullopt : std::optional(answer == forms::Answer::Yes);
 }
 
+/// Where the store cannot be read or written every start finds it out anew.
+qt::MenuBarNote NoteIn(UserStore& store) {
+    static constexpr const char* Name = "MenuBar";
+    return {.read =
+                [&store] {
+                    std::string note;
+                    SkipFailure([&] { note = store.Get(Name, ""); });
+                    return note;
+                },
+            .write = [&store](const std::string& note) { SkipFailure([&] { store.Set(Name, note); }); }};
+}
+
 }  // namespace
 
 Composition::Composition(HostPlatform& host, std::shared_ptr<qt::x11::FrameQuestion> frames)
     : host_(host),
       programFiles_(host.files, host.driveMap, PlacesOf(host.paths)),
       toolkit_([&host](const std::string& hostPath) { return host.driveMap.ToDrivePath(hostPath); },
-               std::move(frames)),
+               std::move(frames), NoteIn(host.store)),
       system_([this] { return IsAboutTheSaver(host_.process.CommandLine()) && saverPassword_.MayGuard(); }),
       desktop_(host.registry, {[&host](const std::string& path) { return host.files.HostPathOf(path); },
                                [&host](const std::string& file) { return host.driveMap.ToDrivePath(file); }}),
@@ -87,6 +102,10 @@ Composition::Composition(HostPlatform& host, std::shared_ptr<qt::x11::FrameQuest
                 host.viewLib,  wakefulness_, desktop_,     saverPassword_} {
     host.sound.OnFailure = [this](const std::string& text) {
         app_.MessageBox({.text = text, .icon = forms::BoxIcon::Exclamation});
+    };
+    host.shell.Later = [](std::function<void()> work) {
+        constexpr std::chrono::milliseconds UntilThePictureIsThere(300);
+        QTimer::singleShot(UntilThePictureIsThere, std::move(work));
     };
     const std::string idle = NeighbourOf(host.paths.executable, "tavrix-idle");
     if (!idle.empty()) idleStart_.emplace(host.paths, idle);

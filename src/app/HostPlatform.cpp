@@ -1,8 +1,12 @@
 #include "app/HostPlatform.h"
 
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "backends/linux/Installation.h"
+#include "base/RuntimeError.h"
 #include "platform/services/DesktopStart.h"
 
 namespace tavrix {
@@ -11,14 +15,21 @@ HostPlatform::HostPlatform(std::vector<std::string> arguments, const std::string
       driveMap(DriveMap::SourcesOf(paths)),
       process(driveMap, paths, std::move(arguments)) {
     NoteFirstStart(paths, process, store);
+    process.BeforeEnd = [this] { shell.WriteRecent(); };
 }
 
-void HostPlatform::PrefetchPicture() {
+void HostPlatform::PrefetchPicture(Size size) {
     const std::string commandLine = process.CommandLine();
     const auto desktopStart = DesktopStartOf(commandLine);
     const std::string& path = desktopStart ? desktopStart->file : commandLine;
     // A word, a switch or a floppy's path is not looked at before its time.
-    if (path.starts_with("C:\\")) pictures.Expect(path);
+    if (!path.starts_with("C:\\")) return;
+    constexpr std::uintmax_t SmallestLarge = 512 << 10;  // bytes
+    SkipFailure([&] {
+        std::error_code error;
+        const std::uintmax_t bytes = std::filesystem::file_size(files.HostPathOf(path), error);
+        if (!error && (bytes >= SmallestLarge) == (size == Size::Large)) pictures.Expect(path);
+    });
 }
 
 }  // namespace tavrix

@@ -26,8 +26,11 @@ struct HostPlatform {
     HostPlatform(const HostPlatform&) = delete;
     HostPlatform& operator=(const HostPlatform&) = delete;
 
-    /// Starts decoding the picture that the command line names, while the window system starts.
-    void PrefetchPicture();
+    enum class Size { Large, Small };
+
+    /// Starts decoding the picture that the command line names, if it is of this size. A large one is worth a thread while
+    /// the window system starts; a small one only after it, since loading libraries takes longer beside a thread.
+    void PrefetchPicture(Size size);
 
     HostPaths paths;
     DriveMap driveMap;

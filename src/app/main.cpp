@@ -14,8 +14,9 @@ int main(int argc, char** argv) {
     // It is answered while the toolkit starts.
     auto frames = tavrix::qt::x11::AskForFramesEarly();
     tavrix::HostPlatform host({argv + 1, argv + argc});
-    host.PrefetchPicture();
+    host.PrefetchPicture(tavrix::HostPlatform::Size::Large);
     const tavrix::qt::QtProcess windowSystem(argv[0]);
+    host.PrefetchPicture(tavrix::HostPlatform::Size::Small);
     tavrix::Composition program(host, std::move(frames));
     const auto end = [&] {
         endSignals.LetThrough();

@@ -120,6 +120,17 @@ TEST_F(HostProcessTest, EndsAtOnce) {
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
+TEST_F(HostProcessTest, DoesWhatIsLeftBeforeItsEnd) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        HostProcess process(drives, HostPaths{}, {});
+        process.BeforeEnd = [this] { folder.Put("left", "done"); };
+        process.End();
+    }
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(folder.Content("left"), "done");
+}
+
 TEST(FileAddress, GoesBothWays) {
     EXPECT_EQ(FileAddressOf("/home/me/a b#%\u00e4.jpg"), "file:///home/me/a%20b%23%25%C3%A4.jpg");
     std::string all = "/";

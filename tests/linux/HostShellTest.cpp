@@ -6,7 +6,10 @@
 
 #include <ctime>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "LinkBytes.h"
 #include "TestFolder.h"
@@ -59,6 +62,35 @@ TEST_F(HostShellTest, AddsRecentDocuments) {
     struct stat status {};
     ASSERT_EQ(::stat(folder.At("data/recently-used.xbel").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(HostShellTest, RecentDocumentsAreWrittenLaterWhereSomebodyDoesIt) {
+    std::vector<std::function<void()>> later;
+    shell.Later = [&](std::function<void()> work) { later.push_back(std::move(work)); };
+    shell.AddRecent("C:\\a.jpg");
+    shell.AddRecent("C:\\b.jpg");
+    EXPECT_FALSE(folder.Has("data/recently-used.xbel"));
+    ASSERT_EQ(later.size(), 1U);
+    later.front()();
+    const std::string list = folder.Content("data/recently-used.xbel");
+    EXPECT_LT(list.find("/a.jpg\""), list.find("/b.jpg\""));
+    EXPECT_NE(list.find("/b.jpg\""), std::string::npos) << list;
+
+    shell.AddRecent("C:\\c.jpg");
+    ASSERT_EQ(later.size(), 2U);
+    shell.WriteRecent();  // as at the end
+    EXPECT_NE(folder.Content("data/recently-used.xbel").find("/c.jpg\""), std::string::npos);
+    const std::string whole = folder.Content("data/recently-used.xbel");
+    later.back()();
+    EXPECT_EQ(folder.Content("data/recently-used.xbel"), whole);
+}
+
+TEST_F(HostShellTest, WhatWaitsIsClearedWithTheListOfRecentDocuments) {
+    shell.Later = [](const std::function<void()>&) {};
+    shell.AddRecent("C:\\a.jpg");
+    EXPECT_TRUE(shell.ClearRecent());
+    shell.WriteRecent();
+    EXPECT_EQ(folder.Content("data/recently-used.xbel").find("<bookmark "), std::string::npos);
 }
 
 TEST_F(HostShellTest, LeavesAForeignListAlone) {

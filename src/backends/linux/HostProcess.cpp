@@ -78,6 +78,7 @@ std::string HostProcess::Path() {
 }
 
 void HostProcess::End() {
+    if (BeforeEnd) BeforeEnd();
     std::_Exit(0);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ class HostProcess final : public Process {
     std::string CommandLine() override;
     std::string Path() override;
     [[noreturn]] void End() override;
+    /// What still has to be done then. Null: nothing.
+    std::function<void()> BeforeEnd;
 
   private:
     [[nodiscard]] std::string WithDrivePath(const std::string& text);

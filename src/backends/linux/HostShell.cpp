@@ -57,14 +57,30 @@ HostShell::HostShell(DriveMap& drives, HostPaths paths) : drives_(drives), paths
 void HostShell::AddRecent(const std::string& path) {
     if (path.empty()) return;
     SkipFailure([&] {
-        const RecentDocument document{FileAddressOf(drives_.Locate(path).path), MimeTypeOf(path),
-                                      std::time(nullptr)};
-        static_cast<void>(
-            ChangeRecent([&](const std::string& list) { return AddRecentDocument(list, document); }));
+        recent_.push_back({FileAddressOf(drives_.Locate(path).path), MimeTypeOf(path), std::time(nullptr)});
+        if (!Later) {
+            WriteRecent();
+        } else if (recent_.size() == 1) {
+            Later([this] { WriteRecent(); });
+        }
+    });
+}
+
+void HostShell::WriteRecent() {
+    const std::vector<RecentDocument> documents = std::exchange(recent_, {});
+    if (documents.empty()) return;
+    SkipFailure([&] {
+        static_cast<void>(ChangeRecent([&](const std::string& list) {
+            std::optional<std::string> changed = list;
+            for (const RecentDocument& document : documents)
+                if (changed) changed = AddRecentDocument(*changed, document);
+            return changed;
+        }));
     });
 }
 
 bool HostShell::ClearRecent() {
+    recent_.clear();
     bool cleared = false;
     SkipFailure([&] { cleared = ChangeRecent(ClearedRecentDocuments); });
     return cleared;

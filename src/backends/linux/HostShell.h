@@ -3,9 +3,11 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "backends/linux/DriveMap.h"
 #include "backends/linux/HostPaths.h"
+#include "backends/linux/RecentDocuments.h"
 #include "backends/shared/ShellLink.h"
 #include "platform/services/Shell.h"
 
@@ -16,8 +18,13 @@ class HostShell final : public Shell {
   public:
     HostShell(DriveMap& drives, HostPaths paths);
 
-    /// Silent when the desktop's list cannot be read or written; an empty path does nothing.
+    /// Silent when the desktop's list cannot be read or written; an empty path does nothing. With somebody who has work done
+    /// later it is written then, since who waits for a picture does not wait for the desktop's list.
     void AddRecent(const std::string& path) override;
+    /// Has work done soon, in this thread. Null: nobody does.
+    std::function<void(std::function<void()> work)> Later;
+    /// Writes what waits; to be called before the process ends.
+    void WriteRecent();
     bool ClearRecent() override;
     bool OpenAddress(const std::string& address) override;
     /// Known command lines start the program that does the same on this desktop; no shell takes part.
@@ -37,6 +44,7 @@ class HostShell final : public Shell {
 
     DriveMap& drives_;
     HostPaths paths_;
+    std::vector<RecentDocument> recent_;  ///< still to be written
 };
 
 }  // namespace tavrix

@@ -1,12 +1,13 @@
 #include "backends/qt/QtProcess.h"
 
-#include <dlfcn.h>
+#include <sys/resource.h>
 
 #include <QApplication>
 #include <QFontMetrics>
 #include <system_error>
 #include <utility>
 
+#include "backends/qt/FirstWindow.h"
 #include "backends/qt/ProgramIcon.h"
 #include "backends/qt/desktop/DesktopLook.h"
 #include "backends/qt/peers/Accessibility.h"
@@ -16,16 +17,18 @@ namespace tavrix::qt {
 
 namespace {
 
-/// Has the font library read its configuration before Qt asks for the first font. Qt brings the library along.
-void ReadFontConfiguration() {
-    if (void* init = dlsym(RTLD_DEFAULT, "FcInit")) reinterpret_cast<int (*)()>(init)();
-}
-
-/// The work by a thread of its own; where there is none it is left to whoever needs its result.
-template <class Work>
-std::jthread Beside(Work work) {
+/// Loads a font in a thread of its own; where there is none that is left to whoever needs one. The toolkit keeps for all
+/// threads which fonts there are, and which of them a name means.
+std::jthread LoadFontBeside() {
+    // One of its own, since engines that are made in one thread are of no use to another.
+    const QFont plain = QApplication::font();
     try {
-        return std::jthread(std::move(work));
+        return std::jthread(
+            [font = QFont(plain.family(), plain.pointSize(), plain.weight(), plain.italic())] {
+                constexpr int GivesWay = 10;  // of 19, and this thread alone
+                ::setpriority(PRIO_PROCESS, 0, GivesWay);
+                static_cast<void>(QFontMetrics(font).height());
+            });
     } catch (const std::system_error&) {
         return {};
     }
@@ -33,8 +36,7 @@ std::jthread Beside(Work work) {
 
 }  // namespace
 
-QtProcess::QtProcess(std::string program)
-    : program_(std::move(program)), fonts_(Beside(ReadFontConfiguration)) {
+QtProcess::QtProcess(std::string program) : program_(std::move(program)) {
     arguments_[0] = program_.data();
     // Nothing here draws with OpenGL, and loading its libraries costs more than the rest of the start together.
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
@@ -42,22 +44,15 @@ QtProcess::QtProcess(std::string program)
     // Whole factors keep a picture's pixel on a pixel of the screen.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
-    const ProgramIcon icon;
-    // A font of its own, since engines that are made in one thread are of no use to another.
-    const QFont plain = QApplication::font();
-    preparation_ =
-        Beside([icon, font = QFont(plain.family(), plain.pointSize(), plain.weight(), plain.italic())] {
-            // The toolkit keeps for all threads which fonts there are, and which of them a name means.
-            static_cast<void>(QFontMetrics(font).height());
-            icon.Decode();
-        });
     auto* style = new Style;
     QApplication::setStyle(style);  // which owns it
     look_ = std::make_unique<DesktopLook>(*style);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
-    QApplication::setWindowIcon(icon.Icon());
+    // A picture needs no font. While libraries are loaded a second thread would cost more than it gains.
+    AfterFirst(QEvent::Show, [this] { fonts_ = LoadFontBeside(); });
+    AfterFirst(QEvent::Paint, [] { QApplication::setWindowIcon(ProgramIcon()); });
     InstallAccessibility();
 }
 

@@ -27,10 +27,9 @@ class QtProcess {
     std::string program_;
     int argumentCount_ = 1;
     char* arguments_[2] = {};
-    std::jthread fonts_;  ///< reads the font configuration, which takes as long as connecting to the screen
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<DesktopLook> look_;
-    std::jthread preparation_;  ///< what the first window needs, while the program's settings are read
+    std::jthread fonts_;  ///< loads the first one, while the window manager looks at the first window
 };
 
 }  // namespace tavrix::qt

@@ -35,8 +35,8 @@ namespace tavrix::qt {
 using namespace forms;
 
 struct QtToolkit::State {
-    State(ToDrivePath function, std::shared_ptr<x11::FrameQuestion> frames)
-        : toDrivePath(std::move(function)), metrics(std::move(frames)) {
+    State(ToDrivePath function, std::shared_ptr<x11::FrameQuestion> frames, MenuBarNote note)
+        : toDrivePath(std::move(function)), metrics(std::move(frames), std::move(note)) {
         wakeUp.setSingleShot(true);
         wakeUp.setTimerType(Qt::PreciseTimer);
         QObject::connect(&wakeUp, &QTimer::timeout, &wakeUp, [this] {
@@ -70,8 +70,8 @@ struct QtToolkit::State {
     x11::HostWindow* host = nullptr;
 };
 
-QtToolkit::QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames)
-    : state_(std::make_unique<State>(std::move(toDrivePath), std::move(frames))) {}
+QtToolkit::QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames, MenuBarNote note)
+    : state_(std::make_unique<State>(std::move(toDrivePath), std::move(frames), std::move(note))) {}
 
 QtToolkit::~QtToolkit() {
     SetScreenPointer(MousePointer::Default);

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "backends/qt/peers/FileDrop.h"
+#include "backends/qt/peers/MenuBarNote.h"
 #include "platform/forms/Toolkit.h"
 
 namespace tavrix::qt {
@@ -17,7 +18,8 @@ class QtToolkit final : public forms::Toolkit {
   public:
     /// `toDrivePath` turns the host path of a dropped file into a drive path. `frames` is the question to the window
     /// manager, where it has been asked before.
-    explicit QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames = {});
+    explicit QtToolkit(ToDrivePath toDrivePath, std::shared_ptr<x11::FrameQuestion> frames = {},
+                       MenuBarNote note = {});
     ~QtToolkit() override;
     QtToolkit(const QtToolkit&) = delete;
     QtToolkit& operator=(const QtToolkit&) = delete;

@@ -1,6 +1,9 @@
 #include "backends/qt/peers/Metrics.h"
 
+#include <QApplication>
 #include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
@@ -9,7 +12,43 @@
 
 namespace tavrix::qt {
 
-Metrics::Metrics(std::shared_ptr<x11::FrameQuestion> asked) {
+namespace {
+
+constexpr int HighestMenuBar = 1000;  ///< logical pixels; no font is as large
+
+/// In logical pixels.
+int FoundMenuBar() {
+    // The first font is loaded here.
+    QMenuBar sample;
+    sample.addAction(QStringLiteral("X"));
+    return sample.sizeHint().height();
+}
+
+/// All that the height of a menu bar comes from.
+QString LooksOfMenuBar() {
+    return QStringLiteral("%1;%2;%3;%4;%5")
+        .arg(QLatin1String(qVersion()), QApplication::style()->name(),
+             QApplication::font("QMenuBar").toString())
+        .arg(QGuiApplication::primaryScreen()->logicalDotsPerInch())
+        .arg(DeviceRatio());
+}
+
+std::string NoteOf(int height) {
+    return QStringLiteral("%1;%2").arg(height).arg(LooksOfMenuBar()).toStdString();
+}
+
+/// The height in a note; nothing for a note of other looks, or for none.
+std::optional<int> HeightIn(const std::string& note) {
+    const QString text = QString::fromStdString(note);
+    const qsizetype end = text.indexOf(QLatin1Char(';'));
+    if (end < 0 || text.sliced(end + 1) != LooksOfMenuBar()) return std::nullopt;
+    const int height = text.first(end).toInt();
+    return height > 0 && height <= HighestMenuBar ? std::optional(height) : std::nullopt;
+}
+
+}  // namespace
+
+Metrics::Metrics(std::shared_ptr<x11::FrameQuestion> asked, MenuBarNote note) : note_(std::move(note)) {
     if (!x11::Running()) return;
     question_ = asked ? std::move(asked) : std::make_shared<x11::FrameQuestion>();
 }
@@ -28,12 +67,17 @@ const Metrics::Frame& Metrics::TheFrame() const {
 
 const Metrics::MenuBar& Metrics::TheMenuBar() const {
     if (menuBar_) return *menuBar_;
-    // The first font is loaded here.
-    QMenuBar sample;
-    sample.addAction(QStringLiteral("X"));
-    const int height = sample.sizeHint().height();
+    noted_ = note_.read();
+    const std::optional<int> known = HeightIn(noted_);
+    const int height = known ? *known : FoundMenuBar();
     menuBar_ = MenuBar{height, CeilToDevice(height, DeviceRatio())};
     return *menuBar_;
+}
+
+void Metrics::CheckNote() const {
+    if (!menuBar_ || std::exchange(checked_, true)) return;
+    const std::string found = NoteOf(FoundMenuBar());
+    if (found != noted_) note_.write(found);
 }
 
 int Metrics::Of(forms::SystemMetric metric) const {

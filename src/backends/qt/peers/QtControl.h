@@ -90,7 +90,10 @@ class QtControl : public Interface, public NativePeer {
     [[nodiscard]] QWidget* Native() const override { return widget_; }
 
   protected:
-    explicit QtControl(Widget* widget) : widget_(widget) {}
+    explicit QtControl(Widget* widget) : widget_(widget) {
+        // Forms place it. Qt would find it a size of its own when it is shown, and load a font for that.
+        widget_->setAttribute(Qt::WA_Resized);
+    }
 
     [[nodiscard]] Widget& Get() const { return *widget_; }
 

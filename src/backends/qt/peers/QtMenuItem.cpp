@@ -67,9 +67,10 @@ void QtMenuItem::MakeAction(QWidget& container) {
     Push();
 }
 
-/// Entries that have never had a name are not listed, since a screen reader would find them there.
+// Entries that have never had a name are not listed, since a screen reader would find them there.
 void QtMenuItem::List() {
     if (listed_ || !container_ || (!state_.visible && state_.caption.empty())) return;
+    if (parent_ == nullptr && window_.BarWaits()) return;
     listed_ = true;
     QAction* next = nullptr;
     if (parent_ != nullptr) {

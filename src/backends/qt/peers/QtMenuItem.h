@@ -27,6 +27,8 @@ class QtMenuItem final : public forms::MenuItemPeer {
 
     /// Makes the entries below, all the way down.
     void Fill();
+    /// Puts a menu of the bar there, once the bar may have it.
+    void List();
     /// Null for an entry that has nothing below it, and before it was made.
     [[nodiscard]] QMenu* SubMenu() const { return menu_; }
     [[nodiscard]] QAction* Action() const { return action_; }
@@ -35,7 +37,6 @@ class QtMenuItem final : public forms::MenuItemPeer {
   private:
     void MakeAction(QWidget& container);
     void Push();
-    void List();
 
     SinkPort port_;
     QtWindow& window_;

@@ -354,8 +354,12 @@ void QtWindow::Report() {
 
 void QtWindow::AfterPaint() {
     pointer_.WindowsAreUp();
-    for (QtMenuItem* menu : barMenus_)
+    afterPaint_ = true;
+    for (QtMenuItem* menu : barMenus_) {
+        menu->List();
         menu->Fill();
+    }
+    if (Get().MenuBar() != nullptr) metrics_.CheckNote();
 }
 
 }  // namespace tavrix::qt

@@ -42,9 +42,11 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
         return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();
     }
 
-    /// A menu of the bar, which is filled once the window has been painted.
+    /// A menu of the bar, which is filled once the window has been painted. Then it comes into the bar too, whose texts load
+    /// the first font: a picture does not wait for that.
     void AddBarMenu(QtMenuItem& menu) { barMenus_.push_back(&menu); }
     void RemoveBarMenu(QtMenuItem& menu) { std::erase(barMenus_, &menu); }
+    [[nodiscard]] bool BarWaits() const { return Get().MenuBar() != nullptr && !afterPaint_; }
 
   private:
     /// Where the widget goes, in logical pixels: the corner of the frame and the size without the frame.
@@ -89,6 +91,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     bool toldHiding_ = false;
     bool topmost_ = false;
     bool painted_ = false;
+    bool afterPaint_ = false;
     forms::WindowState state_ = forms::WindowState::Normal;  ///< as forms know it
     std::optional<PixelRect> outer_;                         ///< as forms know it
     bool placed_ = false;    ///< forms said where it goes, or the window system did
