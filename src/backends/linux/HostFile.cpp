@@ -212,8 +212,16 @@ bool IsReadOnly(const std::string& path, const struct stat& status) {
     return (status.st_mode & 0222U) == 0 || ::access(path.c_str(), W_OK) != 0;
 }
 
+namespace {
+
+FileDescriptor TryOpenForReading(const std::string& path) {
+    return FileDescriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+}
+
+}  // namespace
+
 FileDescriptor OpenForReading(const std::string& path) {
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    FileDescriptor file = TryOpenForReading(path);
     if (!file) Fail(errno);
     struct stat status {};
     if (::fstat(file.Number(), &status) != 0) Fail(errno);
@@ -221,26 +229,22 @@ FileDescriptor OpenForReading(const std::string& path) {
     return file;
 }
 
+// Nothing is thrown: most starts look for files that nobody has, and the first exception of a process takes long.
 std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t largest) {
-    try {
-        const FileDescriptor file = OpenForReading(path);
-        std::string content;
-        struct stat status {};
-        if (::fstat(file.Number(), &status) == 0) {
-            if (static_cast<std::uint64_t>(status.st_size) > largest) return std::nullopt;
-            content.reserve(static_cast<std::size_t>(status.st_size) + 1);
-        }
-        std::array<char, 65536> part;
-        for (;;) {
-            const ssize_t count = ::read(file.Number(), part.data(), part.size());
-            if (count < 0 && errno == EINTR) continue;
-            if (count < 0) return std::nullopt;
-            if (count == 0) return content;
-            content.append(part.data(), static_cast<std::size_t>(count));
-            if (content.size() > largest) return std::nullopt;
-        }
-    } catch (const RuntimeError&) {
-        return std::nullopt;
+    const FileDescriptor file = TryOpenForReading(path);
+    struct stat status {};
+    if (!file || ::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    if (static_cast<std::uint64_t>(status.st_size) > largest) return std::nullopt;
+    std::string content;
+    content.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    std::array<char, 65536> part;
+    for (;;) {
+        const ssize_t count = ::read(file.Number(), part.data(), part.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return std::nullopt;
+        if (count == 0) return content;
+        content.append(part.data(), static_cast<std::size_t>(count));
+        if (content.size() > largest) return std::nullopt;
     }
 }
 

@@ -51,7 +51,7 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)) {
     // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
     // A picture needs no font. While libraries are loaded a second thread would cost more than it gains.
-    AfterFirst(QEvent::Show, [this] { fonts_ = LoadFontBeside(); });
+    AfterFirst(QEvent::Paint, [this] { fonts_ = LoadFontBeside(); });
     AfterFirst(QEvent::Paint, [] { QApplication::setWindowIcon(ProgramIcon()); });
     InstallAccessibility();
 }

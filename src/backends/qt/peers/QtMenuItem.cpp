@@ -15,7 +15,7 @@ QtMenuItem::QtMenuItem(const SinkPort& port, QtWindow& window, QtMenuItem* paren
     : port_(port), window_(window), parent_(parent), state_(std::move(state)), popups_(popups) {
     if (parent_ == nullptr) {
         window_.AddBarMenu(*this);
-        MakeAction(*window_.MenuParent());
+        if (!window_.BarWaits()) MakeAction(*window_.MenuParent());
     } else {
         parent_->entries_.push_back(this);
         if (parent_->filled_) {
@@ -70,7 +70,6 @@ void QtMenuItem::MakeAction(QWidget& container) {
 // Entries that have never had a name are not listed, since a screen reader would find them there.
 void QtMenuItem::List() {
     if (listed_ || !container_ || (!state_.visible && state_.caption.empty())) return;
-    if (parent_ == nullptr && window_.BarWaits()) return;
     listed_ = true;
     QAction* next = nullptr;
     if (parent_ != nullptr) {
@@ -98,6 +97,7 @@ void QtMenuItem::Push() {
 }
 
 void QtMenuItem::Fill() {
+    if (parent_ == nullptr && !container_) MakeAction(*window_.MenuParent());
     if (filled_ || !menu_) return;
     filled_ = true;
     for (QtMenuItem* entry : entries_) {

@@ -13,8 +13,8 @@ namespace tavrix::qt {
 
 class QtWindow;
 
-/// An entry of a menu. What lies below an entry of the menu bar has no widgets until the menu is filled, since
-/// nobody looks into menus before the first picture is on the screen.
+/// An entry of a menu. The menus of a bar and what lies below them have no widgets until they are filled, since nobody
+/// looks into menus before the first picture is on the screen.
 class QtMenuItem final : public forms::MenuItemPeer {
   public:
     QtMenuItem(const SinkPort& port, QtWindow& window, QtMenuItem* parent, forms::MenuItemState state,
@@ -25,10 +25,8 @@ class QtMenuItem final : public forms::MenuItemPeer {
 
     void Update(const forms::MenuItemState& state) override;
 
-    /// Makes the entries below, all the way down.
+    /// Makes the entries below, all the way down, and for a menu of the bar that one first.
     void Fill();
-    /// Puts a menu of the bar there, once the bar may have it.
-    void List();
     /// Null for an entry that has nothing below it, and before it was made.
     [[nodiscard]] QMenu* SubMenu() const { return menu_; }
     [[nodiscard]] QAction* Action() const { return action_; }
@@ -37,6 +35,7 @@ class QtMenuItem final : public forms::MenuItemPeer {
   private:
     void MakeAction(QWidget& container);
     void Push();
+    void List();
 
     SinkPort port_;
     QtWindow& window_;

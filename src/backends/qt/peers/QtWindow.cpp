@@ -1,6 +1,8 @@
 #include "backends/qt/peers/QtWindow.h"
 
 #include <QApplication>
+#include <QBackingStore>
+#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -32,6 +34,18 @@ bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
     const QSize difference = given - asked;
     const int spare = SpareLogical(ratio);
     return std::abs(difference.width()) <= spare && std::abs(difference.height()) <= spare;
+}
+
+/// Gives a window what it is painted in, and the pages of that, while the window manager still looks at it. By the time it is
+/// told to paint there is only the painting left.
+void PrepareToPaint(WindowWidget& window) {
+    QBackingStore* store = window.backingStore();
+    if (store == nullptr || store->size() == window.size()) return;
+    store->resize(window.size());
+    const QRect all(QPoint(), window.size());
+    store->beginPaint(all);
+    QPainter(store->paintDevice()).fillRect(all, window.palette().window());
+    store->endPaint();
 }
 
 }  // namespace
@@ -207,6 +221,7 @@ void QtWindow::Map() {
         window.activateWindow();
     }
     MapWhatWaitsForIt();
+    if (x11::Running()) PrepareToPaint(window);
     if (!x11::Running()) HoldTitle();
 }
 
@@ -355,10 +370,8 @@ void QtWindow::Report() {
 void QtWindow::AfterPaint() {
     pointer_.WindowsAreUp();
     afterPaint_ = true;
-    for (QtMenuItem* menu : barMenus_) {
-        menu->List();
+    for (QtMenuItem* menu : barMenus_)
         menu->Fill();
-    }
     if (Get().MenuBar() != nullptr) metrics_.CheckNote();
 }
 

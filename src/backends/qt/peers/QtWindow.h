@@ -42,8 +42,8 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
         return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();
     }
 
-    /// A menu of the bar, which is filled once the window has been painted. Then it comes into the bar too, whose texts load
-    /// the first font: a picture does not wait for that.
+    /// A menu of the bar, which is made and filled once the window has been painted: its text loads the first font, and a
+    /// picture does not wait for that.
     void AddBarMenu(QtMenuItem& menu) { barMenus_.push_back(&menu); }
     void RemoveBarMenu(QtMenuItem& menu) { std::erase(barMenus_, &menu); }
     [[nodiscard]] bool BarWaits() const { return Get().MenuBar() != nullptr && !afterPaint_; }
