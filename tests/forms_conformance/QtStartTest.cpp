@@ -1,0 +1,154 @@
+// What the first picture does not wait for.
+
+#include <QApplication>
+#include <QFont>
+#include <QMenuBar>
+#include <QStyle>
+#include <optional>
+#include <string>
+
+#include "backends/qt/FirstWindow.h"
+#include "backends/qt/ProgramIcon.h"
+#include "backends/qt/peers/Metrics.h"
+#include "forms_conformance/ConformanceTest.h"
+#include "forms_conformance/QtDriver.h"
+
+namespace tavrix::conformance {
+namespace {
+
+using namespace forms;
+
+/// A start after the other, which share a note.
+class MenuBarNoteTest : public testing::Test {
+  protected:
+    [[nodiscard]] qt::Metrics Start() {
+        return qt::Metrics(nullptr, {.read =
+                                         [this] {
+                                             ++reads;
+                                             return note;
+                                         },
+                                     .write =
+                                         [this](const std::string& text) {
+                                             ++writes;
+                                             note = text;
+                                         }});
+    }
+    [[nodiscard]] static int Found() {
+        QMenuBar bar;
+        bar.addAction(QStringLiteral("X"));
+        return bar.sizeHint().height();
+    }
+    /// The note with another height.
+    [[nodiscard]] std::string Saying(int height) const {
+        return std::to_string(height) + note.substr(note.find(';'));
+    }
+
+    std::string note;
+    int reads = 0;
+    int writes = 0;
+};
+
+TEST_F(MenuBarNoteTest, TheFirstStartFindsItOutAndNotesItAfterThePicture) {
+    const qt::Metrics metrics = Start();
+    EXPECT_EQ(metrics.MenuBarLogical(), Found());
+    EXPECT_EQ(writes, 0);
+    metrics.CheckNote();
+    EXPECT_EQ(writes, 1);
+    EXPECT_EQ(note.substr(0, note.find(';')), std::to_string(Found()));
+    metrics.CheckNote();
+    EXPECT_EQ(writes, 1);
+}
+
+TEST_F(MenuBarNoteTest, TheNextStartTakesTheNoteAndLeavesItAlone) {
+    {
+        const qt::Metrics first = Start();
+        static_cast<void>(first.MenuBarLogical());
+        first.CheckNote();
+    }
+    writes = 0;
+    note = Saying(Found());
+    const qt::Metrics metrics = Start();
+    EXPECT_EQ(metrics.MenuBarLogical(), Found());
+    metrics.CheckNote();
+    EXPECT_EQ(writes, 0);
+}
+
+TEST_F(MenuBarNoteTest, ANoteThatIsNoLongerTrueHoldsForThisStartAndIsCorrectedForTheNext) {
+    const qt::Metrics first = Start();
+    static_cast<void>(first.MenuBarLogical());
+    first.CheckNote();
+    note = Saying(Found() + 7);
+    const qt::Metrics metrics = Start();
+    EXPECT_EQ(metrics.MenuBarLogical(), Found() + 7);
+    EXPECT_GE(metrics.Of(SystemMetric::MenuBarHeight), Found() + 7);
+    metrics.CheckNote();
+    EXPECT_EQ(metrics.MenuBarLogical(), Found() + 7);  // sizes have been computed with it
+    EXPECT_EQ(Start().MenuBarLogical(), Found());
+}
+
+TEST_F(MenuBarNoteTest, ANoteOfAnotherFontOrOfNoUseIsNotTaken) {
+    const qt::Metrics first = Start();
+    static_cast<void>(first.MenuBarLogical());
+    first.CheckNote();
+    const std::string right = Saying(Found() + 7);
+    const std::string looks = note.substr(note.find(';'));
+    for (const std::string& wrong : {std::string(), std::string("77"), "0" + looks, "-5" + looks,
+                                     "1001" + looks, "x" + looks, right + "1"}) {
+        note = wrong;
+        EXPECT_EQ(Start().MenuBarLogical(), Found()) << wrong;
+    }
+    note = right;
+    EXPECT_EQ(Start().MenuBarLogical(), Found() + 7);
+    const QFont font = QApplication::font("QMenuBar");
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() + 6);
+    QApplication::setFont(larger, "QMenuBar");
+    EXPECT_EQ(Start().MenuBarLogical(), Found());
+    QApplication::setFont(font, "QMenuBar");
+}
+
+TEST_F(MenuBarNoteTest, NobodyWhoHasNoMenuBarReadsOrWritesIt) {
+    Start().CheckNote();
+    EXPECT_EQ(reads, 0);
+    EXPECT_EQ(writes, 0);
+}
+
+class QtStartTest : public ConformanceTest {
+  protected:
+    static QMenuBar& BarOf(TestForm& form) { return *WidgetOf(form).findChild<QMenuBar*>(); }
+};
+
+TEST_F(QtStartTest, TheMenuBarIsEmptyUntilItsWindowHasBeenPainted) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    QMenuBar& bar = BarOf(form);
+    EXPECT_TRUE(bar.actions().isEmpty());
+    EXPECT_GT(bar.height(), 0);
+    const int height = bar.height();
+    driver->Settle();
+    ASSERT_EQ(bar.actions().size(), 1);
+    EXPECT_EQ(bar.actions().first()->text(), QStringLiteral("&File"));
+    EXPECT_EQ(bar.height(), height);
+}
+
+TEST_F(QtStartTest, WorkForTheFirstPaintIsDoneOnceAndAfterIt) {
+    int done = 0;
+    qt::AfterFirst(QEvent::Paint, [&] { ++done; });
+    auto& form = app.Load<TestForm>(log);
+    EXPECT_EQ(done, 0);
+    form.Show();
+    driver->Settle();
+    EXPECT_EQ(done, 1);
+    WidgetOf(form).repaint();
+    driver->Settle();
+    EXPECT_EQ(done, 1);
+}
+
+TEST(ProgramIconTest, HasTheSizesThatDesktopsShow) {
+    const QIcon icon = qt::ProgramIcon();
+    for (const int side : {16, 24, 32, 48, 64})
+        EXPECT_TRUE(icon.availableSizes().contains(QSize(side, side))) << side;
+}
+
+}  // namespace
+}  // namespace tavrix::conformance
