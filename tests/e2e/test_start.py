@@ -53,6 +53,24 @@ class StartTest(ProgramTest):
         window = program.main(path)
         self.view(window, image, x=0, y=0, width=400, height=330)
 
+    def test_the_desktop_hears_of_the_picture_at_the_end_at_the_latest(self):
+        program, _, _ = self.open(400, 330, "heard of.bmp")
+        self.end_by_escape(program)
+        recent = os.path.join(self.home.environment["XDG_DATA_HOME"], "recently-used.xbel")
+        with open(recent, encoding="utf-8") as file:
+            self.assertIn("/pictures/heard%20of.bmp", file.read())
+
+    def test_the_menus_come_after_the_picture_and_change_nothing(self):
+        places = []
+        for _ in range(2):  # the second start has a note of how high the menu bar is
+            program, window, view = self.open(400, 330)
+            program.wait(lambda: "File" in [entry.name for entry in program.root().find("menu bar").children()],
+                         "the menus")
+            places.append((window.x, window.y, window.width, window.height, view.screen_x, view.screen_y))
+            wait_until(lambda: self.home.in_store("MenuBar"), "the note")
+            self.end_by_escape(program)
+        self.assertEqual(places[0], places[1])
+
     def test_several_arguments_are_one_path(self):
         path, _ = self.picture(400, 330, "two words.bmp")
         program = self.start(*path.split(" "))
