@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "backends/qt/FirstWindow.h"
+#include "backends/qt/FirstPaint.h"
 #include "backends/qt/ProgramIcon.h"
 #include "backends/qt/peers/Metrics.h"
 #include "forms_conformance/ConformanceTest.h"
@@ -133,7 +133,7 @@ TEST_F(QtStartTest, TheMenuBarIsEmptyUntilItsWindowHasBeenPainted) {
 
 TEST_F(QtStartTest, WorkForTheFirstPaintIsDoneOnceAndAfterIt) {
     int done = 0;
-    qt::AfterFirst(QEvent::Paint, [&] { ++done; });
+    qt::AfterFirstPaint([&] { ++done; });
     auto& form = app.Load<TestForm>(log);
     EXPECT_EQ(done, 0);
     form.Show();

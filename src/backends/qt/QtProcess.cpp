@@ -1,40 +1,15 @@
 #include "backends/qt/QtProcess.h"
 
-#include <sys/resource.h>
-
 #include <QApplication>
-#include <QFontMetrics>
-#include <system_error>
 #include <utility>
 
-#include "backends/qt/FirstWindow.h"
+#include "backends/qt/FirstPaint.h"
 #include "backends/qt/ProgramIcon.h"
 #include "backends/qt/desktop/DesktopLook.h"
 #include "backends/qt/peers/Accessibility.h"
 #include "backends/qt/peers/Style.h"
 
 namespace tavrix::qt {
-
-namespace {
-
-/// Loads a font in a thread of its own; where there is none that is left to whoever needs one. The toolkit keeps for all
-/// threads which fonts there are, and which of them a name means.
-std::jthread LoadFontBeside() {
-    // One of its own, since engines that are made in one thread are of no use to another.
-    const QFont plain = QApplication::font();
-    try {
-        return std::jthread(
-            [font = QFont(plain.family(), plain.pointSize(), plain.weight(), plain.italic())] {
-                constexpr int GivesWay = 10;  // of 19, and this thread alone
-                ::setpriority(PRIO_PROCESS, 0, GivesWay);
-                static_cast<void>(QFontMetrics(font).height());
-            });
-    } catch (const std::system_error&) {
-        return {};
-    }
-}
-
-}  // namespace
 
 QtProcess::QtProcess(std::string program) : program_(std::move(program)) {
     arguments_[0] = program_.data();
@@ -50,9 +25,7 @@ QtProcess::QtProcess(std::string program) : program_(std::move(program)) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Wayland takes the icon from the desktop's entry, X11 from the window.
     QGuiApplication::setDesktopFileName(QStringLiteral("tavrix"));
-    // A picture needs no font. While libraries are loaded a second thread would cost more than it gains.
-    AfterFirst(QEvent::Paint, [this] { fonts_ = LoadFontBeside(); });
-    AfterFirst(QEvent::Paint, [] { QApplication::setWindowIcon(ProgramIcon()); });
+    AfterFirstPaint([] { QApplication::setWindowIcon(ProgramIcon()); });
     InstallAccessibility();
 }
 

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <thread>
 
 class QApplication;
 
@@ -29,7 +28,6 @@ class QtProcess {
     char* arguments_[2] = {};
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<DesktopLook> look_;
-    std::jthread fonts_;  ///< loads the first one, while the window manager looks at the first window
 };
 
 }  // namespace tavrix::qt

@@ -1,22 +1,23 @@
-#include "backends/qt/FirstWindow.h"
+#include "backends/qt/FirstPaint.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QObject>
 #include <utility>
 
 namespace tavrix::qt {
 namespace {
 
-/// Sees all events of the application until one is of its kind.
-class FirstEvent final : public QObject {
+/// Sees all events of the application until one of them paints.
+class FirstPaint final : public QObject {
   public:
-    FirstEvent(QObject& application, QEvent::Type kind, std::function<void()> work)
-        : QObject(&application), kind_(kind), work_(std::move(work)) {
+    FirstPaint(QObject& application, std::function<void()> work)
+        : QObject(&application), work_(std::move(work)) {
         application.installEventFilter(this);
     }
 
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != kind_) return false;
+        if (event->type() != QEvent::Paint) return false;
         parent()->removeEventFilter(this);
         QMetaObject::invokeMethod(
             this,
@@ -29,14 +30,13 @@ class FirstEvent final : public QObject {
     }
 
   private:
-    QEvent::Type kind_;
     std::function<void()> work_;
 };
 
 }  // namespace
 
-void AfterFirst(QEvent::Type kind, std::function<void()> work) {
-    new FirstEvent(*QCoreApplication::instance(), kind, std::move(work));  // which owns it
+void AfterFirstPaint(std::function<void()> work) {
+    new FirstPaint(*QCoreApplication::instance(), std::move(work));  // which owns it
 }
 
 }  // namespace tavrix::qt
