@@ -177,6 +177,16 @@ TEST_F(IdleStarterTest, AfterAFilmTheTimeBeginsAgain) {
     EXPECT_EQ(starts.size(), 1U);
 }
 
+TEST_F(IdleStarterTest, AfterAFilmItStartsOnTime) {
+    starter.SetWait(minutes(10) + seconds(10));
+    held = true;
+    Wake();
+    Pass(minutes(30) + seconds(10));
+    held = false;
+    Pass(minutes(10) + seconds(10));
+    EXPECT_EQ(starts, (Starts{minutes(40) + seconds(20)}));
+}
+
 TEST_F(IdleStarterTest, ALongerTimeBeginsAgainAfterAFilmToo) {
     held = true;
     Wake();
