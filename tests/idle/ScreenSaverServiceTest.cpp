@@ -69,10 +69,13 @@ TEST_F(ScreenSaverServiceTest, AProgramThatEndsHoldsNothing) {
     Inhibit(player);
     Inhibit(player);
     Inhibit(browser);
+    const QString gone = player.baseService();
     player = QDBusConnection(QString());
     Leave("player");
+    EXPECT_TRUE(Comes([&] { return !browser.interface()->isServiceRegistered(gone); }));
+    Call(browser, "GetActive");  // the service has heard of that end by now
+    EXPECT_TRUE(service.Held()) << "the browser's is left";
     browser = QDBusConnection(QString());
-    EXPECT_TRUE(service.Held());
     Leave("browser");
     EXPECT_TRUE(Comes([this] { return !service.Held(); }));
 }
