@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "imaging/graphics/StretchCopy.h"
 #include "imaging/graphics/Surface.h"
 
 namespace {
@@ -156,6 +157,21 @@ TEST(Bands, WithoutThreadsAllIsDoneAllTheSame) {
     noThreads = false;
     EXPECT_TRUE(std::ranges::all_of(bands.times, [](int times) { return times == 1; }));
     EXPECT_EQ(bands.threads, std::set{std::this_thread::get_id()});
+}
+
+TEST(Bands, ACopyTakesNoRowFromTheBandBefore) {
+    const Cores four(4);
+    Surface source(1, 3);
+    for (int y = 0; y < 3; ++y)
+        source.Row(y).front() = 0xFF000010U + static_cast<Pixel>(y);
+    Surface copy(1024, 4096);
+    noThreads = true;  // the first band comes last then
+    StretchCopy(copy, {0, 0, 1024, 4096}, source, {0, 0, 1, 3});
+    noThreads = false;
+    for (int y = 0; y < copy.Height(); ++y) {
+        const Pixel expected = source.Row(y * 3 / copy.Height()).front();
+        ASSERT_TRUE(std::ranges::all_of(copy.Row(y), [&](Pixel pixel) { return pixel == expected; })) << y;
+    }
 }
 
 TEST(Bands, ALargeSurfaceIsFilledWhole) {
