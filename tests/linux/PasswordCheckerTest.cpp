@@ -110,6 +110,21 @@ TEST_F(PasswordCheckerTest, WhoIsLetInAsSomebodyElseIsNotLetIn) {
     EXPECT_EQ(StatusOf("secret"), 2);
 }
 
+TEST_F(PasswordCheckerTest, WhatIsSaidIsHeardAndOneSecretIsAnswered) {
+    for (const char* asks : {"s", "is", "es", "siei", "i"}) {
+        LetIn("asks=" + std::string(asks));
+        EXPECT_EQ(StatusOf("secret"), 0) << asks;
+    }
+    for (const char* asks : {"n", "sn", "ns", "ss", "sis", ""}) {
+        LetIn("asks=" + std::string(asks));
+        EXPECT_EQ(StatusOf("secret"), 2) << asks;
+    }
+    LetIn("asks=s asks=s");
+    EXPECT_EQ(StatusOf("secret"), 2);
+    LetIn("asks=is");
+    EXPECT_EQ(StatusOf("another"), 1);
+}
+
 TEST_F(PasswordCheckerTest, ItKeepsNothingThatTheCheckHasNoNeedOf) {
     LetIn("told=" + folder_.At("told"));
     StartedBy("export DISPLAY=:47.1\nulimit -c unlimited\numask 002\ncd '" + folder_.Path() + "'",
