@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "backends/linux/HostIdleStart.h"
+#include "backends/linux/HostProfile.h"
 #include "backends/linux/Neighbour.h"
 #include "base/RuntimeError.h"
 #include "linux/TestFolder.h"
@@ -109,6 +110,16 @@ TEST_F(IdleEntryTest, WhatCannotBeWrittenIsAFailureAndAllIsAsBefore) {
     EXPECT_THROW(entry().Set(3, "/p"), RuntimeError);
     EXPECT_THROW(entry().Set(std::nullopt, "/p"), RuntimeError);
     EXPECT_TRUE(fs::is_directory(entry().File()));
+}
+
+TEST_F(IdleEntryTest, WhatCannotBeReadIsNotTakenForNothing) {
+    const std::string large = "[Desktop Entry]\nExec=mine\n" + std::string(LargestProfile, '#');
+    Write(large);
+    EXPECT_EQ(entry().Minutes(), std::nullopt);
+    EXPECT_THROW(entry().Set(3, "/p"), RuntimeError);
+    EXPECT_TRUE(Text() == large);
+    entry().Set(std::nullopt, "/p");
+    EXPECT_FALSE(fs::exists(entry().File()));
 }
 
 TEST_F(IdleEntryTest, SwitchingItOnStartsTheProgram) {

@@ -97,7 +97,7 @@ void IdleEntry::Set(std::optional<int> minutes, const std::string& program) cons
         if (::unlink(file_.c_str()) != 0 && errno != ENOENT) throw ErrorOf(errno);
         return;
     }
-    std::string text = ReadWholeFile(file_, LargestProfile).value_or(std::string());
+    std::string text = ReadIfThere(file_, LargestProfile).value_or(std::string());
     const std::array<std::pair<const char*, std::string>, 8> keys{{
         {"Type", "Application"},
         {"Name", "Tavrix screen saver"},
