@@ -74,10 +74,9 @@ class FolderReader::Worker {
             {
                 std::unique_lock lock(mutex_);
                 changed_.wait(lock, [this] { return next_ || ended_; });
-                if (ended_) return;
                 job = std::move(next_);
-                next_.reset();
             }
+            if (!job) return;
             job->Read();
             {
                 // Before it is told: whoever hears of it may have the next one at once.
