@@ -1,6 +1,7 @@
 // A module of PAM for tests. It lets in whoever asks, but under the name of its option user=NAME, and writes into the
 // file of its option told=PATH how it finds the process. With asks=LETTERS it says (i), complains (e), asks for a
-// secret (s) or for a name (n) for each letter, all at once, and lets in who answers each with "secret".
+// secret (s) or for a name (n) for each letter, all at once, and lets in who answers each with "secret". With
+// result=NUMBER that is how it ends.
 
 #include <fcntl.h>
 #include <security/pam_appl.h>
@@ -87,6 +88,8 @@ extern "C" int pam_sm_authenticate(pam_handle_t* handle, int /*flags*/, int coun
         if (option.starts_with(user) &&
             ::pam_set_item(handle, PAM_USER, std::string(option.substr(user.size())).c_str()) != PAM_SUCCESS)
             return PAM_SYSTEM_ERR;
+        constexpr std::string_view result = "result=";
+        if (option.starts_with(result)) return std::atoi(option.substr(result.size()).data());
         if (!option.starts_with(asks)) continue;
         if (const int status = Ask(handle, option.substr(asks.size())); status != PAM_SUCCESS) return status;
     }

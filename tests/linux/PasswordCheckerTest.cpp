@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <pwd.h>
+#include <security/pam_appl.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -97,6 +98,18 @@ TEST_F(PasswordCheckerTest, WhatCannotBeReadIsNoEmptyPassword) {
     EXPECT_EQ(StatusOf(""), 0);
     StartedBy("", "< /");
     EXPECT_EQ(StatusOf(""), 2);
+}
+
+TEST_F(PasswordCheckerTest, OnlyARefusalIsAWrongPassword) {
+    for (const int refusal : {PAM_AUTH_ERR, PAM_MAXTRIES, PAM_PERM_DENIED, PAM_USER_UNKNOWN}) {
+        LetIn("result=" + std::to_string(refusal));
+        EXPECT_EQ(StatusOf("secret"), 1) << refusal;
+    }
+    for (const int failure : {PAM_SYSTEM_ERR, PAM_BUF_ERR, PAM_CONV_ERR, PAM_AUTHINFO_UNAVAIL,
+                              PAM_CRED_INSUFFICIENT, PAM_ABORT}) {
+        LetIn("result=" + std::to_string(failure));
+        EXPECT_EQ(StatusOf("secret"), 2) << failure;
+    }
 }
 
 TEST_F(PasswordCheckerTest, WhoIsLetInAsSomebodyElseIsNotLetIn) {
