@@ -195,6 +195,27 @@ TEST_F(FolderReaderTest, TellsKindsAndNumbersInListOrder) {
     EXPECT_EQ(finishedIn_, std::this_thread::get_id());
 }
 
+TEST_F(FolderReaderTest, EachKindIsInListOrder) {
+    Names files;
+    Names folders;
+    Names links;
+    for (char letter = 'a'; letter <= 'z'; ++letter) {
+        // Every second one in capital letters, which make no difference to the order.
+        const std::string name(1, (letter - 'a') % 2 == 0 ? letter : static_cast<char>(letter - 'a' + 'A'));
+        folder_.Put("many/f" + name + ".bmp", "");
+        folder_.PutFolder("many/d" + name);
+        std::filesystem::create_symlink("da", folder_.At("many/l" + name));
+        files.push_back("f" + name + ".bmp");
+        folders.push_back("d" + name);
+        links.push_back("l" + name);
+    }
+    folders.emplace_back("finished");
+    const FolderContent content = Begin("many")->Take();
+    EXPECT_EQ(content.files, files);
+    EXPECT_EQ(content.folders, folders);
+    EXPECT_EQ(content.uncounted, links);
+}
+
 TEST_F(FolderReaderTest, ADiskThatDoesNotTellKindsIsAskedForThem) {
     tellsNoKinds = true;
     ExpectAll(Begin("all")->Take());
