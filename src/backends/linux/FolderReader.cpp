@@ -89,7 +89,7 @@ class FolderReader::Worker {
     /// Whether it took the job: it takes one while it has none.
     bool Give(const std::shared_ptr<Job>& job) {
         const std::lock_guard lock(mutex_);
-        if (jobs_ != 0 || ended_) return false;
+        if (jobs_ != 0) return false;
         ++jobs_;
         next_ = job;
         changed_.notify_all();
