@@ -60,7 +60,7 @@ std::string WithKey(const std::string& text, const std::string& key, const std::
         at = end + 1;
         if (old.starts_with('[')) {
             if (inSection) put();
-            inSection = Trim(old) == "[" + std::string(Section) + "]";
+            inSection = Trim(old.substr(0, old.find('\r'))) == "[" + std::string(Section) + "]";
         }
         const std::size_t equals = old.find('=');
         if (inSection && equals != std::string::npos && Trim(old.substr(0, equals)) == key) {
