@@ -44,13 +44,6 @@ std::string Without(const std::string& text, const std::string& name) {
 
 }  // namespace
 
-std::optional<std::string> ReadIfThere(const std::string& file) {
-    std::optional<std::string> text = ReadWholeFile(file);
-    // What has not been read must not be taken for nothing.
-    if (!text && ::access(file.c_str(), F_OK) == 0) throw RuntimeError(ErrorNumber::PathFileAccessError);
-    return text;
-}
-
 std::optional<std::string> ReadStored(const std::string& file, const std::string& name) {
     const std::optional<std::string> text = ReadIfThere(file);
     if (!text) return std::nullopt;

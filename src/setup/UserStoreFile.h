@@ -5,9 +5,6 @@
 
 namespace tavrix::setup {
 
-/// The text of a file; nothing where there is none. Throws where it cannot be read.
-[[nodiscard]] std::optional<std::string> ReadIfThere(const std::string& file);
-
 /// A value of the file in which Tavrix keeps some for the user (host path); nothing where it is not there. Throws where it
 /// cannot be read.
 [[nodiscard]] std::optional<std::string> ReadStored(const std::string& file, const std::string& name);

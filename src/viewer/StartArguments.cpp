@@ -79,7 +79,6 @@ void ObeyCommandWord(MainViewFrm& view) {
 void ReadCommandText(MainViewFrm& view) {
     MainModule& module = view.Module();
     const std::string& command = module.CommandText;
-    view.StartAction = StartDialog::None;
     bool shown = false;
 
     if (const auto start = DesktopStartOf(command)) {

@@ -140,6 +140,35 @@ TEST_F(SleepingFolderTest, OkWithoutAnyFileChosenIsToldWhenTheFolderHasCome) {
     ExpectTold("No files were selected, nothing to show thumbnails of...");
     Tick(15);
     EXPECT_FALSE(dialog.Unloaded());
+    dialog.Chooser.File1.Refresh();
+    EXPECT_EQ(RowsOf(dialog.Chooser.File1), Texts{});
+    Tick(15);
+    EXPECT_EQ(RowsOf(dialog.Chooser.File1), (Texts{"a.bmp", "b.bmp"})) << "and nothing is told again";
+}
+
+TEST_F(SleepingFolderTest, AnOkThatNeedNotWaitIsNotDoneAgainWhenTheFolderComes) {
+    auto& dialog = Show<frmThumbSelect>();
+    dialog.Chooser.Dir1.Path = "C:\\p\\quick";
+    ExpectTold("No files were selected, nothing to show thumbnails of...");
+    Press(dialog.CmdOK);
+    disk.sleeping = "C:\\p\\quick";
+    dialog.Chooser.File1.Refresh();
+    EXPECT_EQ(RowsOf(dialog.Chooser.File1), Texts{});
+    Tick(15);
+    EXPECT_EQ(RowsOf(dialog.Chooser.File1), Texts{"c.bmp"});
+    EXPECT_FALSE(dialog.Unloaded());
+}
+
+TEST_F(SleepingFolderTest, AFolderThatIsReadAgainIsWaitedForAgain) {
+    auto& dialog = Show<frmThumbFolder>();
+    dialog.Chooser.Dir1.Path = "C:\\p\\slow";
+    Tick(15);
+    EXPECT_EQ(dialog.lblNumFiles.Caption.Get(), "There are 2 image files in this folder to browse...");
+    dialog.Chooser.Dir1.Refresh();
+    EXPECT_EQ(RowsOf(dialog.Chooser.Dir1), Texts{});
+    EXPECT_EQ(dialog.lblNumFiles.Caption.Get(), "Please wait...");
+    Tick(15);
+    EXPECT_EQ(dialog.lblNumFiles.Caption.Get(), "There are 2 image files in this folder to browse...");
 }
 
 TEST_F(SleepingFolderTest, AnotherFolderForgetsTheOk) {

@@ -70,6 +70,11 @@ class LookedFilesTest : public ProgramFixture {
     std::vector<std::pair<std::string, int>> failures;
 };
 
+TEST_F(LookedFilesTest, BeforeAFolderNothingIsWaitedFor) {
+    EXPECT_FALSE(files.Pending());
+    EXPECT_FALSE(files.TimerLook.Enabled);
+}
+
 TEST_F(LookedFilesTest, AQuickFolderIsReadOnceForBothLists) {
     EXPECT_EQ(files.List(Quick, Bitmaps), Texts{"a.bmp"});
     EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
@@ -97,6 +102,15 @@ TEST_F(LookedFilesTest, OtherPatternsAreAnotherLook) {
     EXPECT_EQ(files.List(Quick, "*.gif"), Texts{"b.gif"});
     EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
     EXPECT_EQ(Looks(), 2);
+}
+
+TEST_F(LookedFilesTest, WhatHasComeOrIsOnItsWayByFormerPatternsIsNotTaken) {
+    EXPECT_EQ(files.Folders(Quick), FoldersIn(Quick));
+    EXPECT_EQ(files.List(Quick, "*.gif"), Texts{"b.gif"});
+    static_cast<void>(files.Folders(Slow));
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{});
+    Tick(5);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{"a.bmp"});
 }
 
 TEST_F(LookedFilesTest, ASlowFolderIsEmptyUntilItHasCome) {

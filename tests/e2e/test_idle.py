@@ -2,6 +2,7 @@
 
 import ctypes.util
 import os
+import shutil
 import signal
 import socket
 import threading
@@ -76,10 +77,10 @@ class IdleProgramTest(StageTest):
         self.screen.press("Shift_L")
         self.addCleanup(self.end_savers)
 
-    def start_idle(self, *arguments, **environment):
+    def start_idle(self, *arguments, program=IDLE, **environment):
         self._log = os.path.join(self.home.folder, "idle.log")
         process = self.session.children.start(
-            [IDLE, *arguments],
+            [program, *arguments],
             {**self.session.environment, "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere", **self.home.environment,
              **environment}, self._log, cwd=self.home.folder)
         self.addCleanup(self.session.children.end, process)
@@ -264,6 +265,29 @@ class IdleTest(IdleProgramTest):
         process = self.start_idle("--seconds", "1")
         self.never_starts(3)
         self.assertIsNone(process.poll())
+
+    def test_it_starts_the_show_of_the_user_once_and_nothing_without_one(self):
+        # Beside a program that notes what it is called with, and ends.
+        folder = os.path.join(self.home.folder, "spied")
+        os.makedirs(folder)
+        calls = os.path.join(folder, "calls")
+        viewer = os.path.join(folder, "tavrix")
+        with open(viewer, "w", encoding="utf-8") as file:
+            file.write(f"#!/bin/sh\nprintf '%s|' \"$@\" >> '{calls}'\n")
+        os.chmod(viewer, 0o700)
+        program = shutil.copy(IDLE, folder)
+        show = self.home.in_store("CurrentSaver")
+        self.home.set_in_store("CurrentSaver", "")
+        process = self.start_idle("--seconds", "1", program=program)
+        time.sleep(3)
+        self.assertFalse(os.path.exists(calls))
+        self.session.children.end(process)
+        self.home.set_in_store("CurrentSaver", show)
+        self.start_idle("--seconds", "1", program=program)
+        wait_until(lambda: os.path.exists(calls), "the call")
+        time.sleep(3)
+        with open(calls, encoding="utf-8") as file:
+            self.assertEqual(file.read(), f"SCRNSAVE|{show}|")
 
     def test_one_for_a_session(self):
         process = self.start_idle("--seconds", "1000")

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
@@ -7,6 +8,7 @@
 #include <thread>
 
 #include "backends/linux/HostIdleStart.h"
+#include "backends/linux/HostProfile.h"
 #include "backends/linux/Neighbour.h"
 #include "base/RuntimeError.h"
 #include "linux/TestFolder.h"
@@ -77,6 +79,32 @@ TEST_F(IdleEntryTest, LinesOfOthersStay) {
     EXPECT_EQ(entry().Minutes(), 3);
 }
 
+TEST_F(IdleEntryTest, BlanksMakeNoDifference) {
+    Write("[Desktop Entry] \nExec = old\n X-Tavrix-Minutes =5\n");
+    EXPECT_EQ(entry().Minutes(), 5);
+    entry().Set(3, "/p/tavrix-idle");
+    EXPECT_EQ(Text(),
+              "[Desktop Entry] \nExec=\"/p/tavrix-idle\"\nX-Tavrix-Minutes=3\nType=Application\n"
+              "Name=Tavrix screen saver\nComment=Starts the screen saver when nobody has worked for a while\n"
+              "TryExec=/p/tavrix-idle\nNoDisplay=true\nHidden=false\n");
+    EXPECT_EQ(entry().Minutes(), 3);
+}
+
+TEST_F(IdleEntryTest, LinesMayEndAsOnOtherSystems) {
+    Write("[Desktop Entry]\r\nExec=old\r\nHidden=true\r\nX-Tavrix-Minutes=5\r\nOnlyShowIn=LXDE;\r\n");
+    entry().Set(3, "/p/tavrix-idle");
+    EXPECT_EQ(entry().Minutes(), 3);
+    EXPECT_EQ(Text().find("[Desktop Entry]", 1), std::string::npos) << Text();
+    EXPECT_NE(Text().find("\nOnlyShowIn=LXDE;\r\n"), std::string::npos) << Text();
+}
+
+TEST_F(IdleEntryTest, OthersMayReadItAndNotWriteIt) {
+    const mode_t former = ::umask(002);
+    entry().Set(3, "/p");
+    ::umask(former);
+    EXPECT_EQ(fs::status(entry().File()).permissions(), fs::perms(0644));
+}
+
 TEST_F(IdleEntryTest, DesktopsSwitchItOffInTheirOwnWays) {
     const std::string on = "[Desktop Entry]\nExec=x\nX-Tavrix-Minutes=5\n";
     Write(on);
@@ -100,6 +128,9 @@ TEST_F(IdleEntryTest, ANumberThatMakesNoSenseIsTheUsualOne) {
     EXPECT_EQ(entry().Minutes(), 1440);
     entry().Set(0, "/p");
     EXPECT_EQ(entry().Minutes(), 1);
+    entry().Set(100'000, "/p");
+    EXPECT_EQ(entry().Minutes(), 1440);
+    EXPECT_NE(Text().find("X-Tavrix-Minutes=1440\n"), std::string::npos) << Text();
 }
 
 TEST_F(IdleEntryTest, WhatCannotBeWrittenIsAFailureAndAllIsAsBefore) {
@@ -111,18 +142,31 @@ TEST_F(IdleEntryTest, WhatCannotBeWrittenIsAFailureAndAllIsAsBefore) {
     EXPECT_TRUE(fs::is_directory(entry().File()));
 }
 
+TEST_F(IdleEntryTest, WhatCannotBeReadIsNotTakenForNothing) {
+    const std::string large = "[Desktop Entry]\nExec=mine\n" + std::string(LargestProfile, '#');
+    Write(large);
+    EXPECT_EQ(entry().Minutes(), std::nullopt);
+    EXPECT_THROW(entry().Set(3, "/p"), RuntimeError);
+    EXPECT_TRUE(Text() == large);
+    entry().Set(std::nullopt, "/p");
+    EXPECT_FALSE(fs::exists(entry().File()));
+}
+
 TEST_F(IdleEntryTest, SwitchingItOnStartsTheProgram) {
-    const std::string mark = folder.Path() + "/started";
-    const std::string program = folder.Path() + "/tavrix-idle";
-    std::ofstream(program) << "#!/bin/sh\necho x >> " << mark << "\n";
-    fs::permissions(program, fs::perms::owner_all);
-    HostIdleStart start(paths, program);
-    start.Set(std::nullopt);
+    const auto put = [this](const std::string& name) {
+        const std::string program = folder.At(name);
+        std::ofstream(program) << "#!/bin/sh\necho x >> " << program << ".started\n";
+        fs::permissions(program, fs::perms::owner_all);
+        return program;
+    };
+    HostIdleStart(paths, put("off")).Set(std::nullopt);
+    HostIdleStart start(paths, put("on"));
     start.Set(4);
     EXPECT_EQ(start.Minutes(), 4);
-    for (int i = 0; i < 2000 && !fs::exists(mark); ++i)
+    for (int i = 0; i < 2000 && !folder.Has("on.started"); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_TRUE(fs::exists(mark));
+    EXPECT_TRUE(folder.Has("on.started"));
+    EXPECT_FALSE(folder.Has("off.started"));
 }
 
 TEST_F(IdleEntryTest, ANeighbourLiesBesideOrInTheProgramsFolder) {

@@ -81,6 +81,29 @@ TEST_F(IdleStarterTest, StartsAfterItsTimeAndNotBefore) {
     EXPECT_FALSE(wakeUp) << "while the saver runs, nobody asks";
 }
 
+TEST_F(IdleStarterTest, AskedShortlyBeforeItsTimeItIsASecondLate) {
+    Wake();
+    Pass(minutes(10) - Milliseconds(1));
+    Wake();
+    EXPECT_EQ(wakeUp, now + IdleStarter::Shortest);
+    Pass(IdleStarter::Shortest);
+    EXPECT_EQ(starts, (Starts{minutes(10) - Milliseconds(1) + IdleStarter::Shortest}));
+}
+
+TEST_F(IdleStarterTest, WhileItsSaverRunsNoSecondOneStartsAndItNeedNotBeAskedAgain) {
+    Wake();
+    Pass(minutes(10));
+    Wake();
+    EXPECT_FALSE(wakeUp);
+    Touch();  // a passer-by who does not know the password
+    Wake();
+    EXPECT_FALSE(wakeUp);
+    Pass(minutes(20));
+    Wake();
+    EXPECT_FALSE(wakeUp);
+    EXPECT_EQ(starts.size(), 1U);
+}
+
 TEST_F(IdleStarterTest, InputPutsItOff) {
     Wake();
     for (int i = 0; i < 100; ++i) {
@@ -125,7 +148,9 @@ TEST_F(IdleStarterTest, ASaverThatEndsAtOnceIsNotStartedAgainEither) {
 TEST_F(IdleStarterTest, WithoutAShowItIsTriedOncePerAbsence) {
     saver = false;
     Wake();
-    Pass(minutes(600));
+    Pass(minutes(10));
+    EXPECT_EQ(wakeUp, now + IdleStarter::Pause);
+    Pass(minutes(590));
     EXPECT_EQ(starts, (Starts{minutes(10)}));
     Touch();
     saver = true;
@@ -150,6 +175,29 @@ TEST_F(IdleStarterTest, AfterAFilmTheTimeBeginsAgain) {
     EXPECT_EQ(starts, Starts{});
     Pass(IdleStarter::Pause + Milliseconds(1));
     EXPECT_EQ(starts.size(), 1U);
+}
+
+TEST_F(IdleStarterTest, AfterAFilmItStartsOnTime) {
+    starter.SetWait(minutes(10) + seconds(10));
+    held = true;
+    Wake();
+    Pass(minutes(30) + seconds(10));
+    held = false;
+    Pass(minutes(10) + seconds(10));
+    EXPECT_EQ(starts, (Starts{minutes(40) + seconds(20)}));
+}
+
+TEST_F(IdleStarterTest, ALongerTimeBeginsAgainAfterAFilmToo) {
+    held = true;
+    Wake();
+    Pass(minutes(12));
+    held = false;
+    starter.SetWait(minutes(20));
+    Wake();
+    Pass(minutes(20) - IdleStarter::Pause - Milliseconds(1));
+    EXPECT_EQ(starts, Starts{});
+    Pass(IdleStarter::Pause + Milliseconds(1));
+    EXPECT_EQ(starts, (Starts{minutes(32)}));
 }
 
 TEST_F(IdleStarterTest, ASecondFilmInThatTimeHoldsItToo) {

@@ -1,8 +1,13 @@
 #include "backends/qt/idle/ScreenSaverService.h"
 
+#include <QDBusArgument>
 #include <QDBusConnectionInterface>
+#include <QDBusMetaType>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QMap>
+#include <QStringList>
+#include <optional>
 
 #include "backends/linux/IdleBusName.h"
 #include "idle/BusTest.h"
@@ -69,12 +74,37 @@ TEST_F(ScreenSaverServiceTest, AProgramThatEndsHoldsNothing) {
     Inhibit(player);
     Inhibit(player);
     Inhibit(browser);
+    const QString gone = player.baseService();
     player = QDBusConnection(QString());
     Leave("player");
+    EXPECT_TRUE(Comes([&] { return !browser.interface()->isServiceRegistered(gone); }));
+    Call(browser, "GetActive");  // the service has heard of that end by now
+    EXPECT_TRUE(service.Held()) << "the browser's is left";
     browser = QDBusConnection(QString());
-    EXPECT_TRUE(service.Held());
     Leave("browser");
     EXPECT_TRUE(Comes([this] { return !service.Held(); }));
+}
+
+/// A session is long, and programs come and go.
+TEST_F(ScreenSaverServiceTest, WhoIsGoneIsNotWatchedForAnyMore) {
+    qDBusRegisterMetaType<QMap<QString, QStringList>>();
+    const auto rulesFor = [this](const QString& name) -> std::optional<qsizetype> {
+        const QDBusMessage answer = browser.call(
+            QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                           "org.freedesktop.DBus.Debug.Stats", "GetAllMatchRules"));
+        if (answer.type() != QDBusMessage::ReplyMessage) return std::nullopt;
+        const auto all =
+            qdbus_cast<QMap<QString, QStringList>>(answer.arguments().constFirst().value<QDBusArgument>());
+        return all.value(own.baseService()).filter(QStringLiteral("'%1'").arg(name)).size();
+    };
+    const QString name = player.baseService();
+    if (!rulesFor(name)) GTEST_SKIP() << "this bus does not tell what is watched";
+    service.Offer();
+    Inhibit(player);
+    EXPECT_TRUE(Comes([&] { return rulesFor(name) == 1; }));
+    player = QDBusConnection(QString());
+    Leave("player");
+    EXPECT_TRUE(Comes([&] { return rulesFor(name) == 0; }));
 }
 
 TEST_F(ScreenSaverServiceTest, AProgramThatHasReleasedOneHoldStillHoldsNothingAtItsEnd) {

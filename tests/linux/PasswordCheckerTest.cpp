@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <pwd.h>
+#include <security/pam_appl.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -39,7 +40,8 @@ class PasswordCheckerTest : public testing::Test {
         matrix_ = Find("pam_wrapper/pam_matrix.so");
         if (wrapper.empty() || matrix_.empty()) GTEST_SKIP() << "libpam-wrapper is not installed";
         ASSERT_NE(std::getenv("TAVRIX_PASSWORD"), nullptr) << "the path of tavrix-password";
-        folder_.Put("known", std::string(::getpwuid(::getuid())->pw_name) + ":secret:tavrix\n");
+        ASSERT_NE(std::getenv("TAVRIX_PAM_MODULE"), nullptr) << "the path of the module of the tests";
+        folder_.Put("known", account_ + ":secret:tavrix\n");
         Rules("auth required " + matrix_ + " passdb=" + folder_.At("known"));
         program_ = PutScript(folder_, "wrapped",
                              "export LD_PRELOAD=" + wrapper + " PAM_WRAPPER=1 PAM_WRAPPER_SERVICE_DIR=" +
@@ -48,6 +50,14 @@ class PasswordCheckerTest : public testing::Test {
     }
     void Rules(const std::string& lines) {
         folder_.Put("services/tavrix", lines + "\n");
+    }
+    /// The rule of a module that lets everybody in, see PamModule.cpp.
+    void LetIn(const std::string& options) {
+        Rules("auth required " + std::string(std::getenv("TAVRIX_PAM_MODULE")) + " " + options);
+    }
+    /// The shell starts it like this from now on.
+    void StartedBy(const std::string& before, const std::string& after) {
+        program_ = PutScript(folder_, "starter", before + "\nexec '" + program_ + "' " + after);
     }
     /// The status for what is entered. Whatever happens, nothing is said.
     std::optional<int> StatusOf(std::string_view entered) {
@@ -61,6 +71,7 @@ class PasswordCheckerTest : public testing::Test {
     }
 
     TestFolder folder_;
+    const std::string account_ = ::getpwuid(::getuid())->pw_name;
     std::string matrix_;
     std::string program_;
 };
@@ -80,6 +91,61 @@ TEST_F(PasswordCheckerTest, WhatNoPasswordIsIsNotChecked) {
     EXPECT_EQ(StatusOf(std::string_view("secret\0", 7)), 2);
     EXPECT_EQ(StatusOf("secret" + std::string(1018, 'x')), 2);
     EXPECT_EQ(StatusOf(std::string(100'000, 'x')), 2);
+}
+
+TEST_F(PasswordCheckerTest, WhatCannotBeReadIsNoEmptyPassword) {
+    LetIn("");
+    EXPECT_EQ(StatusOf(""), 0);
+    StartedBy("", "< /");
+    EXPECT_EQ(StatusOf(""), 2);
+}
+
+TEST_F(PasswordCheckerTest, OnlyARefusalIsAWrongPassword) {
+    for (const int refusal : {PAM_AUTH_ERR, PAM_MAXTRIES, PAM_PERM_DENIED, PAM_USER_UNKNOWN}) {
+        LetIn("result=" + std::to_string(refusal));
+        EXPECT_EQ(StatusOf("secret"), 1) << refusal;
+    }
+    for (const int failure : {PAM_SYSTEM_ERR, PAM_BUF_ERR, PAM_CONV_ERR, PAM_AUTHINFO_UNAVAIL,
+                              PAM_CRED_INSUFFICIENT, PAM_ABORT}) {
+        LetIn("result=" + std::to_string(failure));
+        EXPECT_EQ(StatusOf("secret"), 2) << failure;
+    }
+}
+
+TEST_F(PasswordCheckerTest, WhoIsLetInAsSomebodyElseIsNotLetIn) {
+    LetIn("user=" + account_);
+    EXPECT_EQ(StatusOf("secret"), 0);
+    for (const char* another : {"x", "-", " "}) {
+        LetIn("[user=" + account_ + another + "]");
+        EXPECT_EQ(StatusOf("secret"), 2) << another;
+    }
+    LetIn("user=" + account_.substr(1));
+    EXPECT_EQ(StatusOf("secret"), 2);
+}
+
+TEST_F(PasswordCheckerTest, WhatIsSaidIsHeardAndOneSecretIsAnswered) {
+    for (const char* asks : {"s", "is", "es", "siei", "i"}) {
+        LetIn("asks=" + std::string(asks));
+        EXPECT_EQ(StatusOf("secret"), 0) << asks;
+    }
+    for (const char* asks : {"n", "sn", "ns", "ss", "sis", ""}) {
+        LetIn("asks=" + std::string(asks));
+        EXPECT_EQ(StatusOf("secret"), 2) << asks;
+    }
+    LetIn("asks=s asks=s");
+    EXPECT_EQ(StatusOf("secret"), 2);
+    LetIn("asks=is");
+    EXPECT_EQ(StatusOf("another"), 1);
+}
+
+TEST_F(PasswordCheckerTest, ItKeepsNothingThatTheCheckHasNoNeedOf) {
+    LetIn("told=" + folder_.At("told"));
+    StartedBy("export DISPLAY=:47.1\nulimit -c unlimited\numask 002\ncd '" + folder_.Path() + "'",
+              "9< /dev/null");
+    EXPECT_EQ(StatusOf("secret"), 0);
+    EXPECT_EQ(
+        folder_.Content("told"),
+        "core 0 0\ndumpable 0\nfolder /\nmask 77\nends 1\nhanded on 0\ndisplay :47.1\nservice tavrix\n");
 }
 
 TEST_F(PasswordCheckerTest, RulesThatCannotBeFollowedLetNobodyIn) {

@@ -1,7 +1,9 @@
 #include "backends/qt/saver/PasswordQuestion.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/socket.h>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -10,10 +12,30 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+#include <algorithm>
+#include <atomic>
 #include <functional>
+#include <limits>
 #include <string>
+#include <vector>
 
 #include "linux/Script.h"
+
+namespace {
+
+// The functions of the system and of the toolkit know of no object that could be handed to them.
+constexpr std::size_t All = std::numeric_limits<std::size_t>::max();
+std::atomic<std::size_t> mostSent{All};
+std::vector<std::string>* warnings = nullptr;
+
+}  // namespace
+
+/// As it is, but on demand a socket takes a part alone.
+extern "C" ssize_t send(int socket, const void* from, size_t count, int flags) {
+    using Function = ssize_t(int, const void*, size_t, int);
+    static auto* const system = reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, "send"));
+    return system(socket, from, std::min<std::size_t>(count, mostSent), flags);
+}
 
 namespace tavrix {
 namespace {
@@ -127,6 +149,28 @@ TEST_F(PasswordQuestionTest, ALongPasswordArrivesWhole) {
     EXPECT_EQ(folder_.Content("heard"), password.toStdString());
 }
 
+TEST_F(PasswordQuestionTest, APartOfAPasswordIsNotChecked) {
+    CheckBy("exec cat > /dev/null");  // takes anything for the right one
+    mostSent = 6;
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret and more"); }, SoonRead));
+    mostSent = All;
+    EXPECT_EQ(told.back(), "The password could not be checked.");
+}
+
+TEST_F(PasswordQuestionTest, ACheckThatIsOverIsListenedToNoMore) {
+    std::vector<std::string> said;
+    warnings = &said;
+    const QtMessageHandler former =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+            if (text.startsWith(QLatin1String("QSocketNotifier"))) warnings->push_back(text.toStdString());
+        });
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "wrong"); }, SoonRead));
+    qInstallMessageHandler(former);
+    EXPECT_EQ(told.back(), "The password is wrong.");
+    // Of a socket that is closed and still watched the toolkit says so.
+    EXPECT_EQ(said, std::vector<std::string>());
+}
+
 TEST_F(PasswordQuestionTest, AClosedQuestionIsWrongAndKeepsNothing) {
     const auto typed = [](auto& question) { Field(question).setText("secret"); };
     EXPECT_FALSE(Ask([&](auto& question) {
@@ -154,6 +198,7 @@ TEST_F(PasswordQuestionTest, AQuestionClosedDuringItsCheckIsWrongAndTheCheckEnds
             if (!folder_.Content("id").ends_with('\n')) return;
             EXPECT_EQ(Text(question), "Checking the password...");
             EXPECT_FALSE(Field(question).isEnabled());
+            EXPECT_FALSE(Button(question, QDialogButtonBox::Ok).isEnabled());
             EXPECT_EQ(Field(question).text(), QString());
             Button(question, QDialogButtonBox::Ok).click();  // not once more
             Button(question, QDialogButtonBox::Cancel).click();
@@ -202,11 +247,15 @@ TEST_F(PasswordQuestionTest, ACheckThatTakesTooLongIsWrong) {
 }
 
 TEST_F(PasswordQuestionTest, ACheckThatFailsIsWrong) {
-    for (const char* way : {"exit 2", "kill -9 $$", "exit 127", "echo 0; exit 3", "cat; exit 2"}) {
-        CheckBy(way);
+    // It has heard the password by then; that it has not is another failure.
+    for (const char* way : {"exit 2", "kill -9 $$", "echo 0; exit 3", "echo; exit 127"}) {
+        CheckBy("cat > /dev/null; " + std::string(way));
         EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead)) << way;
         EXPECT_EQ(told.back(), "The password could not be checked.") << way;
     }
+    CheckBy("exit 2");
+    EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead));
+    EXPECT_EQ(told.back(), "The password could not be checked.");
     checker_ = folder_.At("none");
     EXPECT_FALSE(Ask([](auto& question) { Enter(question, "secret"); }, SoonRead));
     EXPECT_EQ(told.back(), "The password could not be checked.");

@@ -1,9 +1,16 @@
 #include "setup/UserStoreFile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
+#include <string>
+#include <vector>
+
+#include "backends/linux/HostFile.h"
 #include "linux/TestFolder.h"
 #include "support/ErrorOfCall.h"
+#include "system_faults/SystemFaults.h"
 
 namespace tavrix::setup {
 namespace {
@@ -51,6 +58,24 @@ TEST(UserStoreFile, IsTheUsersAlone) {
     WriteStored(file, "Other", "y");
     WriteStored(file, "CurrentSaver", std::nullopt);
     EXPECT_EQ(mode(), perms::owner_read | perms::owner_write);
+}
+
+TEST(UserStoreFile, WhileOneIsTakenOutNobodyElseWrites) {
+    for (const char* more : {"Other=y\n", ""}) {
+        const TestFolder folder;
+        folder.Put("settings", std::string("[Settings]\nCurrentSaver=x\n") + more);
+        const FileDescriptor other(::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        std::vector<std::string> unlocked;
+        test::SystemFaults calls(folder.Path());
+        calls.Watch([&](std::string_view call) {
+            if (::flock(other.Number(), LOCK_EX | LOCK_NB) != 0) return;
+            ::flock(other.Number(), LOCK_UN);
+            unlocked.emplace_back(call);
+        });
+        WriteStored(folder.At("settings"), "CurrentSaver", std::nullopt);
+        EXPECT_EQ(unlocked, std::vector<std::string>{"open"}) << "of the folder that is locked";
+        EXPECT_GT(calls.Calls(), 2);
+    }
 }
 
 TEST(UserStoreFile, ALongValueIsReadWhole) {

@@ -80,6 +80,7 @@ int SystemFaults::ErrorOf(std::string_view call, std::string_view path, bool mak
     }
     if (makesFile && forbidden_) return EACCES;
     const int number = ++calls_;
+    if (watch_) watch_(call);
     const bool always = call == always_;
     if (number != nth_ && !always) return 0;
     failed_ = call;

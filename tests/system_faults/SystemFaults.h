@@ -1,9 +1,11 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tavrix::test {
 
@@ -26,6 +28,9 @@ class SystemFaults {
     /// A write beyond this length fails, as it does on a full disk.
     void LimitLength(std::size_t bytes) { longest_ = bytes; }
 
+    /// Is told the name of each call that is counted, before it is made.
+    void Watch(std::function<void(std::string_view call)> watch) { watch_ = std::move(watch); }
+
     [[nodiscard]] bool Fired() const { return fired_; }
     /// The call that failed, such as "fsync"; empty when none did.
     [[nodiscard]] std::string_view Failed() const { return failed_; }
@@ -46,6 +51,7 @@ class SystemFaults {
     std::optional<std::size_t> longest_;
     std::atomic<bool> fired_{false};
     std::string failed_;
+    std::function<void(std::string_view call)> watch_;
 };
 
 }  // namespace tavrix::test

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <sys/sysinfo.h>
 
 #include <algorithm>
 #include <atomic>
@@ -11,14 +12,18 @@
 #include <mutex>
 #include <set>
 #include <thread>
+#include <utility>
 #include <vector>
 
+#include "imaging/graphics/StretchCopy.h"
 #include "imaging/graphics/Surface.h"
 
 namespace {
 
-// The function of the system knows of no object that could be handed to it.
+// The functions of the system know of no object that could be handed to them.
 std::atomic<bool> noThreads{false};
+constexpr int AsManyAsThereAre = -1;
+std::atomic<int> cores{AsManyAsThereAre};
 
 }  // namespace
 
@@ -31,8 +36,23 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
     return system(thread, attributes, start, argument);
 }
 
+/// As it is, or of another machine.
+extern "C" int get_nprocs() noexcept {
+    if (cores != AsManyAsThereAre) return cores;
+    static auto* const system = reinterpret_cast<int (*)()>(::dlsym(RTLD_NEXT, "get_nprocs"));
+    return system();
+}
+
 namespace tavrix {
 namespace {
+
+/// A machine with so many cores; 0 where nobody knows.
+struct Cores {
+    explicit Cores(int count) { cores = count; }
+    Cores(const Cores&) = delete;
+    Cores& operator=(const Cores&) = delete;
+    ~Cores() { cores = AsManyAsThereAre; }
+};
 
 constexpr std::int64_t Large = std::int64_t{64}
                                << 20U;  ///< pixels that are worth as many threads as there may be
@@ -61,6 +81,7 @@ Bands Of(int rows, std::int64_t pixels) {
 }
 
 TEST(Bands, EachRowIsInOne) {
+    const Cores four(4);
     for (const int rows : {1, 2, 3, 4, 5, 7, 1000, 4001}) {
         const Bands bands = Of(rows, Large);
         EXPECT_TRUE(std::ranges::all_of(bands.times, [](int times) { return times == 1; })) << rows;
@@ -80,6 +101,7 @@ TEST(Bands, OfNoRowsNothingIsDone) {
 }
 
 TEST(Bands, ASmallPictureIsDoneByWhoAsks) {
+    const Cores four(4);
     for (const std::int64_t pixels : {std::int64_t{0}, std::int64_t{1}, (std::int64_t{2} << 20U) - 1}) {
         const Bands bands = Of(1000, pixels);
         EXPECT_EQ(bands.of, (std::vector<std::pair<int, int>>{{0, 1000}})) << pixels;
@@ -88,18 +110,30 @@ TEST(Bands, ASmallPictureIsDoneByWhoAsks) {
 }
 
 TEST(Bands, ALargeOneIsDoneByAThreadForEachCoreUpToFour) {
-    const auto most = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
-    const Bands bands = Of(4001, Large);
-    EXPECT_EQ(bands.of.size(), most);
-    EXPECT_TRUE(bands.threads.contains(std::this_thread::get_id()));
-    for (const auto& [first, end] : bands.of) {
-        EXPECT_GE(end - first, 4001 / static_cast<int>(most));
-        EXPECT_LE(end - first, 4001 / static_cast<int>(most) + 1);
+    for (const auto& [count, most] : {std::pair(0, 1), {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 4}, {64, 4}}) {
+        const Cores machine(count);
+        const Bands bands = Of(4001, Large);
+        EXPECT_EQ(bands.of.size(), static_cast<std::size_t>(most)) << count;
+        EXPECT_EQ(bands.threads.size(), bands.of.size()) << count;
+        EXPECT_TRUE(bands.threads.contains(std::this_thread::get_id())) << count;
+        for (const auto& [first, end] : bands.of) {
+            EXPECT_GE(end - first, 4001 / most) << count;
+            EXPECT_LE(end - first, 4001 / most + 1) << count;
+        }
     }
-    EXPECT_EQ(Of(4001, std::int64_t{2} << 20U).of.size(), std::min<std::size_t>(most, 2));
+}
+
+TEST(Bands, AThreadIsWorthAMegapixel) {
+    const Cores four(4);
+    for (const std::int64_t megapixels : {2, 3, 4}) {
+        const auto bands = static_cast<std::size_t>(megapixels);
+        EXPECT_EQ(Of(4001, megapixels << 20U).of.size(), bands);
+        EXPECT_EQ(Of(4001, (megapixels << 20U) - 1).of.size(), bands - 1);
+    }
 }
 
 TEST(Bands, ManyRowsAreNoMoreThanANumberHolds) {
+    const Cores four(4);
     constexpr int Rows = 2'000'000'001;
     std::mutex mutex;
     std::vector<std::pair<int, int>> bands;
@@ -117,6 +151,7 @@ TEST(Bands, ManyRowsAreNoMoreThanANumberHolds) {
 }
 
 TEST(Bands, WithoutThreadsAllIsDoneAllTheSame) {
+    const Cores four(4);
     noThreads = true;
     const Bands bands = Of(4001, Large);
     noThreads = false;
@@ -124,7 +159,23 @@ TEST(Bands, WithoutThreadsAllIsDoneAllTheSame) {
     EXPECT_EQ(bands.threads, std::set{std::this_thread::get_id()});
 }
 
+TEST(Bands, ACopyTakesNoRowFromTheBandBefore) {
+    const Cores four(4);
+    Surface source(1, 3);
+    for (int y = 0; y < 3; ++y)
+        source.Row(y).front() = 0xFF000010U + static_cast<Pixel>(y);
+    Surface copy(1024, 4096);
+    noThreads = true;  // the first band comes last then
+    StretchCopy(copy, {0, 0, 1024, 4096}, source, {0, 0, 1, 3});
+    noThreads = false;
+    for (int y = 0; y < copy.Height(); ++y) {
+        const Pixel expected = source.Row(y * 3 / copy.Height()).front();
+        ASSERT_TRUE(std::ranges::all_of(copy.Row(y), [&](Pixel pixel) { return pixel == expected; })) << y;
+    }
+}
+
 TEST(Bands, ALargeSurfaceIsFilledWhole) {
+    const Cores four(4);
     Surface surface(2053, 2051);
     surface.Fill(0xFF123456);
     EXPECT_TRUE(std::ranges::all_of(surface.Pixels(), [](Pixel pixel) { return pixel == 0xFF123456; }));

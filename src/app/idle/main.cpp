@@ -140,7 +140,6 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     const HostPaths paths = HostPaths::FromEnvironment(viewer);
-    if (!fixed && !IdleEntry(paths).Minutes()) return EXIT_SUCCESS;
     const idle::SessionLock lock(paths);
     if (!lock.Held()) return EXIT_SUCCESS;
     const QCoreApplication application(argc, argv);

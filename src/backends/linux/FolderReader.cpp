@@ -74,10 +74,9 @@ class FolderReader::Worker {
             {
                 std::unique_lock lock(mutex_);
                 changed_.wait(lock, [this] { return next_ || ended_; });
-                if (ended_) return;
                 job = std::move(next_);
-                next_.reset();
             }
+            if (!job) return;
             job->Read();
             {
                 // Before it is told: whoever hears of it may have the next one at once.
@@ -90,7 +89,7 @@ class FolderReader::Worker {
     /// Whether it took the job: it takes one while it has none.
     bool Give(const std::shared_ptr<Job>& job) {
         const std::lock_guard lock(mutex_);
-        if (jobs_ != 0 || ended_) return false;
+        if (jobs_ != 0) return false;
         ++jobs_;
         next_ = job;
         changed_.notify_all();

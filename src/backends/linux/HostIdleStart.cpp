@@ -60,7 +60,7 @@ std::string WithKey(const std::string& text, const std::string& key, const std::
         at = end + 1;
         if (old.starts_with('[')) {
             if (inSection) put();
-            inSection = Trim(old) == "[" + std::string(Section) + "]";
+            inSection = Trim(old.substr(0, old.find('\r'))) == "[" + std::string(Section) + "]";
         }
         const std::size_t equals = old.find('=');
         if (inSection && equals != std::string::npos && Trim(old.substr(0, equals)) == key) {
@@ -97,7 +97,7 @@ void IdleEntry::Set(std::optional<int> minutes, const std::string& program) cons
         if (::unlink(file_.c_str()) != 0 && errno != ENOENT) throw ErrorOf(errno);
         return;
     }
-    std::string text = ReadWholeFile(file_, LargestProfile).value_or(std::string());
+    std::string text = ReadIfThere(file_, LargestProfile).value_or(std::string());
     const std::array<std::pair<const char*, std::string>, 8> keys{{
         {"Type", "Application"},
         {"Name", "Tavrix screen saver"},

@@ -18,23 +18,21 @@ bool IsThere(const std::string& path) {
 
 }  // namespace
 
+std::optional<std::string> ReadIfThere(const std::string& hostPath, std::size_t largest) {
+    std::optional<std::string> text = ReadWholeFile(hostPath, largest);
+    if (!text && IsThere(hostPath)) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    return text;
+}
+
 bool MergeIntoProfile(const std::string& hostPath, const std::string& section,
                       std::span<const ProfileEntry> entries, TargetFile::Options options,
                       const std::string& initial, std::chrono::milliseconds patience) {
     const std::string path = FollowLinks(hostPath);
     const FolderLock lock(HostFolderOf(path), patience);
     TargetFile target(path, options);
-    std::string before = initial;
-    struct stat status {};
-    const bool exists = ::stat(path.c_str(), &status) == 0;
-    if (exists) {
-        const std::optional<std::string> content = ReadWholeFile(path, LargestProfile);
-        // Taking an unreadable file for an empty one would throw its lines away.
-        if (!content) throw RuntimeError(ErrorNumber::PathFileAccessError);
-        before = *content;
-    }
-    const std::string after = MergeProfileText(before, section, entries);
-    if (exists && after == before) return lock.Had();
+    const std::optional<std::string> content = ReadIfThere(path, LargestProfile);
+    const std::string after = MergeProfileText(content.value_or(initial), section, entries);
+    if (after == content) return lock.Had();
     target.Write(after);
     target.Commit();
     return lock.Had();

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -15,6 +16,11 @@ namespace tavrix {
 
 /// The largest file that counts as a profile, in bytes.
 inline constexpr std::size_t LargestProfile = std::size_t{1} << 20U;
+
+/// The text of a file; nothing where there is none. Throws where one is there and cannot be read, or is larger than
+/// `largest`: who takes it for nothing and writes it anew loses what is in it.
+[[nodiscard]] std::optional<std::string> ReadIfThere(const std::string& hostPath,
+                                                     std::size_t largest = LargestWholeFile);
 
 /// Sets keys in a profile at a host path: waits for other writers (see FolderLock), reads the file again, merges and
 /// replaces it. A failure changes nothing. `initial` is the content to start from where there is no file yet. Whether the

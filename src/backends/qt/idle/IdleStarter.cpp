@@ -17,15 +17,10 @@ std::optional<Milliseconds> IdleStarter::Ask(Milliseconds now) {
     if (!idle) return std::max(wait_, Pause);
     // A saver that has ended by itself is not started again and again in front of nobody.
     if (started_ && *idle >= now - *started_) return Pause;
-    started_.reset();
-    if (*idle < wait_) {
-        held_.reset();
-        return Again(wait_ - *idle);
-    }
+    if (*idle < wait_) return Again(wait_ - *idle);
     if (session_.Held()) held_ = now;
     // Who has watched a film to its end has not been away.
     if (held_ && now - *held_ < wait_) return Again(std::min(wait_ - (now - *held_), Pause));
-    held_.reset();
     started_ = now;
     if (session_.StartSaver()) return std::nullopt;
     return Pause;

@@ -39,7 +39,7 @@ class IdleStarter {
   private:
     Session& session_;
     Milliseconds wait_;
-    std::optional<Milliseconds> started_;  ///< the last start, until the user is back
+    std::optional<Milliseconds> started_;  ///< the last start
     std::optional<Milliseconds> held_;     ///< when the screen was held last
 };
 

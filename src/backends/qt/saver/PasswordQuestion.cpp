@@ -98,8 +98,8 @@ bool PasswordQuestion::Ask() {
 }
 
 void PasswordQuestion::Check() {
-    if (check_ || !field_->isVisible()) {
-        if (!check_) QDialog::reject();  // what was told has been read
+    if (!field_->isVisible()) {
+        QDialog::reject();  // what was told has been read
         return;
     }
     QByteArray password = TakeText(*field_);
