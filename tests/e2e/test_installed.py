@@ -76,17 +76,22 @@ class InstalledTest(ProgramTest):
         self.screen.press("F1")
         program.window("Tavrix Help")
 
+    def icon_of(self, window):
+        """The pixels of its icon by their sizes; nothing before all of them are there."""
+        icon = self.screen.window_property(window, "_NET_WM_ICON") or []
+        sizes, at = {}, 0
+        while at < len(icon):
+            width, height = icon[at:at + 2]
+            sizes[width, height] = icon[at + 2:at + 2 + width * height]
+            at += 2 + width * height
+        return sizes if sorted(sizes) == [(n, n) for n in (16, 24, 32, 48, 64)] else None
+
     def test_every_window_bears_the_icon(self):
         program = self.start("OPEN")
         for title in ("Tavrix", "Open Image"):
             window = program.window(title)
-            icon = wait_until(lambda: self.screen.window_property(window, "_NET_WM_ICON"), f"the icon of {title}")
-            sizes, at = {}, 0
-            while at < len(icon):
-                width, height = icon[at:at + 2]
-                sizes[width, height] = icon[at + 2:at + 2 + width * height]
-                at += 2 + width * height
-            self.assertEqual(sorted(sizes), [(n, n) for n in (16, 24, 32, 48, 64)])
+            # The window manager gives a stand-in to windows without one; ours comes after the first picture.
+            sizes = wait_until(lambda: self.icon_of(window), f"the icon of {title}")
             colours = {pixel for pixel in sizes[64, 64] if pixel >> 24 == 255}
             self.assertGreater(len(colours), 50, "the icon is a drawing")
 
