@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QMenuBar>
 #include <QStyle>
+#include <QTest>
 #include <optional>
 #include <string>
 
@@ -129,6 +130,17 @@ TEST_F(QtStartTest, TheMenuBarIsEmptyUntilItsWindowHasBeenPainted) {
     ASSERT_EQ(bar.actions().size(), 1);
     EXPECT_EQ(bar.actions().first()->text(), QStringLiteral("&File"));
     EXPECT_EQ(bar.height(), height);
+}
+
+TEST_F(QtStartTest, AKeyBeforeTheFirstPaintFindsTheMenus) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    ASSERT_TRUE(BarOf(form).actions().isEmpty());
+    QTest::keyClick(WidgetOf(form).windowHandle(), Qt::Key_F, Qt::AltModifier);
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(WidgetOf(form).windowHandle(), Qt::Key_Escape);
+    driver->Settle();
+    EXPECT_EQ(BarOf(form).actions().size(), 1);
 }
 
 TEST_F(QtStartTest, WorkForTheFirstPaintIsDoneOnceAndAfterIt) {

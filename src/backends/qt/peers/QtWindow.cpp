@@ -70,6 +70,7 @@ QtWindow::QtWindow(const SinkPort& port, const forms::WindowTraits& traits, cons
                 &mapTimer_, [this] { AfterPaint(); }, Qt::QueuedConnection);
         }
     };
+    Get().onKey = [this] { MakeMenus(); };
     if (traits.minimumWidth > 0 || traits.minimumHeight > 0) {
         const double ratio = DeviceRatio();
         const auto devicePixels = [ratio](float twips) {
@@ -367,11 +368,16 @@ void QtWindow::Report() {
     if (news || confirm) Get().Port().Deliver(forms::PlacementEvent{now, state});
 }
 
-void QtWindow::AfterPaint() {
-    pointer_.WindowsAreUp();
-    afterPaint_ = true;
+void QtWindow::MakeMenus() {
+    Get().onKey = nullptr;
+    menusMade_ = true;
     for (QtMenuItem* menu : barMenus_)
         menu->Fill();
+}
+
+void QtWindow::AfterPaint() {
+    pointer_.WindowsAreUp();
+    MakeMenus();
     if (Get().MenuBar() != nullptr) metrics_.CheckNote();
 }
 

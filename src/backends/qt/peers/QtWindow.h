@@ -42,11 +42,11 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
         return Get().MenuBar() != nullptr ? static_cast<QWidget*>(Get().MenuBar()) : &Get();
     }
 
-    /// A menu of the bar, which is made and filled once the window has been painted: its text loads the first font, and a
-    /// picture does not wait for that.
+    /// A menu of the bar, which is made and filled once the window has been painted, or a key is pressed before: its text
+    /// loads the first font, and a picture does not wait for that.
     void AddBarMenu(QtMenuItem& menu) { barMenus_.push_back(&menu); }
     void RemoveBarMenu(QtMenuItem& menu) { std::erase(barMenus_, &menu); }
-    [[nodiscard]] bool BarWaits() const { return Get().MenuBar() != nullptr && !afterPaint_; }
+    [[nodiscard]] bool BarWaits() const { return Get().MenuBar() != nullptr && !menusMade_; }
 
   private:
     /// Where the widget goes, in logical pixels: the corner of the frame and the size without the frame.
@@ -72,6 +72,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     void ScheduleReport(bool answered);
     void Report();
     void AfterPaint();
+    void MakeMenus();
     void HoldTitle();
 
     const Metrics& metrics_;
@@ -91,7 +92,7 @@ class QtWindow final : public QtControl<forms::WindowPeer, WindowWidget> {
     bool toldHiding_ = false;
     bool topmost_ = false;
     bool painted_ = false;
-    bool afterPaint_ = false;
+    bool menusMade_ = false;
     forms::WindowState state_ = forms::WindowState::Normal;  ///< as forms know it
     std::optional<PixelRect> outer_;                         ///< as forms know it
     bool placed_ = false;    ///< forms said where it goes, or the window system did

@@ -73,6 +73,7 @@ void WindowWidget::Detach() {
     onPlaced = nullptr;
     onMapped = nullptr;
     onPainted = nullptr;
+    onKey = nullptr;
 }
 
 void WindowWidget::WatchNative() {
@@ -86,6 +87,7 @@ bool WindowWidget::event(QEvent* event) {
         QMetaObject::invokeMethod(
             this, [this] { port_.Deliver(forms::FontEvent{}); }, Qt::QueuedConnection);
     }
+    if (event->type() == QEvent::ShortcutOverride && onKey) onKey();
     if (event->type() == QEvent::WindowActivate) {
         const bool done = QWidget::event(event);
         port_.Deliver(forms::ActivateEvent{});

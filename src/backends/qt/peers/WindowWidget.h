@@ -49,6 +49,8 @@ class WindowWidget final : public QWidget {
     std::function<void(const QWidget& mapped)> onMapped;
     /// The window was painted.
     std::function<void()> onPainted;
+    /// A key was pressed, which may be the letter of a menu.
+    std::function<void()> onKey;
 
   protected:
     bool event(QEvent* event) override;
