@@ -9,25 +9,14 @@ from driver import drive_path, wait_until
 from driver.accessibility import Gone
 from driver.drop import DropSource
 from driver.waiting import wait_unchanged
+from samples import FILES, SAMPLES, put_samples
 from support import ProgramTest
-
-SAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples")
-BROWSER = "Tavrix - [Thumbnail Browser]"
-FOLDER_DIALOG = "Thumbnail Browser - [Select Folder to Browse]"
-FILES_DIALOG = "Thumbnail Browser - [Select Files]"
-FILES = 40
+from thumbnail_browser import BROWSER, FILES_DIALOG, ThumbnailBrowser
 
 
-class ThumbnailsTest(ProgramTest):
+class ThumbnailsTest(ThumbnailBrowser, ProgramTest):
     def put_samples(self):
-        """Forty pictures of all kinds that are opened, in the order of their names."""
-        kinds = (".bmp", ".dib", ".jpg", ".gif", ".wmf", ".emf", ".ico", ".rle", ".cur")
-        samples = [name for name in sorted(os.listdir(SAMPLES)) if name.endswith(kinds)]
-        self.names = []
-        for number in range(1, FILES + 1):
-            sample = samples[number % len(samples)]
-            self.names.append(f"{number:02}-{sample}")
-            shutil.copy(os.path.join(SAMPLES, sample), os.path.join(self.home.pictures, self.names[-1]))
+        self.names = put_samples(self.home.pictures)
 
     def put_broken(self):
         """Pictures of all these kinds that are nothing, only a beginning, a half, and one with a hole."""
@@ -42,35 +31,6 @@ class ThumbnailsTest(ProgramTest):
                 self.names.append(f"{len(self.names) + 1:02}-{sample}")
                 with open(os.path.join(self.home.pictures, self.names[-1]), "wb") as file:
                     file.write(broken)
-
-    def browse(self, settings="", rests=True):
-        """The program with the browser on the folder of pictures."""
-        self.home.write_settings("[Viewer]\nStartupDialog=0\n" + settings)
-        program = self.start(folder=self.home.pictures)
-        program.main()
-        program.menu_entry("File", "Thumbnails", "Browse Folder").act()
-        self.dialog(program, FOLDER_DIALOG)
-        self.screen.press("Return")
-        return program, self.browser(program, rests)
-
-    def browser(self, program, rests=True):
-        """The browser; with boxes about its pictures above it, it does not rest."""
-        window = program.window(BROWSER)
-        if rests:
-            wait_until(lambda: self.screen.active() == window.id, "the browser becoming active")
-        return program.wait(lambda: next((top for top in program.root().children() if top.name == BROWSER), None),
-                            BROWSER)
-
-    def labels(self, browser):
-        return [label.text for label in browser.all("label")]
-
-    def wait_page(self, browser, first, last):
-        """Waits until a page stands, and for the thumbnails of its images."""
-        wanted = f"{first} to {last}" if first != last else str(first)
-        wait_until(lambda: wanted in self.labels(browser), lambda: f"page {wanted}; there are {self.labels(browser)}")
-        shown = self.thumbnails(browser)
-        self.assertEqual([graphic.name for graphic in shown], self.names[first - 1:last])
-        return shown
 
     def pass_failures(self, program, browser, first, last):
         """Lets a page come to its end, whatever fails on it. Gives the paths of what has failed."""
@@ -87,19 +47,6 @@ class ThumbnailsTest(ProgramTest):
         wait_until(look, lambda: f"page {first} to {last}; there are {self.labels(browser)}, and {failed} failed", 60)
         return failed
 
-    def thumbnails(self, browser):
-        return [graphic for graphic in browser.all("graphic") if "-" in graphic.name]
-
-    def colours(self, graphic):
-        x, y, width, height = graphic.extents
-        return len(self.screen.grab(x, y, width, height).convert("RGB").getcolors(1 << 24))
-
-    def is_seen(self, browser, index):
-        try:
-            return self.colours(self.thumbnails(browser)[index]) > 1
-        except (Gone, IndexError):  # the page is just made
-            return False
-
     def click_row(self, dialog, name):
         """Whether there is such a row; the list may be filled just now."""
         try:
@@ -109,15 +56,6 @@ class ThumbnailsTest(ProgramTest):
             return row is not None
         except Gone:
             return False
-
-    def point_at(self, graphic):
-        x, y, width, height = graphic.extents
-        self.screen.move_pointer(x + width // 2 - 1, y + height // 2)
-        self.screen.move_pointer(x + width // 2, y + height // 2)
-
-    def click(self, graphic, button=1):
-        x, y, width, height = graphic.extents
-        self.screen.click(x + width // 2, y + height // 2, button=button)
 
     def test_pages_show_every_kind_and_wrap(self):
         self.put_samples()
@@ -152,7 +90,7 @@ class ThumbnailsTest(ProgramTest):
         self.point_at(third)
         size = os.path.getsize(os.path.join(self.home.pictures, self.names[2]))
         hint = f"{self.names[2]} ({size:,} bytes)"
-        wait_until(lambda: hint in self.labels(browser), lambda: f"{hint}; there are {self.labels(browser)}")
+        self.wait_labels(browser, hint)
         self.click(third, button=3)
         program.wait(program.popups, "the popup menu")
         self.screen.press("Escape")
@@ -203,12 +141,12 @@ class ThumbnailsTest(ProgramTest):
             wait_until(lambda name=name: self.click_row(dialog, name), name)
         self.screen.press("Alt+o")
         browser = self.browser(program)
-        wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"two; there are {self.labels(browser)}")
+        self.wait_labels(browser, "1 to 2")
         self.assertEqual([g.name for g in self.thumbnails(browser)], [self.names[1], self.names[4]])
         self.assertIn("Tavrix is showing thumbnails of selected files...", self.labels(browser))
         dropped = [os.path.join(self.home.pictures, self.names[i]) for i in (7, 3, 5)]
         self.assertTrue(DropSource(self.screen, dropped).drop_on(program.window(BROWSER)))
-        wait_until(lambda: "1 to 3" in self.labels(browser), lambda: f"three; there are {self.labels(browser)}")
+        self.wait_labels(browser, "1 to 3")
         self.assertEqual([g.name for g in self.thumbnails(browser)], [os.path.basename(path) for path in dropped])
 
     def test_broken_pictures_stop_no_page(self):
@@ -238,7 +176,7 @@ class ThumbnailsTest(ProgramTest):
         stop = wait_until(lambda: next(iter(browser.all("push button", "Stop")), None), "the Stop button")
         wait_until(lambda: len(self.thumbnails(browser)) == 1, "the first thumbnail")
         self.click(stop)
-        wait_until(lambda: "1 to 2" in self.labels(browser), lambda: f"the end; there are {self.labels(browser)}")
+        self.wait_labels(browser, "1 to 2")
         self.assertEqual([g.name for g in self.thumbnails(browser)], self.names[:1])
         self.screen.press("Escape")
         program.main()

@@ -1,4 +1,5 @@
-"""A disk that sleeps for as long as a test wants: the folders named "asleep" on it."""
+"""A disk that sleeps for as long as a test wants: the folders named "asleep" on it, and the files named "...asleep.*" where
+another thread than the first reads them."""
 
 import os
 
@@ -11,12 +12,15 @@ class SleepingDisk:
 
     def __init__(self, folder):
         self._sign = os.path.join(folder, "the disk sleeps")
-        with open(self._sign, "wb"):
-            pass
+        self.sleep()
         # The library is not that of the sanitizers, which want to be the first one.
         sanitizers = ":".join(filter(None, (os.environ.get("ASAN_OPTIONS"), "verify_asan_link_order=0")))
         self.environment = {"LD_PRELOAD": os.path.realpath(LIBRARY), "TAVRIX_TEST_SLEEP": self._sign,
                             "ASAN_OPTIONS": sanitizers}
+
+    def sleep(self):
+        with open(self._sign, "wb"):
+            pass
 
     def wake(self):
         os.remove(self._sign)
