@@ -10,18 +10,16 @@
 #include <utility>
 #include <vector>
 
-#include "backends/headless/HeadlessToolkit.h"
-#include "core/Main.h"
 #include "core/Settings.h"
 #include "core/UnsavedImage.h"
 #include "editing/SavingTest.h"
 #include "editing/saving/ExportBmpFrm.h"
 #include "editing/saving/ExportJpgFrm.h"
 #include "editing/saving/SaveCopyFrm.h"
-#include "program/WireProgram.h"
 #include "shows/files/WriteSlideFile.h"
 #include "support/FaultSweep.h"
 #include "system_faults/HostMachine.h"
+#include "system_faults/MachineProgram.h"
 #include "system_faults/SystemFaults.h"
 #include "viewer/MainViewFrm.h"
 
@@ -31,48 +29,8 @@ namespace {
 constexpr const char* Opened = "C:\\p\\a.gif";
 constexpr Pixel Blue = OpaquePixel(20, 120, 220);
 
-/// One life of the program on a machine with real files. Boxes are closed as they come.
-class HostProgram {
-  public:
-    explicit HostProgram(HostMachine& machine) : machine_(machine) { WireProgram(module, lives_); }
-
-    bool Start(const std::string& commandLine) {
-        machine_.rest.process.commandLine = commandLine;
-        return !Ends([this] { Main(module, lives_); });
-    }
-    static bool Ends(const std::function<void()>& action) {
-        try {
-            action();
-        } catch (const headless::ProcessEnded&) {
-            return true;
-        }
-        return false;
-    }
-    MainViewFrm& View() { return *app.Loaded<MainViewFrm>(); }
-
-    void ExpectQuestion(const std::string& text) {
-        toolkit.Expect({.text = text,
-                        .icon = forms::BoxIcon::Question,
-                        .buttons = forms::BoxButtons::YesNo,
-                        .reply = forms::Answer::Yes});
-    }
-
-    bool gaveUp = false;  ///< the user, before anything was to be written
-    headless::HeadlessToolkit toolkit;
-    forms::Application app{toolkit};
-
-  private:
-    HostMachine& machine_;
-
-  public:
-    MainModule module{app, machine_.services};
-
-  private:
-    Lives lives_;
-};
-
 template <class Dialog>
-void InDialog(HostProgram& program, const char* name, forms::Menu& entry,
+void InDialog(MachineProgram& program, const char* name, forms::Menu& entry,
               const std::function<void(Dialog&)>& action) {
     bool asksAgain = false;
     // A window that asks again after a failure is closed: the user has had enough.
@@ -86,7 +44,7 @@ void InDialog(HostProgram& program, const char* name, forms::Menu& entry,
 
 /// Saves over what has that name in the folder C:\q. Where that cannot be listed, the user gives up.
 template <class Dialog>
-void SaveAs(HostProgram& program, Dialog& dialog, forms::CommandButton& button, const std::string& name) {
+void SaveAs(MachineProgram& program, Dialog& dialog, forms::CommandButton& button, const std::string& name) {
     SkipFailure([&] { dialog.Target.Lists.GoTo("C:\\q"); });
     dialog.Target.txtFilename.Text = name;
     const std::string path = dialog.Target.FullName();
@@ -101,24 +59,24 @@ void SaveAs(HostProgram& program, Dialog& dialog, forms::CommandButton& button, 
     button.Deliver(forms::ClickEvent{});
 }
 
-void SaveCopy(HostProgram& program) {
+void SaveCopy(MachineProgram& program) {
     InDialog<SaveCopyFrm>(program, "SaveCopyFrm", program.View().menu.mnuSaveCopy,
                           [&](SaveCopyFrm& dialog) { SaveAs(program, dialog, dialog.CmdSave, "old.gif"); });
 }
 
-void ExportBmp(HostProgram& program) {
+void ExportBmp(MachineProgram& program) {
     InDialog<ExportBmpFrm>(
         program, "ExportBmpFrm", program.View().menu.mnuExportBMP,
         [&](ExportBmpFrm& dialog) { SaveAs(program, dialog, dialog.Buttons.CmdExport, "old.bmp"); });
 }
 
-void ExportJpg(HostProgram& program) {
+void ExportJpg(MachineProgram& program) {
     InDialog<ExportJpgFrm>(
         program, "ExportJpgFrm", program.View().menu.mnuExportJPG,
         [&](ExportJpgFrm& dialog) { SaveAs(program, dialog, dialog.Buttons.CmdExport, "old.jpg"); });
 }
 
-void SaveShow(HostProgram& program) {
+void SaveShow(MachineProgram& program) {
     SlideShow& show = program.module.show;
     show.EraseSlides();
     show.SlideFiles.Set(0, "C:\\p\\a.gif");
@@ -131,7 +89,7 @@ void SaveShow(HostProgram& program) {
 
 struct Doing {
     const char* name;
-    void (*run)(HostProgram&);
+    void (*run)(MachineProgram&);
     const char* target;   ///< what it writes, below C:
     bool silent = false;  ///< tells no failure
 };
@@ -144,13 +102,13 @@ constexpr std::array<Doing, 7> Doings{{
     {"save_copy", SaveCopy, "q/old.gif"},
     {"export_bmp", ExportBmp, "q/old.bmp"},
     {"export_jpg", ExportJpg, "q/old.jpg", true},
-    {"turn", [](HostProgram& program) { program.View().menu.mnu90CW.Deliver(forms::ClickEvent{}); },
+    {"turn", [](MachineProgram& program) { program.View().menu.mnu90CW.Deliver(forms::ClickEvent{}); },
      "Temp/Untitled.BMP"},
     {"show", SaveShow, "q/old.tvs"},
-    {"preferences", [](HostProgram& program) { SavePreferenceSettings(program.module); }, "Tavrix/tavrix.ini",
-     true},
-    {"slide_settings", [](HostProgram& program) { SaveSlideSettings(program.module); }, "Tavrix/tavrix.ini",
-     true},
+    {"preferences", [](MachineProgram& program) { SavePreferenceSettings(program.module); },
+     "Tavrix/tavrix.ini", true},
+    {"slide_settings", [](MachineProgram& program) { SaveSlideSettings(program.module); },
+     "Tavrix/tavrix.ini", true},
 }};
 
 void SetUpMachine(HostMachine& machine) {
@@ -166,7 +124,7 @@ bool HasLeftovers(const std::map<std::string, std::string>& files) {
         files, [](const auto& file) { return file.first.find("/.tavrix-") != std::string::npos; });
 }
 
-bool TellsFailure(const HostProgram& program) {
+bool TellsFailure(const MachineProgram& program) {
     return std::ranges::any_of(program.toolkit.Failures(), [](const std::string& failure) {
         return failure.find("Unable to") != std::string::npos ||
                failure.find("An error occurred") != std::string::npos;
@@ -179,7 +137,7 @@ class SavingSweep : public ::testing::TestWithParam<Doing> {
     static std::string Wanted(const Doing& doing) {
         HostMachine machine;
         SetUpMachine(machine);
-        HostProgram program(machine);
+        MachineProgram program(machine);
         EXPECT_TRUE(program.Start(Opened));
         doing.run(program);
         EXPECT_EQ(program.toolkit.Failures(), std::vector<std::string>{});
@@ -191,7 +149,7 @@ class SavingSweep : public ::testing::TestWithParam<Doing> {
         const Doing& doing = GetParam();
         HostMachine machine;
         SetUpMachine(machine);
-        HostProgram program(machine);
+        MachineProgram program(machine);
         EXPECT_TRUE(program.Start(Opened));
         const auto before = machine.AllFiles();
         bool fired = false;
@@ -261,7 +219,7 @@ class UnreadPicture : public ::testing::TestWithParam<Doing> {
     static std::string Wanted(const Doing& doing) {
         HostMachine machine;
         SetUp(machine);
-        HostProgram program(machine);
+        MachineProgram program(machine);
         EXPECT_TRUE(program.Start(Large));
         doing.run(program);
         EXPECT_EQ(program.toolkit.Failures(), std::vector<std::string>{});
@@ -272,7 +230,7 @@ class UnreadPicture : public ::testing::TestWithParam<Doing> {
     bool RunWithFault(int call) {
         HostMachine machine;
         SetUp(machine);
-        HostProgram program(machine);
+        MachineProgram program(machine);
         bool fired = false;
         {
             SystemFaults faults(machine.folder.At("c/p"));
@@ -303,17 +261,18 @@ TEST_P(UnreadPicture, IsNotTakenForAWholeOne) {
     EXPECT_GT(refused, 0) << "no fault left a part of the picture on show";
 }
 
-void Push(HostProgram& program, forms::Menu& entry) {
+void Push(MachineProgram& program, forms::Menu& entry) {
     program.View();
     entry.Deliver(forms::ClickEvent{});
 }
 
 constexpr std::array<Doing, 4> PictureDoings{{
     {"export_bmp", ExportBmp, "q/old.bmp"},
-    {"turn", [](HostProgram& program) { Push(program, program.View().menu.mnu90CW); }, "Temp/Untitled.BMP"},
-    {"flip", [](HostProgram& program) { Push(program, program.View().menu.mnuFlipHorizontal); },
+    {"turn", [](MachineProgram& program) { Push(program, program.View().menu.mnu90CW); },
      "Temp/Untitled.BMP"},
-    {"resize", [](HostProgram& program) { Push(program, program.View().menu.mnu50Smaller); },
+    {"flip", [](MachineProgram& program) { Push(program, program.View().menu.mnuFlipHorizontal); },
+     "Temp/Untitled.BMP"},
+    {"resize", [](MachineProgram& program) { Push(program, program.View().menu.mnu50Smaller); },
      "Temp/Untitled.BMP"},
 }};
 

@@ -1,6 +1,7 @@
 #include "editing/frame/EditFrame.h"
 
 #include <memory>
+#include <new>
 #include <string>
 
 #include "base/RuntimeError.h"
@@ -34,11 +35,13 @@ class UndoCopy {
         try {
             step();
             undo_.Enabled = true;
-        } catch (const RuntimeError&) {
-            undo_.Caption = "Can't Undo";
-            // An entry that an earlier edit has enabled stays so.
-            undo_.Enabled = enabledBefore_;
+            return;
+        } catch (const RuntimeError&) {  // the edit goes on
+        } catch (const std::bad_alloc&) {
         }
+        undo_.Caption = "Can't Undo";
+        // An entry that an earlier edit has enabled stays so.
+        undo_.Enabled = enabledBefore_;
     }
 
     forms::Menu& undo_;
