@@ -1,6 +1,7 @@
 """The guarded screen saver: it holds the screen for whoever knows the password of the account. The account is a stand-in's,
 since nobody may be asked for a real one: PAM is wrapped, and so is what tells about accounts."""
 
+import contextlib
 import glob
 import os
 import pwd
@@ -647,6 +648,56 @@ class WithAnotherGuard(GuardedTest):
         self.shows(self.small, "the picture")
         wait_until(lambda: self.whole_above(self.desktop) == 2, "stage and cover")
         self.take_over(program, signal.SIGKILL)
+
+
+    def start_with_a_silent_second_guard(self):
+        """A saver whose guard was killed, and whose next one says nothing; the saver and that guard."""
+        starts, silent = (os.path.join(self.home.folder, name) for name in ("starts", "silent"))
+        real = os.path.join(_HELPERS, _GUARD)
+        program = self.start_guarded(environment=self.guard_by(
+            f"echo x >> '{starts}'", f"[ $(wc -l < '{starts}') = 2 ] && echo $$ > '{silent}' && exec sleep 600",
+            f"exec '{real}' \"$@\""))
+        os.kill(self._guards()[0], signal.SIGKILL)
+
+        def started():
+            with contextlib.suppress(FileNotFoundError), open(silent, encoding="utf-8") as file:
+                return int(file.read() or 0)
+            return 0
+        return program, wait_until(started, "the guard that says nothing")
+
+    def runs(self, process):
+        try:
+            with open(f"/proc/{process}/stat", encoding="utf-8") as file:
+                return file.read().rpartition(")")[2].split()[0] != "Z"
+        except FileNotFoundError:
+            return False
+
+    def test_beside_a_guard_that_says_nothing_the_window_answers_and_stays_guarded(self):
+        program, silent = self.start_with_a_silent_second_guard()
+        for entered in ("wrong", ""):
+            self.screen.press("a")
+            question = self.question(program)
+            if entered:
+                self.enter(entered)
+                question.find("label", "The password is wrong.")
+                self.screen.press("Return")
+            else:
+                self.screen.press("Escape")
+            self.shows(self.small, "the picture")
+            self.assertTrue(self.held())
+        wait_until(lambda: len(self._guards()) == 1, "another guard in its place", limit=60)
+        wait_until(lambda: not self.runs(silent), "the end of the one that said nothing")
+        wait_until(lambda: self.whole_above(self.desktop) == 2, "stage and cover")
+        self.take_over(program, signal.SIGKILL)
+
+    def test_the_right_password_ends_the_saver_beside_it_and_it_goes_too(self):
+        program, silent = self.start_with_a_silent_second_guard()
+        self.screen.press("a")
+        self.question(program)
+        self.enter(_PASSWORD)
+        self.assertEqual(program.wait_end(), 0)
+        wait_until(lambda: not self.runs(silent), "its end")
+        self.assertFalse(self.held())
 
 
 class OnTwoScreens(GuardedTest):

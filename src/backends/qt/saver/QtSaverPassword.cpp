@@ -15,6 +15,13 @@ namespace tavrix::qt {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// How long a guard may take until its cover stands; much on a machine that does much else.
+constexpr std::chrono::milliseconds GuardPatience = 20s;
+
+}  // namespace
+
 QtSaverPassword::QtSaverPassword(GuardPrograms programs, Registry& registry, Ask ask)
     : programs_(std::move(programs)), registry_(registry), ask_(std::move(ask)) {}
 
@@ -34,10 +41,7 @@ void QtSaverPassword::Change() {
 
 bool QtSaverPassword::SetRunning(bool running) {
     if (running) return hold_ != nullptr || Begin();
-    if (guard_) static_cast<void>(guard_->Write({&GuardProtocol::Released, 1}));
-    guardEnd_.reset();
-    guard_.reset();
-    hold_.reset();
+    End();
     return true;
 }
 
@@ -45,35 +49,58 @@ bool QtSaverPassword::Begin() {
     auto hold = std::make_unique<ScreenHold>();
     if (!hold->Take(2s)) return false;
     hold_ = std::move(hold);
-    if (StartGuard()) return true;
-    hold_.reset();
+    // There is no window yet that would have to answer.
+    if (StartGuard() && HearGuard(GuardPatience)) return true;
+    End();
     return false;
 }
 
-bool QtSaverPassword::StartGuard() {
-    auto guard = PipedProgram::Start(programs_.guard, {programs_.checker});
-    if (!guard) return false;
-    const std::string word = guard->ReadLine(20s).value_or("");
-    std::uint32_t cover = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), cover);
-    if (error != std::errc() || cover == 0) {
-        guard->Kill();
-        return false;
+void QtSaverPassword::End() {
+    if (guard_) {
+        static_cast<void>(guard_->Write({&GuardProtocol::Released, 1}));
+        if (!guardStands_) guard_->Kill();  // it might never come to read that
     }
-    guard_ = std::move(guard);
+    guardEnd_.reset();
+    guard_.reset();
+    hold_.reset();
+}
+
+bool QtSaverPassword::StartGuard() {
+    guardStands_ = false;
+    guard_ = PipedProgram::Start(programs_.guard, {programs_.checker});
+    if (!guard_) return false;
     guardEnd_ = std::make_unique<QSocketNotifier>(guard_->Descriptor(), QSocketNotifier::Read);
-    QObject::connect(guardEnd_.get(), &QSocketNotifier::activated, guardEnd_.get(),
-                     [this] { GuardIsGone(); });
-    hold_->SetCover(cover);
+    QObject::connect(guardEnd_.get(), &QSocketNotifier::activated, guardEnd_.get(), [this] {
+        // Once its cover stands it has nothing more to say, so it has ended.
+        if (guardStands_ || !HearGuard(0ms)) GuardIsGone();
+    });
     return true;
 }
 
-/// It has nothing more to say, so it has ended; another one takes its place.
+bool QtSaverPassword::HearGuard(std::chrono::milliseconds within) {
+    const std::string word = guard_->ReadLine(within).value_or("");
+    std::uint32_t cover = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), cover);
+    guardStands_ = error == std::errc() && cover != 0;
+    if (guardStands_) hold_->SetCover(cover);
+    return guardStands_;
+}
+
+/// Another one takes its place. The saver goes on meanwhile: it still lets nobody out without the password.
 void QtSaverPassword::GuardIsGone() {
     guardEnd_->setEnabled(false);
+    guard_->Kill();
     hold_->SetCover(0);
-    QTimer::singleShot(1s, hold_.get(), [this] {
-        if (!StartGuard()) GuardIsGone();
+    QTimer::singleShot(1s, hold_.get(), [this] { StartGuardAgain(); });
+}
+
+void QtSaverPassword::StartGuardAgain() {
+    if (!StartGuard()) {
+        QTimer::singleShot(1s, hold_.get(), [this] { StartGuardAgain(); });
+        return;
+    }
+    QTimer::singleShot(GuardPatience, guardEnd_.get(), [this] {
+        if (!guardStands_ && guardEnd_->isEnabled()) GuardIsGone();
     });
 }
 

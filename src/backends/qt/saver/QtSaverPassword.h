@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -39,14 +40,20 @@ class QtSaverPassword final : public SaverPassword {
 
   private:
     [[nodiscard]] bool Begin();
+    void End();
+    /// Starts one; it is heard of once it says something. False when it cannot be started.
     [[nodiscard]] bool StartGuard();
+    /// What the guard says; whether its cover stands.
+    [[nodiscard]] bool HearGuard(std::chrono::milliseconds within);
     void GuardIsGone();
+    void StartGuardAgain();
 
     GuardPrograms programs_;
     Registry& registry_;
     Ask ask_;
     std::unique_ptr<ScreenHold> hold_;  ///< while the saver is guarded
     std::optional<PipedProgram> guard_;
+    bool guardStands_ = false;  ///< with its cover
     std::unique_ptr<QSocketNotifier> guardEnd_;
 };
 
