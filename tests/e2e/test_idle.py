@@ -218,8 +218,8 @@ class IdleTest(IdleProgramTest):
         self.assertEqual(self.ends(process), 0)
 
     def test_the_entry_is_followed_also_when_it_was_replaced(self):
-        def write(path, minutes, how="w"):
-            with open(path, how, encoding="utf-8") as file:
+        def write(path, minutes):
+            with open(path, "w", encoding="utf-8") as file:
                 file.write(f"[Desktop Entry]\nExec=x\nX-Tavrix-Minutes={minutes}\n")
         mutter = self.service(_MUTTER, GLib.Variant("t", 100_000))
         os.makedirs(os.path.dirname(self.entry))
@@ -231,8 +231,28 @@ class IdleTest(IdleProgramTest):
         os.replace(self.entry + ".new", self.entry)
         wait_until(lambda: mutter.asked > asked, "a question for another time")
         self.never_starts(1)
-        write(self.entry, 1, "r+")  # at no moment is it empty
+        write(self.entry, 1)
         self.saver()
+
+    def test_an_entry_that_is_being_written_does_not_end_it(self):
+        mutter = self.service(_MUTTER, GLib.Variant("t", 100_000))
+        os.makedirs(os.path.dirname(self.entry))
+        with open(self.entry, "w", encoding="utf-8") as file:
+            file.write("[Desktop Entry]\nExec=x\nX-Tavrix-Minutes=9\n")
+        process = self.start_idle(WAYLAND_DISPLAY="none", QT_QPA_PLATFORM="xcb")
+        wait_until(lambda: mutter.asked, "a question to the compositor")
+        for text in ("", "[Desktop Entry]\nTyp"):
+            asked = mutter.asked
+            with open(self.entry, "w", encoding="utf-8") as file:
+                file.write(text)
+            wait_until(lambda asked=asked: mutter.asked > asked or process.poll() is not None, "a look at the entry")
+            self.assertIsNone(process.poll(), text)
+        self.assertEqual(self.savers(), [])
+        with open(self.entry, "a", encoding="utf-8") as file:
+            file.write("e=Application\nExec=x\nX-Tavrix-Minutes=1\n")
+        self.saver()
+        os.remove(self.entry)
+        self.assertEqual(self.ends(process), 0)
 
     def test_not_while_our_own_show_plays(self):
         self.start_idle("--seconds", "6")

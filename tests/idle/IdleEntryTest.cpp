@@ -119,6 +119,39 @@ TEST_F(IdleEntryTest, DesktopsSwitchItOffInTheirOwnWays) {
     EXPECT_EQ(entry().Minutes(), std::nullopt);
 }
 
+TEST_F(IdleEntryTest, WhatIsHalfWrittenChangesNothingThatIsKnown) {
+    entry().Set(25, "/p/tavrix-idle");
+    const std::string whole = Text();
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        Write(whole.substr(0, length));
+        const bool namesProgram = length > whole.find("Exec=") + 4;
+        if (!namesProgram) {
+            EXPECT_EQ(entry().Minutes(7), 7) << length;
+            EXPECT_EQ(entry().Minutes(), std::nullopt) << length;
+        }
+        EXPECT_NE(entry().Minutes(7), std::nullopt) << length;
+    }
+    EXPECT_EQ(entry().Minutes(7), 25);
+    Write(whole + "Hidden=true\n");
+    EXPECT_EQ(entry().Minutes(7), 25) << "the first of two counts";
+    Write("[Desktop Entry]\nExec=x\nHidden=true\n");
+    EXPECT_EQ(entry().Minutes(7), std::nullopt);
+    fs::remove(entry().File());
+    EXPECT_EQ(entry().Minutes(7), std::nullopt);
+}
+
+TEST_F(IdleEntryTest, WhoeverReadsItMeetsTheFormerOneOrTheNewOne) {
+    entry().Set(25, "/p/tavrix-idle");
+    const std::string former = Text();
+    std::ifstream reader(entry().File());
+    entry().Set(3, "/p/tavrix-idle");
+    std::ostringstream read;
+    read << reader.rdbuf();
+    EXPECT_EQ(read.str(), former);
+    EXPECT_EQ(entry().Minutes(), 3);
+    EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(entry().File()).parent_path()), {}), 1);
+}
+
 TEST_F(IdleEntryTest, ANumberThatMakesNoSenseIsTheUsualOne) {
     for (const char* number : {"", "0", "-3", "ten", "99999", "123456789123", "1 0"}) {
         Write("[Desktop Entry]\nExec=x\nX-Tavrix-Minutes=" + std::string(number) + "\n");

@@ -37,6 +37,7 @@ class IdleProgram {
     IdleProgram(const HostPaths& paths, const std::string& viewer, std::optional<Milliseconds> fixed)
         : entry_(paths),
           store_(paths),
+          minutes_(fixed ? std::nullopt : entry_.Minutes()),
           fixed_(fixed),
           session_(viewer,
                    [this] {
@@ -59,9 +60,8 @@ class IdleProgram {
 
     [[nodiscard]] std::optional<Milliseconds> Wait() const {
         if (fixed_) return fixed_;
-        const std::optional<int> minutes = entry_.Minutes();
-        if (!minutes) return std::nullopt;
-        return std::chrono::minutes(*minutes);
+        if (!minutes_) return std::nullopt;
+        return std::chrono::minutes(*minutes_);
     }
 
     void Ask() {
@@ -83,21 +83,28 @@ class IdleProgram {
         });
     }
     void WatchEntry() {
-        const auto follow = [this] {
-            const std::optional<Milliseconds> wait = Wait();
-            if (!wait) {
-                End();
-                return;
-            }
+        // Whoever changes the entry may write it piece by piece.
+        constexpr Milliseconds settling{500};
+        settled_.setSingleShot(true);
+        settled_.setInterval(settling);
+        QObject::connect(&settled_, &QTimer::timeout, &settled_, [this] { Follow(); });
+        const auto changed = [this] {
             AddEntry();
-            starter_.SetWait(*wait);
-            Ask();
+            settled_.start();
         };
-        QObject::connect(&watcher_, &QFileSystemWatcher::fileChanged, &watcher_, follow);
-        QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, follow);
+        QObject::connect(&watcher_, &QFileSystemWatcher::fileChanged, &watcher_, changed);
+        QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, changed);
         watcher_.addPath(QString::fromStdString(HostFolderOf(entry_.File())));
         AddEntry();
-        follow();  // what changed before it was watched
+        Follow();  // what changed before it was watched
+    }
+    void Follow() {
+        minutes_ = entry_.Minutes(minutes_);
+        const std::optional<Milliseconds> wait = Wait();
+        if (!wait) End();
+        AddEntry();
+        starter_.SetWait(*wait);
+        Ask();
     }
     /// A file that was replaced is another one to the watcher.
     void AddEntry() {
@@ -107,10 +114,12 @@ class IdleProgram {
 
     IdleEntry entry_;
     HostUserStore store_;
+    std::optional<int> minutes_;  ///< what the entry has said, where the time is not fixed
     std::optional<Milliseconds> fixed_;
     DesktopSession session_;
     IdleStarter starter_;
     QTimer timer_;
+    QTimer settled_;
     QFileSystemWatcher watcher_;
     std::unique_ptr<QSocketNotifier> notifier_;
 };

@@ -79,11 +79,12 @@ std::string WithKey(const std::string& text, const std::string& key, const std::
 IdleEntry::IdleEntry(const HostPaths& paths)
     : file_(HostFolderOf(paths.config) + "/autostart/tavrix-idle.desktop") {}
 
-std::optional<int> IdleEntry::Minutes() const {
+std::optional<int> IdleEntry::Minutes(std::optional<int> known) const {
     const std::optional<std::string> content = ReadWholeFile(file_, LargestProfile);
     if (!content) return std::nullopt;
     const ProfileSection entry = ReadProfileSection(*content, Section);
-    if (!entry.Has("Exec") || EqualIgnoringCase(entry.Read("Hidden"), "true")) return std::nullopt;
+    if (!entry.Has("Exec")) return known;
+    if (EqualIgnoringCase(entry.Read("Hidden"), "true")) return std::nullopt;
     if (EqualIgnoringCase(entry.Read("X-GNOME-Autostart-enabled"), "false")) return std::nullopt;
     const std::string digits = entry.Read(MinutesKey);
     const bool number = !digits.empty() && digits.size() <= 5 &&
