@@ -19,6 +19,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "setup/MenuEntry.h"
+#include "setup/NewFolder.h"
 #include "setup/UserStoreFile.h"
 
 namespace tavrix::setup {
@@ -147,7 +148,8 @@ class Installing {
           progress_(progress),
           notes_(ReadNotes(package, names)),
           target_(InstallFolder(places, notes_.name)),
-          new_(PackagesFolder(places) + "/.new-" + std::to_string(::getpid())) {}
+          folder_(PackagesFolder(places), FolderName(notes_.name)),
+          new_(folder_.Path()) {}
 
     bool Run() {
         std::error_code error;
@@ -184,7 +186,7 @@ class Installing {
     }
 
     bool CopyAll() {
-        if (::mkdir(new_.c_str(), 0755) != 0) throw ErrorOf(errno);
+        folder_.Make();
         std::int64_t done = 0;
         for (const std::string& file : FilesOf(package_, names_)) {
             const std::string target = new_ + "/" + file;
@@ -271,7 +273,8 @@ class Installing {
     const Progress& progress_;
     PackageNotes notes_;
     std::string target_;
-    std::string new_;
+    NewFolder folder_;
+    const std::string& new_;
     Notes own_;
     bool inPlace_ = false;  ///< what stands at target_ is this
 };

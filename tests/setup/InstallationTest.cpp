@@ -1,12 +1,19 @@
 #include "setup/Installation.h"
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 #include "SetupTest.h"
 #include "base/Text.h"
+#include "linux/KilledChild.h"
 #include "setup/UserStoreFile.h"
 #include "support/ErrorOfCall.h"
 #include "support/FaultSweep.h"
@@ -273,6 +280,67 @@ TEST_F(SetupTest, GivingUpLeavesNothing) {
         return ++told < 4;
     }));
     EXPECT_EQ(All(), before);
+}
+
+/// Installs in a process that is killed once it has copied something. Its number.
+pid_t KillInstallation(const std::function<void(const Progress&)>& install) {
+    const pid_t child =
+        InChild([&install] { install([](std::int64_t) { return ::kill(::getpid(), SIGKILL) == 0; }); });
+    int status = 0;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    return child;
+}
+
+TEST_F(SetupTest, WhatAKilledInstallationHasLeftGoesWithTheNextOneOfTheSamePackage) {
+    // Folders above are made by the first, which tells nobody; here they are the user's.
+    fs::create_directories(folder.At("user/config/tavrix"));
+    folder.Put("user/data/tavrix-packages/Trip 2/letter", "own");
+    const auto before = All();
+    const std::string left =
+        "user/data/tavrix-packages/.new-Trip." +
+        std::to_string(KillInstallation([this](const Progress& progress) { Install(progress); }));
+    ASSERT_TRUE(fs::is_directory(folder.At(left)));
+    ASSERT_FALSE(fs::is_empty(folder.At(left)));
+    // Of other packages, of nobody who installs, and led to by a link.
+    for (const char* other : {".new-Trip 2.12", ".new-Trip.2.12", ".new-Trip.", ".new-Trip.12x", ".new-12"})
+        folder.Put("user/data/tavrix-packages/" + std::string(other) + "/a", "other");
+    folder.Put("user/data/tavrix-packages/.new-Trip.13", "a file");
+    folder.Put("user/pictures/a", "own");
+    fs::create_directory_symlink(folder.At("user/pictures"),
+                                 folder.At("user/data/tavrix-packages/.new-Trip.14"));
+    auto rest = All();
+    std::erase_if(rest, [&left](const auto& file) { return file.first.starts_with(left); });
+
+    bool grew = false;
+    ASSERT_FALSE(Install([&](std::int64_t) {
+        grew = true;
+        EXPECT_FALSE(fs::exists(folder.At(left)));
+        return false;
+    }));
+    EXPECT_TRUE(grew);
+    EXPECT_EQ(All(), rest);
+    ASSERT_TRUE(Install());
+    Remove();
+    EXPECT_EQ(All(), rest);
+    EXPECT_TRUE(std::ranges::includes(rest, before));
+}
+
+TEST_F(SetupTest, OneThatGrowsIsNotTakenForLeft) {
+    bool second = false;
+    ASSERT_TRUE(Install([&](std::int64_t) {
+        if (std::exchange(second, true)) return true;
+        const pid_t child = InChild([this] {
+            // The same package, given up at its first file.
+            ::_exit(Install([](std::int64_t) { return false; }) ? 1 : 0);
+        });
+        int status = 0;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+        return true;
+    }));
+    EXPECT_EQ(InTarget("TAVRIX.EXE"), "launcher");
+    EXPECT_EQ(InTarget("SLIDES/a.bmp"), "picture");
 }
 
 TEST_F(SetupTest, TheProgressEndsWithTheSize) {
