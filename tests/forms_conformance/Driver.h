@@ -29,6 +29,9 @@ struct BoxScript {
     bool byEscape = false;  ///< with the Escape key; `reply` is what that has to give
     bool pressHelp = false;
     forms::Milliseconds openFor{0};
+    /// Keys with their modifiers that are pressed one right after the other, as long as the box is there; `reply` is what
+    /// they have to give. For window systems.
+    std::vector<std::pair<int, int>> keys{};
 };
 
 /// What the user does with the next input box.

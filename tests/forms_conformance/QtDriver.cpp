@@ -613,6 +613,13 @@ class QtDriver final : public Driver {
             QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
             return;
         }
+        if (!script.keys.empty()) {
+            const QPointer<QWindow> window = box.windowHandle();
+            for (const auto& [key, shift] : script.keys) {
+                if (window && window->isVisible()) QTest::keyClick(window, KeyOf(key), ModifiersOf(shift));
+            }
+            return;
+        }
         for (const ButtonText& button : ButtonsOf(script.expected.buttons)) {
             if (button.answer == script.reply) {
                 QTest::mouseClick(box.button(button.button), Qt::LeftButton);

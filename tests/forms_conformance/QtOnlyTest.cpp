@@ -300,6 +300,22 @@ TEST_F(QtOnlyTest, TheLetterOfAButtonPressesItAtOnce) {
     EXPECT_EQ(Count(log, "click"), 2);
 }
 
+TEST_F(QtOnlyTest, TheLetterOfABoxAnswersItAtOnce) {
+    const BoxRequest question{.text = "Delete?", .buttons = BoxButtons::YesNo};
+    // The key that comes next would press the default button.
+    for (const int shift : {0, int{ShiftMask::Alt}}) {
+        driver->ScriptNextBox({.expected = question, .keys = {{'N', shift}, {KeyCode::Return, 0}}});
+        EXPECT_EQ(app.MessageBox(question), Answer::No) << shift;
+        driver->ScriptNextBox({.expected = question, .keys = {{'Y', shift}, {'N', shift}}});
+        EXPECT_EQ(app.MessageBox(question), Answer::Yes) << shift;
+    }
+    // What is no letter of its own changes nothing.
+    driver->ScriptNextBox(
+        {.expected = question,
+         .keys = {{'X', 0}, {'X', ShiftMask::Alt}, {'N', ShiftMask::Ctrl}, {KeyCode::Return, 0}}});
+    EXPECT_EQ(app.MessageBox(question), Answer::Yes);
+}
+
 TEST_F(QtOnlyTest, EnterAndEscapePressTheButtonsOfADialog) {
     auto& form = app.Load<TestForm>(log, "Dialog", false);
     form.button.Cancel = true;

@@ -1,10 +1,13 @@
 #include "backends/qt/peers/QtBox.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 #include <span>
 #include <utility>
 
+#include "backends/qt/peers/LetterPress.h"
 #include "backends/qt/peers/Owner.h"
 
 namespace tavrix::qt {
@@ -63,11 +66,53 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// A box whose letters, with Alt or without, answer it at once.
+class Box final : public QMessageBox {
+  public:
+    QPushButton* Add(StandardButton kind, const char* text) {
+        QPushButton* button = addButton(kind);
+        button->setText(QString::fromLatin1(text));
+        button->setIcon({});
+        button->installEventFilter(this);
+        return button;
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* button = qobject_cast<QAbstractButton*>(watched);
+        if (button == nullptr || !IsLetterPress(*event)) return QMessageBox::eventFilter(watched, event);
+        button->click();
+        return true;
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (QAbstractButton* button = ButtonOf(*event)) {
+            button->click();
+        } else {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+
+  private:
+    /// The button whose letter was typed.
+    [[nodiscard]] QAbstractButton* ButtonOf(const QKeyEvent& event) const {
+        if ((event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0)
+            return nullptr;
+        const QList<QAbstractButton*> all = buttons();
+        const auto found = std::ranges::find_if(all, [&event](const QAbstractButton* button) {
+            const QKeySequence letter = button->shortcut();
+            return !letter.isEmpty() && letter[0].key() == event.key();
+        });
+        return found != all.end() ? *found : nullptr;
+    }
+};
+
 }  // namespace
 
 QtBox::QtBox(const forms::BoxRequest& request, std::function<void(Answer)> answered,
              const std::function<void()>& help, ScreenPointer& pointer, LogicCalls& calls)
-    : answered_(std::move(answered)), pointer_(pointer), calls_(calls), box_(new QMessageBox) {
+    : answered_(std::move(answered)), pointer_(pointer), calls_(calls) {
+    auto* const box = new Box;
+    box_ = box;
     box_->setTextFormat(Qt::PlainText);
     box_->setWindowTitle(QString::fromStdString(request.title));
     box_->setText(QString::fromStdString(request.text).remove(QLatin1Char('\r')));
@@ -76,16 +121,12 @@ QtBox::QtBox(const forms::BoxRequest& request, std::function<void(Answer)> answe
     const Answer escape = EscapeAnswer(request.buttons);
     int number = 0;
     for (const ButtonKind& kind : KindsOf(request.buttons)) {
-        QPushButton* button = box_->addButton(kind.standard);
-        button->setText(QString::fromLatin1(kind.text));
-        button->setIcon({});
+        QPushButton* button = box->Add(kind.standard, kind.text);
         if (++number == request.defaultButton) box_->setDefaultButton(button);
         if (kind.answer == escape) box_->setEscapeButton(button);
     }
     if (request.help) {
-        QPushButton* button = box_->addButton(QMessageBox::Help);
-        button->setText(QStringLiteral("Help"));
-        button->setIcon({});
+        QPushButton* button = box->Add(QMessageBox::Help, "Help");
         // It does not close the box, as all buttons of such a box do by themselves.
         QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
         QObject::connect(button, &QPushButton::clicked, box_, [this, help] {

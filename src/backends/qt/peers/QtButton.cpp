@@ -1,11 +1,11 @@
 #include "backends/qt/peers/QtButton.h"
 
 #include <QMouseEvent>
-#include <QShortcutEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
 
+#include "backends/qt/peers/LetterPress.h"
 #include "backends/qt/peers/SurfaceImage.h"
 
 namespace tavrix::qt {
@@ -33,8 +33,7 @@ QSize ButtonWidget::sizeHint() const {
 }
 
 bool ButtonWidget::event(QEvent* event) {
-    // Qt would hold it down for a tenth of a second first, and a button that stops something has to act at once.
-    if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+    if (IsLetterPress(*event)) {
         click();
         return true;
     }

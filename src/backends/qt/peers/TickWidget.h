@@ -2,8 +2,8 @@
 
 #include <QAbstractButton>
 #include <QMouseEvent>
-#include <QShortcutEvent>
 
+#include "backends/qt/peers/LetterPress.h"
 #include "backends/qt/peers/MouseRelay.h"
 #include "backends/qt/peers/QtControl.h"
 #include "backends/qt/peers/SinkWidget.h"
@@ -23,9 +23,8 @@ class TickWidget : public SinkWidget<Button> {
 
   protected:
     bool event(QEvent* event) override {
-        // The mnemonic gives the focus too, and Qt would not tell that the user did it; nor would it tick before a tenth
-        // of a second has gone, in which the next key may press the window's default button.
-        if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+        // It gives the focus too, and Qt would not tell that the user did it.
+        if (IsLetterPress(*event)) {
             this->setFocus(Qt::ShortcutFocusReason);
             this->click();
             return true;
