@@ -1,20 +1,22 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <string>
 #include <system_error>
 
+#include "backends/linux/ProcessFolder.h"
+
 namespace tavrix::bench {
 
-/// An empty folder of this run in a folder, among the temporary ones (TMPDIR) unless told otherwise, gone with all that is in it at the end.
+/// An empty folder of this run in a folder, among the temporary ones (TMPDIR) unless told otherwise, gone with all that is
+/// in it at the end, or at the next run where this one is killed.
 class BenchFolder {
   public:
     explicit BenchFolder(const std::string& name,
                          const std::filesystem::path& in = std::filesystem::temp_directory_path())
-        : path_(in / (name + "." + std::to_string(::getpid()))) {
-        std::filesystem::create_directories(path_);
+        : folder_(in.string(), name), path_(folder_.Path()) {
+        constexpr mode_t Private = 0700;
+        folder_.Make(Private);
     }
     ~BenchFolder() {
         std::error_code ignored;
@@ -26,6 +28,7 @@ class BenchFolder {
     [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
   private:
+    ProcessFolder folder_;
     std::filesystem::path path_;
 };
 

@@ -19,10 +19,12 @@ import shutil
 import struct
 import subprocess
 import sys
-import tempfile
 import time
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "bench", "common"))
+from memory_folder import memory_folder  # noqa: E402
+
 WIDTH, HEIGHT = 6000, 4000
 
 
@@ -233,7 +235,7 @@ def main():
     parser.add_argument("--decoder", default=os.path.join(ROOT, "build", "release", "bin", "tavrix-decode"))
     parser.add_argument("kinds", nargs="*")
     asked = parser.parse_args()
-    with tempfile.TemporaryDirectory(dir="/dev/shm" if os.path.isdir("/dev/shm") else None) as folder:
+    with memory_folder("bench_decode") as folder:
         for name, make, own, extension in kinds(folder):
             if asked.kinds and not any(name.startswith(kind) for kind in asked.kinds):
                 continue

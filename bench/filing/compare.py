@@ -16,6 +16,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "common"))
+from memory_folder import memory_folder  # noqa: E402
+
 BENCH = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "build", "release", "bin", "bench_filing")
 COPY = 'cp -p "$1"/* "$2"/'
 REPLACE = 'cd "$1" && for f in *; do cp -p "$f" "$2/.$f" && sync "$2/.$f" && mv "$2/.$f" "$2/$f"; done'
@@ -58,7 +61,7 @@ def main():
     program = sys.argv[1] if len(sys.argv) > 1 else BENCH
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
     count = int(sys.argv[3]) if len(sys.argv) > 3 else 500
-    with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory(dir="/dev/shm") as elsewhere:
+    with tempfile.TemporaryDirectory() as folder, memory_folder("bench_filing") as elsewhere:
         source, target = os.path.join(folder, "source"), os.path.join(folder, "target")
         os.mkdir(source)
         fill(source, count)

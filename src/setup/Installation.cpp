@@ -15,11 +15,11 @@
 
 #include "backends/linux/HostFile.h"
 #include "backends/linux/HostProfile.h"
+#include "backends/linux/ProcessFolder.h"
 #include "backends/shared/ProfileText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "setup/MenuEntry.h"
-#include "setup/NewFolder.h"
 #include "setup/UserStoreFile.h"
 
 namespace tavrix::setup {
@@ -148,7 +148,7 @@ class Installing {
           progress_(progress),
           notes_(ReadNotes(package, names)),
           target_(InstallFolder(places, notes_.name)),
-          folder_(PackagesFolder(places), FolderName(notes_.name)),
+          folder_(PackagesFolder(places), ".new-" + FolderName(notes_.name)),
           new_(folder_.Path()) {}
 
     bool Run() {
@@ -186,7 +186,7 @@ class Installing {
     }
 
     bool CopyAll() {
-        folder_.Make();
+        folder_.Make(0755);
         std::int64_t done = 0;
         for (const std::string& file : FilesOf(package_, names_)) {
             const std::string target = new_ + "/" + file;
@@ -273,7 +273,7 @@ class Installing {
     const Progress& progress_;
     PackageNotes notes_;
     std::string target_;
-    NewFolder folder_;
+    ProcessFolder folder_;
     const std::string& new_;
     Notes own_;
     bool inPlace_ = false;  ///< what stands at target_ is this

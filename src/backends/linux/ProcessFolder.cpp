@@ -1,4 +1,4 @@
-#include "setup/NewFolder.h"
+#include "backends/linux/ProcessFolder.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -14,7 +14,7 @@
 
 #include "base/RuntimeError.h"
 
-namespace tavrix::setup {
+namespace tavrix {
 namespace {
 
 namespace fs = std::filesystem;
@@ -33,25 +33,25 @@ bool IsNumber(std::string_view text) {
 
 }  // namespace
 
-NewFolder::NewFolder(std::string packages, const std::string& name)
-    : packages_(std::move(packages)),
-      prefix_(".new-" + name + "."),
-      path_(packages_ + "/" + prefix_ + std::to_string(::getpid())) {}
+ProcessFolder::ProcessFolder(std::string parent, const std::string& kind)
+    : parent_(std::move(parent)),
+      prefix_(kind + "."),
+      path_(parent_ + "/" + prefix_ + std::to_string(::getpid())) {}
 
-void NewFolder::Make() {
-    // Else another installation could take the folder for one that was left, before its lock is held.
-    const FolderLock turn(packages_);
+void ProcessFolder::Make(mode_t mode) {
+    // Else another process could take the folder for one that was left, before its lock is held.
+    const FolderLock turn(parent_);
     RemoveLeft();
-    if (::mkdir(path_.c_str(), 0755) != 0) throw ErrorOf(errno);
+    if (::mkdir(path_.c_str(), mode) != 0) throw ErrorOf(errno);
     held_ = FileDescriptor(::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
     if (!held_) throw ErrorOf(errno);
     // Without locks nothing is ever taken for left.
     [[maybe_unused]] const int ignored = ::flock(held_.Number(), LOCK_EX | LOCK_NB);
 }
 
-void NewFolder::RemoveLeft() const {
+void ProcessFolder::RemoveLeft() const {
     std::error_code error;
-    for (fs::directory_iterator at(packages_, error), end; !error && at != end; at.increment(error)) {
+    for (fs::directory_iterator at(parent_, error), end; !error && at != end; at.increment(error)) {
         const std::string name = at->path().filename().string();
         if (!name.starts_with(prefix_) || !IsNumber(std::string_view(name).substr(prefix_.size()))) continue;
         const FileDescriptor folder = OpenOwn(at->path().string());
@@ -61,4 +61,4 @@ void NewFolder::RemoveLeft() const {
     }
 }
 
-}  // namespace tavrix::setup
+}  // namespace tavrix
