@@ -1,6 +1,8 @@
 """A private D-Bus session with an accessibility bus, and the objects that programs show on it."""
 
+import contextlib
 import os
+import signal
 
 from gi.repository import Gio, GLib
 
@@ -69,12 +71,24 @@ class AccessibilityBus:
     def program(self, pid):
         """The root object of the program with this process id; None while it is not on the bus."""
         registry = Accessible(self.connection, "org.a11y.atspi.Registry", _ROOT)
-        for child in registry.children():
-            reply = _try(self.connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                         "GetConnectionUnixProcessID", GLib.Variant("(s)", (child.owner,)))
-            if reply and reply[0] == pid:
-                return child
-        return None
+        return next((child for child in registry.children() if self._process(child.owner) == pid), None)
+
+    def _process(self, owner):
+        """The process behind a name on the bus; 0 for none."""
+        reply = _try(self.connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                     "GetConnectionUnixProcessID", GLib.Variant("(s)", (owner,)))
+        return reply[0] if reply else 0
+
+    @contextlib.contextmanager
+    def standing_still(self):
+        """For the time of the block nobody answers programs, as where a screen reader is busy. Each key that they get goes by
+        there first."""
+        registry = self._process("org.a11y.atspi.Registry")
+        os.kill(registry, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(registry, signal.SIGCONT)
 
     def _on_focus(self, _connection, sender, path, _interface, _member, arguments):
         if arguments.get_child_value(1).get_int32():

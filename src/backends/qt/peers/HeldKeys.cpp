@@ -34,11 +34,13 @@ bool HeldKeys::Keeps(const QKeyEvent& press, QObject& window) {
     const quint64 time = press.timestamp();
     const auto [found, added] = keys_.try_emplace(KeyOf(press));
     Key& key = found->second;
-    // A press is seen twice, first as a shortcut that might be. With a screen reader it comes without its time then.
-    const bool again = !added && (time != 0 ? key.time == time : x11::Running());
-    if (again) return key.kept;
-    const bool repeats = presses_.Repeats(press.nativeScanCode(), time).value_or(press.isAutoRepeat());
     const Place place = PlaceOf(window);
+    // A press is seen twice, first as a shortcut that might be. With a screen reader it comes without its time then, and only
+    // when that has answered: by now the shortcut of a later key may have opened a menu, which the Alt of that would close.
+    const bool again = !added && (time != 0 ? key.time == time : x11::Running());
+    if (again) return key.kept || (place.menus && !key.inMenus);
+    const bool repeats = presses_.Repeats(press.nativeScanCode(), time).value_or(press.isAutoRepeat());
+    key.inMenus = place.menus;
     if (!repeats) key.began = place;
     key.time = time;
     key.kept = !key.began.Is(place);

@@ -12,6 +12,7 @@ namespace tavrix::qt {
 
 /// Keeps the repeated presses of a held key from every window but the one in which the press began: a key that ends a
 /// dialog or a menu does not also end what appears below it. Menus and drop-down lists are one place, whichever is open.
+/// Likewise a press that a screen reader has held up until a menu was open.
 class HeldKeys final : public QObject {
   public:
     HeldKeys();
@@ -28,9 +29,10 @@ class HeldKeys final : public QObject {
         }
     };
     struct Key {
-        Place began;        ///< where it went down
-        quint64 time = 0;   ///< of its last press
-        bool kept = false;  ///< whether that press was kept from its window
+        Place began;           ///< where it went down
+        quint64 time = 0;      ///< of its last press
+        bool inMenus = false;  ///< where that was seen first
+        bool kept = false;     ///< whether that press was kept from its window
     };
 
     [[nodiscard]] static Place PlaceOf(QObject& window);
