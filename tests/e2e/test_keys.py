@@ -130,6 +130,8 @@ class HeldKeyTest(ProgramTest):
         for _ in range(_TIMES):
             program.menu_entry("Options", "Image Information").act()
             program.message_box()
+            # A press that began in the main view is no press in the box.
+            wait_until(lambda: self.screen.active() not in (0, window.id), "the keyboard in the box")
             self.hold("Escape", lambda: self.screen.active() == window.id, "the end of the box")
             self.assertTrue(program.running())
         self.end_by_escape(program)
