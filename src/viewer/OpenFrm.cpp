@@ -85,8 +85,12 @@ void OpenFrm::Form_Load() {
     if (!current.empty() && current != GetTempFolder(module_) + "Untitled.BMP") {
         SkipFailure([&] { Lists.GoTo(FolderOf(current)); });
     }
-    File1.Refresh();
+    Lists.WhenRead([this] { SelectImageOnShow(); });
+}
+
+void OpenFrm::SelectImageOnShow() {
     if (File1.ListCount() == 0) return;
+    const std::string& current = module_.CurrentImage;
     const int row = current.empty() ? -1 : File1.IndexOf(FileNameOf(current));
     File1.ListIndex = row >= 0 ? row : 0;
 }
@@ -119,7 +123,7 @@ std::string OpenFrm::SelectedPath() const {
 }
 
 void OpenFrm::CmdOpen_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdOpen_Click(); })) return;
     if (File1.ListCount() == 0) {
         Tell("There are no files in the selected directory to open...");
         return;

@@ -100,6 +100,7 @@ void frmMoveCurrentImg::lblCurrent_Click() {
 
 void frmMoveCurrentImg::CmdMove_Click() {
     if (module_.Busy()) return;  // a folder is still being made
+    if (Lists.Awaits([this] { CmdMove_Click(); })) return;
     moveTarget_ = Lists.Folder();
     App().Unload(*this);
 }

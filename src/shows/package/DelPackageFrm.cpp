@@ -83,7 +83,7 @@ bool DelPackageFrm::UserAgrees(const std::string& folder, const std::string& nam
 }
 
 void DelPackageFrm::CmdDelete_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdDelete_Click(); })) return;
     const std::string folder = Lists.Folder();
     if (const std::optional<std::string> refused = RefusedDeletion(module_, folder)) {
         Refuse("You may not delete any packages from:" + Paragraph + *refused + Paragraph +

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/MainModule.h"
+#include "platform/forms/Form.h"
+
+namespace tavrix {
+
+/// The names of the files in a folder, for what a dialog has to know before it goes on. A folder that is long in coming is
+/// waited for under the hourglass, while messages run; nothing where the dialog was closed meanwhile. Throws what
+/// Files::List throws.
+[[nodiscard]] std::optional<std::vector<std::string>> FilesIn(const MainModule& module,
+                                                              const forms::Form& form,
+                                                              const std::string& folder);
+
+}  // namespace tavrix
