@@ -7,6 +7,7 @@
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
+#include "dialogs/CurrentDrive.h"
 #include "dialogs/DialogWork.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
@@ -191,11 +192,7 @@ void mnuOpen_Click(MainViewFrm& view) {
     module.DoEvents();
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     if (!ConfirmDiscard(module)) return;
-    // A drive that is not ready fails here and not in the dialog's lists.
-    SkipFailure([&] {
-        static_cast<void>(
-            module.platform.files.First(Left(module.platform.files.CurrentFolder(), 1) + ":\\*"));
-    });
+    TouchCurrentDrive(module);
     module.app.Load<OpenFrm>(view).ShowModal();
 }
 

@@ -297,6 +297,27 @@ TEST_F(SlowTransferTest, TheMoveOfTheImageOnShowWaits) {
     EXPECT_EQ(app.Loaded<frmMoveCurrentImg>(), nullptr);
 }
 
+TEST_F(SlowTransferTest, TheFirstFileOfASlowDriveIsSeenWhileMessagesRun) {
+    disk.also.insert("C:\\");
+    platform.disks.PutFile("C:\\1.txt", "x");
+    auto& view = Start(true);
+    int shown = 0;
+    int messages = 0;
+    toolkit.Post([&] {
+        ++messages;
+        EXPECT_TRUE(module.Busy());
+    });
+    toolkit.OnModal("frmMoveCurrentImg", [&] {
+        ++shown;
+        EXPECT_EQ(messages, 1);
+        EXPECT_FALSE(module.Busy());
+        Press(app.Loaded<frmMoveCurrentImg>()->CmdCancel);
+    });
+    view.menu.mnuMoveCurrentImg.Deliver(forms::ClickEvent{});
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(module.CurrentImage, "C:\\slow\\1.txtb.bmp") << "as it goes without a choice";
+}
+
 class SlowFloppyTest : public SlowFoldersTest {
   protected:
     SlowFloppyTest() {

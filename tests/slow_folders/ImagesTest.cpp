@@ -158,6 +158,21 @@ TEST_F(SlowOpenTest, CancelDoesNotWait) {
     Come();
 }
 
+TEST_F(SlowOpenTest, TheDialogDoesNotWaitForTheRootOfTheDrive) {
+    disk.also.insert("C:\\");
+    auto& view = Start();
+    platform.files.ChangeFolder(Quick);
+    bool shown = false;
+    const forms::Milliseconds before = toolkit.Now();
+    toolkit.OnModal("OpenFrm", [&] {
+        shown = true;
+        EXPECT_EQ(toolkit.Now() - before, forms::Milliseconds(LookedFiles::Moment));
+        Press(app.Loaded<OpenFrm>()->CmdCancel);
+    });
+    view.menu.mnuOpen.Deliver(forms::ClickEvent{});
+    EXPECT_TRUE(shown);
+}
+
 class SlowImportTest : public SlowFoldersTest {};
 
 TEST_F(SlowImportTest, ImportWaits) {
@@ -190,20 +205,35 @@ TEST_F(SlowImportTest, SoDoesAPalette) {
 
 class SlowSaveTest : public SlowFoldersTest {};
 
-TEST_F(SlowSaveTest, ATypedNameIsTakenWithoutTheFolder) {
+TEST_F(SlowSaveTest, ATypedNameIsTakenWhenTheFolderHasCome) {
     auto& view = Start(true);
     auto& dialog = Show<SaveCopyFrm>(view);
     EXPECT_EQ(dialog.Target.Dir1.Path.Get(), Slow);
     EXPECT_EQ(dialog.MousePointer, forms::MousePointer::ArrowHourglass);
     const forms::Milliseconds before = toolkit.Now();
+    dialog.Target.txtFilename.Text = "a:b.bmp";
+    ExpectTold("A filename may not contain a colon (:), unable to export image...");
+    Press(dialog.CmdSave);  // which is told at once
     dialog.Target.txtFilename.Text = "copy.bmp";
-    ExpectQuestion("About to save the image as:\r\n\r\nC:\\slow\\copy.bmp\r\n\r\nIs this filename OK?",
-                   Answer::Yes);
     Press(dialog.CmdSave);
     EXPECT_EQ(toolkit.Now(), before);
+    EXPECT_TRUE(dialog.Visible());
+    ExpectQuestion("About to save the image as:\r\n\r\nC:\\slow\\copy.bmp\r\n\r\nIs this filename OK?",
+                   Answer::Yes);
+    Come();
     EXPECT_TRUE(IsThere("C:\\slow\\copy.bmp"));
     EXPECT_EQ(app.Loaded<SaveCopyFrm>(), nullptr);
+}
+
+TEST_F(SlowSaveTest, SoIsThatOfAnExport) {
+    auto& view = Start(true);
+    auto& dialog = Show<ExportBmpFrm>(view);
+    dialog.Target.txtFilename.Text = "copy";
+    Press(dialog.Buttons.CmdExport);
+    ExpectQuestion("About to export the image as:\r\n\r\nC:\\slow\\copy.BMP\r\n\r\nIs this filename OK?",
+                   Answer::No);
     Come();
+    EXPECT_TRUE(dialog.Visible());
 }
 
 TEST_F(SlowSaveTest, TheFoldersComeWhileTheNameIsTyped) {

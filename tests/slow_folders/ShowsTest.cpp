@@ -82,16 +82,16 @@ TEST_F(SlowShowsTest, RecentShowsDoNotWait) {
     EXPECT_EQ(toolkit.Now(), before);
 }
 
-TEST_F(SlowShowsTest, ATypedNameIsSavedWithoutTheFolder) {
+TEST_F(SlowShowsTest, ATypedNameIsTakenWhenTheFolderHasCome) {
     std::optional<SaveEnd> end;
     module.config.SaveSlides = false;
     auto& dialog = Show<SaveSlideFile>(module, "C:\\slow\\b.tvs", end);
     const forms::Milliseconds before = toolkit.Now();
     dialog.txtFilename.Text = "new";
-    ExpectQuestion("About to save the slide show as:\r\n\r\nC:\\slow\\new.tvs\r\n\r\nIs this filename OK?",
-                   Answer::No);
     Press(dialog.CmdOK);
     EXPECT_EQ(toolkit.Now(), before);
+    ExpectQuestion("About to save the slide show as:\r\n\r\nC:\\slow\\new.tvs\r\n\r\nIs this filename OK?",
+                   Answer::No);
     Come();
     EXPECT_EQ(dialog.txtFilename.Text.Get(), "new") << "also when the list has come";
     EXPECT_EQ(Listed(dialog.Chooser.File1), (Names{"a.tvs", "b.tvs"}));
@@ -386,11 +386,21 @@ TEST_F(SlowPackageTest, ADroppedShowIsChosenWhenItsFolderHasCome) {
 TEST_F(SlowPackageTest, ADeletionWaits) {
     auto& dialog = Show<DelPackageFrm>(module);
     dialog.Dir1.Path = Slow;
+    EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Please wait...");
     Press(dialog.CmdDelete);
     Expect({.text = "The selected folder is not a complete package directory, SETUP.INI could not be "
                     "found.\r\n\r\nUnable to delete selected package...",
             .icon = forms::BoxIcon::Exclamation});
     Come();
+    EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Select location of the package to delete...");
+    dialog.Dir1.Path = Quick;
+    EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Select location of the package to delete...");
+    platform.disks.SetUnreadable(Slow, true);
+    dialog.Dir1.Path = Slow;
+    Expect({.text = "Unable to change directory to:\r\n\r\nC:\\slow\r\n\r\nPermission denied...",
+            .icon = forms::BoxIcon::Stop});
+    Come();
+    EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Select location of the package to delete...");
     app.Unload(dialog);
 }
 

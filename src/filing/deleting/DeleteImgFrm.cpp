@@ -7,8 +7,8 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
+#include "dialogs/ContentOf.h"
 #include "dialogs/DialogPictures.h"
-#include "dialogs/FilesIn.h"
 #include "filing/CurrentImageFolder.h"
 #include "filing/Questions.h"
 #include "filing/deleting/DeleteListedFile.h"
@@ -60,8 +60,8 @@ std::optional<bool> DeleteImgFrm::FolderIsEmpty() const {
     const std::string folder = Chooser.Dir1.Path;
     bool empty = false;
     SkipFailure([&] {
-        const auto files = FilesIn(module_, *this, folder);
-        empty = files && files->empty();
+        const auto content = ContentOf(module_, *this, folder);
+        empty = content && content->files.empty();
     });
     if (Unloaded() || Chooser.Dir1.Path.Get() != folder) return std::nullopt;
     return empty;

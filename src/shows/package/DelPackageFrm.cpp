@@ -54,6 +54,11 @@ void DelPackageFrm::Form_Load() {
 }
 
 void DelPackageFrm::Dir1_Change() {
+    if (Lists.Pending()) lblMsg.Caption = "Please wait...";
+    Lists.WhenRead([this] { TellWhatIsThere(); });
+}
+
+void DelPackageFrm::TellWhatIsThere() {
     Files& files = module_.platform.files;
     const std::string slides = Lists.Folder() + package::SlidesFolder + "\\";
     std::string show;

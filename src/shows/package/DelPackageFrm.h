@@ -40,6 +40,7 @@ class DelPackageFrm final : public forms::Form {
 
   private:
     void Dir1_Change();
+    void TellWhatIsThere();
     void CmdDelete_Click();
 
     [[nodiscard]] bool UserAgrees(const std::string& folder, const std::string& name);

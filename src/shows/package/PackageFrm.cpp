@@ -1,6 +1,7 @@
 #include "shows/package/PackageFrm.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -9,8 +10,8 @@
 #include "core/Folders.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
+#include "dialogs/ContentOf.h"
 #include "dialogs/DialogWork.h"
-#include "dialogs/FilesIn.h"
 #include "dialogs/NewFolder.h"
 #include "platform/services/DrivePath.h"
 #include "shows/files/LoadShowFile.h"
@@ -277,10 +278,11 @@ bool PackageFrm::HasSize(const PackageValues& values) {
 bool PackageFrm::UserAgrees(const PackageValues& values, const std::string& show) {
     Files& files = module_.platform.files;
     const std::string& destination = values.PackageDestination;
-    const auto there = FilesIn(module_, *this, destination);
+    std::optional<FolderContent> there = ContentOf(module_, *this, destination);
     if (!there) return false;
-    if (!there->empty() && !UserSays("The selected package directory already has files in it:" + Paragraph +
-                                     destination + Paragraph + "Use this directory anyway?")) {
+    if (!there->files.empty() &&
+        !UserSays("The selected package directory already has files in it:" + Paragraph + destination +
+                  Paragraph + "Use this directory anyway?")) {
         return false;
     }
     const std::string type = values.PackageScreenSaver ? "Screen Saver" : "Slide Show";
@@ -290,7 +292,9 @@ bool PackageFrm::UserAgrees(const PackageValues& values, const std::string& show
                   "Create the above package?")) {
         return false;
     }
-    const std::optional<std::string> aboutFolders = FolderQuestion(module_, destination, KindOf(values));
+    std::ranges::move(there->uncounted, std::back_inserter(there->folders));
+    const std::optional<std::string> aboutFolders =
+        FolderQuestion(there->folders, destination, KindOf(values));
     if (aboutFolders && !UserSays(*aboutFolders)) return false;
     const std::string target = WithBackslash(destination) + package::SlidesFolder + "\\" + show;
     return !files.FileExists(target) ||

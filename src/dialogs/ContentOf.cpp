@@ -1,4 +1,4 @@
-#include "dialogs/FilesIn.h"
+#include "dialogs/ContentOf.h"
 
 #include <memory>
 
@@ -7,10 +7,10 @@
 
 namespace tavrix {
 
-std::optional<std::vector<std::string>> FilesIn(const MainModule& module, const forms::Form& form,
-                                                const std::string& folder) {
+std::optional<FolderContent> ContentOf(const MainModule& module, const forms::Form& form,
+                                       const std::string& folder) {
     constexpr int Breath = 20;
-    const std::unique_ptr<FolderLook> look = module.platform.files.Look(folder, "*.*");
+    const std::unique_ptr<FolderLook> look = module.platform.files.Look(folder, "*");
     if (!look->Wait(LookedFiles::Moment)) {
         std::optional<forms::BusyGuard> busy;
         if (!module.Busy()) busy.emplace(module.Screen());
@@ -19,7 +19,7 @@ std::optional<std::vector<std::string>> FilesIn(const MainModule& module, const 
             if (form.Unloaded()) return std::nullopt;
         }
     }
-    return look->Take().files;
+    return look->Take();
 }
 
 }  // namespace tavrix
