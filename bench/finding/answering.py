@@ -21,8 +21,8 @@ from PIL import Image
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.dirname(HERE))
-from answering import PROGRAM, Pings  # noqa: E402
-from driver import Children, Home, Screen, wait_until  # noqa: E402
+from answering import PROGRAM  # noqa: E402
+from driver import Children, Home, Pings, Screen, wait_until  # noqa: E402
 
 SLEEP = 5  # seconds, of slow_readdir.c
 AIMS = ((0.99, 0.1), (1.0, 0.3))  # the share of the answers, and seconds
