@@ -3,7 +3,6 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "dialogs/ContentOf.h"
-#include "dialogs/LookedFiles.h"
 
 namespace tavrix {
 namespace {
@@ -15,8 +14,9 @@ std::string Root(Files& files) {
 }  // namespace
 
 void TouchCurrentDrive(const MainModule& module) {
+    constexpr int Instant = 5;  // so that one that is awake has been read when the lists begin
     Files& files = module.platform.files;
-    SkipFailure([&] { static_cast<void>(files.Look(Root(files), "*")->Wait(LookedFiles::Moment)); });
+    SkipFailure([&] { static_cast<void>(files.Look(Root(files), "*")->Wait(Instant)); });
 }
 
 std::string FirstFileOfCurrentDrive(const MainModule& module, const forms::Form& form) {

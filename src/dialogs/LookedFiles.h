@@ -18,7 +18,7 @@ namespace tavrix {
 /// has nothing in it until it has come. There is one such folder at a time, the one asked for last.
 class LookedFiles final : public ForwardingFiles {
   public:
-    static constexpr int Moment = 30;  ///< milliseconds
+    static constexpr int Moment = 75;  ///< milliseconds; a local folder of 50,000 files comes within it
     /// A pattern that no name matches, for a folder list without a file list.
     static constexpr const char* NoNames = ":";
 

@@ -397,6 +397,27 @@ TEST_F(SlowFolderListsTest, WhoDoesSomethingElseDoesNotWaitAnyMore) {
     EXPECT_EQ(done, 1);
 }
 
+TEST_F(SlowFolderListsTest, AFileListThatCouldNotFollowIsReadByItself) {
+    auto& form = Show();
+    disk.also.insert("C:\\Pictures");
+    platform.faults.FailAlways(headless::Service::Files, "Info", ErrorNumber::PathNotFound);
+    form.Dir1.Path = Slow;
+    EXPECT_EQ(form.File1.Path.Get(), "C:\\Pictures");
+    Tick();
+    EXPECT_EQ(form.Dir1.ListCount(), 1);
+    EXPECT_EQ(Files(form), Texts{"a.bmp"}) << "as it was";
+    form.File1.Refresh();
+    EXPECT_EQ(Files(form), Texts{});
+    Tick();
+    EXPECT_EQ(Files(form), Texts{"a.bmp"});
+    EXPECT_EQ(form.Dir1.ListCount(), 1);
+    Tick();
+    EXPECT_FALSE(form.Lists.Pending()) << "the two do not take turns";
+    form.Lists.RefreshFiles();
+    Tick();
+    EXPECT_EQ(Files(form), Texts{"a.bmp"});
+}
+
 TEST_F(SlowFolderListsTest, AClosedDialogForgetsItsFolder) {
     auto& form = Show();
     form.Dir1.Path = Slow;
