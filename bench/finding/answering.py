@@ -74,13 +74,18 @@ def main():
         screen.activate(view)
         time.sleep(1)
 
-        def measure(letters, title, acts, seconds):
+        def measure(letters, title, acts, seconds, watched=None):
+            """Pings the window of a title; or another one, from before it opens."""
+            if watched:
+                pings[:] = [Pings(screen, watched), Pings(screen, idler)]
+            begin = time.monotonic()
             screen.click(view.x + 18, view.y + 8)
             for letter in letters:
                 screen.press(letter)
             window = wait_until(lambda: mine().get(title), title)
-            pings[:] = [Pings(screen, window), Pings(screen, idler)]
-            begin = time.monotonic()
+            if not watched:
+                pings[:] = [Pings(screen, window), Pings(screen, idler)]
+                begin = time.monotonic()
             for act in acts:
                 act()
                 time.sleep(0.5)
@@ -114,7 +119,7 @@ def main():
 
         measure("if", "Find Image(s)", keys("Return"), SLEEP + 4)
         measure("is", "Search For Duplicate Files", keys("Alt+s", "Return"), SLEEP + 4)
-        measure("o", "Open Image", keys(), SLEEP + 1)
+        measure("o", "Open Image", keys(), SLEEP + 1, watched=view)
         # Their folder list is the second control.
         measure("tb", "Thumbnail Browser - [Select Folder to Browse]", [*keys("Tab"), large_folder], 3)
         measure("ts", "Thumbnail Browser - [Select Files]", [*keys("Tab"), large_folder], 3)
