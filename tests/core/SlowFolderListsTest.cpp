@@ -269,6 +269,43 @@ TEST_F(SlowFolderListsTest, WhoSentTheListsIsToldLate) {
     EXPECT_EQ(told, std::vector<int>{70});
 }
 
+TEST_F(SlowFolderListsTest, TheDriveListIsBackTooWhereItsDriveNeverCame) {
+    platform.disks.PutFolder("D:\\Photos");
+    platform.disks.SetUnreadable("D:\\Photos", true);
+    disk.also.insert("D:\\Photos");
+    auto& form = Show();
+    form.Lists.GoTo("D:\\Photos");
+    EXPECT_EQ(form.Drive1.Drive.Get(), "D:");
+    Tick();
+    ExpectPlace(form, "C:\\Pictures");
+    EXPECT_EQ(Files(form), Texts{"a.bmp"});
+}
+
+TEST_F(SlowFolderListsTest, TheOneAboveMayFailLateAndWithoutAWordToo) {
+    disk.also.insert("C:\\Pictures");
+    platform.disks.SetUnreadable(Slow, true);
+    platform.files.ChangeFolder(Slow);
+    auto& form = Show();
+    platform.disks.SetUnreadable("C:\\Pictures", true);
+    Tick(10);
+    ExpectPlace(form, "C:\\");
+}
+
+TEST_F(SlowFolderListsTest, ADriveThatGoesLeavesTheListsWhereTheyWere) {
+    auto& form = Show();
+    form.Dir1.Path = "D:\\";
+    Tick();
+    platform.disks.RemoveDrive('D');
+    form.File1.Refresh();
+    static_cast<void>(form.File1.ListCount());
+    EXPECT_EQ(contents.back(), true);
+    Tick();
+    EXPECT_EQ(form.Dir1.Path.Get(), "D:\\");
+    EXPECT_EQ(Files(form), Texts{});
+    EXPECT_EQ(contents.back(), false);
+    EXPECT_EQ(form.MousePointer, MousePointer::Default);
+}
+
 TEST_F(SlowFolderListsTest, AFailureAtOnceDoesNotSpeakForTheAwaitedFolder) {
     auto& form = Show();
     platform.disks.SetUnreadable(Slow, true);
@@ -282,8 +319,9 @@ TEST_F(SlowFolderListsTest, AFailureAtOnceDoesNotSpeakForTheAwaitedFolder) {
 
 TEST_F(SlowFolderListsTest, ThePointerWaitsForBothSides) {
     auto& form = Show();
+    disk.waits = 20;
     form.Dir1.Path = Slow;
-    Tick(2);
+    disk.waits = 40;
     form.Dir2.Path = Slow;
     while (form.Lists.Pending())
         Tick(1);
@@ -387,6 +425,11 @@ TEST_F(SlowFolderListsTest, WhoDoesSomethingElseDoesNotWaitAnyMore) {
     EXPECT_TRUE(await());
     toolkit.ChooseFromPopup("");
     form.CmdFF.Deliver(forms::MouseEvent{forms::MouseAction::Down, forms::MouseButton::Right, 0, 1, 1});
+    EXPECT_TRUE(await());
+    toolkit.ExpectInput(
+        {.prompt = "Enter the name of the folder to create:", .title = "New Folder", .reply = std::nullopt});
+    form.CmdNew.Deliver(forms::ClickEvent{});
+    Tick(10);
     EXPECT_TRUE(await());
     Expect({.text = "The selected drive is currently not available...", .whileOpen = [this] { Tick(10); }});
     PickDrive(form.Drive1, RowOfA);

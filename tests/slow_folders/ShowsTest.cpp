@@ -228,6 +228,24 @@ class SlowEditorTest : public SlowShowsTest {
             rows.push_back(list.List(row));
         return rows;
     }
+    /// The user drags the first file to the end of the show.
+    static void DropFirst(SlideLoadFrm& editor) {
+        using forms::MouseAction;
+        for (const auto action : {MouseAction::Down, MouseAction::Move}) {
+            const int at = action == MouseAction::Down ? 10 : 40;
+            editor.File1.Deliver(forms::MouseEvent{action, forms::MouseButton::Left, 0, at, at, 0});
+        }
+        for (const auto action : {forms::DragAction::Over, forms::DragAction::Drop}) {
+            forms::DragEvent drag;
+            drag.action = action;
+            drag.row = -1;
+            editor.ListView.Deliver(drag);
+        }
+        forms::DragEvent ended;
+        ended.action = forms::DragAction::Ended;
+        editor.File1.Deliver(ended);
+        editor.File1.Deliver(forms::MouseEvent{MouseAction::Up, forms::MouseButton::Left, 0, 40, 40, 0});
+    }
     static Names Whole(const Names& names) {
         Names paths;
         for (const std::string& name : names)
@@ -270,12 +288,15 @@ TEST_F(SlowEditorTest, ARenamedFileIsSelectedWhenTheListHasCome) {
     editor.Menu1.mnuRenameFile.Click();
     EXPECT_EQ(Listed(editor.File1), (Names{"a.bmp", "b.bmp", "c.bmp"})) << "until the next has come";
     // It is not dragged, since what lies under the mouse may be another one when it is let go.
-    editor.File1.OnDragStart({.button = forms::MouseButton::Left, .row = 1});
+    DropFirst(editor);
+    EXPECT_EQ(editor.ListView.ListCount(), 0);
     Press(editor.CmdAdd);
     Come();
     EXPECT_EQ(Listed(editor.File1), (Names{"a.bmp", "c.bmp", "z.bmp"}));
     EXPECT_EQ(editor.File1.FileName(), "z.bmp");
     EXPECT_EQ(Rows(editor.ListView), Whole({"z.bmp"}));
+    DropFirst(editor);
+    EXPECT_EQ(Rows(editor.ListView), Whole({"z.bmp", "a.bmp"}));
     Close();
 }
 
