@@ -1,7 +1,5 @@
 #include "browsing/ThumbChooser.h"
 
-#include <utility>
-
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "core/Folders.h"
@@ -10,8 +8,7 @@
 namespace tavrix {
 
 ThumbChooser::ThumbChooser(forms::Form& form, const MainModule& module, ThumbnailList& list)
-    : form_(form),
-      module_(module),
+    : module_(module),
       list_(list),
       files_(form, module.platform.files, PatternOf(ImagesShown::Opening)),
       Label1(form, "Label1"),
@@ -22,7 +19,7 @@ ThumbChooser::ThumbChooser(forms::Form& form, const MainModule& module, Thumbnai
       lblFiles(form, "lblFiles"),
       File1(form, "File1", files_, PatternOf(ImagesShown::Opening)),
       CmdFF(form, "CmdFF"),
-      Lists(module, Drive1, Dir1, &File1, BadDrive::Program),
+      Lists(module, files_, Drive1, Dir1, &File1, BadDrive::Program),
       FavoriteButton(form, module, CmdFF, Lists, [&module] { return QuickFoldersOf(module); }) {
     lblDrives.Caption = "Select Drive:";
     lblDrives.SetBuddy(Drive1);
@@ -31,30 +28,6 @@ ThumbChooser::ThumbChooser(forms::Form& form, const MainModule& module, Thumbnai
     lblFolders.SetBuddy(Dir1);
     lblFiles.Caption = "Select Files:";
     lblFiles.SetBuddy(File1);
-    File1.OnPathChange = [this] { OnFiles(); };
-    Lists.OnFolderChange = [this] { then_ = nullptr; };
-    files_.OnPending = [this] {
-        using Pointer = forms::MousePointer;
-        form_.MousePointer = Pending() ? Pointer::ArrowHourglass : Pointer::Default;
-        if (Pending()) OnFiles();  // else the file list follows
-    };
-    files_.OnCome = [this] { FolderCame(); };
-    files_.OnFailure = [this](const std::string& folder, const RuntimeError& error) {
-        Dir1.OnOpenFailure(folder, error);
-    };
-    if (Pending()) files_.OnPending();
-}
-
-void ThumbChooser::FolderCame() {
-    Dir1.Refresh();
-    File1.Refresh();
-    OnFiles();
-    if (const auto then = std::exchange(then_, nullptr)) then();
-}
-
-bool ThumbChooser::Awaits(std::function<void()> then) {
-    if (Pending()) then_ = std::move(then);
-    return Pending();
 }
 
 forms::Layout ThumbChooser::Folders() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "browsing/ThumbnailList.h"
@@ -23,7 +22,6 @@ class ThumbChooser {
     ThumbChooser& operator=(const ThumbChooser&) = delete;
 
   private:
-    forms::Form& form_;
     const MainModule& module_;
     ThumbnailList& list_;
     LookedFiles files_;
@@ -48,21 +46,12 @@ class ThumbChooser {
     void End();
 
     /// Whether the folder has yet to come from its disk.
-    [[nodiscard]] bool Pending() const { return files_.Pending(); }
-    /// This has changed, or the file list is another one.
-    std::function<void()> OnFiles = [] {};
-    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one.
-    [[nodiscard]] bool Awaits(std::function<void()> then);
+    [[nodiscard]] bool Pending() const { return Lists.Pending(); }
 
     /// Whether there is an image in the folder; tells where there is none.
     [[nodiscard]] bool AnyFiles() const;
     /// The rows of the file list, these in their order, are the list of thumbnails from now on.
     void MakeList(const forms::RowRanges& rows);
-
-  private:
-    void FolderCame();
-
-    std::function<void()> then_;
 };
 
 }  // namespace tavrix

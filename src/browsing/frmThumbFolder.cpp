@@ -14,7 +14,7 @@ frmThumbFolder::frmThumbFolder(forms::Application& application, const MainModule
     Chooser.Label1.Caption = "Select a directory and then press the \"OK\" button to view thumbnail images.";
     Chooser.lblFiles.Visible = false;
     Chooser.File1.Visible = false;  // it counts the images
-    Chooser.OnFiles = [this] { File1_PathChange(); };
+    Chooser.Lists.OnContent = [this] { File1_PathChange(); };
     CmdOK.Caption = "&OK";
     CmdOK.ToolTip = "Click here to show thumbnails of images in the selected folder.";
     CmdOK.Default = true;
@@ -67,7 +67,7 @@ void frmThumbFolder::File1_PathChange() {
 
 void frmThumbFolder::CmdOK_Click() {
     if (module_.Busy()) return;  // the dialog is closing already
-    if (Chooser.Awaits([this] { CmdOK_Click(); })) return;
+    if (Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     if (!Chooser.AnyFiles()) return;
     const int count = Chooser.File1.ListCount();
     if (count > ThumbnailList::Most) {

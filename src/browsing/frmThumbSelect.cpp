@@ -46,7 +46,7 @@ frmThumbSelect::frmThumbSelect(forms::Application& application, const MainModule
 }
 
 void frmThumbSelect::Form_Load() {
-    Chooser.OnFiles = [this] { ShowPending(); };
+    Chooser.Lists.OnContent = [this] { ShowPending(); };
     Chooser.Start();
     ShowPending();
     module_.Screen().MousePointer = forms::MousePointer::Default;
@@ -92,7 +92,7 @@ void frmThumbSelect::CmdInverse_Click() {
 
 void frmThumbSelect::CmdOK_Click() {
     if (module_.Busy()) return;  // the dialog is closing already
-    if (Chooser.Awaits([this] { CmdOK_Click(); })) return;
+    if (Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     if (!Chooser.AnyFiles()) return;
     const int count = Chooser.File1.SelectedCount();
     if (count == 0) {

@@ -7,14 +7,15 @@ namespace tavrix {
 FileChooser::FileChooser(forms::Form& form, const MainModule& module, const std::string& pattern,
                          BadDrive badDrive)
     : module_(module),
+      Looked(form, module.platform.files, pattern),
       lblFiles(form, "lblFiles"),
-      File1(form, "File1", module.platform.files, pattern),
+      File1(form, "File1", Looked, pattern),
       lblFolders(form, "lblFolders"),
-      Dir1(form, "Dir1", module.platform.files),
+      Dir1(form, "Dir1", Looked),
       lblDrives(form, "lblDrives"),
       Drive1(form, "Drive1", module.platform.files, module.platform.drives),
       CmdFF(form, "CmdFF"),
-      Lists(module, Drive1, Dir1, &File1, badDrive),
+      Lists(module, Looked, Drive1, Dir1, &File1, badDrive),
       FavoriteButton(form, module, CmdFF, Lists, [&module] { return QuickFoldersOf(module); }) {
     lblFiles.Caption = "Fil&es:";
     lblFiles.SetBuddy(File1);

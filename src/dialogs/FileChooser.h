@@ -6,6 +6,7 @@
 #include "core/MainModule.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
@@ -26,6 +27,7 @@ class FileChooser {
     const MainModule& module_;
 
   public:
+    LookedFiles Looked;
     forms::Label lblFiles;
     forms::FileListBox File1;
     forms::Label lblFolders;

@@ -44,6 +44,7 @@ void FolderButton::CmdFF_Click() {
 
 void FolderButton::CmdFF_MouseDown(int mouseButton) {
     if (mouseButton != forms::MouseButton::Right) return;
+    lists_.Forget();
     const QuickFolders folders = quickFolders_();
     for (std::size_t index = 0; index < entries_.size(); ++index) {
         entries_[index]->Caption = folders.names[index];
@@ -58,10 +59,12 @@ void FolderButton::mnuFolder_Click(std::size_t index) {
 }
 
 void FolderButton::GoTo(const std::string& folder, const std::string& failure) {
+    const auto tell = [this, failure](const RuntimeError& error) { TellFailure(module_, failure, error); };
+    lists_.Forget();
     try {
-        lists_.GoTo(folder);
+        lists_.GoTo(folder, tell);
     } catch (const RuntimeError& error) {
-        TellFailure(module_, failure, error);
+        tell(error);
     }
 }
 

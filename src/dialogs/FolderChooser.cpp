@@ -14,17 +14,18 @@ namespace tavrix {
 FolderChooser::FolderChooser(forms::Form& form, const MainModule& module,
                              std::function<QuickFolders()> quickFolders)
     : module_(module),
+      Looked(form, module.platform.files),
       lblDrives(form, "lblDrives"),
       Drive1(form, "Drive1", module.platform.files, module.platform.drives),
       lblFolders(form, "lblFolders"),
-      Dir1(form, "Dir1", module.platform.files),
+      Dir1(form, "Dir1", Looked),
       CmdFF2(form, "CmdFF2"),
       CmdMyDocuments(form, "CmdMyDocuments"),
       CmdNewFolder(form, "CmdNewFolder"),
       CmdExplore(form, "CmdExplore"),
       lblFreeSpaceMsg(form, "lblFreeSpaceMsg"),
       lblFreeSpace(form, "lblFreeSpace"),
-      Lists(module, Drive1, Dir1, nullptr),
+      Lists(module, Looked, Drive1, Dir1, nullptr),
       FavoriteButton(form, module, CmdFF2, Lists, std::move(quickFolders)) {
     lblDrives.Caption = "&Drive:";
     lblDrives.SetBuddy(Drive1);
@@ -56,7 +57,7 @@ forms::Layout FolderChooser::Arrangement() {
 
 void FolderChooser::Start(const std::string& folder) {
     SkipFailure([&] { Drive1.Drive = Left(folder, 2); });
-    SkipFailure([&] { Dir1.Path = folder; });
+    SkipFailure([&] { Lists.Show(folder); });
     ShowFreeSpace();
 }
 
@@ -72,11 +73,15 @@ void FolderChooser::ShowFreeSpace() {
 
 void FolderChooser::CmdMyDocuments_Click() {
     const std::string folder = GetMyDocumentsFolder(module_);
+    Lists.Forget();
     if (!MakeMissing(folder)) return;
-    try {
-        Lists.GoTo(folder);
-    } catch (const RuntimeError&) {
+    const auto tell = [this](const RuntimeError&) {
         TellFailure("Unable to change current directory to your My Documents folder...");
+    };
+    try {
+        Lists.GoTo(folder, tell);
+    } catch (const RuntimeError& error) {
+        tell(error);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "core/MainModule.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
@@ -25,6 +26,7 @@ class FolderChooser {
     const MainModule& module_;
 
   public:
+    LookedFiles Looked;
     forms::Label lblDrives;
     forms::DriveListBox Drive1;
     forms::Label lblFolders;

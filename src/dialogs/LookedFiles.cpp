@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/Application.h"
 #include "platform/services/DrivePath.h"
 
 namespace tavrix {
@@ -17,8 +18,9 @@ std::vector<std::string> Taken(std::optional<std::vector<std::string>>& names) {
 
 }  // namespace
 
-LookedFiles::LookedFiles(forms::Form& form, Files& files, std::string patterns)
-    : ForwardingFiles(files), TimerLook(form), patterns_(std::move(patterns)) {
+LookedFiles::LookedFiles(forms::Form& form, Files& files, std::string patterns, LookedFiles* beside)
+    : ForwardingFiles(files), TimerLook(form), form_(form), patterns_(std::move(patterns)), beside_(beside) {
+    if (beside_ != nullptr) beside_->beside_ = this;
     TimerLook.Enabled = false;
     TimerLook.Interval = Interval;
     TimerLook.OnTimer = [this] { TimerLook_Timer(); };
@@ -29,12 +31,14 @@ std::vector<std::string> LookedFiles::List(const std::string& folder, const std:
         patterns_ = patterns;
         folder_.clear();
     }
+    DropOld();
     if (folder != folder_ || (!look_ && !files_)) Begin(folder);
     return Taken(files_);
 }
 
 std::vector<std::string> LookedFiles::Folders(const std::string& folder) {
     if (folder == folder_ && failure_) throw *std::exchange(failure_, std::nullopt);
+    DropOld();
     if (folder != folder_ || (!look_ && !folders_)) Begin(folder);
     return Taken(folders_);
 }
@@ -49,10 +53,20 @@ void LookedFiles::Begin(const std::string& folder) {
         files_.reset();
         folders_.reset();
     }
+    if (folder_ != folder) {
+        then_.clear();
+        Forget();
+    }
     folder_ = folder;
     failure_.reset();
     TimerLook.Enabled = Pending();
     TellPending();
+}
+
+void LookedFiles::DropOld() {
+    if (form_.App().GetToolkit().Now() - keptSince_ <= forms::Milliseconds(Moment)) return;
+    files_.reset();
+    folders_.reset();
 }
 
 void LookedFiles::Keep(FolderLook& look) {
@@ -63,6 +77,7 @@ void LookedFiles::Keep(FolderLook& look) {
     std::inplace_merge(folders.begin(), folders.begin() + counted, folders.end(), ListsBefore);
     folders_ = std::move(folders);
     files_ = std::move(content.files);
+    keptSince_ = form_.App().GetToolkit().Now();
 }
 
 void LookedFiles::TellPending() {
@@ -72,7 +87,14 @@ void LookedFiles::TellPending() {
 }
 
 void LookedFiles::TimerLook_Timer() {
-    if (!look_ || !look_->Wait(0)) return;
+    if (form_.Unloaded()) {
+        look_.reset();
+        TimerLook.Enabled = false;
+    }
+    if (look_ && look_->Wait(0)) Arrive();
+}
+
+void LookedFiles::Arrive() {
     const std::unique_ptr<FolderLook> look = std::move(look_);
     TimerLook.Enabled = false;
     try {
@@ -82,10 +104,60 @@ void LookedFiles::TimerLook_Timer() {
     }
     TellPending();
     if (failure_) {
+        then_.clear();
+        Forget();
         OnFailure(std::string(folder_), RuntimeError(*failure_));
-    } else {
-        OnCome();
+        return;
     }
+    OnCome();
+    while (!Pending() && !form_.Unloaded() && !then_.empty()) {
+        const auto then = std::move(then_.front());
+        then_.pop_front();
+        then();
+    }
+    if (wish_) FollowSoon();
+}
+
+void LookedFiles::Wait() {
+    while (look_ && !form_.Unloaded()) {
+        if (look_->Wait(Interval)) {
+            Arrive();
+        } else {
+            form_.App().DoEvents();
+        }
+    }
+}
+
+bool LookedFiles::Awaits(std::function<void()> then) {
+    wish_ = Pending() ? std::move(then) : nullptr;
+    return Pending();
+}
+
+void LookedFiles::WhenRead(std::function<void()> then) {
+    if (Pending()) {
+        then_.push_back(std::move(then));
+    } else {
+        then();
+    }
+}
+
+void LookedFiles::FollowSoon() {
+    auto free = std::ranges::find_if(followers_, [](const auto& follower) { return !follower->works; });
+    if (free == followers_.end())
+        free = followers_.insert(followers_.end(), std::make_unique<Follower>(form_));
+    Follower& follower = **free;
+    follower.TimerFollow.OnTimer = [this, &follower] { Follow(follower); };
+    follower.TimerFollow.Interval = 1;
+    follower.TimerFollow.Enabled = true;
+}
+
+void LookedFiles::Follow(Follower& follower) {
+    follower.TimerFollow.Enabled = false;
+    if (Pending() || form_.Unloaded() || !wish_) return;
+    const auto wish = std::exchange(wish_, nullptr);
+    follower.works = true;
+    wish();
+    follower.works = false;
 }
 
 }  // namespace tavrix

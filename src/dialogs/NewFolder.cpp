@@ -45,8 +45,12 @@ std::optional<std::string> AskForName(const MainModule& module, const NewFolderW
 
 void CmdNewFolder_Click(const MainModule& module, FolderLists& lists, const NewFolderWords& words) {
     if (module.Busy()) return;  // a second press while the folder of the first is being made
+    lists.Forget();
     const std::optional<std::string> name = AskForName(module, words);
     if (!name) return;
+    const auto tell = [&module](const RuntimeError& error) {
+        TellFailure(module, "Unable to create folder.", error);
+    };
     std::optional<RuntimeError> failure;
     {
         const forms::BusyGuard busy(module.Screen());
@@ -54,13 +58,12 @@ void CmdNewFolder_Click(const MainModule& module, FolderLists& lists, const NewF
         try {
             const std::string folder = lists.Folder() + *name;
             module.platform.files.MakeFolder(folder);
-            lists.Dir().Path = folder;
+            lists.Show(folder, tell);
         } catch (const RuntimeError& error) {
             failure = error;
         }
     }
-    if (!failure) return;
-    TellFailure(module, "Unable to create folder.", *failure);
+    if (failure) tell(*failure);
 }
 
 }  // namespace tavrix

@@ -22,7 +22,6 @@ int RowOfFile(const forms::FileListBox& files, const std::string& name) {
 }
 
 void SelectImageOnShow(const MainModule& module, forms::FileListBox& files) {
-    files.Refresh();
     if (files.ListCount() == 0) return;
     const int row = RowOfFile(files, FileNameOf(module.CurrentImage));
     files.ListIndex = row >= 0 ? row : 0;

@@ -18,8 +18,8 @@ void GoToFolderOfImage(const MainModule& module, FolderLists& lists);
 /// The row of a file's name, in any case where it is not there as it is spelled; -1 when there is none.
 [[nodiscard]] int RowOfFile(const forms::FileListBox& files, const std::string& name);
 
-/// Reads a list again and makes the image on show its current and selected row, where it is there; else the first row is
-/// the current one.
+/// Makes the image on show the current and selected row of a list, where it is there; else the first row is the current
+/// one.
 void SelectImageOnShow(const MainModule& module, forms::FileListBox& files);
 
 /// Whether a path is that of the image on show, or leads to its file. Names that differ in case alone are one file,

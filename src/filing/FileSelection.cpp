@@ -25,6 +25,11 @@ FileSelection::FileSelection(forms::Container& container, const MainModule& modu
     CmdInverse.OnClick = [this] { files_.InvertSelection(); };
 }
 
+void FileSelection::SetEnabled(bool enabled) {
+    for (forms::CommandButton* button : {&CmdAll, &CmdNone, &CmdInverse})
+        button->Enabled = enabled;
+}
+
 std::vector<std::string> FileSelection::Names() const {
     std::vector<std::string> names;
     const forms::RowRanges selected = files_.Selection();

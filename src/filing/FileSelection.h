@@ -32,6 +32,8 @@ class FileSelection {
     forms::CommandButton CmdNone;
     forms::CommandButton CmdInverse;
 
+    /// Nothing can be selected while the files have yet to come.
+    void SetEnabled(bool enabled);
     /// The selected names, in the order of the list.
     [[nodiscard]] std::vector<std::string> Names() const;
 

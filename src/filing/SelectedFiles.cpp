@@ -8,23 +8,30 @@
 #include "filing/deleting/DeleteListedFile.h"
 
 namespace tavrix {
-namespace {
-
-/// A pattern that no name matches.
-constexpr const char* NoName = ":";
-
-}  // namespace
-
 SelectedFiles::SelectedFiles(forms::Container& container, MainModule& module,
-                             std::function<std::string()> folder)
+                             std::function<std::string()> folder, LookedFiles* looked)
     : module_(module),
+      looked_(looked),
       lblFiles(container, "lblFiles"),
-      File1(container, "File1", module.platform.files, PatternOf(ImagesShown::All)),
+      File1(container, "File1", looked != nullptr ? *looked : module.platform.files,
+            PatternOf(ImagesShown::All)),
       Selection(container, module, File1),
       folder_(std::move(folder)) {
     lblFiles.Caption = "Select File(s):";
     lblFiles.SetBuddy(File1);
-    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(module_, File1, folder_(), keyCode); };
+    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(keyCode); };
+}
+
+void SelectedFiles::File1_KeyUp(int keyCode) {
+    if (!DeletedByKey(module_, File1, folder_(), keyCode)) return;
+    const auto selectFirst = [this] {
+        if (File1.ListCount() > 0) File1.ListIndex = 0;
+    };
+    if (looked_ != nullptr) {
+        looked_->WhenRead(selectFirst);
+    } else {
+        selectFirst();
+    }
 }
 
 forms::Layout SelectedFiles::List() {
@@ -44,7 +51,7 @@ void SelectedFiles::ReadFrom(const std::string& root) {
         }
     } catch (const RuntimeError&) {
         // A list that could not come here yet is in another folder, of which nothing is to be seen.
-        File1.Pattern = NoName;
+        File1.Pattern = LookedFiles::NoNames;
         throw;
     }
     File1.Pattern = PatternOf(ImagesShown::All);

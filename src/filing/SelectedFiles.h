@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/MainModule.h"
+#include "dialogs/LookedFiles.h"
 #include "filing/FileSelection.h"
 #include "platform/forms/FileListBox.h"
 #include "platform/forms/Form.h"
@@ -18,13 +19,15 @@ namespace tavrix {
 class SelectedFiles {
   public:
     /// To be a member of the form; its controls lie in the container. `folder` is where the listed files lie, with a
-    /// backslash at the end.
-    SelectedFiles(forms::Container& container, MainModule& module, std::function<std::string()> folder);
+    /// backslash at the end. `looked` are the files of the list; where it is null, the disk is read at once.
+    SelectedFiles(forms::Container& container, MainModule& module, std::function<std::string()> folder,
+                  LookedFiles* looked = nullptr);
     SelectedFiles(const SelectedFiles&) = delete;
     SelectedFiles& operator=(const SelectedFiles&) = delete;
 
   private:
     MainModule& module_;
+    LookedFiles* looked_;
 
   public:
     forms::Label lblFiles;
@@ -39,6 +42,8 @@ class SelectedFiles {
     [[nodiscard]] forms::Layout List();
 
   private:
+    void File1_KeyUp(int keyCode);
+
     std::function<std::string()> folder_;
 };
 

@@ -10,6 +10,7 @@
 #include "core/FloppyPrompt.h"
 #include "core/HelpContexts.h"
 #include "core/UnsavedImage.h"
+#include "dialogs/CurrentDrive.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/MenuState.h"
 #include "viewer/Opening.h"
@@ -117,9 +118,7 @@ void mnuSaveFavoritesAsShow_Click(MainViewFrm& view, const OtherSubsystems& othe
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     view.TheLives().EndStage();
     MakeShow(module);
-    // A drive that is not ready fails here and not in the dialog's lists.
-    Files& files = module.platform.files;
-    SkipFailure([&] { static_cast<void>(files.First(Left(files.CurrentFolder(), 1) + ":\\*")); });
+    TouchCurrentDrive(module);
     module.show.SaveFromArrays = true;
     others.SaveShowAs("Untitled.tvs");
     module.show.SaveFromArrays = false;

@@ -36,6 +36,7 @@ void frmBrowseQuick::Form_Load() {
 
 void frmBrowseQuick::CmdOK_Click() {
     if (module_.Busy()) return;  // a folder is still being made
+    if (Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     const std::string folder = WithUpperFirst(Chooser.Lists.Folder());
     row_.lblPath.Caption = folder;
     if (row_.Name().empty()) row_.txtName.Text = folder;

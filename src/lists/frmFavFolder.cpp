@@ -32,6 +32,7 @@ void frmFavFolder::Form_Load() {
 
 void frmFavFolder::CmdOK_Click() {
     if (module_.Busy()) return;  // a folder is still being made
+    if (Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     module_.config.FavoriteFolder = Chooser.Dir1.Path;
     App().Unload(*this);
 }

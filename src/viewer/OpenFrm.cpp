@@ -7,6 +7,7 @@
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
 #include "core/UnsavedImage.h"
+#include "dialogs/CurrentDrive.h"
 #include "dialogs/DialogWork.h"
 #include "viewer/MainViewFrm.h"
 #include "viewer/Opening.h"
@@ -85,8 +86,12 @@ void OpenFrm::Form_Load() {
     if (!current.empty() && current != GetTempFolder(module_) + "Untitled.BMP") {
         SkipFailure([&] { Lists.GoTo(FolderOf(current)); });
     }
-    File1.Refresh();
+    Lists.WhenRead([this] { SelectImageOnShow(); });
+}
+
+void OpenFrm::SelectImageOnShow() {
     if (File1.ListCount() == 0) return;
+    const std::string& current = module_.CurrentImage;
     const int row = current.empty() ? -1 : File1.IndexOf(FileNameOf(current));
     File1.ListIndex = row >= 0 ? row : 0;
 }
@@ -119,7 +124,7 @@ std::string OpenFrm::SelectedPath() const {
 }
 
 void OpenFrm::CmdOpen_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdOpen_Click(); })) return;
     if (File1.ListCount() == 0) {
         Tell("There are no files in the selected directory to open...");
         return;
@@ -187,11 +192,7 @@ void mnuOpen_Click(MainViewFrm& view) {
     module.DoEvents();
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     if (!ConfirmDiscard(module)) return;
-    // A drive that is not ready fails here and not in the dialog's lists.
-    SkipFailure([&] {
-        static_cast<void>(
-            module.platform.files.First(Left(module.platform.files.CurrentFolder(), 1) + ":\\*"));
-    });
+    TouchCurrentDrive(module);
     module.app.Load<OpenFrm>(view).ShowModal();
 }
 

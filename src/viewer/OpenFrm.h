@@ -8,6 +8,7 @@
 #include "core/ImageKinds.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
@@ -32,10 +33,11 @@ class OpenFrm final : public forms::Form {
     MainModule& module_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, PatternOf(ImagesShown::Opening)};
     forms::Label lblFiles{*this, "lblFiles"};
-    forms::FileListBox File1{*this, "File1", module_.platform.files, PatternOf(ImagesShown::Opening)};
+    forms::FileListBox File1{*this, "File1", Looked, PatternOf(ImagesShown::Opening)};
     forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
     forms::Label lblDrives{*this, "lblDrives"};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
     forms::CommandButton CmdOpen{*this, "CmdOpen"};
@@ -51,7 +53,7 @@ class OpenFrm final : public forms::Form {
     forms::CheckBox ChkPreview{*this, "ChkPreview"};
     forms::Timer TimerPreview{*this};
 
-    FolderLists Lists{module_, Drive1, Dir1, &File1};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &File1};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
 
     void Form_Load() override;
@@ -78,6 +80,8 @@ class OpenFrm final : public forms::Form {
     void picPreview_Arrived();
 
     void BuildLayout();
+    /// The image on show is the current file, else the first one is.
+    void SelectImageOnShow();
     void Tell(const std::string& text);
     [[nodiscard]] std::string SelectedPath() const;
     /// Makes the next file in this direction the selected one, the first when none is.
@@ -87,8 +91,11 @@ class OpenFrm final : public forms::Form {
     void EndWaiting();
     void FitPreview();
     void TellPreviewFailure(const RuntimeError& error);
-    /// Previews a file that was dropped; false when it is not in a list that it could be opened from.
-    bool ShowDropped(const std::string& path);
+    /// Previews a file that was dropped, or tells that it is not in a list that it could be opened from.
+    void ShowDropped(const std::string& path);
+    void SelectDropped(const std::string& path);
+    void PreviewDropped(int row);
+    void TellNotDropped();
 
     std::optional<forms::BusyGuard> waiting_;  ///< from the wish for a preview until its first rows stand
     std::string

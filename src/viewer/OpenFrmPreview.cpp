@@ -54,7 +54,7 @@ void OpenFrm::TimerPreview_Timer() {
 }
 
 void OpenFrm::CmdPreview_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdPreview_Click(); })) return;
     if (File1.ListCount() == 0) {
         Tell(NoFiles);
         return;
@@ -153,7 +153,7 @@ void OpenFrm::picPreview_Arrived() {
 }
 
 void OpenFrm::Step(int direction) {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this, direction] { Step(direction); })) return;
     const int count = File1.ListCount();
     if (count == 0) {
         Tell(NoFiles);
@@ -183,32 +183,50 @@ void OpenFrm::picPreview_OLEDragDrop(const std::vector<std::string>& files) {
     } else if (EndsInIgnoringCase(path, ".TVS")) {
         Tell("The Tavrix slide show file type (.TVS) is not an image file, unable to open:" +
              std::string(NewLine2) + path);
-    } else if (!ShowDropped(path)) {
-        App().MessageBox({.text = "This file can't be opened by Tavrix, it may not be a valid image.",
-                          .title = "Unable to show preview..."});
+    } else {
+        ShowDropped(path);
     }
 }
 
-bool OpenFrm::ShowDropped(const std::string& path) {
+void OpenFrm::TellNotDropped() {
+    App().MessageBox({.text = "This file can't be opened by Tavrix, it may not be a valid image.",
+                      .title = "Unable to show preview..."});
+}
+
+void OpenFrm::ShowDropped(const std::string& path) {
+    Lists.Forget();
     File1.ListIndex = -1;  // ticking the box would preview what was selected
     TimerPreview.Enabled = false;
     ChkPreview.Value = true;
-    bool there = false;
-    SkipFailure([&] {
-        Lists.GoTo(FolderOf(path));
-        there = true;
-    });
-    if (!there) return false;
-    int row = File1.IndexOf(FileNameOf(path));
-    if (row < 0) {  // the file may be newer than the list
-        File1.Refresh();
-        row = File1.IndexOf(FileNameOf(path));
+    try {
+        Lists.GoTo(FolderOf(path), [this](const RuntimeError&) { TellNotDropped(); });
+    } catch (const RuntimeError&) {
+        TellNotDropped();
+        return;
     }
-    if (row < 0) return false;
+    Lists.WhenRead([this, path] { SelectDropped(path); });
+}
+
+void OpenFrm::SelectDropped(const std::string& path) {
+    const std::string name = FileNameOf(path);
+    const int row = File1.IndexOf(name);
+    if (row >= 0) {
+        PreviewDropped(row);
+        return;
+    }
+    File1.Refresh();  // the file may be newer than the list
+    static_cast<void>(File1.ListCount());
+    Lists.WhenRead([this, name] { PreviewDropped(File1.IndexOf(name)); });
+}
+
+void OpenFrm::PreviewDropped(int row) {
+    if (row < 0) {
+        TellNotDropped();
+        return;
+    }
     File1.ListIndex = row;
     TimerPreview.Enabled = false;  // not after a pause, but at once
     CmdPreview_Click();
-    return true;
 }
 
 }  // namespace tavrix

@@ -26,19 +26,21 @@ class FolderDialog final : public forms::Form {
     const MainModule& module_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, "*.*"};
+    LookedFiles Looked2{*this, module_.platform.files, LookedFiles::NoNames, &Looked};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
-    forms::FileListBox File1{*this, "File1", module_.platform.files};
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
+    forms::FileListBox File1{*this, "File1", Looked};
     forms::CommandButton CmdFF{*this, "CmdFF"};
     forms::CommandButton CmdNew{*this, "CmdNew"};
-    FolderLists Lists{module_, Drive1, Dir1, &File1};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &File1};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
     // The other side of a dialog with two.
     forms::DriveListBox Drive2{*this, "Drive2", module_.platform.files, module_.platform.drives};
-    forms::DirListBox Dir2{*this, "Dir2", module_.platform.files};
+    forms::DirListBox Dir2{*this, "Dir2", Looked2};
     forms::CommandButton CmdFF2{*this, "CmdFF2"};
     forms::CommandButton CmdNew2{*this, "CmdNew2"};
-    FolderLists Lists2{module_, Drive2, Dir2, nullptr, BadDrive::Program};
+    FolderLists Lists2{module_, Looked2, Drive2, Dir2, nullptr, BadDrive::Program};
     FolderButton FavoriteButton2{*this,
                                  module_,
                                  CmdFF2,

@@ -70,7 +70,7 @@ TEST_F(FolderListsTest, ADriveThatHasGoneIsNotAvailable) {
 }
 
 TEST_F(FolderListsTest, ADriveWhoseFoldersCannotBeReadIsNotAvailable) {
-    platform.faults.FailAlways(Service::Files, "Folders", ErrorNumber::PermissionDenied);
+    platform.faults.FailAlways(Service::Files, "Look", ErrorNumber::PermissionDenied);
     ExpectUnavailable();
     PickDrive(RowOfD);
     EXPECT_EQ(Now(), At("C:\\Pictures"));

@@ -207,5 +207,172 @@ TEST_F(LookedFilesTest, ALateFailureIsThatOfItsFolderAlone) {
     EXPECT_EQ(files.Folders(Slow), FoldersIn(Slow));
 }
 
+TEST_F(LookedFilesTest, WhatNoListAskedForInTimeIsReadAgain) {
+    static_cast<void>(files.List(Quick, Bitmaps));
+    toolkit.Advance(forms::Milliseconds(LookedFiles::Moment + 1));
+    platform.disks.PutFolder("C:\\quick\\d");
+    EXPECT_EQ(files.Folders(Quick).size(), 4U);
+    toolkit.Advance(forms::Milliseconds(LookedFiles::Moment + 1));
+    platform.disks.PutFile("C:\\quick\\z.bmp", "x");
+    EXPECT_EQ(files.List(Quick, Bitmaps), (Texts{"a.bmp", "z.bmp"}));
+}
+
+// What waits for a folder
+
+class WaitingTest : public LookedFilesTest {
+  protected:
+    void Await(const std::string& name) { awaited = files.Awaits(Noting(name)); }
+    void WhenRead(const std::string& name) { files.WhenRead(Noting(name)); }
+    std::function<void()> Noting(const std::string& name) {
+        return [this, name] { done.push_back(name); };
+    }
+
+    Texts done;
+    bool awaited = false;
+};
+
+TEST_F(WaitingTest, NothingWaitsForAFolderThatHasCome) {
+    static_cast<void>(files.List(Quick, Bitmaps));
+    Await("wish");
+    EXPECT_FALSE(awaited);
+    WhenRead("then");
+    EXPECT_EQ(done, Texts{"then"});
+    Tick(5);
+    EXPECT_EQ(done, Texts{"then"});
+}
+
+TEST_F(WaitingTest, AWishIsDoneOnceAndAfterAllElse) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("first wish");
+    EXPECT_TRUE(awaited);
+    WhenRead("a");
+    Await("last wish");
+    WhenRead("b");
+    files.OnCome = Noting("come");
+    EXPECT_EQ(done, Texts{});
+    Tick(10);
+    EXPECT_EQ(done, (Texts{"come", "a", "b", "last wish"}));
+    EXPECT_FALSE(form.Unloaded());
+}
+
+TEST_F(WaitingTest, AnotherFolderEndsTheWait) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("wish");
+    WhenRead("then");
+    static_cast<void>(files.List(Quick, Bitmaps));
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Tick(10);
+    EXPECT_EQ(came, 1);
+    EXPECT_EQ(done, Texts{});
+}
+
+TEST_F(WaitingTest, TheSameFolderAskedForAgainDoesNot) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("wish");
+    WhenRead("then");
+    files.LookAgain();
+    static_cast<void>(files.Folders(Slow));
+    Tick(10);
+    EXPECT_EQ(done, (Texts{"then", "wish"}));
+}
+
+TEST_F(WaitingTest, AFailureEndsTheWait) {
+    platform.disks.SetUnreadable(Slow, true);
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("wish");
+    WhenRead("then");
+    Tick(10);
+    EXPECT_EQ(failures.size(), 1U);
+    platform.disks.SetUnreadable(Slow, false);
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Tick(10);
+    EXPECT_EQ(done, Texts{});
+}
+
+TEST_F(WaitingTest, WhatTheUserForgetsIsNotDone) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("wish");
+    files.Forget();
+    Tick(10);
+    EXPECT_EQ(done, Texts{});
+    static_cast<void>(files.List(Slow, Bitmaps));
+    Await("wish");
+    Tick(5);
+    Await("wish");  // it has come: the caller does it
+    EXPECT_FALSE(awaited);
+    Tick(10);
+    EXPECT_EQ(done, Texts{});
+}
+
+TEST_F(WaitingTest, AWishMayWaitForTheNextFolder) {
+    disk.waits = 3;
+    static_cast<void>(files.List(Slow, Bitmaps));
+    static_cast<void>(files.Awaits([this] {
+        files.LookAgain();
+        EXPECT_TRUE(files.Pending());
+        Await("inner");
+        files.Wait();
+        EXPECT_FALSE(files.Pending());
+        Tick(2);  // a window of the wish's own
+        done.emplace_back("outer");
+    }));
+    Tick(20);
+    EXPECT_EQ(done, (Texts{"inner", "outer"}));
+}
+
+TEST_F(WaitingTest, WhatComesMayAskForAnotherFolder) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    files.WhenRead([this] { files.LookAgain(); });
+    WhenRead("second");
+    Await("wish");
+    Tick(5);
+    EXPECT_EQ(done, Texts{}) << "it is on its way again";
+    Tick(10);
+    EXPECT_EQ(done, (Texts{"second", "wish"}));
+}
+
+TEST_F(WaitingTest, AWorkWaitsWhileMessagesRun) {
+    static_cast<void>(files.List(Slow, Bitmaps));
+    int messages = 0;
+    toolkit.Post([&messages] { ++messages; });
+    files.Wait();
+    EXPECT_EQ(messages, 1);
+    EXPECT_FALSE(files.Pending());
+    EXPECT_EQ(came, 1);
+    EXPECT_EQ(files.List(Slow, Bitmaps), Texts{"a.bmp"});
+    EXPECT_FALSE(files.TimerLook.Enabled);
+    files.Wait();  // for nothing
+    EXPECT_EQ(came, 1);
+}
+
+TEST_F(WaitingTest, NobodyWaitsForAnUnloadedForm) {
+    auto& closed = app.Load<LookForm>(disk);
+    LookedFiles& its = closed.Looked;
+    const forms::Form::HandlerScope scope(closed);  // one of its handlers runs
+    its.OnCome = Noting("come");
+    static_cast<void>(its.List(Slow, Bitmaps));
+    static_cast<void>(its.Awaits(Noting("wish")));
+    its.WhenRead(Noting("then"));
+    toolkit.Post([this, &closed] { app.Unload(closed); });
+    its.Wait();
+    EXPECT_TRUE(its.Pending());
+    Tick(10);
+    EXPECT_EQ(done, Texts{});
+}
+
+TEST_F(WaitingTest, TwoOfOneFormKnowOfEachOther) {
+    LookedFiles other(form, disk, Bitmaps, &files);
+    EXPECT_FALSE(files.AnyPending());
+    static_cast<void>(other.List(Slow, Bitmaps));
+    EXPECT_FALSE(files.Pending());
+    EXPECT_TRUE(files.AnyPending());
+    EXPECT_TRUE(other.AnyPending());
+    static_cast<void>(files.List(Quick, Bitmaps));
+    EXPECT_TRUE(files.AnyPending());
+    Tick(5);
+    EXPECT_FALSE(files.AnyPending());
+    EXPECT_FALSE(other.AnyPending());
+}
+
 }  // namespace
 }  // namespace tavrix::test

@@ -144,7 +144,7 @@ TEST_F(NewFolderTest, AnImpossibleNameIsAFailure) {
 }
 
 TEST_F(NewFolderTest, AFolderThatIsMadeButCannotBeReadIsAFailureToo) {
-    platform.faults.FailAlways(Service::Files, "Folders", ErrorNumber::PermissionDenied);
+    platform.faults.FailAlways(Service::Files, "Look", ErrorNumber::PermissionDenied);
     Answer("New");
     ExpectError("Unable to create folder.", ErrorNumber::PermissionDenied);
     Press(dialog.CmdNew);

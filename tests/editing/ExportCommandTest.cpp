@@ -76,9 +76,9 @@ TEST_F(ExportCommandTest, DoNothingWhileTheProgramIsBusy) {
 
 TEST_F(ExportCommandTest, ADriveThatIsNotReadyIsLookedAtFirst) {
     ASSERT_TRUE(Start(Gif));
-    platform.faults.FailAlways(headless::Service::Files, "First", ErrorNumber::DiskNotReady);
+    platform.faults.FailAlways(headless::Service::Files, "Look", ErrorNumber::DiskNotReady);
     InBmp([](ExportBmpFrm&) {});
-    EXPECT_EQ(Asked("Files.First C:\\*"), 1);
+    EXPECT_EQ(Asked("Files.Look C:\\ *"), 1);
 }
 
 TEST_F(ExportCommandTest, TheMainViewLeavesTheTopmostBandMeanwhile) {

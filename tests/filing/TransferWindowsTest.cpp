@@ -696,7 +696,7 @@ TEST_P(TransferWindowsTest, ADriveThatSleepsIsLookedAtFirst) {
     platform.faults.Clear();
     InWindow([](ImagesTransferFrm&) {});
     const auto& log = platform.faults.Log();
-    EXPECT_NE(std::ranges::find(log, "Files.First C:\\*"), log.end());
+    EXPECT_NE(std::ranges::find(log, "Files.Look C:\\ *"), log.end());
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, TransferWindowsTest, ::testing::Bool(),

@@ -227,7 +227,7 @@ TEST_F(FavFolderTest, MyDocumentsThatCannotBeMadeAreTold) {
 TEST_F(FavFolderTest, MyDocumentsThatCannotBeEnteredAreTold) {
     platform.disks.PutFolder("C:\\My Documents");
     Show([this](frmFavFolder& dialog) {
-        platform.faults.FailAlways(Service::Files, "Folders", ErrorNumber::PermissionDenied);
+        platform.faults.FailAlways(Service::Files, "Look", ErrorNumber::PermissionDenied);
         ExpectStop("Unable to change current directory to your My Documents folder...");
         Press(dialog.Chooser.CmdMyDocuments);
         EXPECT_EQ(PlaceOf(dialog), "C:\\Pictures");

@@ -393,7 +393,7 @@ TEST_F(SavedFavoritesTest, ADriveThatIsNotReadyIsPassedOver) {
     platform.faults.Clear();
     Save([&] { shown = true; });
     EXPECT_TRUE(shown);
-    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.First A:\\*"), 1);
+    EXPECT_EQ(std::ranges::count(platform.faults.Log(), "Files.Look A:\\ *"), 1);
 }
 
 class frmFavoritesTest : public FavoriteFilesTest {

@@ -296,19 +296,19 @@ TEST_F(PackageFrmTest, FilesInTheDestinationAreAskedAbout) {
 TEST_F(PackageFrmTest, FoldersInTheDestinationAreAskedAbout) {
     const std::string ending = "\r\n\r\nC:\\Out\r\n\r\nCreate a slide show package directory here anyway?";
     platform.disks.PutFolder("C:\\Out\\Tavrix.lib");
-    EXPECT_EQ(FolderQuestion(module, "C:\\Out", "slide show"), std::nullopt);
+    EXPECT_EQ(FolderQuestion(platform.files.Folders("C:\\Out"), "C:\\Out", "slide show"), std::nullopt);
     platform.disks.PutFolder("C:\\Out\\Mine");
-    EXPECT_EQ(FolderQuestion(module, "C:\\Out", "slide show"),
+    EXPECT_EQ(FolderQuestion(platform.files.Folders("C:\\Out"), "C:\\Out", "slide show"),
               "The selected package directory contains folders that are not related to Tavrix:" + ending);
     platform.disks.PutFolder("C:\\Out\\Slides");
-    EXPECT_EQ(FolderQuestion(module, "C:\\Out", "slide show"),
+    EXPECT_EQ(FolderQuestion(platform.files.Folders("C:\\Out"), "C:\\Out", "slide show"),
               "The selected package directory already has a SLIDES folder.  Other directories not related to "
               "Tavrix also exist in this folder:" +
                   ending);
     platform.disks.Remove("C:\\Out\\Mine");
     const std::string slidesOnly =
         "The selected package directory already has a SLIDES folder in it:" + ending;
-    EXPECT_EQ(FolderQuestion(module, "C:\\Out", "slide show"), slidesOnly);
+    EXPECT_EQ(FolderQuestion(platform.files.Folders("C:\\Out"), "C:\\Out", "slide show"), slidesOnly);
     ExpectSummary();
     ExpectQuestion(slidesOnly, Answer::No);
     Press(Load().CmdPackage);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,7 +31,7 @@ class SlowLook final : public FolderLook {
     int waits_;
 };
 
-/// The files of the tests, of which one folder is on a disk that sleeps.
+/// The files of the tests, of which one folder, or some more, are on a disk that sleeps.
 class SleepingDisk final : public ForwardingFiles {
   public:
     SleepingDisk(Files& files, headless::HeadlessToolkit& toolkit)
@@ -38,10 +39,12 @@ class SleepingDisk final : public ForwardingFiles {
 
     std::unique_ptr<FolderLook> Look(const std::string& folder, const std::string& patterns) override {
         auto look = ForwardingFiles::Look(folder, patterns);
-        return std::make_unique<SlowLook>(std::move(look), toolkit_, folder == sleeping ? waits : 0);
+        const bool sleeps = folder == sleeping || also.contains(folder);
+        return std::make_unique<SlowLook>(std::move(look), toolkit_, sleeps ? waits : 0);
     }
 
     std::string sleeping;
+    std::set<std::string> also;
     int waits = 250;
 
   private:

@@ -337,16 +337,16 @@ TEST_F(OpenFrmTest, ANoToTheDiscardQuestionOpensNothing) {
         InDialogs({});
         EXPECT_EQ(module.CurrentImage, path);
     }
-    EXPECT_EQ(Asked("Files.First"), 0) << "the drive is not touched either";
+    EXPECT_EQ(Asked("Files.Look"), 0) << "the drive is not touched either";
 }
 
 TEST_F(OpenFrmTest, TheCurrentDriveIsTouchedOnceBeforehand) {
     ASSERT_TRUE(Start());
-    const long before = Asked("Files.First");
-    InDialog([&](OpenFrm&) { EXPECT_EQ(Asked("Files.First C:\\*"), before + 1); });
-    EXPECT_EQ(Asked("Files.First"), before + 1);
+    const long before = Asked("Files.Look C:\\ *");
+    InDialog([&](OpenFrm&) { EXPECT_EQ(Asked("Files.Look C:\\ *"), before + 1); });
+    EXPECT_EQ(Asked("Files.Look C:\\ *"), before + 1);
 
-    platform.faults.FailAlways(Service::Files, "First", ErrorNumber::BadFileNameOrNumber);
+    platform.disks.SetUnreadable("C:\\", true);
     InDialog([&](OpenFrm& dialog) { EXPECT_EQ(dialog.File1.FileName(), "a.bmp"); });
 }
 
@@ -379,8 +379,7 @@ TEST_F(OpenFrmTest, AFolderOfManyFilesIsReadNoMoreThanNeeded) {
     platform.faults.Clear();
     InDialog([&](OpenFrm& dialog) {
         EXPECT_EQ(dialog.File1.ListIndex.Get(), 40'000);
-        EXPECT_EQ(Asked("Files.List"), 1) << "opening";
-        EXPECT_LE(Asked("Files.Folders"), 2) << "the current folder, and that of the image";
+        EXPECT_EQ(Asked("Files.Look"), 3) << "the current drive, the current folder, and that of the image";
 
         platform.faults.Clear();
         for (int row = 30'000; row < 30'100; ++row)
@@ -392,7 +391,7 @@ TEST_F(OpenFrmTest, AFolderOfManyFilesIsReadNoMoreThanNeeded) {
         Push(dialog.CmdPrevious);
         Push(dialog.CmdPreview);
         dialog.Deliver(forms::DropEvent{{"C:\\big\\140001.bmp"}});
-        EXPECT_EQ(Asked("Files.List") + Asked("Files.Folders"), 0) << "moving";
+        EXPECT_EQ(Asked("Files.Look"), 0) << "moving";
 
         platform.faults.Clear();
         ExpectQuestion(
@@ -400,14 +399,14 @@ TEST_F(OpenFrmTest, AFolderOfManyFilesIsReadNoMoreThanNeeded) {
             Answer::Yes);
         Type(dialog, forms::KeyCode::Delete);
         EXPECT_EQ(dialog.File1.ListCount(), files - 1);
-        EXPECT_EQ(Asked("Files.List"), 1) << "deleting";
+        EXPECT_EQ(Asked("Files.Look"), 1) << "deleting";
 
         platform.faults.Clear();
         dialog.Dir1.Path = "C:\\p";
-        EXPECT_EQ(Asked("Files.List"), 0) << "a folder on the way is not read";
         dialog.Dir1.Path = "C:\\big";
         EXPECT_EQ(dialog.File1.ListCount(), files - 1);
-        EXPECT_EQ(Asked("Files.List"), 1);
+        EXPECT_EQ(Asked("Files.Look"), 2) << "both lists by one look";
+        EXPECT_EQ(Asked("Files.List") + Asked("Files.Folders"), 0);
 
         platform.faults.Clear();
         Select(dialog, 40'000);

@@ -25,6 +25,7 @@ OpenPaletteFrm::OpenPaletteFrm(forms::Application& application, const MainModule
 }
 
 void OpenPaletteFrm::CmdOpen_Click() {
+    if (Chooser.Lists.Awaits([this] { CmdOpen_Click(); })) return;
     const auto path =
         Chooser.Selected("There are no files in the selected directory to get a color palette from...",
                          "Select the file to get color palette from...");

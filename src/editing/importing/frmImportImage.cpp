@@ -23,6 +23,7 @@ frmImportImage::frmImportImage(forms::Application& application, const MainModule
 }
 
 void frmImportImage::CmdImport_Click() {
+    if (Chooser.Lists.Awaits([this] { CmdImport_Click(); })) return;
     const std::string extension = UpperCase(Right(Chooser.File1.Pattern.Get(), 4));
     const auto path =
         Chooser.Selected("There are no " + extension + " image files in the selected directory...",

@@ -42,6 +42,7 @@ void ExportButtons::CmdExport_Click() {
     if (module_.Busy()) return;
     target_.txtFilename.Text = Trim(target_.txtFilename.Text.Get());
     if (!target_.NameIsUsable()) return;
+    if (target_.Lists.Awaits([this] { CmdExport_Click(); })) return;  // what is there is asked next
     const std::string& name = target_.txtFilename.Text;
     if (!EndsInIgnoringCase(name, extension_)) target_.txtFilename.Text = name + extension_;
     if (!target_.UserAgrees()) return;

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "base/RuntimeError.h"
-#include "base/Text.h"
+#include "dialogs/CurrentDrive.h"
 #include "editing/frame/EditingDialog.h"
 #include "viewer/MainViewFrm.h"
 
@@ -23,11 +22,7 @@ void RunExportCommand(MainViewFrm& view, std::string (*whyNot)(const std::string
         module.app.MessageBox({.text = refusal});
         return;
     }
-    // A drive that is not ready fails here and not in the dialog's lists.
-    SkipFailure([&] {
-        Files& files = module.platform.files;
-        static_cast<void>(files.First(Left(files.CurrentFolder(), 1) + ":\\*"));
-    });
+    TouchCurrentDrive(module);
     ShowDialog<Dialog>(module, view);
 }
 

@@ -20,6 +20,7 @@ FileTarget::FileTarget(forms::Form& form, MainViewFrm& view, const FileTargetWor
       view_(view),
       module_(view.Module()),
       words_(words),
+      Looked(form, module_.platform.files),
       lblCurMsg(form, "lblCurMsg"),
       lblCurrent(form, "lblCurrent"),
       lblFilename(form, "lblFilename"),
@@ -27,10 +28,10 @@ FileTarget::FileTarget(forms::Form& form, MainViewFrm& view, const FileTargetWor
       lblDrives(form, "lblDrives"),
       Drive1(form, "Drive1", module_.platform.files, module_.platform.drives),
       lblFolders(form, "lblFolders"),
-      Dir1(form, "Dir1", module_.platform.files),
+      Dir1(form, "Dir1", Looked),
       CmdFF(form, "CmdFF"),
       CmdNew(form, "CmdNew"),
-      Lists(module_, Drive1, Dir1, nullptr),
+      Lists(module_, Looked, Drive1, Dir1, nullptr),
       FavoriteButton(form, module_, CmdFF, Lists, [&module = module_] { return QuickFoldersOf(module); }) {
     lblCurMsg.Caption = "Current filename:";
     lblCurMsg.OnClick = [this] { lblCurrent_Click(); };

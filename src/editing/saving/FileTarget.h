@@ -7,6 +7,7 @@
 #include "core/MainModule.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
@@ -40,6 +41,7 @@ class FileTarget {
     FileTargetWords words_;
 
   public:
+    LookedFiles Looked;
     forms::Label lblCurMsg;
     forms::Label lblCurrent;
     forms::Label lblFilename;

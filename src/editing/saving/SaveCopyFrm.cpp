@@ -28,6 +28,7 @@ void SaveCopyFrm::Form_Load() {
 
 void SaveCopyFrm::CmdSave_Click() {
     if (module_.Busy() || !Target.NameIsUsable()) return;
+    if (Target.Lists.Awaits([this] { CmdSave_Click(); })) return;  // what is there is asked next
     if (IsCurrentImage(Target.FullName())) {
         App().MessageBox({.text = "The filename and selected path are the same as the original image file, "
                                   "nothing to copy..."});

@@ -44,9 +44,14 @@ void DeleteFolderFrm::Form_Load() {
 }
 
 void DeleteFolderFrm::CmdDelete_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdDelete_Click(); })) return;
     Dir1.Refresh();
     File1.Refresh();
+    if (!Lists.Awaits([this] { DeleteAsRead(); })) DeleteAsRead();
+}
+
+void DeleteFolderFrm::DeleteAsRead() {
+    if (module_.Busy()) return;
     if (CharacterCount(File1.Path.Get()) <= 2) {
         App().MessageBox({.text = "You may not delete the root folder on your hard drive..."});
         return;

@@ -4,6 +4,7 @@
 
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Label.h"
@@ -19,23 +20,25 @@ class DeleteFolderFrm final : public forms::Form {
     MainModule& module_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, "*.*"};
     forms::Label lblDrives{*this, "lblDrives"};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
-    forms::FileListBox File1{*this, "File1", module_.platform.files};  ///< hidden, for what the folder holds
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
+    forms::FileListBox File1{*this, "File1", Looked};  ///< hidden, for what the folder holds
     forms::CommandButton CmdDelete{*this, "CmdDelete"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
     forms::CommandButton CmdFF{*this, "CmdFF"};
 
-    FolderLists Lists{module_, Drive1, Dir1, &File1, BadDrive::Program};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &File1, BadDrive::Program};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
 
     void Form_Load() override;
 
   private:
     void CmdDelete_Click();
+    void DeleteAsRead();
 };
 
 }  // namespace tavrix

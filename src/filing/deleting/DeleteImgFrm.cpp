@@ -7,6 +7,7 @@
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
 #include "core/RecentLists.h"
+#include "dialogs/ContentOf.h"
 #include "dialogs/DialogPictures.h"
 #include "filing/CurrentImageFolder.h"
 #include "filing/Questions.h"
@@ -40,6 +41,8 @@ DeleteImgFrm::DeleteImgFrm(forms::Application& application, MainModule& module)
     Image1.ToolTip = "Deleted files will NOT be stored in recycle bin!";
     Image1.AccessibleName = "Deleted files will NOT be stored in recycle bin!";
     Image1.Visible = !module_.config.UseRecycleBin;
+    Chooser.Lists.OnContent = [this] { Selection.SetEnabled(!Chooser.Lists.Pending()); };
+    Chooser.Lists.OnContent();
     SetLayout(Chooser.Arrangement(forms::Column(
         {CmdDelete, Selection.CmdAll, Selection.CmdNone, Selection.CmdInverse, CmdCancel, CmdHelp, Image1})));
 }
@@ -52,11 +55,16 @@ void DeleteImgFrm::Tell(const std::string& text) {
     App().MessageBox({.text = text});
 }
 
-bool DeleteImgFrm::FolderIsEmpty() const {
+std::optional<bool> DeleteImgFrm::FolderIsEmpty() const {
     if (Chooser.Dir1.ListCount() > 0) return false;
-    std::string first = "*";
-    SkipFailure([&] { first = module_.platform.files.First(Chooser.Lists.Folder() + "*"); });
-    return first.empty();
+    const std::string folder = Chooser.Dir1.Path;
+    bool empty = false;
+    SkipFailure([&] {
+        const auto content = ContentOf(module_, *this, folder);
+        empty = content && content->files.empty();
+    });
+    if (Unloaded() || Chooser.Dir1.Path.Get() != folder) return std::nullopt;
+    return empty;
 }
 
 void DeleteImgFrm::OfferToRemoveFolder() {
@@ -74,8 +82,10 @@ void DeleteImgFrm::OfferToRemoveFolder() {
 }
 
 void DeleteImgFrm::CmdDelete_Click() {
-    if (module_.Busy()) return;
-    if (FolderIsEmpty()) {
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdDelete_Click(); })) return;
+    const std::optional<bool> empty = FolderIsEmpty();
+    if (!empty) return;
+    if (*empty) {
         OfferToRemoveFolder();
         return;
     }
@@ -126,7 +136,11 @@ void DeleteImgFrm::DeleteAll(const std::vector<std::string>& names) {
 void DeleteImgFrm::Refresh() {
     if (Unloaded()) return;
     Chooser.File1.Refresh();
-    if (FolderIsEmpty()) OfferToRemoveFolder();
+    static_cast<void>(Chooser.File1.ListCount());
+    const auto offer = [this] {
+        if (!module_.Busy() && FolderIsEmpty().value_or(false)) OfferToRemoveFolder();
+    };
+    if (!Chooser.Lists.Awaits(offer)) offer();
 }
 
 void DeleteImgFrm::File1_KeyUp(int keyCode) {
@@ -137,7 +151,10 @@ void DeleteImgFrm::File1_KeyUp(int keyCode) {
 
 void DeleteImgFrm::Dir1_KeyUp(int keyCode) {
     if (keyCode != forms::KeyCode::Delete || module_.Busy()) return;
-    if (FolderIsEmpty()) {
+    if (Chooser.Lists.Awaits([this] { Dir1_KeyUp(forms::KeyCode::Delete); })) return;
+    const std::optional<bool> empty = FolderIsEmpty();
+    if (!empty) return;
+    if (*empty) {
         OfferToRemoveFolder();
         return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,8 +47,9 @@ class DeleteImgFrm final : public forms::Form {
     [[nodiscard]] bool DeleteSelected(const std::vector<std::string>& names);
     void DeleteAll(const std::vector<std::string>& names);
     void Refresh();
-    /// Neither files nor folders are to be seen in the folder of the list.
-    [[nodiscard]] bool FolderIsEmpty() const;
+    /// Whether neither files nor folders are to be seen in the folder of the list; nothing where the user has left it
+    /// meanwhile.
+    [[nodiscard]] std::optional<bool> FolderIsEmpty() const;
     void OfferToRemoveFolder();
     void Tell(const std::string& text);
 };

@@ -34,11 +34,12 @@ bool DeleteByKey(MainModule& module, const std::string& folder, const std::strin
     return false;
 }
 
-void File1_KeyUp(MainModule& module, forms::FileListBox& files, const std::string& folder, int keyCode) {
-    if (keyCode != forms::KeyCode::Delete || module.Busy()) return;
-    if (!DeleteByKey(module, folder, files.FileName(), forms::BoxIcon::Exclamation)) return;
+bool DeletedByKey(MainModule& module, forms::FileListBox& files, const std::string& folder, int keyCode) {
+    if (keyCode != forms::KeyCode::Delete || module.Busy()) return false;
+    if (!DeleteByKey(module, folder, files.FileName(), forms::BoxIcon::Exclamation)) return false;
     files.Refresh();
-    if (files.ListCount() > 0) files.ListIndex = 0;
+    static_cast<void>(files.ListCount());
+    return true;
 }
 
 }  // namespace tavrix

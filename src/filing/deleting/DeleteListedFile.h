@@ -17,8 +17,9 @@ bool DeleteListedFile(MainModule& module, const std::string& path, forms::BoxIco
 bool DeleteByKey(MainModule& module, const std::string& folder, const std::string& name,
                  forms::BoxIcon failureIcon);
 
-/// The keys of a list of a folder's files that are to be carried somewhere: Delete deletes the current one, and the first
-/// is the current one then.
-void File1_KeyUp(MainModule& module, forms::FileListBox& files, const std::string& folder, int keyCode);
+/// The keys of a list of a folder's files that are to be carried somewhere: Delete deletes the current one. The list is
+/// read again then; the first is to be the current one.
+[[nodiscard]] bool DeletedByKey(MainModule& module, forms::FileListBox& files, const std::string& folder,
+                                int keyCode);
 
 }  // namespace tavrix

@@ -40,12 +40,14 @@ RenameImgFrm::RenameImgFrm(forms::Application& application, MainViewFrm& view)
 void RenameImgFrm::Form_Load() {
     GoToFolderOfImage(module_, Chooser.Lists);
     if (!ImageHasItsFolder(module_)) return;
-    const int row = RowOfFile(Chooser.File1, FileNameOf(module_.CurrentImage));
-    if (row >= 0) Chooser.File1.ListIndex = row;
+    Chooser.Lists.WhenRead([this] {
+        const int row = RowOfFile(Chooser.File1, FileNameOf(module_.CurrentImage));
+        if (row >= 0) Chooser.File1.ListIndex = row;
+    });
 }
 
 void RenameImgFrm::CmdRename_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdRename_Click(); })) return;
     const auto tell = [this](const std::string& text) { App().MessageBox({.text = text, .title = Title}); };
     if (Chooser.File1.ListCount() == 0) {
         tell("There are no files in the selected directory to rename...");

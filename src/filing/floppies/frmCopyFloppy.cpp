@@ -80,7 +80,7 @@ bool frmCopyFloppy::UserAgrees(const std::vector<std::string>& names, const std:
 }
 
 void frmCopyFloppy::CmdCopy_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdCopy_Click(); })) return;
     if (Files.File1.ListCount() == 0) {
         Tell("There are no valid image files in the root directory of the floppy, nothing to copy...");
         return;

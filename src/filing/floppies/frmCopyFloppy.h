@@ -5,6 +5,7 @@
 
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "filing/FileDrag.h"
 #include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
@@ -23,6 +24,7 @@ class frmCopyFloppy final : public forms::Form {
     FloppyDisk disk_{module_};
 
   public:
+    LookedFiles Looked{*this, module_.platform.files};
     forms::Frame Frame1{*this, "Frame1"};
     SelectedFiles Files{Frame1, module_, [this] { return disk_.Root(); }};
     forms::CommandButton CmdNewDisk{Frame1, "CmdNewDisk"};
@@ -30,13 +32,13 @@ class frmCopyFloppy final : public forms::Form {
     forms::Label lblDrives{Frame2, "lblDrives"};
     forms::DriveListBox Drive2{Frame2, "Drive2", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{Frame2, "lblFolders"};
-    forms::DirListBox Dir2{Frame2, "Dir2", module_.platform.files};
+    forms::DirListBox Dir2{Frame2, "Dir2", Looked};
     forms::CommandButton CmdNewFolder{Frame2, "CmdNewFolder"};
     forms::CommandButton CmdFF{Frame2, "CmdFF"};
     forms::CommandButton CmdCopy{*this, "CmdCopy"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
 
-    FolderLists Lists{module_, Drive2, Dir2, nullptr, BadDrive::Program};
+    FolderLists Lists{module_, Looked, Drive2, Dir2, nullptr, BadDrive::Program};
     FolderButton FavoriteButton{*this,
                                 module_,
                                 CmdFF,

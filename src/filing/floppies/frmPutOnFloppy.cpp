@@ -42,9 +42,13 @@ frmPutOnFloppy::frmPutOnFloppy(forms::Application& application, MainModule& modu
     CmdCancel.OnClick = [this] { App().Unload(*this); };
     CmdHelp.Caption = "&Help";
     CmdHelp.OnClick = [this] { ShowHelpPage(module_, HelpContext::FloppyDisks); };
+    Lists.OnContent = [this] { Files.Selection.SetEnabled(!Lists.Pending()); };
+    Lists.OnContent();
     Lists.OnFolderChange = [this] {
         module_.DoEvents();
-        if (!Unloaded() && Files.File1.ListCount() > 0) Files.File1.ListIndex = 0;
+        Lists.WhenRead([this] {
+            if (!Unloaded() && Files.File1.ListCount() > 0) Files.File1.ListIndex = 0;
+        });
     };
     using namespace forms;
     constexpr float listWidth = 3000;
@@ -59,7 +63,7 @@ frmPutOnFloppy::frmPutOnFloppy(forms::Application& application, MainModule& modu
 
 void frmPutOnFloppy::Form_Load() {
     GoToFolderOfImage(module_, Lists);
-    SelectImageOnShow(module_, Files.File1);
+    Lists.WhenRead([this] { SelectImageOnShow(module_, Files.File1); });
 }
 
 void frmPutOnFloppy::Tell(const std::string& text) const {
@@ -111,7 +115,7 @@ bool frmPutOnFloppy::UserAgrees(const std::vector<std::string>& names) const {
 }
 
 void frmPutOnFloppy::CmdCopy_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdCopy_Click(); })) return;
     if (Files.File1.ListCount() == 0) {
         Tell("There are no valid image files in the selected directory, nothing to copy...");
         return;

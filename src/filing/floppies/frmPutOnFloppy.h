@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "core/ImageKinds.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "filing/SelectedFiles.h"
 #include "filing/floppies/FloppyDisk.h"
 #include "platform/forms/Application.h"
@@ -24,18 +26,19 @@ class frmPutOnFloppy final : public forms::Form {
     FloppyDisk disk_{module_};
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, PatternOf(ImagesShown::All)};
     forms::Frame Frame1{*this, "Frame1"};
     forms::Label lblDrives{Frame1, "lblDrives"};
     forms::DriveListBox Drive1{Frame1, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{Frame1, "lblFolders"};
-    forms::DirListBox Dir1{Frame1, "Dir1", module_.platform.files};
-    SelectedFiles Files{Frame1, module_, [this] { return Lists.Folder(); }};
+    forms::DirListBox Dir1{Frame1, "Dir1", Looked};
+    SelectedFiles Files{Frame1, module_, [this] { return Lists.Folder(); }, &Looked};
     forms::CommandButton CmdFF{Frame1, "CmdFF"};
     forms::CommandButton CmdCopy{*this, "CmdCopy"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
 
-    FolderLists Lists{module_, Drive1, Dir1, &Files.File1, BadDrive::Program};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &Files.File1, BadDrive::Program};
     FolderButton FavoriteButton{*this,
                                 module_,
                                 CmdFF,

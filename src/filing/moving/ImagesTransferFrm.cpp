@@ -4,7 +4,6 @@
 #include "base/Text.h"
 #include "core/Folders.h"
 #include "core/HelpContexts.h"
-#include "core/ImageKinds.h"
 #include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
 #include "filing/CurrentImageFolder.h"
@@ -42,8 +41,9 @@ ImagesTransferFrm::ImagesTransferFrm(forms::Application& application, MainModule
     Label5.SetBuddy(Dir2);
     Drive1.ToolTip = "Click here to select the \"source\" drive.";
     Drive2.ToolTip = "Click here to select the \"destination\" drive.";
-    File1.Pattern = PatternOf(ImagesShown::All);
-    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(module_, File1, Source.Folder(), keyCode); };
+    File1.OnKeyUp = [this](int keyCode, int) { File1_KeyUp(keyCode); };
+    Source.OnContent = [this] { Selection.SetEnabled(!Source.Pending()); };
+    Source.OnContent();
     Source.OnFolderChange = [this] { Dir1_Change(); };
     CmdNewFolder.Caption = "Ne&w Folder";
     CmdNewFolder.ToolTip = "Create a new folder in the currently selected \"destination\" directory.";
@@ -84,7 +84,7 @@ void ImagesTransferFrm::BuildLayout() {
 void ImagesTransferFrm::Form_Load() {
     GoToFolderOfImage(module_, Source);
     StartDestination();
-    SelectImageOnShow(module_, File1);
+    Source.WhenRead([this] { SelectImageOnShow(module_, File1); });
 }
 
 void ImagesTransferFrm::StartDestination() {
@@ -99,7 +99,15 @@ void ImagesTransferFrm::StartDestination() {
 
 void ImagesTransferFrm::Dir1_Change() {
     module_.DoEvents();
+    Source.WhenRead([this] { SelectFirst(); });
+}
+
+void ImagesTransferFrm::SelectFirst() {
     if (!Unloaded() && File1.ListCount() > 0) File1.ListIndex = 0;
+}
+
+void ImagesTransferFrm::File1_KeyUp(int keyCode) {
+    if (DeletedByKey(module_, File1, Source.Folder(), keyCode)) Source.WhenRead([this] { SelectFirst(); });
 }
 
 void ImagesTransferFrm::Tell(const std::string& text) {
@@ -108,6 +116,8 @@ void ImagesTransferFrm::Tell(const std::string& text) {
 
 void ImagesTransferFrm::CmdCopy_Click() {
     if (module_.Busy()) return;
+    const auto again = [this] { CmdCopy_Click(); };
+    if (Source.Awaits(again) || Destination.Awaits(again)) return;
     const std::string destination = InUpperCase(Destination);
     const std::vector<TransferItem> items = ItemsAsUserAgrees();
     if (items.empty()) return;

@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "core/ImageKinds.h"
 #include "dialogs/FileTransfer.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "filing/FileDrag.h"
 #include "filing/FileSelection.h"
 #include "platform/forms/Application.h"
@@ -41,27 +43,29 @@ class ImagesTransferFrm : public forms::Form {
     ImagesTransferWords words_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, PatternOf(ImagesShown::All)};
+    LookedFiles Looked2{*this, module_.platform.files, LookedFiles::NoNames, &Looked};
     forms::Frame Frame1{*this, "Frame1"};
     forms::Label Label1{Frame1, "Label1"};
     forms::DriveListBox Drive1{Frame1, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label Label2{Frame1, "Label2"};
-    forms::DirListBox Dir1{Frame1, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{Frame1, "Dir1", Looked};
     forms::Label Label3{Frame1, "Label3"};
-    forms::FileListBox File1{Frame1, "File1", module_.platform.files};
+    forms::FileListBox File1{Frame1, "File1", Looked, PatternOf(ImagesShown::All)};
     FileSelection Selection{Frame1, module_, File1};
     forms::CommandButton SourceFF{Frame1, words_.sourceFF};
     forms::Frame Frame2{*this, "Frame2"};
     forms::Label Label4{Frame2, "Label4"};
     forms::DriveListBox Drive2{Frame2, "Drive2", module_.platform.files, module_.platform.drives};
     forms::Label Label5{Frame2, "Label5"};
-    forms::DirListBox Dir2{Frame2, "Dir2", module_.platform.files};
+    forms::DirListBox Dir2{Frame2, "Dir2", Looked2};
     forms::CommandButton CmdNewFolder{Frame2, "CmdNewFolder"};
     forms::CommandButton DestinationFF{Frame2, words_.destinationFF};
     forms::CommandButton CmdCopy{*this, "CmdCopy"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
 
-    FolderLists Source{module_, Drive1, Dir1, &File1, BadDrive::Program};
-    FolderLists Destination{module_, Drive2, Dir2, nullptr, BadDrive::Program};
+    FolderLists Source{module_, Looked, Drive1, Dir1, &File1, BadDrive::Program};
+    FolderLists Destination{module_, Looked2, Drive2, Dir2, nullptr, BadDrive::Program};
     FolderButton SourceButton{*this,
                               module_,
                               SourceFF,
@@ -83,6 +87,8 @@ class ImagesTransferFrm : public forms::Form {
     void BuildLayout();
     void StartDestination();
     void Dir1_Change();
+    void SelectFirst();
+    void File1_KeyUp(int keyCode);
     void CmdCopy_Click();
 
     /// What is to be carried, and whether the user wants it; otherwise empty, and he has been told why.

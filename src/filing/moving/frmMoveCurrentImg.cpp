@@ -5,9 +5,9 @@
 #include "core/FailureText.h"
 #include "core/FileServices.h"
 #include "core/HelpContexts.h"
+#include "dialogs/CurrentDrive.h"
 #include "dialogs/NewFolder.h"
 #include "filing/CurrentImageFolder.h"
-#include "filing/FilingDialog.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix {
@@ -21,7 +21,8 @@ std::string AskForTarget(MainViewFrm& view) {
     MainModule& module = view.Module();
     forms::BusyGuard busy(module.Screen());
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
-    std::string target = FirstFileOfCurrentDrive(module);
+    std::string target = FirstFileOfCurrentDrive(module, view);
+    if (view.Unloaded()) return {};
     auto& dialog = module.app.Load<frmMoveCurrentImg>(module, target);
     busy.Release();
     dialog.ShowModal();
@@ -100,6 +101,7 @@ void frmMoveCurrentImg::lblCurrent_Click() {
 
 void frmMoveCurrentImg::CmdMove_Click() {
     if (module_.Busy()) return;  // a folder is still being made
+    if (Lists.Awaits([this] { CmdMove_Click(); })) return;
     moveTarget_ = Lists.Folder();
     App().Unload(*this);
 }

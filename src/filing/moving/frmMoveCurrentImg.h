@@ -4,6 +4,7 @@
 
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Label.h"
@@ -22,18 +23,19 @@ class frmMoveCurrentImg final : public forms::Form {
     MainModule& module_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files};
     forms::Label lblCurMsg{*this, "lblCurMsg"};
     forms::Label lblCurrent{*this, "lblCurrent"};
     forms::Label lblDrives{*this, "lblDrives"};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
     forms::CommandButton CmdMove{*this, "CmdMove"};
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdNew{*this, "CmdNew"};
     forms::CommandButton CmdFF2{*this, "CmdFF2"};
 
-    FolderLists Lists{module_, Drive1, Dir1, nullptr, BadDrive::Program};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, nullptr, BadDrive::Program};
     FolderButton FavoriteButton{*this,
                                 module_,
                                 CmdFF2,

@@ -16,6 +16,7 @@ namespace tavrix {
 
 void SlideLoadFrm::BeginDrag(forms::ListControl& list, const forms::MouseArguments& press) {
     if (module_.Busy() || press.row < 0) return;
+    if (&list == &File1 && Lists.Pending()) return;  // its rows may be others when they are dropped
     draggedRow_ = press.row;
     switch (press.shift) {
         case forms::ShiftMask::Shift:

@@ -72,7 +72,7 @@ void SlideLoadFrm::mnuDeleteFile_Click() {
             TellFailure(module_, "Unable to delete all of the selected files.", error);
         }
     }
-    File1.RefreshKeepingRows();
+    Lists.RefreshFiles();
 }
 
 void SlideLoadFrm::mnuRenameFile_Click() {
@@ -95,11 +95,13 @@ void SlideLoadFrm::mnuRenameFile_Click() {
     if (!path) return;
     const std::string newName = FileNameOf(*path);
     view_.imageOnShow.Moved(folder + name, *path);
-    File1.RefreshKeepingRows();
-    if (const int found = File1.IndexOf(newName); found >= 0) {
+    Lists.RefreshFiles();
+    Lists.WhenRead([this, newName] {
+        const int found = File1.IndexOf(newName);
+        if (found < 0) return;
         File1.ListIndex = found;
         File1.SetSelection({found, found + 1});
-    }
+    });
     const auto renamed = [&newName](const std::string& slide) { return FolderOf(slide) + newName; };
     if (ChangeRowsOf(folder + name, renamed)) {
         Tell(
@@ -141,7 +143,7 @@ void SlideLoadFrm::TransferFiles(bool move) {
     };
     ShowDialog<frmSlideCopyImages>(
         view_, std::move(sources),
-        frmSlideCopyImages::Editor{.Moved = moved, .RefreshSources = [this] { File1.RefreshKeepingRows(); }});
+        frmSlideCopyImages::Editor{.Moved = moved, .RefreshSources = [this] { Lists.RefreshFiles(); }});
 }
 
 void SlideLoadFrm::mnuExploreFolder_Click() {

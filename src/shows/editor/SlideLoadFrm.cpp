@@ -37,7 +37,8 @@ SlideLoadFrm::SlideLoadFrm(forms::Application& application, MainViewFrm& view)
     : Form(application, {.name = "SlideLoadFrm", .resizable = true, .acceptsDrops = true}),
       view_(view),
       module_(view.Module()),
-      File1(*this, "File1", module_.platform.files, PatternOf(ImagesShown::Slides)) {
+      Looked(*this, module_.platform.files, PatternOf(ImagesShown::Slides)),
+      File1(*this, "File1", Looked, PatternOf(ImagesShown::Slides)) {
     HelpContext = HelpContext::SlideShowEditor;
     lblShow.Caption = "Slide show:";
     lblFilename.Literal = true;
@@ -98,7 +99,16 @@ void SlideLoadFrm::Arrange() {
 
 std::function<void()> SlideLoadFrm::Guarded(Command command) {
     return [this, command] {
-        if (!module_.Busy()) (this->*command)();
+        if (module_.Busy()) return;
+        Lists.Forget();
+        (this->*command)();
+    };
+}
+
+std::function<void()> SlideLoadFrm::GuardedSources(Command command) {
+    return [this, command] {
+        if (module_.Busy() || Lists.Awaits(GuardedSources(command))) return;
+        (this->*command)();
     };
 }
 
@@ -108,13 +118,13 @@ void SlideLoadFrm::OpenPopup(forms::Menu& menu) {
 
 void SlideLoadFrm::InstallCommands() {
     using Me = SlideLoadFrm;
-    CmdAdd.OnClick = Guarded(&Me::CmdAdd_Click);
-    CmdAddAll.OnClick = Guarded(&Me::CmdAddAll_Click);
+    CmdAdd.OnClick = GuardedSources(&Me::CmdAdd_Click);
+    CmdAddAll.OnClick = GuardedSources(&Me::CmdAddAll_Click);
     CmdRemove.OnClick = Guarded(&Me::CmdRemove_Click);
     CmdRemoveAll.OnClick = Guarded(&Me::CmdRemoveAll_Click);
-    CmdAll.OnClick = Guarded(&Me::CmdAll_Click);
-    CmdNone.OnClick = Guarded(&Me::CmdNone_Click);
-    CmdPreview.OnClick = Guarded(&Me::CmdPreview_Click);
+    CmdAll.OnClick = GuardedSources(&Me::CmdAll_Click);
+    CmdNone.OnClick = GuardedSources(&Me::CmdNone_Click);
+    CmdPreview.OnClick = GuardedSources(&Me::CmdPreview_Click);
     CmdOptions.OnClick = Guarded(&Me::CmdOptions_Click);
     CmdLoad.OnClick = Guarded(&Me::CmdLoad_Click);
     CmdSaveAs.OnClick = Guarded(&Me::CmdSaveAs_Click);
@@ -124,7 +134,7 @@ void SlideLoadFrm::InstallCommands() {
     CmdMenu1.OnClick = [this] { OpenPopup(Menu1.mnuMenu1); };
     CmdMenu2.OnClick = [this] { OpenPopup(Menu2.mnuMenu2); };
 
-    File1.OnDblClick = Guarded(&Me::CmdPreview_Click);
+    File1.OnDblClick = GuardedSources(&Me::CmdPreview_Click);
     File1.OnMouseUp = [this](const forms::MouseArguments& mouse) {
         if (mouse.button == forms::MouseButton::Right) OpenPopup(Menu1.mnuMenu1);
     };
@@ -136,20 +146,20 @@ void SlideLoadFrm::InstallCommands() {
     ListView.OnDragStart = [this](const forms::MouseArguments& press) { BeginDrag(ListView, press); };
     ListView.OnDragDrop = [this](const forms::DragArguments& drop) { ListView_DragDrop(drop); };
 
-    Menu1.mnuSelectAll.Install(Guarded(&Me::CmdAll_Click));
-    Menu1.mnuSelectNone.Install(Guarded(&Me::CmdNone_Click));
-    Menu1.mnuInverse1.Install(Guarded(&Me::mnuInverse1_Click));
-    Menu1.mnuAddAll.Install(Guarded(&Me::CmdAddAll_Click));
-    Menu1.mnuAddSelected.Install(Guarded(&Me::CmdAdd_Click));
+    Menu1.mnuSelectAll.Install(GuardedSources(&Me::CmdAll_Click));
+    Menu1.mnuSelectNone.Install(GuardedSources(&Me::CmdNone_Click));
+    Menu1.mnuInverse1.Install(GuardedSources(&Me::mnuInverse1_Click));
+    Menu1.mnuAddAll.Install(GuardedSources(&Me::CmdAddAll_Click));
+    Menu1.mnuAddSelected.Install(GuardedSources(&Me::CmdAdd_Click));
     Menu1.mnuExploreFolder.Install(Guarded(&Me::mnuExploreFolder_Click));
-    Menu1.mnuCopyFiles.Install(Guarded(&Me::mnuCopyFiles_Click));
-    Menu1.mnuMoveFiles.Install(Guarded(&Me::mnuMoveFiles_Click));
-    Menu1.mnuRenameFile.Install(Guarded(&Me::mnuRenameFile_Click));
-    Menu1.mnuDeleteFile.Install(Guarded(&Me::mnuDeleteFile_Click));
-    Menu1.mnuSourceInfo.Install(Guarded(&Me::mnuSourceInfo_Click));
-    Menu1.mnuShowFileInfo.Install(Guarded(&Me::mnuShowFileInfo_Click));
-    Menu1.mnuViewAnimatedGIF1.Install(Guarded(&Me::mnuViewAnimatedGIF1_Click));
-    Menu1.mnuViewImage.Install(Guarded(&Me::CmdPreview_Click));
+    Menu1.mnuCopyFiles.Install(GuardedSources(&Me::mnuCopyFiles_Click));
+    Menu1.mnuMoveFiles.Install(GuardedSources(&Me::mnuMoveFiles_Click));
+    Menu1.mnuRenameFile.Install(GuardedSources(&Me::mnuRenameFile_Click));
+    Menu1.mnuDeleteFile.Install(GuardedSources(&Me::mnuDeleteFile_Click));
+    Menu1.mnuSourceInfo.Install(GuardedSources(&Me::mnuSourceInfo_Click));
+    Menu1.mnuShowFileInfo.Install(GuardedSources(&Me::mnuShowFileInfo_Click));
+    Menu1.mnuViewAnimatedGIF1.Install(GuardedSources(&Me::mnuViewAnimatedGIF1_Click));
+    Menu1.mnuViewImage.Install(GuardedSources(&Me::CmdPreview_Click));
 
     Menu2.mnuListSelectAll.Install(Guarded(&Me::mnuListSelectAll_Click));
     Menu2.mnuListSelectNone.Install(Guarded(&Me::mnuListSelectNone_Click));

@@ -9,6 +9,7 @@
 #include "core/ShowFolder.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Label.h"
@@ -39,12 +40,13 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     MainModule& module_;
 
   public:
+    LookedFiles Looked;
     forms::Label lblShow{*this, "lblShow"};
     forms::Label lblFilename{*this, "lblFilename"};
     forms::Label lblDrives{*this, "lblDrives"};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
     forms::Label lblFiles{*this, "lblFiles"};
     forms::CommandButton CmdMenu1{*this, "CmdMenu1"};
     forms::FileListBox File1;
@@ -69,7 +71,7 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
 
     SourceMenu Menu1{*this};
     ViewListMenu Menu2{*this};
-    FolderLists Lists{module_, Drive1, Dir1, &File1};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &File1};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
 
     void Form_Load() override;
@@ -108,6 +110,8 @@ class SlideLoadFrm final : public forms::Form, public SlideEditor {
     void Arrange();
     /// Runs a command, unless another operation is running.
     [[nodiscard]] std::function<void()> Guarded(Command command);
+    /// The same for one that is about the source list: it waits for the folder.
+    [[nodiscard]] std::function<void()> GuardedSources(Command command);
     void OpenPopup(forms::Menu& menu);
 
     void Tell(const std::string& text, const std::string& title = "Tavrix") const;

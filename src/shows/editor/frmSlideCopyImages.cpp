@@ -98,7 +98,7 @@ bool frmSlideCopyImages::UserAgrees(const std::string& destination) {
 }
 
 void frmSlideCopyImages::CmdCopy_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdCopy_Click(); })) return;
     const std::string destination = Lists.Folder();
     if (EqualIgnoringCase(destination, sources_.folder)) {
         Tell("The source and destination paths are the same, no need to " + Word() +

@@ -7,6 +7,7 @@
 #include "dialogs/FileTransfer.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Label.h"
@@ -38,6 +39,7 @@ class frmSlideCopyImages final : public forms::Form {
     MainModule& module_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files};
     forms::Label lblSource{*this, "lblSource"};
     forms::Label lblSourcePath{*this, "lblSourcePath"};
     forms::Label lblSelected{*this, "lblSelected"};
@@ -45,7 +47,7 @@ class frmSlideCopyImages final : public forms::Form {
     forms::Label lblDrives{*this, "lblDrives"};
     forms::DriveListBox Drive1{*this, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{*this, "lblFolders"};
-    forms::DirListBox Dir1{*this, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{*this, "Dir1", Looked};
     forms::CommandButton CmdFF2{*this, "CmdFF2"};
     forms::CommandButton CmdNewFolder{*this, "CmdNewFolder"};
     forms::CommandButton CmdExplore{*this, "CmdExplore"};
@@ -53,7 +55,7 @@ class frmSlideCopyImages final : public forms::Form {
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
 
-    FolderLists Lists{module_, Drive1, Dir1, nullptr};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, nullptr};
     FolderButton FavoriteButton{*this, module_, CmdFF2, Lists, [this] { return QuickFoldersOf(module_); }};
 
     void Form_Load() override;

@@ -54,7 +54,7 @@ bool DeleteSlideFrm::UserAgrees(const std::string& path) {
 }
 
 void DeleteSlideFrm::CmdDelete_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdDelete_Click(); })) return;
     const auto path = Chooser.Selected("There are no files in the selected directory to delete...",
                                        "Select a file to delete and then try again...");
     if (!path || !UserAgrees(*path)) return;
@@ -75,6 +75,7 @@ void DeleteSlideFrm::CmdDelete_Click() {
 
 bool DeleteSlideFrm::OfferFolder() {
     SkipFailure([this] { Chooser.Dir1.Refresh(); });
+    if (!Chooser.Lists.Wait()) return true;  // whether it is empty was not to be known
     if (Chooser.File1.ListCount() > 0 || Chooser.Dir1.ListCount() > 0) return true;
     const std::string folder = Chooser.Dir1.Path;
     const forms::Answer remove =
@@ -95,6 +96,7 @@ bool DeleteSlideFrm::OfferFolder() {
 
 void DeleteSlideFrm::LeaveFolder(const std::string& folder) {
     SkipFailure([this] { Chooser.Dir1.Refresh(); });
+    static_cast<void>(Chooser.Lists.Wait());
     Files& files = module_.platform.files;
     SkipFailure([&] {
         if (EqualIgnoringCase(files.CurrentFolder(), folder)) files.ChangeFolder(Chooser.Dir1.Path);

@@ -40,12 +40,16 @@ void LoadSlideFile::Form_Load() {
     const bool there = !last.empty() && module_.platform.files.FileExists(last);
     SkipFailure([&] { Chooser.Lists.GoTo(there ? FolderOf(last) : ShowsFolder(module_)); });
     Dir1_Change();
-    const int row = there ? Chooser.File1.IndexOf(FileNameOf(last)) : -1;
-    if (row >= 0) Chooser.File1.ListIndex = row;
+    Chooser.Lists.WhenRead([this, name = there ? FileNameOf(last) : std::string()] {
+        const int row = name.empty() ? -1 : Chooser.File1.IndexOf(name);
+        if (row >= 0) Chooser.File1.ListIndex = row;
+    });
 }
 
 void LoadSlideFile::Dir1_Change() {
-    if (Chooser.File1.ListCount() > 0) Chooser.File1.ListIndex = 0;
+    Chooser.Lists.WhenRead([this] {
+        if (Chooser.File1.ListCount() > 0) Chooser.File1.ListIndex = 0;
+    });
 }
 
 void LoadSlideFile::CmdRecent_Click() {
@@ -55,7 +59,7 @@ void LoadSlideFile::CmdRecent_Click() {
 }
 
 void LoadSlideFile::CmdOK_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     const std::optional<std::string> path =
         Chooser.Selected("There are no slide show files in the selected directory to load...",
                          "Select a slide show file to load first...");
@@ -74,8 +78,11 @@ void LoadSlideFile::File1_KeyUp(int keyCode) {
     const std::string path = row < 0 ? "" : Chooser.Lists.Folder() + Chooser.File1.FileName();
     if (!DeleteShowByKey(module_, path)) return;
     Chooser.File1.Refresh();
-    const int last = Chooser.File1.ListCount() - 1;
-    if (last >= 0) Chooser.File1.ListIndex = std::min(row, last);
+    static_cast<void>(Chooser.File1.ListCount());
+    Chooser.Lists.WhenRead([this, row] {
+        const int last = Chooser.File1.ListCount() - 1;
+        if (last >= 0) Chooser.File1.ListIndex = std::min(row, last);
+    });
 }
 
 }  // namespace tavrix

@@ -52,6 +52,7 @@ void SaveSlideFile::File1_Click() {
 }
 
 void SaveSlideFile::CmdOK_Click() {
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     DialogWork work(*this, module_, DialogWork::Dialog::Stays);
     if (!work) return;
     const std::string folder = Chooser.Lists.Folder();

@@ -20,11 +20,11 @@ void StartAtLastShow(const MainModule& module, FileChooser& chooser) {
     const std::string& last = module.config.LastSlideShow;
     const bool there = GoTo(module, chooser, FolderOf(last));
     if (!there) GoTo(module, chooser, ShowsFolder(module));
-    forms::FileListBox& files = chooser.File1;
-    files.Refresh();
-    if (files.ListCount() == 0) return;
-    const int row = there ? files.IndexOf(FileNameOf(last)) : -1;
-    files.ListIndex = row >= 0 ? row : 0;
+    chooser.Lists.WhenRead([&files = chooser.File1, name = there ? FileNameOf(last) : std::string()] {
+        if (files.ListCount() == 0) return;
+        const int row = name.empty() ? -1 : files.IndexOf(name);
+        files.ListIndex = row >= 0 ? row : 0;
+    });
 }
 
 }  // namespace tavrix

@@ -64,8 +64,10 @@ void frmRenameShow::File1_MouseUp() {
 }
 
 void frmRenameShow::File1_PathChange() {
-    if (Chooser.File1.ListCount() > 0) Chooser.File1.ListIndex = 0;
-    File1_MouseUp();
+    Chooser.Lists.WhenRead([this] {
+        if (Chooser.File1.ListCount() > 0) Chooser.File1.ListIndex = 0;
+        File1_MouseUp();
+    });
 }
 
 void frmRenameShow::Tell(const std::string& text, forms::BoxIcon icon) {
@@ -105,7 +107,7 @@ bool frmRenameShow::UserAgrees(const std::string& oldName, const std::string& ne
 }
 
 void frmRenameShow::CmdRename_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Chooser.Lists.Awaits([this] { CmdRename_Click(); })) return;
     const std::string unable = Paragraph + "Unable to rename slide show...";
     if (Chooser.File1.ListCount() == 0) {
         Tell("There are no slide show files in the selected directory." + unable);

@@ -42,7 +42,8 @@ void BrowseWavFrm::Form_Load() {
     const std::string folder = FolderOf(file);
     if (folder.empty() || !module_.platform.files.FolderExists(folder)) return;
     SkipFailure([&] { Chooser.Lists.GoTo(folder); });
-    Chooser.File1.ListIndex = Chooser.File1.IndexOf(FileNameOf(file));
+    Chooser.Lists.WhenRead(
+        [this, name = FileNameOf(file)] { Chooser.File1.ListIndex = Chooser.File1.IndexOf(name); });
 }
 
 void BrowseWavFrm::Form_QueryUnload(bool&) {
@@ -54,6 +55,7 @@ void BrowseWavFrm::CmdPlay_Click() {
         Stop();
         return;
     }
+    if (Chooser.Lists.Awaits([this] { CmdPlay_Click(); })) return;
     const auto path = Chooser.Selected(
         "There are no Wave (.wav) files or MIDI (.mid) files in the selected directory, nothing to play...",
         "Select a Wave (.wav) file or a MIDI (.mid) file to play first...");
@@ -92,6 +94,7 @@ void BrowseWavFrm::Stop() {
 }
 
 void BrowseWavFrm::CmdOK_Click() {
+    if (Chooser.Lists.Awaits([this] { CmdOK_Click(); })) return;
     const auto path = Chooser.Selected(
         "There are no Wave (.wav) files or MIDI (.mid) files in the selected directory, select "
         "another location and try again...",
@@ -110,7 +113,7 @@ void BrowseWavFrm::File1_KeyUp(int keyCode) {
                                   "the file list..."});
         return;
     }
-    if (DeleteAsUserAgrees(module_, Chooser.Lists.Folder() + files.FileName())) files.RefreshKeepingRows();
+    if (DeleteAsUserAgrees(module_, Chooser.Lists.Folder() + files.FileName())) Chooser.Lists.RefreshFiles();
 }
 
 }  // namespace tavrix

@@ -54,6 +54,11 @@ void DelPackageFrm::Form_Load() {
 }
 
 void DelPackageFrm::Dir1_Change() {
+    if (Lists.Pending()) lblMsg.Caption = "Please wait...";
+    Lists.WhenRead([this] { TellWhatIsThere(); });
+}
+
+void DelPackageFrm::TellWhatIsThere() {
     Files& files = module_.platform.files;
     const std::string slides = Lists.Folder() + package::SlidesFolder + "\\";
     std::string show;
@@ -83,7 +88,7 @@ bool DelPackageFrm::UserAgrees(const std::string& folder, const std::string& nam
 }
 
 void DelPackageFrm::CmdDelete_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdDelete_Click(); })) return;
     const std::string folder = Lists.Folder();
     if (const std::optional<std::string> refused = RefusedDeletion(module_, folder)) {
         Refuse("You may not delete any packages from:" + Paragraph + *refused + Paragraph +

@@ -80,11 +80,11 @@ std::optional<std::string> RefusedDestination(const MainModule& module, const st
     return std::nullopt;
 }
 
-std::optional<std::string> FolderQuestion(const MainModule& module, const std::string& destination,
-                                          const std::string& kind) {
+std::optional<std::string> FolderQuestion(const std::vector<std::string>& folders,
+                                          const std::string& destination, const std::string& kind) {
     bool slides = false;
     bool others = false;
-    for (const std::string& folder : module.platform.files.Folders(destination)) {
+    for (const std::string& folder : folders) {
         const std::string name = NameOf(folder);
         if (EqualIgnoringCase(name, package::SlidesFolder)) {
             slides = true;

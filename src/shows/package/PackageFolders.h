@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/MainModule.h"
 
@@ -19,9 +20,8 @@ namespace tavrix {
                                                             const std::string& source,
                                                             const std::string& kind);
 
-/// What the user is asked about the subfolders of a destination; nothing where it has none that matters. Failures are those
-/// of Files::Folders.
-[[nodiscard]] std::optional<std::string> FolderQuestion(const MainModule& module,
+/// What the user is asked about the subfolders of a destination, which are `folders`; nothing where none of them matters.
+[[nodiscard]] std::optional<std::string> FolderQuestion(const std::vector<std::string>& folders,
                                                         const std::string& destination,
                                                         const std::string& kind);
 

@@ -1,6 +1,7 @@
 #include "shows/package/PackageFrm.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -9,6 +10,7 @@
 #include "core/Folders.h"
 #include "core/HelpCommands.h"
 #include "core/HelpContexts.h"
+#include "dialogs/ContentOf.h"
 #include "dialogs/DialogWork.h"
 #include "dialogs/NewFolder.h"
 #include "platform/services/DrivePath.h"
@@ -47,7 +49,7 @@ PackageFrm::PackageFrm(forms::Application& application, MainModule& module, Prog
     lblFiles.SetBuddy(File1);
     File1.ToolTip = "Select the slide show to package.";
     File1.OnOLEDragDrop = [this](const auto& files) { File1_OLEDragDrop(files); };
-    Lists.OnFolderChange = [this] { SelectFirst(); };
+    Lists.OnFolderChange = [this] { Lists.WhenRead([this] { SelectFirst(); }); };
     Frame2.Caption = "Select Package Location:";
     lblDrives2.Caption = "Dri&ve:";
     lblDrives2.SetBuddy(Drive2);
@@ -129,7 +131,12 @@ void PackageFrm::GoToSource() {
         SkipFailure([&] { Lists.GoTo(folder); });
         break;
     }
+    Lists.WhenRead([this] { SelectLastShow(); });
+}
+
+void PackageFrm::SelectLastShow() {
     SelectFirst();
+    const std::string& last = module_.config.LastSlideShow;
     const int row = File1.IndexOf(FileNameOf(last));
     if (row >= 0 && SameFolder(module_, Lists.Folder(), FolderOf(last))) File1.ListIndex = row;
 }
@@ -157,18 +164,28 @@ void PackageFrm::File1_OLEDragDrop(const std::vector<std::string>& files) {
     std::string path = files.front();
     if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module_, path);
     path = NormalPath(path);
-    int row = -1;
-    if (EndsInIgnoringCase(path, ".TVS") && module_.platform.files.FileExists(path)) {
-        SkipFailure([&] {
-            Lists.GoTo(FolderOf(path));
-            row = File1.IndexOf(FileNameOf(path));
-        });
-    }
-    if (row >= 0) {
-        File1.ListIndex = row;
-    } else {
+    const auto refuse = [this] {
         Refuse("The file that was dropped here is not a valid Tavrix slide show (.TVS) file.");
+    };
+    if (!EndsInIgnoringCase(path, ".TVS") || !module_.platform.files.FileExists(path)) {
+        refuse();
+        return;
     }
+    Lists.Forget();
+    try {
+        Lists.GoTo(FolderOf(path), [refuse](const RuntimeError&) { refuse(); });
+    } catch (const RuntimeError&) {
+        refuse();
+        return;
+    }
+    Lists.WhenRead([this, refuse, name = FileNameOf(path)] {
+        const int row = File1.IndexOf(name);
+        if (row >= 0) {
+            File1.ListIndex = row;
+        } else {
+            refuse();
+        }
+    });
 }
 
 void PackageFrm::Refuse(const std::string& text) {
@@ -201,7 +218,7 @@ void PackageFrm::ShowUnknownSize(const std::string& why) {
 }
 
 void PackageFrm::CmdSize_Click() {
-    if (module_.Busy()) return;
+    if (module_.Busy() || Lists.Awaits([this] { CmdSize_Click(); })) return;
     const std::optional<std::string> show = ChosenShow("estimate size of package.");
     if (!show) return;
     const DialogWork work(*this, module_, DialogWork::Dialog::Stays);
@@ -261,9 +278,11 @@ bool PackageFrm::HasSize(const PackageValues& values) {
 bool PackageFrm::UserAgrees(const PackageValues& values, const std::string& show) {
     Files& files = module_.platform.files;
     const std::string& destination = values.PackageDestination;
-    const bool holdsFiles = !files.List(destination, "*.*").empty();
-    if (holdsFiles && !UserSays("The selected package directory already has files in it:" + Paragraph +
-                                destination + Paragraph + "Use this directory anyway?")) {
+    std::optional<FolderContent> there = ContentOf(module_, *this, destination);
+    if (!there) return false;
+    if (!there->files.empty() &&
+        !UserSays("The selected package directory already has files in it:" + Paragraph + destination +
+                  Paragraph + "Use this directory anyway?")) {
         return false;
     }
     const std::string type = values.PackageScreenSaver ? "Screen Saver" : "Slide Show";
@@ -273,7 +292,9 @@ bool PackageFrm::UserAgrees(const PackageValues& values, const std::string& show
                   "Create the above package?")) {
         return false;
     }
-    const std::optional<std::string> aboutFolders = FolderQuestion(module_, destination, KindOf(values));
+    std::ranges::move(there->uncounted, std::back_inserter(there->folders));
+    const std::optional<std::string> aboutFolders =
+        FolderQuestion(there->folders, destination, KindOf(values));
     if (aboutFolders && !UserSays(*aboutFolders)) return false;
     const std::string target = WithBackslash(destination) + package::SlidesFolder + "\\" + show;
     return !files.FileExists(target) ||
@@ -283,6 +304,8 @@ bool PackageFrm::UserAgrees(const PackageValues& values, const std::string& show
 
 void PackageFrm::CmdPackage_Click() {
     if (module_.Busy()) return;
+    const auto again = [this] { CmdPackage_Click(); };
+    if (Lists.Awaits(again) || Lists2.Awaits(again)) return;
     PackageValues values = Entered();
     const std::string kind = KindOf(values);
     const std::optional<std::string> show = ChosenShow("create a " + kind + " package.");

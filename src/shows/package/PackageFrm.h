@@ -7,6 +7,7 @@
 #include "core/MainModule.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/FolderLists.h"
+#include "dialogs/LookedFiles.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
@@ -29,19 +30,21 @@ class PackageFrm final : public forms::Form {
     ProgramFiles& programFiles_;
 
   public:
+    LookedFiles Looked{*this, module_.platform.files, ShowPattern};
+    LookedFiles Looked2{*this, module_.platform.files, LookedFiles::NoNames, &Looked};
     forms::Frame Frame1{*this, "Frame1"};
     forms::Label lblDrives{Frame1, "lblDrives"};
     forms::DriveListBox Drive1{Frame1, "Drive1", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders{Frame1, "lblFolders"};
-    forms::DirListBox Dir1{Frame1, "Dir1", module_.platform.files};
+    forms::DirListBox Dir1{Frame1, "Dir1", Looked};
     forms::Label lblFiles{Frame1, "lblFiles"};
-    forms::FileListBox File1{Frame1, "File1", module_.platform.files, ShowPattern};
+    forms::FileListBox File1{Frame1, "File1", Looked, ShowPattern};
     forms::CommandButton CmdFF{Frame1, "CmdFF"};
     forms::Frame Frame2{*this, "Frame2"};
     forms::Label lblDrives2{Frame2, "lblDrives2"};
     forms::DriveListBox Drive2{Frame2, "Drive2", module_.platform.files, module_.platform.drives};
     forms::Label lblFolders2{Frame2, "lblFolders2"};
-    forms::DirListBox Dir2{Frame2, "Dir2", module_.platform.files};
+    forms::DirListBox Dir2{Frame2, "Dir2", Looked2};
     forms::CommandButton CmdNewFolder{Frame2, "CmdNewFolder"};
     forms::CommandButton CmdFF2{Frame2, "CmdFF2"};
     forms::Label lblName{*this, "lblName"};
@@ -56,8 +59,8 @@ class PackageFrm final : public forms::Form {
     forms::CommandButton CmdCancel{*this, "CmdCancel"};
     forms::CommandButton CmdHelp{*this, "CmdHelp"};
 
-    FolderLists Lists{module_, Drive1, Dir1, &File1};
-    FolderLists Lists2{module_, Drive2, Dir2, nullptr};
+    FolderLists Lists{module_, Looked, Drive1, Dir1, &File1};
+    FolderLists Lists2{module_, Looked2, Drive2, Dir2, nullptr};
     FolderButton FavoriteButton{*this, module_, CmdFF, Lists, [this] { return QuickFoldersOf(module_); }};
     FolderButton FavoriteButton2{
         *this, module_, CmdFF2, Lists2, [this] { return QuickFoldersOf(module_); }, {.suffix = "2"}};
@@ -75,6 +78,7 @@ class PackageFrm final : public forms::Form {
     /// Goes to the folder of the last package's show, or else of the last show.
     void GoToSource();
     void SelectFirst();
+    void SelectLastShow();
     /// The name of the show that is chosen; nothing where there is none, which the user is told with what is not possible
     /// then.
     [[nodiscard]] std::optional<std::string> ChosenShow(const std::string& unable);
