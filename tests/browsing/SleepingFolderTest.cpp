@@ -4,6 +4,7 @@
 
 #include "BrowsingTest.h"
 #include "support/SleepingDisk.h"
+#include "support/WithFiles.h"
 
 namespace tavrix::test {
 namespace {
@@ -61,10 +62,7 @@ class SleepingFolderTest : public BrowsingTest {
     }
 
     SleepingDisk disk{platform.files, toolkit};
-    const Services& s = platform.services;
-    Services services{disk,       s.drives,      s.profile, s.registry,     s.store,  s.shell,
-                      s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
-                      s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
+    Services services = test::WithFiles(platform.services, disk);
     MainModule sleeper{app, services};
     ThumbnailList list;
 };

@@ -3,6 +3,7 @@
 #include "core/FolderDialog.h"
 #include "support/ErrorOfCall.h"
 #include "support/SleepingDisk.h"
+#include "support/WithFiles.h"
 
 namespace tavrix::test {
 namespace {
@@ -70,10 +71,7 @@ class SlowFolderListsTest : public ProgramFixture {
     }
 
     SleepingDisk disk{platform.files, toolkit};
-    const Services& s = platform.services;
-    Services services{disk,       s.drives,      s.profile, s.registry,     s.store,  s.shell,
-                      s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
-                      s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
+    Services services = test::WithFiles(platform.services, disk);
     MainModule sleeper{app, services};
     Texts moves;
     std::vector<bool> contents;

@@ -3,9 +3,9 @@
 import os
 
 from driver import wait_until
-from driver.accessibility import Gone
 
 FIND = "Find Image(s)"
+FOUND = "File(s) Found:"
 DUPLICATES = "Search For Duplicate Files"
 BEGIN = ("You are about to search the selected drive(s) for duplicate files... This could take several minutes to "
          "complete.")
@@ -32,27 +32,14 @@ class FindingDialogs:
             program.main()
         return program
 
-    def rows(self, dialog, name="File(s) Found:"):
-        """None while they change."""
-        try:
-            return [row.name for row in dialog.find("list", name).children()]
-        except Gone:
-            return None
+    def found(self, dialog):
+        return self.rows(dialog, FOUND)
 
-    def wait_rows(self, dialog, wanted):
-        wait_until(lambda: self.rows(dialog) == wanted, lambda: f"{wanted}; there are {self.rows(dialog)}; {self.status(dialog)}")
-
-    def status(self, dialog):
-        return dialog.find("graphic", "Status").description
-
-    def wait_status(self, dialog, wanted):
-        wait_until(lambda: self.status(dialog) == wanted, lambda: f"{wanted!r}, not {self.status(dialog)!r}")
-
-    def press(self, dialog, name):
-        dialog.find("push button", name).act()
+    def wait_found(self, dialog, wanted):
+        self.wait_rows(dialog, FOUND, wanted)
 
     def click_row(self, dialog, row, times=1):
-        x, y, width, height = dialog.find("list", "File(s) Found:").children()[row].extents
+        x, y, width, height = dialog.find("list", FOUND).children()[row].extents
         self.screen.click(x + width // 2, y + height // 2, times=times)
 
     def answer(self, program, text, button):

@@ -6,6 +6,7 @@ import unittest
 
 from PIL import Image
 from driver import Home, Program, Session, wait_until
+from driver.accessibility import Gone
 from pictures import coded, find_view
 
 
@@ -82,6 +83,26 @@ class ProgramTest(unittest.TestCase):
         wait_until(lambda: self.screen.active() == window.id or None, f"{title!r} becoming active")
         return program.wait(
             lambda: next((top for top in program.root().children() if top.name == title), None), title)
+
+    def press(self, dialog, name):
+        dialog.find("push button", name).act()
+
+    def rows(self, dialog, name):
+        """The rows of a list; None while they change."""
+        try:
+            return [row.name for row in dialog.find("list", name).children()]
+        except Gone:
+            return None
+
+    def wait_rows(self, dialog, name, wanted):
+        wait_until(lambda: self.rows(dialog, name) == wanted,
+                   lambda: f"{wanted} in {name!r}; there are {self.rows(dialog, name)}")
+
+    def status(self, dialog):
+        return dialog.find("graphic", "Status").description
+
+    def wait_status(self, dialog, wanted):
+        wait_until(lambda: self.status(dialog) == wanted, lambda: f"{wanted!r}, not {self.status(dialog)!r}")
 
     def undo_entry(self, program):
         return next(entry for entry in program.menu_tree() if entry.name == "Edit").entries[0]

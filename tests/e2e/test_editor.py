@@ -46,11 +46,11 @@ class EditorProgramTest(ProgramTest):
         program = self.start("SHOW")
         return program, self.dialog(program, _TITLE)
 
-    def rows(self, editor):
+    def letters(self, editor):
         return [row.name.split("\\")[-1][0] for row in editor.find("list", _VIEW_LIST).children()]
 
     def expect_rows(self, editor, letters):
-        wait_until(lambda: "".join(self.rows(editor)) == letters, lambda: f"{letters}; there are {self.rows(editor)}")
+        wait_until(lambda: "".join(self.letters(editor)) == letters, lambda: f"{letters}; there are {self.letters(editor)}")
 
     def middle_of(self, thing):
         x, y, width, height = thing.extents

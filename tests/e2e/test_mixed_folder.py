@@ -90,23 +90,23 @@ class MixedFolderTest(ThumbnailBrowser, FindingDialogs, ProgramTest):
         self.screen.press("Escape")
         self.wait_status(dialog, "Find Image(s) was canceled...")
         rows = [self.path(index) for index in range(len(self.names))]
-        self.wait_rows(dialog, rows)
+        self.wait_found(dialog, rows)
         self.click_row(dialog, ASLEEP)
         self.screen.press("Delete")
         self.answer(program, IS_OPEN, "OK")
-        self.wait_rows(dialog, rows)
+        self.wait_found(dialog, rows)
         self.click_row(dialog, 2)
         self.screen.press("Delete")
         self.answer(program, RECYCLE + rows[2], "Yes")
         gone = self.names.pop(2)
         del rows[2]
-        self.wait_rows(dialog, rows)
+        self.wait_found(dialog, rows)
         self.assertEqual(self.in_trash(), [gone])
         self.assertEqual(sorted(os.listdir(self.folder)), self.names)
         # What sleeps is still being waited for, and is nobody's any more.
         self.disk.wake()
         self.press(dialog, "Find File(s)")
-        self.wait_rows(dialog, [*rows, "D:\\asleep\\far-off.bmp"])
+        self.wait_found(dialog, [*rows, "D:\\asleep\\far-off.bmp"])
         self.wait_status(dialog, "Found a total of: 40 images on D:")
         self.screen.press("Escape")
 
@@ -117,7 +117,7 @@ class MixedFolderTest(ThumbnailBrowser, FindingDialogs, ProgramTest):
         self.answer(program, BEGIN, "OK")
         twins = [path for index, name in enumerate(self.names) if "asleep" not in name
                  for path in (f"E:\\{name}", self.path(index))]
-        self.wait_rows(dialog, twins)
+        self.wait_found(dialog, twins)
         self.wait_status(dialog, f" Selected drive(s) have been searched, {len(twins)} duplicate files were found...")
         self.screen.press("Alt+o")
 

@@ -37,22 +37,6 @@ class LibraryTest(ProgramTest):
         program.main()
         return program
 
-    def rows(self, dialog, name):
-        return [row.name for row in dialog.find("list", name).children()]
-
-    def wait_rows(self, dialog, name, wanted):
-        wait_until(lambda: self.rows(dialog, name) == wanted,
-                   lambda: f"{wanted} in {name!r}; there are {self.rows(dialog, name)}")
-
-    def status(self, dialog):
-        return dialog.find("graphic", "Status").description
-
-    def wait_status(self, dialog, wanted):
-        wait_until(lambda: self.status(dialog) == wanted, lambda: f"{wanted!r}, not {self.status(dialog)!r}")
-
-    def press(self, dialog, name):
-        dialog.find("push button", name).act()
-
     def answer(self, program, text, button):
         """Answers the box whose text this is, whatever its blanks."""
         box = program.message_box()

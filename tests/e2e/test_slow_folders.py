@@ -33,17 +33,6 @@ class SlowFoldersTest(ProgramTest):
         self.assert_answers(program.window(title))
         return dialog
 
-    def rows(self, dialog, name):
-        return [row.name for row in dialog.find("list", name).children()]
-
-    def wait_rows(self, dialog, name, wanted):
-        seen = []
-
-        def look():
-            seen[:] = self.rows(dialog, name)
-            return seen == wanted
-        wait_until(look, lambda: f"{wanted} in {name!r}; there are {seen}")
-
     def assert_answers(self, window):
         pings = Pings(self.screen, window)
         try:

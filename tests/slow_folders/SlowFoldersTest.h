@@ -15,6 +15,7 @@
 #include "support/ProgramFixture.h"
 #include "support/QuietMachine.h"
 #include "support/SleepingDisk.h"
+#include "support/WithFiles.h"
 #include "viewer/MainViewFrm.h"
 
 namespace tavrix::test {
@@ -99,10 +100,7 @@ class SlowFoldersTest : public ::testing::Test {
     headless::HeadlessServices platform;
     headless::HeadlessToolkit toolkit;
     SleepingDisk disk{platform.files, toolkit};
-    const Services& s = platform.services;
-    Services services{disk,       s.drives,      s.profile, s.registry,     s.store,  s.shell,
-                      s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
-                      s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
+    Services services = test::WithFiles(platform.services, disk);
     forms::Application app{toolkit};
     MainModule module{app, services};
     Lives lives;

@@ -15,6 +15,7 @@
 #include "editing/frame/EditFrame.h"
 #include "platform/services/BesideCopy.h"
 #include "platform/services/ForwardingFiles.h"
+#include "support/WithFiles.h"
 #include "system_faults/HostMachine.h"
 #include "system_faults/MachineProgram.h"
 #include "system_faults/SystemFaults.h"
@@ -145,10 +146,7 @@ class EditWithoutMemory : public EndedEdit {
     const Services& TheServices() override { return services; }
 
     NoMemory files{machine.files};
-    const Services& s = machine.services;
-    Services services{files,      s.drives,      s.profile, s.registry,     s.store,  s.shell,
-                      s.pictures, s.clipboard,   s.sound,   s.help,         s.system, s.process,
-                      s.viewLib,  s.wakefulness, s.desktop, s.saverPassword};
+    Services services = test::WithFiles(machine.services, files);
 };
 
 TEST_F(EditWithoutMemory, OffersNoUndoOfAnEarlierOne) {
