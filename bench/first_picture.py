@@ -7,14 +7,15 @@ named on the command line, {file} standing for the picture. Needs what the tests
 
 Xvfb keeps its screen in a file that is mapped here, so that looking costs the server nothing. Most looks go to the place
 where the block came the last time, and there is a rest between them, so that both processors are left to whoever is
-measured. A block counts as seen when 64 pixels in a row have its colour, as the library decodes it, or nearly: some convert colours their own way. The memory
-is the most that the process had (VmHWM) until it came to rest, in a round of its own that warms the caches too; where a
-program starts others, that of the largest.
+measured. A block counts as seen when 64 pixels in a row have nearly the colour that the library decodes. The memory is the
+most that the process had (VmHWM) until it came to rest, in a round of its own that warms the caches too; where a program
+starts others, that of the largest.
 """
 
 import argparse
 import mmap
 import os
+import re
 import shutil
 import signal
 import statistics
@@ -36,9 +37,9 @@ PEERS = {  # made to show the whole picture where they would not
     "gpicview": "gpicview {file}", "viewnior": "viewnior {file}", "ristretto": "ristretto {file}", "eog": "eog {file}",
     "geeqie": "geeqie {file}", "qimgv": "qimgv {file}", "nomacs": "nomacs {file}", "gwenview": "gwenview {file}"}
 LIMIT = 10.0  # seconds in which a picture has to come
-ROWS = 32  # every so many are looked at; the smallest block is 60 high
+NEAR = 2  # of 255, by which the parts of a colour may differ: programs decode, convert and scale in their own ways
 PAUSE = 0.0002  # seconds between two looks
-WHOLE = 200  # every so many looks the whole screen is searched
+WHOLE = 400  # every so many looks the whole screen is searched
 REST = 0.4  # seconds without work after which a process is at rest
 
 
@@ -83,27 +84,22 @@ class Display:
         time.sleep(0.5)
         with open(os.path.join(folder, "Xvfb_screen0"), "r+b") as file:
             self._screen = mmap.mmap(file.fileno(), 0)
-        header = struct.unpack(">20I", self._screen[:80])  # of a window dump (XWDFile.h)
-        size, height, line, colours = header[0], header[5], header[12], header[19]
-        first = size + colours * 12
-        self._rows = [(first + row * line, first + (row + 1) * line) for row in range(0, height, ROWS)]
-        self.runs = []
+        self._start = struct.unpack(">I", self._screen[:4])[0]
+        self._block = None
 
     def look_for(self, colour):
-        red, green, blue = colour
-        near = sorted({(min(max(red + a, 0), 255), min(max(green + b, 0), 255), min(max(blue + c, 0), 255))
-                       for a in (0, -1, 1) for b in (0, -1, 1) for c in (0, -1, 1)},
-                      key=lambda found: found != (red, green, blue))
+        near = [b"[" + re.escape(bytes([max(part - NEAR, 0)])) + b"-" + re.escape(bytes([min(part + NEAR, 255)])) + b"]"
+                for part in reversed(colour)]
         # The fourth byte is whatever the program that drew left there.
-        self.runs = [bytes((b, g, r, rest)) * 64 for r, g, b in near for rest in (0, 255)]
+        self._block = re.compile(b"(?:" + b"".join(near) + rb"[\x00\xff]){64}", re.DOTALL)
 
-    def places_of(self, runs):
-        """Where on the screen one of the runs is."""
-        found = ((run, self._screen.find(run, begin, end)) for run in runs for begin, end in self._rows)
-        return [(run, at) for run, at in found if at >= 0]
+    def place(self):
+        """What of the block is on the screen, and where; None before it has come."""
+        found = self._block.search(self._screen, self._start)
+        return found and (found.group(), found.start())
 
-    def is_at(self, places):
-        return any(self._screen[at:at + len(run)] == run for run, at in places)
+    def is_at(self, place):
+        return place is not None and self._screen[place[1]:place[1] + len(place[0])] == place[0]
 
 
 def family(pid):
@@ -141,8 +137,8 @@ def memory_at_rest(pid):
     return max(status(process)[1] for process in family(pid)) / 1024
 
 
-def first_block(display, command, places=(), measure=None):
-    """Milliseconds; None when no block came. `places` are those of the last time; `measure` is called with the process."""
+def first_block(display, command, place=None, measure=None):
+    """Milliseconds; None when no block came. `place` is that of the last time; `measure` is called with the process."""
     begin = time.monotonic()
     process = subprocess.Popen(command, env=display.environment, stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL, start_new_session=True)
@@ -150,7 +146,7 @@ def first_block(display, command, places=(), measure=None):
         looks = 0
         while time.monotonic() - begin < LIMIT:
             looks += 1
-            if display.is_at(places) or (looks % WHOLE == 0 and display.places_of(display.runs)):
+            if display.is_at(place) or (looks % WHOLE == 0 and display.place()):
                 took = (time.monotonic() - begin) * 1000
                 if measure:
                     measure(process.pid)
@@ -161,7 +157,7 @@ def first_block(display, command, places=(), measure=None):
         os.killpg(process.pid, signal.SIGKILL)
         process.wait()
         end = time.monotonic() + LIMIT
-        while display.places_of(display.runs) and time.monotonic() < end:
+        while display.place() and time.monotonic() < end:
             time.sleep(0.02)
 
 
@@ -196,7 +192,7 @@ def main():
             memory, places, times = {}, {}, {name: [] for name in programs}
             for name, command in commands.items():
                 def note(pid, name=name):
-                    memory[name], places[name] = memory_at_rest(pid), display.places_of(display.runs)
+                    memory[name], places[name] = memory_at_rest(pid), display.place()
                 first_block(display, command, measure=note)
             for _ in range(arguments.runs):
                 for name, command in commands.items():
