@@ -2,7 +2,7 @@
 """first_picture.py [-n RUNS] [--only NAME,...] [--pictures WORD] [NAME=COMMAND ...]
 
 Time from the start of a process to the first block of the picture on the screen, side by side: the program, an otherwise
-empty Qt program, and those of Debian's viewers that are installed, in turns on one virtual display. Further programs are
+empty Qt program, and those of Debian's viewers that are installed, by turns on one virtual display. Further programs are
 named on the command line, {file} standing for the picture. Needs what the tests from outside need.
 
 Xvfb keeps its screen in a file that is mapped here, so that looking costs the server nothing. Most looks go to the place
@@ -15,6 +15,7 @@ starts others, that of the largest.
 import argparse
 import mmap
 import os
+import random
 import re
 import shutil
 import signal
@@ -39,6 +40,7 @@ PEERS = {  # made to show the whole picture where they would not
 LIMIT = 10.0  # seconds in which a picture has to come
 NEAR = 2  # of 255, by which the parts of a colour may differ: programs decode, convert and scale in their own ways
 PAUSE = 0.0002  # seconds between two looks
+ENDING = 0.2  # seconds that the end of one may take from the next
 WHOLE = 400  # every so many looks the whole screen is searched
 REST = 0.4  # seconds without work after which a process is at rest
 
@@ -159,6 +161,7 @@ def first_block(display, command, place=None, measure=None):
         end = time.monotonic() + LIMIT
         while display.place() and time.monotonic() < end:
             time.sleep(0.02)
+        time.sleep(ENDING)
 
 
 def main():
@@ -195,8 +198,9 @@ def main():
                     memory[name], places[name] = memory_at_rest(pid), display.place()
                 first_block(display, command, measure=note)
             for _ in range(arguments.runs):
-                for name, command in commands.items():
-                    took = first_block(display, command, places[name]) if name in places else None
+                # Whoever follows one that uses the same libraries finds them nearer to the processor.
+                for name in random.sample(list(commands), len(commands)):
+                    took = first_block(display, commands[name], places[name]) if name in places else None
                     if took is not None:
                         times[name].append(took)
             print(f"{picture}   load {os.getloadavg()[0]:.1f}")
