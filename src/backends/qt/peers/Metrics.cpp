@@ -26,10 +26,11 @@ int FoundMenuBar() {
 
 /// All that the height of a menu bar comes from.
 QString LooksOfMenuBar() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
     return QStringLiteral("%1;%2;%3;%4;%5")
         .arg(QLatin1String(qVersion()), QApplication::style()->name(),
              QApplication::font("QMenuBar").toString())
-        .arg(QGuiApplication::primaryScreen()->logicalDotsPerInch())
+        .arg(screen != nullptr ? screen->logicalDotsPerInch() : 0)
         .arg(DeviceRatio());
 }
 
