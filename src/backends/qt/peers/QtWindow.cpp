@@ -369,7 +369,6 @@ void QtWindow::Report() {
 }
 
 void QtWindow::MakeMenus() {
-    Get().onKey = nullptr;
     menusMade_ = true;
     for (QtMenuItem* menu : barMenus_)
         menu->Fill();

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "backends/qt/peers/QtButton.h"
 #include "backends/qt/peers/QtScrollBar.h"
@@ -87,7 +88,9 @@ bool WindowWidget::event(QEvent* event) {
         QMetaObject::invokeMethod(
             this, [this] { port_.Deliver(forms::FontEvent{}); }, Qt::QueuedConnection);
     }
-    if (event->type() == QEvent::ShortcutOverride && onKey) onKey();
+    if (event->type() == QEvent::ShortcutOverride) {
+        if (const auto first = std::exchange(onKey, nullptr)) first();
+    }
     if (event->type() == QEvent::WindowActivate) {
         const bool done = QWidget::event(event);
         port_.Deliver(forms::ActivateEvent{});

@@ -49,7 +49,7 @@ class WindowWidget final : public QWidget {
     std::function<void(const QWidget& mapped)> onMapped;
     /// The window was painted.
     std::function<void()> onPainted;
-    /// A key was pressed, which may be the letter of a menu.
+    /// The first key was pressed, which may be the letter of a menu.
     std::function<void()> onKey;
 
   protected:
