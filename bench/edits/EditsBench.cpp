@@ -7,7 +7,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -19,7 +18,6 @@
 #include "backends/linux/HostFiles.h"
 #include "backends/linux/HostPictures.h"
 #include "common/BenchFolder.h"
-#include "common/WarmMemory.h"
 #include "core/Main.h"
 #include "program/WireProgram.h"
 #include "viewer/MainViewFrm.h"
@@ -29,7 +27,6 @@ namespace {
 
 constexpr int Width = 6000;
 constexpr int Height = 4000;
-constexpr std::size_t FreeMemory = 640U << 20U;  ///< bytes: more than an edit or ImageMagick takes
 
 /// A folder of this run, with the folder for temporary files in it; removed at the end.
 class TestFolder {
@@ -122,7 +119,6 @@ void Edit(benchmark::State& state, From from, forms::Menu MainMenu::*entry) {
         machine.Open();
         if (from == From::Edited) machine.Choose(machine.Menu().mnuFlipVertically);
         sync();  // what earlier rounds wrote is not waited for below
-        WarmMemory(FreeMemory);
         state.ResumeTiming();
         machine.Choose(machine.Menu().*entry);
     }
