@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
+#include <span>
 #include <utility>
 
 #include "imaging/graphics/Draw.h"
@@ -36,10 +38,11 @@ constexpr Pixel Mixed(const Shade& a, const Shade& b, int part, int whole) {
 }
 
 /// All that the pixels of the landscape are taken from. It is drawn at each start: a sine a column and a mixture a shade,
-/// none a pixel.
+/// none a pixel, and most of the sky a row at once.
 struct Landscape {
     std::array<int, Width> far{};  ///< the heights of the two rows of hills over each column
     std::array<int, Width> near{};
+    int highest = 0;                           ///< above it there is sky alone
     std::array<Pixel, Height + 1> sky{};       ///< from the top, the glow of the sun added
     std::array<Pixel, Height / 4 + 1> hill{};  ///< below the tops
     std::array<Pixel, Height / 4 + 1> meadow{};
@@ -53,6 +56,7 @@ struct Landscape {
             far[x] = static_cast<int>(farLine * Height);
             near[x] = static_cast<int>(nearLine * Height);
         }
+        highest = std::ranges::min(far);
         const auto mix = [](auto& shades, const Shade& from, const Shade& to) {
             const int whole = static_cast<int>(shades.size()) - 1;
             for (int part = 0; part <= whole; ++part)
@@ -63,17 +67,32 @@ struct Landscape {
         mix(meadow, {60, 110, 78}, {32, 66, 52});
     }
 
-    [[nodiscard]] Pixel At(int x, int y) const {
-        const auto column = static_cast<std::size_t>(x);
-        if (y > near[column]) return Shaded(meadow, y - near[column]);
-        if (y > far[column]) return Shaded(hill, y - far[column]);
-        const int sun = (x - SunX) * (x - SunX) + (y - SunY) * (y - SunY);
-        if (sun < SunRadius * SunRadius) return OpaquePixel(255, 240, 200);
-        const int glow = std::max(GlowRadius * GlowRadius - sun, 0) / GlowRadius;
-        return Shaded(sky, y * 8 / 5 + glow);
+    /// Draws one row: the sky, the sun in it, and the hills before both.
+    void Draw(int y, std::span<Pixel> row) const {
+        std::ranges::fill(row.subspan(FrameWidth, Width - 2 * FrameWidth), Shaded(sky, ShadeOfSky(y)));
+        if (std::abs(y - SunY) < GlowRadius) {
+            for (int x = SunX - GlowRadius; x < std::min(SunX + GlowRadius, Width - FrameWidth); ++x)
+                row[static_cast<std::size_t>(x)] = NearSun(x, y);
+        }
+        if (y <= highest) return;
+        for (std::size_t x = FrameWidth; x < Width - FrameWidth; ++x) {
+            if (y > near[x]) {
+                row[x] = Shaded(meadow, y - near[x]);
+            } else if (y > far[x]) {
+                row[x] = Shaded(hill, y - far[x]);
+            }
+        }
     }
 
   private:
+    [[nodiscard]] static int ShadeOfSky(int y) { return y * 8 / 5; }
+
+    [[nodiscard]] Pixel NearSun(int x, int y) const {
+        const int distance = (x - SunX) * (x - SunX) + (y - SunY) * (y - SunY);
+        if (distance < SunRadius * SunRadius) return OpaquePixel(255, 240, 200);
+        return Shaded(sky, ShadeOfSky(y) + std::max(GlowRadius * GlowRadius - distance, 0) / GlowRadius);
+    }
+
     template <std::size_t Count>
     static Pixel Shaded(const std::array<Pixel, Count>& shades, int part) {
         return shades[std::min(static_cast<std::size_t>(part), Count - 1)];
@@ -104,11 +123,8 @@ Picture DefaultPicture() {
     Surface surface(Width, Height);
     surface.Fill(OpaquePixel(110, 110, 116));
     FillBox(surface, {1, 1, Width - 2, Height - 2}, OpaquePixel(244, 243, 240));
-    for (int y = FrameWidth; y < Height - FrameWidth; ++y) {
-        const auto row = surface.Row(y);
-        for (int x = FrameWidth; x < Width - FrameWidth; ++x)
-            row[static_cast<std::size_t>(x)] = landscape.At(x, y);
-    }
+    for (int y = FrameWidth; y < Height - FrameWidth; ++y)
+        landscape.Draw(y, surface.Row(y));
     return PictureOf(std::move(surface));
 }
 

@@ -220,7 +220,8 @@ bool DriveMap::IsFloppy(const Mount& mount, const std::set<std::string>& disksIn
 }
 
 void DriveMap::FindFloppy(std::map<std::string, HostDrive>& media, const std::vector<Mount>& mounts) {
-    const std::set<std::string> inUse = DisksInUse(mounts);
+    // Where nothing could be one, no disk is looked for: each start asks.
+    const std::set<std::string> inUse = media.empty() ? std::set<std::string>() : DisksInUse(mounts);
     const auto isFloppy = [&](const Mount& mount) {
         return media.contains(mount.folder) && IsFloppy(mount, inUse);
     };

@@ -104,9 +104,9 @@ void PutBackSetAside(MainModule& module) {
     Files& files = module.platform.files;
     const std::string folder = GetTempFolder(module);
     for (const std::string name : FilesOfEdits) {
+        if (!files.HasExactly(folder + AsideNameOf(name))) continue;
         // In another spelling it is a copy that was left; in its own one it is newer than what was set aside.
-        const bool newer = files.HasExactly(folder + name);
-        if (newer || !files.HasExactly(folder + AsideNameOf(name))) continue;
+        if (files.HasExactly(folder + name)) continue;
         if (PutBack(module, folder, name) && name == WorkingFile) KeepWorkingFile(module, folder + name);
     }
 }

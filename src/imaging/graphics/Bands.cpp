@@ -16,9 +16,10 @@ constexpr std::int64_t MostThreads = 4;
 }  // namespace
 
 void InBands(int rows, std::int64_t pixels, const std::function<void(int first, int end)>& work) {
-    const std::int64_t cores = std::thread::hardware_concurrency();  // 0 where nobody knows
-    const std::int64_t bands = std::clamp<std::int64_t>(
-        std::min({cores, MostThreads, pixels / PixelsAThread}), 1, std::max(rows, 1));
+    const std::int64_t worth = std::min(MostThreads, pixels / PixelsAThread);
+    // The system looks for its cores each time it is asked; 0 where nobody knows.
+    const std::int64_t cores = worth > 1 ? std::thread::hardware_concurrency() : 1;
+    const std::int64_t bands = std::clamp<std::int64_t>(std::min(cores, worth), 1, std::max(rows, 1));
     const auto edge = [&](std::int64_t band) { return static_cast<int>(band * rows / bands); };
     std::vector<std::jthread> threads;
     threads.reserve(static_cast<std::size_t>(bands));

@@ -28,8 +28,7 @@ void mnuDeletePackage_Click(MainViewFrm& view) {
 
 void InstallPackageCommands(MainViewFrm& view, ProgramFiles* programFiles) {
     const MainModule& module = view.Module();
-    const bool installed = module.platform.files.FileExists(module.AppPath + package::ProgramName);
-    if (programFiles != nullptr || installed) {
+    if (programFiles != nullptr || module.platform.files.FileExists(module.AppPath + package::ProgramName)) {
         view.menu.mnuPackage.Install([&view, programFiles] { mnuPackage_Click(view, programFiles); });
     }
     view.menu.mnuDeletePackage.Install([&view] { mnuDeletePackage_Click(view); });
