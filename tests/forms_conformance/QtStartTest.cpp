@@ -111,6 +111,27 @@ TEST_F(MenuBarNoteTest, ANoteOfAnotherFontOrOfNoUseIsNotTaken) {
     QApplication::setFont(font, "QMenuBar");
 }
 
+/// A desktop that tells the factor of its texts later than the start does so each time.
+TEST_F(MenuBarNoteTest, AFontThatComesAfterTheStartIsNotedForTheNextOne) {
+    const QFont font = QApplication::font("QMenuBar");
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() + 6);
+    const qt::Metrics first = Start();
+    const int before = first.MenuBarLogical();
+    QApplication::setFont(larger, "QMenuBar");
+    const int after = Found();
+    ASSERT_GT(after, before);
+    first.CheckNote();
+    QApplication::setFont(font, "QMenuBar");
+    const qt::Metrics next = Start();
+    EXPECT_EQ(next.MenuBarLogical(), after);
+    writes = 0;
+    QApplication::setFont(larger, "QMenuBar");
+    next.CheckNote();
+    EXPECT_EQ(writes, 0) << "and stays so";
+    QApplication::setFont(font, "QMenuBar");
+}
+
 TEST_F(MenuBarNoteTest, NobodyWhoHasNoMenuBarReadsOrWritesIt) {
     Start().CheckNote();
     EXPECT_EQ(reads, 0);
