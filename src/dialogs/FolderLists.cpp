@@ -52,7 +52,7 @@ void FolderLists::Assign(const std::string& path, Cause cause) {
     next_ = std::move(cause);
     try {
         folders_.Path = path;
-    } catch (const RuntimeError&) {
+    } catch (...) {
         next_ = {};
         throw;
     }

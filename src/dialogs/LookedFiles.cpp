@@ -1,6 +1,7 @@
 #include "dialogs/LookedFiles.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/forms/Application.h"
@@ -101,6 +102,8 @@ void LookedFiles::Arrive() {
         Keep(*look);
     } catch (const RuntimeError& error) {
         failure_ = error;
+    } catch (const std::bad_alloc&) {
+        failure_ = RuntimeError(ErrorNumber::OutOfMemory);
     }
     TellPending();
     if (failure_) {
