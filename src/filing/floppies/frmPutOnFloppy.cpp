@@ -144,7 +144,7 @@ void frmPutOnFloppy::CmdCopy_Click() {
 void frmPutOnFloppy::Transfer(const std::string& source, const std::vector<std::string>& names) {
     const DialogWork work(*this, module_);
     if (!work) return;
-    if (disk_.HasFiles([this] { return disk_.AsksAgain(); })) {
+    if (disk_.HasFiles(*this, [this] { return disk_.AsksAgain(); })) {
         CopyWithFloppy(module_, disk_, ItemsBetween(source, disk_.Root(), names),
                        {.replace = "Replace this file with the one currently selected?",
                         .canceled = "File copy was canceled, all files were not copied..."});
