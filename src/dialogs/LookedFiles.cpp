@@ -132,8 +132,14 @@ void LookedFiles::Wait() {
 }
 
 bool LookedFiles::Awaits(std::function<void()> then) {
-    wish_ = Pending() ? std::move(then) : nullptr;
+    Forget();
+    if (Pending()) wish_ = std::move(then);
     return Pending();
+}
+
+void LookedFiles::Forget() {
+    wish_ = nullptr;
+    if (beside_ != nullptr) beside_->wish_ = nullptr;
 }
 
 void LookedFiles::WhenRead(std::function<void()> then) {

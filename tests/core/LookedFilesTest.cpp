@@ -376,6 +376,32 @@ TEST_F(WaitingTest, TwoOfOneFormKnowOfEachOther) {
     EXPECT_FALSE(other.AnyPending());
 }
 
+TEST_F(WaitingTest, AFormHasOneWishWhicheverFolderItWaitsFor) {
+    LookedFiles other(form, disk, Bitmaps, &files);
+    static_cast<void>(files.List(Slow, Bitmaps));
+    static_cast<void>(other.List(Slow, Bitmaps));
+    Await("first");
+    EXPECT_TRUE(other.Awaits(Noting("last")));
+    Tick(20);
+    EXPECT_EQ(done, Texts{"last"});
+    const auto look = [&] {
+        static_cast<void>(files.List(Quick, Bitmaps));
+        static_cast<void>(files.List(Slow, Bitmaps));
+        Await("lost");
+        EXPECT_TRUE(awaited);
+    };
+    look();
+    other.Forget();
+    Tick(20);
+    look();
+    static_cast<void>(other.List(Quick, Bitmaps));  // the user goes to another folder there
+    Tick(20);
+    look();
+    EXPECT_FALSE(other.Awaits(Noting("never")));  // which the caller does itself
+    Tick(20);
+    EXPECT_EQ(done, Texts{"last"});
+}
+
 /// A folder of which memory has room for nothing.
 class EndlessLook final : public FolderLook {
   public:

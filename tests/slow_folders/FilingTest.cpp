@@ -45,9 +45,10 @@ TEST_F(SlowDeleteTest, NothingIsSelectedOrDeletedBeforeTheFolderHasCome) {
     ExpectSelectable(dialog.Selection, false);
     Press(dialog.Selection.CmdAll);
     Press(dialog.CmdDelete);
-    Key(dialog.Chooser.Dir1, forms::KeyCode::Delete);
     ExpectTold("Unable to delete file by pressing the delete key, nothing is selected in the file list...");
     Key(dialog.Chooser.File1, forms::KeyCode::Delete);
+    Press(dialog.CmdDelete);
+    Key(dialog.Chooser.Dir1, forms::KeyCode::Delete);
     // The last wish is that of the folder list's key.
     ExpectTold("Unable to delete the directory:\r\n\r\nC:\\slow\r\n\r\nThe selected path is not empty...");
     Come();
