@@ -38,7 +38,10 @@ FolderChooser::FolderChooser(forms::Form& form, const MainModule& module,
     CmdNewFolder.OnClick = [this] { CmdNewFolder_Click(module_, Lists); };
     CmdExplore.Caption = "&Explore";
     CmdExplore.ToolTip = "View files in the selected directory.";
-    CmdExplore.OnClick = [this] { ExploreFolder(module_, Dir1.Path); };
+    CmdExplore.OnClick = [this] {
+        Lists.Forget();
+        ExploreFolder(module_, Dir1.Path);
+    };
     lblFreeSpaceMsg.Caption = "Free Space:";
     // The figure names its drive and would be wrong beside another one.
     Lists.OnFolderChange = [this] { ShowFreeSpace(); };

@@ -52,7 +52,7 @@ void FolderLists::Assign(const std::string& path, Cause cause) {
     next_ = std::move(cause);
     try {
         folders_.Path = path;
-    } catch (const RuntimeError&) {
+    } catch (...) {
         next_ = {};
         throw;
     }
@@ -136,7 +136,9 @@ void FolderLists::ShowPending() {
 }
 
 void FolderLists::Come() {
-    if (folders_.Path.Get() == looked_.Folder()) folders_.Refresh();
+    // Where the files alone were to be read again the user may have gone on in the folder list.
+    const bool filesAlone = keepsRows_ && folders_.Path.Get() == read_;
+    if (!filesAlone && folders_.Path.Get() == looked_.Folder()) folders_.Refresh();
     if (files_ != nullptr && files_->Path.Get() == looked_.Folder()) {
         if (std::exchange(keepsRows_, false)) {
             files_->RefreshKeepingRows();

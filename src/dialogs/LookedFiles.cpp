@@ -1,6 +1,7 @@
 #include "dialogs/LookedFiles.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/forms/Application.h"
@@ -101,6 +102,8 @@ void LookedFiles::Arrive() {
         Keep(*look);
     } catch (const RuntimeError& error) {
         failure_ = error;
+    } catch (const std::bad_alloc&) {
+        failure_ = RuntimeError(ErrorNumber::OutOfMemory);
     }
     TellPending();
     if (failure_) {
@@ -129,8 +132,14 @@ void LookedFiles::Wait() {
 }
 
 bool LookedFiles::Awaits(std::function<void()> then) {
-    wish_ = Pending() ? std::move(then) : nullptr;
+    Forget();
+    if (Pending()) wish_ = std::move(then);
     return Pending();
+}
+
+void LookedFiles::Forget() {
+    wish_ = nullptr;
+    if (beside_ != nullptr) beside_->wish_ = nullptr;
 }
 
 void LookedFiles::WhenRead(std::function<void()> then) {

@@ -44,11 +44,12 @@ class LookedFiles final : public ForwardingFiles {
     /// Runs messages until the folder has come or the form is unloaded. For works that hold the hourglass.
     void Wait();
 
-    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one. One such
-    /// wish is kept, the last.
+    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one. A form keeps
+    /// one such wish, the last, whichever of its folders that waits for.
     [[nodiscard]] bool Awaits(std::function<void()> then);
-    /// The user does something else than wait for what he wished.
-    void Forget() { wish_ = nullptr; }
+    /// The user does something else than wait for what he wished. To be told before a box, a menu or a window comes: a wish
+    /// that is done meanwhile would open its own above that.
+    void Forget();
     /// Does this when the folder has come: now where it has. Given up where the lists go to another folder before.
     void WhenRead(std::function<void()> then);
 

@@ -173,6 +173,7 @@ void OpenFrm::CmdPrevious_Click() {
 
 void OpenFrm::picPreview_OLEDragDrop(const std::vector<std::string>& files) {
     if (module_.Busy()) return;
+    Lists.Forget();
     std::string path = files.empty() ? "" : files.front();
     if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module_, path);
     if (path.ends_with('\\')) path.pop_back();
@@ -194,7 +195,6 @@ void OpenFrm::TellNotDropped() {
 }
 
 void OpenFrm::ShowDropped(const std::string& path) {
-    Lists.Forget();
     File1.ListIndex = -1;  // ticking the box would preview what was selected
     TimerPreview.Enabled = false;
     ChkPreview.Value = true;

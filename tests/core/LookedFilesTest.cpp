@@ -1,6 +1,8 @@
 #include "dialogs/LookedFiles.h"
 
 #include <algorithm>
+#include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -372,6 +374,63 @@ TEST_F(WaitingTest, TwoOfOneFormKnowOfEachOther) {
     Tick(5);
     EXPECT_FALSE(files.AnyPending());
     EXPECT_FALSE(other.AnyPending());
+}
+
+TEST_F(WaitingTest, AFormHasOneWishWhicheverFolderItWaitsFor) {
+    LookedFiles other(form, disk, Bitmaps, &files);
+    static_cast<void>(files.List(Slow, Bitmaps));
+    static_cast<void>(other.List(Slow, Bitmaps));
+    Await("first");
+    EXPECT_TRUE(other.Awaits(Noting("last")));
+    Tick(20);
+    EXPECT_EQ(done, Texts{"last"});
+    const auto look = [&] {
+        static_cast<void>(files.List(Quick, Bitmaps));
+        static_cast<void>(files.List(Slow, Bitmaps));
+        Await("lost");
+        EXPECT_TRUE(awaited);
+    };
+    look();
+    other.Forget();
+    Tick(20);
+    look();
+    static_cast<void>(other.List(Quick, Bitmaps));  // the user goes to another folder there
+    Tick(20);
+    look();
+    EXPECT_FALSE(other.Awaits(Noting("never")));  // which the caller does itself
+    Tick(20);
+    EXPECT_EQ(done, Texts{"last"});
+}
+
+/// A folder of which memory has room for nothing.
+class EndlessLook final : public FolderLook {
+  public:
+    bool Wait(int milliseconds) override { return milliseconds < LookedFiles::Moment; }
+    FolderContent Take() override { throw std::bad_alloc(); }
+};
+
+class EndlessFiles final : public ForwardingFiles {
+  public:
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FolderLook> Look(const std::string&, const std::string&) override {
+        return std::make_unique<EndlessLook>();
+    }
+};
+
+TEST_F(WaitingTest, AFolderThatMemoryCannotHoldIsAFailure) {
+    EndlessFiles endless(platform.files);
+    auto& full = app.Load<LookForm>(endless);
+    std::vector<bool> told;
+    std::vector<ErrorNumber> errors;
+    full.Looked.OnPending = [&] { told.push_back(full.Looked.Pending()); };
+    full.Looked.OnFailure = [&](const std::string&, const RuntimeError& error) {
+        errors.push_back(error.Number());
+    };
+    static_cast<void>(full.Looked.List(Slow, Bitmaps));
+    Tick(2);
+    EXPECT_EQ(told, (std::vector{true, false}));
+    EXPECT_EQ(errors, std::vector{ErrorNumber::OutOfMemory});
+    app.Unload(full);
 }
 
 }  // namespace

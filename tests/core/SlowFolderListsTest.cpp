@@ -355,6 +355,24 @@ TEST_F(SlowFolderListsTest, AListThatIsReadAgainKeepsItsRowsUntilTheyHaveCome) {
     EXPECT_EQ(form.File1.ListIndex, -1);
 }
 
+TEST_F(SlowFolderListsTest, WhoHasGoneOnInTheFolderListStaysThere) {
+    auto& form = Show();
+    form.Dir1.Path = Slow;
+    Tick();
+    form.Lists.RefreshFiles();
+    form.Dir1.Deliver(forms::RowEvent{3});  // C:\, Pictures, Slow, Sub
+    Tick();
+    EXPECT_EQ(form.Dir1.ListIndex, 3);
+    EXPECT_EQ(form.Dir1.ListCount(), 1);
+    // One whose folders have yet to come is no such list.
+    form.Dir1.Path = "C:\\Pictures";
+    form.Dir1.Path = Slow;
+    form.Lists.RefreshFiles();
+    Tick();
+    EXPECT_EQ(form.Dir1.ListCount(), 1);
+    EXPECT_EQ(Files(form).size(), 2U);
+}
+
 TEST_F(SlowFolderListsTest, AnotherFolderDoesNotKeepThoseRows) {
     auto& form = Show();
     form.Dir1.Path = Slow;

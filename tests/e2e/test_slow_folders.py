@@ -86,6 +86,21 @@ class SlowFoldersTest(ProgramTest):
         wait_until(lambda: "Save Copy" not in program.titles(), "the end of the dialog")
         self.assertIn("copy.bmp", os.listdir(self.asleep))
 
+    def test_a_floppy_is_read_while_the_window_answers(self):
+        program = self.start(environment={"TAVRIX_DRIVES": f"A={self.asleep},floppy,disk;C=/", **self.disk.environment})
+        window = program.main()
+        program.menu_entry("File", "Copy", "Images From Floppy").act()
+        self.assert_answers(window)
+        self.assertEqual(program.titles(), [window.title])
+        self.disk.wake()
+        dialog = self.dialog(program, "Copy Image(s) From Floppy Drive")
+        self.wait_rows(dialog, "Files:", ["one.bmp", "three.bmp", "two.bmp"])
+        self.disk.sleep()
+        dialog.find("push button", "Read Another Disk").act()
+        self.assert_answers(program.window("Copy Image(s) From Floppy Drive"))
+        self.disk.wake()
+        self.wait_rows(dialog, "Files:", ["one.bmp", "three.bmp", "two.bmp"])
+
     def test_nothing_is_deleted_before_the_disk_is_awake(self):
         program = self.start_asleep()
         dialog = self.open_dialog(program, "Delete Image(s)", "File", "Delete", "Image(s)")

@@ -226,7 +226,7 @@ TEST_F(FloppyDeleteTest, WithoutADiskNothingIsListed) {
 }
 
 TEST_F(FloppyDeleteTest, ADiskThatGoesWhileTheDialogOpensIsTold) {
-    platform.faults.AtNth(headless::Service::Files, 2, [&] { platform.disks.PullDisk('A'); });
+    platform.faults.AtNth(headless::Service::Files, 3, [&] { platform.disks.PullDisk('A'); });
     ExpectTold("Unable to read files from floppy disk.\r\n\r\nMake sure disk is inserted and try again...");
     InDialog([](frmDeleteFloppy& dialog) { EXPECT_TRUE(Listed(dialog.Files).empty()); });
 }

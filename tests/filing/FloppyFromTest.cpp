@@ -234,7 +234,7 @@ TEST_F(FloppyFromTest, WithoutADiskTheDialogCloses) {
     int shown = 0;
     toolkit.OnModal("frmCopyFloppy", [&] { ++shown; });
     // The command has seen the disk, and then it went.
-    platform.faults.AtNth(Service::Files, 2, [&] { platform.disks.PullDisk('A'); });
+    platform.faults.AtNth(Service::Files, 3, [&] { platform.disks.PullDisk('A'); });
     ExpectTold("Floppy drive A:\\ could not be read, unable to copy files...", BoxIcon::Exclamation);
     View().menu.mnuCopyFromFloppy.Deliver(forms::ClickEvent{});
     EXPECT_EQ(app.Loaded<frmCopyFloppy>(), nullptr);

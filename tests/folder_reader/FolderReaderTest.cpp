@@ -16,6 +16,7 @@
 #include <iterator>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
 #include <thread>
@@ -35,6 +36,7 @@ std::atomic<int> asleep{0};
 std::atomic<bool> tellsNoKinds{false};
 constexpr int Never = -1;
 std::atomic<int> entriesToFailure{Never};
+std::atomic<bool> noMemory{false};
 std::atomic<bool> noThreads{false};
 std::atomic<int> threadsMade{0};
 bool threadsSleep = false;  ///< those that are made do not begin before they are woken
@@ -68,6 +70,7 @@ DIR* opendir(const char* path) {
 }
 
 dirent* readdir(DIR* folder) {
+    if (noMemory) throw std::bad_alloc();
     if (entriesToFailure != Never && entriesToFailure-- == 0) {
         errno = EIO;
         return nullptr;
@@ -140,6 +143,7 @@ class FolderReaderTest : public testing::Test {
         Wake();
         tellsNoKinds = false;
         entriesToFailure = Never;
+        noMemory = false;
         noThreads = false;
     }
 
@@ -298,6 +302,16 @@ TEST_F(FolderReaderTest, AFailureIsToldWhenItIsTaken) {
     EXPECT_EQ(ErrorOfCall([&] { FilesOf("all/b.bmp"); }), 76);
     EXPECT_EQ(FilesOf("other"), Names{"c.bmp"});
     EXPECT_EQ(threadsMade, 1);
+}
+
+TEST_F(FolderReaderTest, AFolderThatMemoryCannotHoldIsAFailureToo) {
+    for (const bool thread : {true, false}) {
+        noThreads = !thread;
+        noMemory = true;
+        EXPECT_EQ(ErrorOfCall([this] { FilesOf("all"); }), 7) << thread;
+        noMemory = false;
+        EXPECT_EQ(FilesOf("other"), Names{"c.bmp"});
+    }
 }
 
 TEST_F(FolderReaderTest, AFolderThatIsReadInPartIsAFailure) {

@@ -1,16 +1,19 @@
 // What the first picture does not wait for.
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QFont>
+#include <QImage>
 #include <QMenuBar>
-#include <QStyle>
+#include <QPainter>
 #include <QTest>
-#include <optional>
+#include <QWidget>
 #include <string>
 
 #include "backends/qt/FirstPaint.h"
 #include "backends/qt/ProgramIcon.h"
 #include "backends/qt/peers/Metrics.h"
+#include "backends/qt/peers/PrepareToPaint.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "forms_conformance/QtDriver.h"
 
@@ -108,6 +111,27 @@ TEST_F(MenuBarNoteTest, ANoteOfAnotherFontOrOfNoUseIsNotTaken) {
     QApplication::setFont(font, "QMenuBar");
 }
 
+/// A desktop that tells the factor of its texts later than the start does so each time.
+TEST_F(MenuBarNoteTest, AFontThatComesAfterTheStartIsNotedForTheNextOne) {
+    const QFont font = QApplication::font("QMenuBar");
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() + 6);
+    const qt::Metrics first = Start();
+    const int before = first.MenuBarLogical();
+    QApplication::setFont(larger, "QMenuBar");
+    const int after = Found();
+    ASSERT_GT(after, before);
+    first.CheckNote();
+    QApplication::setFont(font, "QMenuBar");
+    const qt::Metrics next = Start();
+    EXPECT_EQ(next.MenuBarLogical(), after);
+    writes = 0;
+    QApplication::setFont(larger, "QMenuBar");
+    next.CheckNote();
+    EXPECT_EQ(writes, 0) << "and stays so";
+    QApplication::setFont(font, "QMenuBar");
+}
+
 TEST_F(MenuBarNoteTest, NobodyWhoHasNoMenuBarReadsOrWritesIt) {
     Start().CheckNote();
     EXPECT_EQ(reads, 0);
@@ -154,6 +178,75 @@ TEST_F(QtStartTest, WorkForTheFirstPaintIsDoneOnceAndAfterIt) {
     WidgetOf(form).repaint();
     driver->Settle();
     EXPECT_EQ(done, 1);
+}
+
+/// A window that paints itself in a colour.
+class ColouredWindow final : public QWidget {
+  public:
+    QColor colour = Qt::red;
+
+  protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), colour); }
+};
+
+class PrepareToPaintTest : public testing::Test {
+  protected:
+    PrepareToPaintTest() { window.resize(120, 80); }
+
+    [[nodiscard]] const QImage& Pages() const {
+        return dynamic_cast<const QImage&>(*window.backingStore()->paintDevice());
+    }
+    /// Whether every pixel of the window has this colour.
+    [[nodiscard]] bool IsAll(const QColor& colour) const {
+        const QImage& pages = Pages();
+        QImage wanted(pages.size(), pages.format());
+        wanted.fill(colour);
+        wanted.setDevicePixelRatio(pages.devicePixelRatio());
+        return pages.deviceIndependentSize().toSize() == window.size() && pages == wanted;
+    }
+
+    ColouredWindow window;
+};
+
+TEST_F(PrepareToPaintTest, WhatTheWindowIsPaintedInStandsBeforeItIs) {
+    window.show();
+    ASSERT_NE(window.backingStore()->size(), window.size());
+    qt::PrepareToPaint(window);
+    EXPECT_EQ(window.backingStore()->size(), window.size());
+    EXPECT_EQ(Pages().deviceIndependentSize().toSize(), window.size());
+    EXPECT_TRUE(IsAll(window.palette().window().color()));
+    const uchar* const bytes = Pages().constBits();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return IsAll(Qt::red); }));
+    EXPECT_EQ(Pages().constBits(), bytes) << "and is not made again";
+}
+
+TEST_F(PrepareToPaintTest, WhatHasBeenPaintedStays) {
+    window.show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return IsAll(Qt::red); }));
+    qt::PrepareToPaint(window);
+    EXPECT_TRUE(IsAll(Qt::red));
+}
+
+TEST_F(PrepareToPaintTest, AWindowOfAnotherSizeIsPaintedWhole) {
+    window.show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return IsAll(Qt::red); }));
+    for (const QSize& size : {QSize(200, 90), QSize(60, 200)}) {
+        window.hide();
+        window.resize(size);
+        window.show();
+        qt::PrepareToPaint(window);
+        EXPECT_FALSE(IsAll(Qt::red));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return IsAll(Qt::red); })) << size.width();
+        EXPECT_EQ(window.backingStore()->size(), size);
+    }
+    window.resize(300, 50);
+    qt::PrepareToPaint(window);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return IsAll(Qt::red); })) << "one that is seen";
+}
+
+TEST_F(PrepareToPaintTest, AWindowThatWasNeverShownIsLeftAlone) {
+    qt::PrepareToPaint(window);
+    EXPECT_EQ(window.backingStore(), nullptr);
 }
 
 TEST(ProgramIconTest, HasTheSizesThatDesktopsShow) {

@@ -129,15 +129,28 @@ TEST_F(IdleEntryTest, WhatIsHalfWrittenChangesNothingThatIsKnown) {
             EXPECT_EQ(entry().Minutes(7), 7) << length;
             EXPECT_EQ(entry().Minutes(), std::nullopt) << length;
         }
-        EXPECT_NE(entry().Minutes(7), std::nullopt) << length;
+        EXPECT_EQ(entry().Minutes(7), length < whole.size() ? 7 : 25) << length;
+        // Of who has just begun nothing is known.
+        EXPECT_EQ(entry().Minutes().has_value(), namesProgram) << length;
     }
-    EXPECT_EQ(entry().Minutes(7), 25);
     Write(whole + "Hidden=true\n");
     EXPECT_EQ(entry().Minutes(7), 25) << "the first of two counts";
     Write("[Desktop Entry]\nExec=x\nHidden=true\n");
     EXPECT_EQ(entry().Minutes(7), std::nullopt);
     fs::remove(entry().File());
     EXPECT_EQ(entry().Minutes(7), std::nullopt);
+}
+
+TEST_F(IdleEntryTest, AWholeOneWithoutANumberIsTheUsualOneWhereNothingIsKnown) {
+    for (const char* end : {"", "\n"}) {
+        Write(std::string("[Desktop Entry]\nExec=x") + end);
+        EXPECT_EQ(entry().Minutes(), IdleEntry::UsualMinutes);
+        EXPECT_EQ(entry().Minutes(7), 7);
+        Write(std::string("[Desktop Entry]\nExec=x\nX-Tavrix-Minutes=5") + end);
+        EXPECT_EQ(entry().Minutes(), 5);
+    }
+    Write("[Desktop Entry]\nExec=x\nX-Tavrix-Minutes=none\n");
+    EXPECT_EQ(entry().Minutes(7), IdleEntry::UsualMinutes);
 }
 
 TEST_F(IdleEntryTest, WhoeverReadsItMeetsTheFormerOneOrTheNewOne) {

@@ -1,9 +1,14 @@
 // Deleting, renaming, copying and moving files.
 
+#include <functional>
+#include <utility>
+
 #include "filing/deleting/DeleteFolderFrm.h"
 #include "filing/deleting/DeleteImgFrm.h"
 #include "filing/deleting/RenameImgFrm.h"
 #include "filing/floppies/frmCopyFloppy.h"
+#include "filing/floppies/frmDeleteFloppy.h"
+#include "filing/floppies/frmDiskcopy.h"
 #include "filing/floppies/frmPutOnFloppy.h"
 #include "filing/moving/frmCopyImages.h"
 #include "filing/moving/frmMoveCurrentImg.h"
@@ -40,9 +45,10 @@ TEST_F(SlowDeleteTest, NothingIsSelectedOrDeletedBeforeTheFolderHasCome) {
     ExpectSelectable(dialog.Selection, false);
     Press(dialog.Selection.CmdAll);
     Press(dialog.CmdDelete);
-    Key(dialog.Chooser.Dir1, forms::KeyCode::Delete);
     ExpectTold("Unable to delete file by pressing the delete key, nothing is selected in the file list...");
     Key(dialog.Chooser.File1, forms::KeyCode::Delete);
+    Press(dialog.CmdDelete);
+    Key(dialog.Chooser.Dir1, forms::KeyCode::Delete);
     // The last wish is that of the folder list's key.
     ExpectTold("Unable to delete the directory:\r\n\r\nC:\\slow\r\n\r\nThe selected path is not empty...");
     Come();
@@ -325,6 +331,81 @@ class SlowFloppyTest : public SlowFoldersTest {
         platform.disks.PutFile("A:\\f.bmp", "f");
     }
 };
+
+/// A disk that is slow itself.
+class FloppyThatSleepsTest : public SlowFloppyTest {
+  protected:
+    FloppyThatSleepsTest() { disk.also.insert("A:\\"); }
+
+    /// Messages that run under the hourglass while something is done.
+    template <class Act>
+    int MessagesDuring(Act act) {
+        int messages = 0;
+        for (int yield = 1; yield <= 5; ++yield)
+            toolkit.AtYield(yield, [&messages, this] { messages += module.Busy() ? 1 : 0; });
+        act();
+        EXPECT_FALSE(module.Busy());
+        return messages;
+    }
+    /// Opens a dialog by its command, and uses it once.
+    template <class Dialog>
+    void InDialog(forms::Menu& command, const char* name, const std::function<void(Dialog&)>& use) {
+        bool used = false;
+        toolkit.OnModal(name, [&] {
+            if (std::exchange(used, true)) return;
+            use(*app.Loaded<Dialog>());
+            if (auto* left = app.Loaded<Dialog>()) app.Unload(*left);
+        });
+        EXPECT_EQ(MessagesDuring([&] { command.Deliver(forms::ClickEvent{}); }), 5);
+        EXPECT_TRUE(used);
+    }
+};
+
+TEST_F(FloppyThatSleepsTest, IsReadWhileMessagesRun) {
+    InDialog<frmCopyFloppy>(Start().menu.mnuCopyFromFloppy, "frmCopyFloppy", [this](frmCopyFloppy& dialog) {
+        EXPECT_EQ(Listed(dialog.Files.File1), Names{"f.bmp"});
+        platform.disks.PutFile("A:\\g.bmp", "g");
+        EXPECT_EQ(MessagesDuring([&] { Press(dialog.CmdNewDisk); }), 5);
+        EXPECT_EQ(Listed(dialog.Files.File1), (Names{"f.bmp", "g.bmp"}));
+        dialog.Files.File1.Select(1);
+        ExpectQuestion("Copy the file:\r\n\r\ng.bmp\r\n\r\n...to the following directory?\r\n\r\nC:\\QUICK\\",
+                       Answer::Yes);
+        EXPECT_GE(MessagesDuring([&] { Press(dialog.CmdCopy); }), 5);
+        EXPECT_TRUE(IsThere("C:\\quick\\g.bmp"));
+    });
+}
+
+TEST_F(FloppyThatSleepsTest, SoIsOneWhoseFilesGo) {
+    InDialog<frmDeleteFloppy>(Start().menu.mnuDelImgOnFloppy, "frmDeleteFloppy",
+                              [this](frmDeleteFloppy& dialog) {
+                                  EXPECT_EQ(Listed(dialog.Files.File1), Names{"f.bmp"});
+                                  EXPECT_EQ(MessagesDuring([&] { Press(dialog.CmdRefresh); }), 5);
+                              });
+}
+
+TEST_F(FloppyThatSleepsTest, SoIsTheSourceOfACopyBetweenTwo) {
+    InDialog<frmDiskcopy>(Start().menu.mnuDiskcopyFloppy, "frmDiskcopy", [this](frmDiskcopy& dialog) {
+        EXPECT_EQ(Listed(dialog.Files.File1), Names{"f.bmp"});
+        ExpectTold("Make sure the SOURCE disk is inserted and then press the OK button to continue.");
+        ExpectTold("No source files are selected, nothing to copy...");
+        EXPECT_EQ(MessagesDuring([&] { Press(dialog.CmdCopy); }), 5);
+    });
+}
+
+TEST_F(FloppyThatSleepsTest, NothingIsDoneForADialogThatIsClosedMeanwhile) {
+    InDialog<frmCopyFloppy>(Start().menu.mnuCopyFromFloppy, "frmCopyFloppy", [this](frmCopyFloppy& dialog) {
+        const forms::Form::HandlerScope scope(dialog);
+        dialog.Files.File1.Select(0);
+        dialog.Dir2.Path = Quick;
+        ExpectQuestion("Copy the file:\r\n\r\nf.bmp\r\n\r\n...to the following directory?\r\n\r\nC:\\QUICK\\",
+                       Answer::Yes);
+        toolkit.AtYield(2, [&] { Press(dialog.CmdCancel); });
+        Press(dialog.CmdCopy);
+        EXPECT_TRUE(dialog.Unloaded());
+        EXPECT_FALSE(module.Busy());
+        EXPECT_FALSE(IsThere("C:\\quick\\f.bmp"));
+    });
+}
 
 TEST_F(SlowFloppyTest, FilesForAFloppyWaitForTheirFolder) {
     Start(true);

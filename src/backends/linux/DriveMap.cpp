@@ -320,7 +320,8 @@ bool DriveMap::HasDisk(const HostDrive& drive) {
     const std::string root = drive.root + "/";
     if (::stat(root.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
     if (drive.blank || (!drive.floppy && drive.type != DriveType::CdRom)) return true;
-    return !IsEmptyFolder(root) || IsMountPoint(root);
+    // A medium is not read for this, which may take it seconds.
+    return IsMountPoint(root) || !IsEmptyFolder(root);
 }
 
 std::string DriveMap::CdDevice() {

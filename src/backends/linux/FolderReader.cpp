@@ -3,6 +3,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <thread>
@@ -36,6 +37,8 @@ class FolderReader::Job {
             SortAsListed(content_.uncounted);
         } catch (const RuntimeError& error) {
             failure_ = error;
+        } catch (const std::bad_alloc&) {  // which no thread may be left with
+            failure_ = RuntimeError(ErrorNumber::OutOfMemory);
         }
     }
     void Tell() {

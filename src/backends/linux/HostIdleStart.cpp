@@ -80,12 +80,14 @@ IdleEntry::IdleEntry(const HostPaths& paths)
     : file_(HostFolderOf(paths.config) + "/autostart/tavrix-idle.desktop") {}
 
 std::optional<int> IdleEntry::Minutes(std::optional<int> known) const {
-    const std::optional<std::string> content = ReadWholeFile(file_, LargestProfile);
+    std::optional<std::string> content = ReadWholeFile(file_, LargestProfile);
     if (!content) return std::nullopt;
+    if (known) content->resize(content->rfind('\n') + 1);  // nothing is left where there is none
     const ProfileSection entry = ReadProfileSection(*content, Section);
     if (!entry.Has("Exec")) return known;
     if (EqualIgnoringCase(entry.Read("Hidden"), "true")) return std::nullopt;
     if (EqualIgnoringCase(entry.Read("X-GNOME-Autostart-enabled"), "false")) return std::nullopt;
+    if (known && !entry.Has(MinutesKey)) return known;
     const std::string digits = entry.Read(MinutesKey);
     const bool number = !digits.empty() && digits.size() <= 5 &&
                         std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; });

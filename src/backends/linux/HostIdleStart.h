@@ -18,8 +18,8 @@ class IdleEntry {
 
     [[nodiscard]] const std::string& File() const { return file_; }
     /// What the entry says; none where there is no entry, or it is hidden or disabled, as desktops do to switch one off.
-    /// UsualMinutes for one without a sensible number. `known` for a file that names no program: it may be empty, or half
-    /// there, because somebody is writing it.
+    /// UsualMinutes for one without a sensible number. `known`, where there is such, for a file that is empty or half there,
+    /// because somebody is writing it: it names no program or no number, or its last line has no end.
     [[nodiscard]] std::optional<int> Minutes(std::optional<int> known = std::nullopt) const;
     /// Writes the entry for a program, in one step for whoever reads it, or removes it. Throws RuntimeError.
     void Set(std::optional<int> minutes, const std::string& program) const;

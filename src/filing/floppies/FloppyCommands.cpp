@@ -23,7 +23,7 @@ void ShowFloppyDialog(MainViewFrm& view, const std::string& noFiles) {
     forms::BusyGuard busy(module.Screen());
     const forms::TopmostBracket bracket(view, module.config.TopMostWindow);
     const FloppyDisk disk(module);
-    const std::optional<bool> anyFile = disk.HasFiles([&] { return disk.AsksToInsert(); });
+    const std::optional<bool> anyFile = disk.HasFiles(view, [&] { return disk.AsksToInsert(); });
     if (!anyFile) return;
     if (!*anyFile && !noFiles.empty()) {
         module.app.MessageBox(

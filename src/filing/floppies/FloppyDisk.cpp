@@ -2,11 +2,17 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "dialogs/ContentOf.h"
 
 namespace tavrix {
 
 void FloppyDisk::Require() const {
     static_cast<void>(module_.platform.files.Info(Root()));
+}
+
+bool FloppyDisk::Wake(const forms::Form& form) const {
+    SkipFailure([&] { static_cast<void>(ContentOf(module_, form, Root())); });
+    return !form.Unloaded();
 }
 
 bool FloppyDisk::AsksToInsert() const {
@@ -34,8 +40,9 @@ bool FloppyDisk::WaitsForDisk(const std::function<bool()>& ask) const {
     }
 }
 
-std::optional<bool> FloppyDisk::HasFiles(const std::function<bool()>& ask) const {
+std::optional<bool> FloppyDisk::HasFiles(const forms::Form& form, const std::function<bool()>& ask) const {
     for (;;) {
+        if (!Wake(form)) return std::nullopt;
         try {
             return !module_.platform.files.First(Root() + "*").empty();
         } catch (const RuntimeError&) {

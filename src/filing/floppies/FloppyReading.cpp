@@ -7,8 +7,9 @@
 
 namespace tavrix {
 
-void CmdNewDisk_Click(const MainModule& module, const FloppyDisk& disk, SelectedFiles& files) {
-    if (module.Busy()) return;
+void CmdNewDisk_Click(const forms::Form& form, const MainModule& module, const FloppyDisk& disk,
+                      SelectedFiles& files) {
+    if (module.Busy() || !disk.Wake(form)) return;
     try {
         files.ReadFrom(disk.Root());
     } catch (const RuntimeError& error) {
@@ -21,8 +22,9 @@ void CloseWithoutDisk(forms::Form& form, const MainModule& module, const FloppyD
     if (module.Busy() || form.Unloaded()) return;
     try {
         disk.Require();
+        if (EqualIgnoringCase(files.File1.Path.Get(), disk.Root())) return;
         // The disk came after the dialog.
-        if (!EqualIgnoringCase(files.File1.Path.Get(), disk.Root())) files.ReadFrom(disk.Root());
+        if (disk.Wake(form)) files.ReadFrom(disk.Root());
     } catch (const RuntimeError&) {
         module.app.MessageBox(
             {.text = "Floppy drive " + disk.Root() + " could not be read, unable to copy files...",

@@ -8,7 +8,8 @@
 namespace tavrix {
 
 /// The Read Another Disk button: lists the disk that is in the drive now; a failure is told.
-void CmdNewDisk_Click(const MainModule& module, const FloppyDisk& disk, SelectedFiles& files);
+void CmdNewDisk_Click(const forms::Form& form, const MainModule& module, const FloppyDisk& disk,
+                      SelectedFiles& files);
 
 /// For the activation of a dialog that copies from the floppy: without a disk that can be read it says so and closes.
 void CloseWithoutDisk(forms::Form& form, const MainModule& module, const FloppyDisk& disk,

@@ -20,9 +20,13 @@ frmCopyFloppy::frmCopyFloppy(forms::Application& application, MainModule& module
     HelpContext = HelpContext::FloppyDisks;
     Frame1.Caption = "Select File(s):";
     Files.lblFiles.Caption = "Fi&les:";
+    Files.OnDeleteKey = [this] { Lists.Forget(); };
     CmdNewDisk.Caption = "&Read Another Disk";
     CmdNewDisk.ToolTip = "Read the contents of another floppy disk.";
-    CmdNewDisk.OnClick = [this] { CmdNewDisk_Click(module_, disk_, Files); };
+    CmdNewDisk.OnClick = [this] {
+        Lists.Forget();
+        CmdNewDisk_Click(*this, module_, disk_, Files);
+    };
     Frame2.Caption = "Select Destination Folder:";
     lblDrives.Caption = "&Drive:";
     lblDrives.SetBuddy(Drive2);
@@ -98,7 +102,7 @@ void frmCopyFloppy::CmdCopy_Click() {
         return;
     }
     if (!UserAgrees(names, destination)) return;
-    const std::optional<bool> anyFile = disk_.HasFiles([this] { return disk_.AsksAgain(); });
+    const std::optional<bool> anyFile = disk_.HasFiles(*this, [this] { return disk_.AsksAgain(); });
     if (!anyFile) return;
     if (!*anyFile) {
         Tell("There are no files on the floppy disk to copy." + std::string(NewLine2) +

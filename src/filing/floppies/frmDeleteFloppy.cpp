@@ -61,7 +61,7 @@ void frmDeleteFloppy::Form_Load() {
 }
 
 void frmDeleteFloppy::ReadDisk() {
-    if (module_.Busy() || Unloaded()) return;
+    if (module_.Busy() || Unloaded() || !disk_.Wake(*this)) return;
     try {
         Files.ReadFrom(disk_.Root());
     } catch (const RuntimeError&) {

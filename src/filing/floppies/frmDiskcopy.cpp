@@ -26,7 +26,7 @@ frmDiskcopy::frmDiskcopy(forms::Application& application, MainModule& module)
     Files.Selection.CmdAll.ToolTip = "Select all of the files.";
     CmdNewDisk.Caption = "&Read Another Disk";
     CmdNewDisk.ToolTip = "Read the contents of another floppy disk.";
-    CmdNewDisk.OnClick = [this] { CmdNewDisk_Click(module_, disk_, Files); };
+    CmdNewDisk.OnClick = [this] { CmdNewDisk_Click(*this, module_, disk_, Files); };
     CmdCopy.Caption = "C&opy";
     CmdCopy.ToolTip = "Copy the selected files to another floppy disk.";
     CmdCopy.Default = true;
@@ -67,7 +67,7 @@ void frmDiskcopy::CmdCopy_Click() {
     if (module_.Busy()) return;
     const auto again = [this] { return disk_.AsksAgain(); };
     Tell("Make sure the SOURCE disk is inserted and then press the OK button to continue.");
-    if (!disk_.WaitsForDisk(again)) return;
+    if (!disk_.WaitsForDisk(again) || !disk_.Wake(*this)) return;
     Files.File1.RefreshKeepingRows();
     if (Files.File1.ListCount() == 0) {
         Tell("There are no valid image files in the root directory of the source floppy, nothing to copy...");
@@ -79,7 +79,7 @@ void frmDiskcopy::CmdCopy_Click() {
         return;
     }
     if (!UserAgrees(names)) return;
-    const std::optional<bool> anyFile = disk_.HasFiles(again);
+    const std::optional<bool> anyFile = disk_.HasFiles(*this, again);
     if (!anyFile) return;
     if (!*anyFile) {
         Tell("There are no files on the source disk to copy." + Paragraph +

@@ -32,6 +32,7 @@ frmPutOnFloppy::frmPutOnFloppy(forms::Application& application, MainModule& modu
     lblFolders.Caption = "Fo&lder:";
     lblFolders.SetBuddy(Dir1);
     Files.lblFiles.Caption = "&Select File(s):";
+    Files.OnDeleteKey = [this] { Lists.Forget(); };
     CmdCopy.Caption = "C&opy";
     CmdCopy.ToolTip = "Copy the selected files to the selected destination.";
     CmdCopy.Default = true;
@@ -144,7 +145,7 @@ void frmPutOnFloppy::CmdCopy_Click() {
 void frmPutOnFloppy::Transfer(const std::string& source, const std::vector<std::string>& names) {
     const DialogWork work(*this, module_);
     if (!work) return;
-    if (disk_.HasFiles([this] { return disk_.AsksAgain(); })) {
+    if (disk_.HasFiles(*this, [this] { return disk_.AsksAgain(); })) {
         CopyWithFloppy(module_, disk_, ItemsBetween(source, disk_.Root(), names),
                        {.replace = "Replace this file with the one currently selected?",
                         .canceled = "File copy was canceled, all files were not copied..."});

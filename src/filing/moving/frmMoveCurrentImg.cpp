@@ -95,6 +95,7 @@ void frmMoveCurrentImg::Form_Load() {
 }
 
 void frmMoveCurrentImg::lblCurrent_Click() {
+    Lists.Forget();
     App().MessageBox(
         {.text = "Complete path to current image file:" + std::string(NewLine2) + module_.CurrentImage});
 }

@@ -70,6 +70,7 @@ void SlideLoadFrm::DropSlides(int row) {
 
 void SlideLoadFrm::ListView_OLEDragDrop(const std::vector<std::string>& files) {
     if (module_.Busy()) return;
+    Lists.Forget();
     std::vector<std::string> slides;
     std::set<std::string> refused;
     std::optional<bool> mayLoad;

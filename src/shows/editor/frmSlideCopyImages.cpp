@@ -45,7 +45,10 @@ frmSlideCopyImages::frmSlideCopyImages(forms::Application& application, MainView
     CmdNewFolder.OnClick = [this] { CmdNewFolder_Click(module_, Lists); };
     CmdExplore.Caption = "&Explore";
     CmdExplore.ToolTip = "View files in the selected directory.";
-    CmdExplore.OnClick = [this] { ExploreFolder(module_, Dir1.Path); };
+    CmdExplore.OnClick = [this] {
+        Lists.Forget();
+        ExploreFolder(module_, Dir1.Path);
+    };
     CmdCopy.Caption = sources_.move ? "&Move" : "C&opy";
     CmdCopy.ToolTip = sources_.move ? "Move source file(s) to selected destination folder."
                                     : "Copy source file(s) to selected destination folder.";

@@ -161,6 +161,7 @@ void PackageFrm::CheckScreenSaver_Click() {
 
 void PackageFrm::File1_OLEDragDrop(const std::vector<std::string>& files) {
     if (module_.Busy() || files.empty()) return;
+    Lists.Forget();
     std::string path = files.front();
     if (EndsInIgnoringCase(path, ".LNK")) path = ResolveLink(module_, path);
     path = NormalPath(path);
@@ -171,7 +172,6 @@ void PackageFrm::File1_OLEDragDrop(const std::vector<std::string>& files) {
         refuse();
         return;
     }
-    Lists.Forget();
     try {
         Lists.GoTo(FolderOf(path), [refuse](const RuntimeError&) { refuse(); });
     } catch (const RuntimeError&) {

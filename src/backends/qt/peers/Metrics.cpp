@@ -34,15 +34,15 @@ QString LooksOfMenuBar() {
         .arg(DeviceRatio());
 }
 
-std::string NoteOf(int height) {
-    return QStringLiteral("%1;%2").arg(height).arg(LooksOfMenuBar()).toStdString();
+std::string NoteOf(int height, const QString& looks) {
+    return QStringLiteral("%1;%2").arg(QString::number(height), looks).toStdString();
 }
 
 /// The height in a note; nothing for a note of other looks, or for none.
-std::optional<int> HeightIn(const std::string& note) {
+std::optional<int> HeightIn(const std::string& note, const QString& looks) {
     const QString text = QString::fromStdString(note);
     const qsizetype end = text.indexOf(QLatin1Char(';'));
-    if (end < 0 || text.sliced(end + 1) != LooksOfMenuBar()) return std::nullopt;
+    if (end < 0 || text.sliced(end + 1) != looks) return std::nullopt;
     const int height = text.first(end).toInt();
     return height > 0 && height <= HighestMenuBar ? std::optional(height) : std::nullopt;
 }
@@ -69,7 +69,8 @@ const Metrics::Frame& Metrics::TheFrame() const {
 const Metrics::MenuBar& Metrics::TheMenuBar() const {
     if (menuBar_) return *menuBar_;
     noted_ = note_.read();
-    const std::optional<int> known = HeightIn(noted_);
+    looks_ = LooksOfMenuBar();
+    const std::optional<int> known = HeightIn(noted_, looks_);
     const int height = known ? *known : FoundMenuBar();
     menuBar_ = MenuBar{height, CeilToDevice(height, DeviceRatio())};
     return *menuBar_;
@@ -77,7 +78,8 @@ const Metrics::MenuBar& Metrics::TheMenuBar() const {
 
 void Metrics::CheckNote() const {
     if (!menuBar_ || std::exchange(checked_, true)) return;
-    const std::string found = NoteOf(FoundMenuBar());
+    // What has changed meanwhile, such as the factor of all texts, which the desktop tells late, will do so again.
+    const std::string found = NoteOf(FoundMenuBar(), looks_);
     if (found != noted_) note_.write(found);
 }
 

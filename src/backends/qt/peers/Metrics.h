@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <memory>
 #include <optional>
 #include <string>
@@ -50,6 +51,7 @@ class Metrics {
     mutable std::optional<MenuBar> menuBar_;
     MenuBarNote note_;
     mutable std::string noted_;  ///< as it was read
+    mutable QString looks_;      ///< of the menu bar at that time, by which the next start looks for its note
     mutable bool checked_ = false;
 };
 

@@ -1,8 +1,6 @@
 #include "backends/qt/peers/QtWindow.h"
 
 #include <QApplication>
-#include <QBackingStore>
-#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -13,6 +11,7 @@
 #include "backends/qt/Displays.h"
 #include "backends/qt/peers/Colours.h"
 #include "backends/qt/peers/Owner.h"
+#include "backends/qt/peers/PrepareToPaint.h"
 #include "backends/qt/peers/QtMenuItem.h"
 #include "backends/qt/x11/HostWindow.h"
 #include "backends/qt/x11/X11.h"
@@ -34,18 +33,6 @@ bool IsGranted(const QSize& given, const QSize& asked, double ratio) {
     const QSize difference = given - asked;
     const int spare = SpareLogical(ratio);
     return std::abs(difference.width()) <= spare && std::abs(difference.height()) <= spare;
-}
-
-/// Gives a window what it is painted in, and the pages of that, while the window manager still looks at it. By the time it is
-/// told to paint there is only the painting left.
-void PrepareToPaint(WindowWidget& window) {
-    QBackingStore* store = window.backingStore();
-    if (store == nullptr || store->size() == window.size()) return;
-    store->resize(window.size());
-    const QRect all(QPoint(), window.size());
-    store->beginPaint(all);
-    QPainter(store->paintDevice()).fillRect(all, window.palette().window());
-    store->endPaint();
 }
 
 }  // namespace
