@@ -104,6 +104,12 @@ class InstallationTest(unittest.TestCase):
     def test_the_program_looks_for_libraries_where_the_system_has_them(self):
         self.assertNotRegex(run("readelf", "--dynamic", "--wide", self.at("bin/tavrix")), r"R(UN)?PATH")
 
+    @needs("readelf")
+    def test_nothing_is_bound_late_where_passwords_go_through(self):
+        for name in ("tavrix-guard", "tavrix-password"):
+            dynamic = run("readelf", "--dynamic", "--wide", self.at("libexec/tavrix", name))
+            self.assertRegex(dynamic, r"(?m)FLAGS.*\bNOW\b", name)
+
     # The version
 
     def test_every_text_names_the_projects_version(self):
@@ -117,6 +123,24 @@ class InstallationTest(unittest.TestCase):
             f" {date} ", f' "{date}" '))
         self.assertRegex(read(source("CHANGELOG.md")), rf"(?m)^## {re.escape(version)}, {date}$")
         self.assertRegex(read(source("debian", "changelog")).splitlines()[0], rf"^tavrix \({re.escape(version)}\) ")
+
+    # Other folders
+
+    @needs("ninja")
+    def test_folders_of_a_distribution_are_told_to_the_programs(self):
+        with tempfile.TemporaryDirectory(prefix="tavrix-folders.") as build:
+            run("cmake", "-S", _ROOT, "-B", build, "-G", "Ninja", "-DTAVRIX_TESTS=OFF", "-DCMAKE_INSTALL_PREFIX=/usr",
+                "-DCMAKE_INSTALL_BINDIR=games", "-DCMAKE_INSTALL_DATADIR=share/games", "-DCMAKE_INSTALL_LIBEXECDIR=lib",
+                "-DTAVRIX_XSCREENSAVER_FOLDER=lib/xscreensaver/hacks")
+            told = dict(re.findall(r'-D(TAVRIX_\w+_FOLDER)=\\+"(.*?)\\', read(os.path.join(build, "compile_commands.json"))))
+            self.assertEqual(told, {"TAVRIX_SHARED_FOLDER": "../share/games/tavrix", "TAVRIX_HELPER_FOLDER": "../lib/tavrix",
+                                    "TAVRIX_PROGRAM_FOLDER": "../../../games"})
+            # They are put there, and what is built finds them in the same way.
+            install = read(os.path.join(build, "src", "app", "cmake_install.cmake"))
+            for place in ("games/tavrix", "lib/tavrix/tavrix-guard", "lib/xscreensaver/hacks/tavrix-saver",
+                          "share/games/xscreensaver/config"):
+                self.assertIn("${CMAKE_INSTALL_PREFIX}/" + place, install)
+            self.assertIn(f"{build}/lib/tavrix/tavrix-guard", install)
 
     # Libraries
 
