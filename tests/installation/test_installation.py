@@ -182,6 +182,14 @@ class InstallationTest(unittest.TestCase):
         provided = ElementTree.parse(self.at(_METAINFO)).findall("provides/mediatype")
         self.assertEqual([media.text for media in provided], self.types())
 
+    def test_the_desktops_list_of_documents_has_types_of_the_entry(self):
+        table = dict(re.findall(r'\{"\.(\w+)", "([^"]+)"\}',
+                                read(source("src", "backends", "linux", "RecentDocuments.cpp"))))
+        kinds = re.findall(r'\{"\.(\w+)", "[^"]*", true', read(source("src", "core", "ImageKinds.h")))
+        self.assertGreater(len(kinds), 8)
+        for kind in [*kinds, "TVS"]:
+            self.assertIn(table.get(kind), self.types(), kind)
+
     # Types of files
 
     def content_types(self, *files):
