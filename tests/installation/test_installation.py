@@ -280,27 +280,49 @@ class InstallationTest(unittest.TestCase):
             for word in words:
                 self.assertIn(word, re.sub(".\b", "", result.stdout))
 
-    def complete(self, *words):
-        """What the completion offers for the last word in a folder of files of all kinds."""
+    def test_the_manual_page_names_every_variable(self):
+        read_ones = set()
+        for folder, _, names in os.walk(source("src")):
+            for name in names:
+                if name.endswith(".cpp"):
+                    read_ones |= set(re.findall(r'EnvironmentValue\("(TAVRIX_\w+)"', read(os.path.join(folder, name))))
+        self.assertIn("TAVRIX_HOME", read_ones)
+        # It is set by what starts a packed show, and nobody else.
+        read_ones.remove("TAVRIX_EXECUTABLE")
+        page = read(self.at("share/man/man1/tavrix.1"))
+        self.assertEqual({name for name in read_ones if f".B {name}\n" not in page}, set())
+
+    def complete(self, line):
+        """What the completion offers at the end of a line in a folder of files of all kinds."""
         library = "/usr/share/bash-completion/bash_completion"
         if not os.path.exists(library):
             self.skipTest("bash-completion is not installed")
         with tempfile.TemporaryDirectory(prefix="tavrix-completion.") as folder:
-            for name in ("photo.jpg", "photo.JPG", "photo.jpeg", "notes.txt", "tour.tvs"):
+            for name in ("photo.jpg", "photo.JPG", "photo.jpeg", "notes.txt", "tour.tvs", "a:b.jpg"):
                 open(os.path.join(folder, name), "w", encoding="ascii").close()
             script = (f"shopt -s extglob; . {library}; . {self.at('share/bash-completion/completions/tavrix')}; "
-                      'COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); COMP_LINE="$*"; COMP_POINT=${#COMP_LINE}; '
-                      '_tavrix; printf "%s\\n" "${COMPREPLY[@]}"')
-            return sorted(run("bash", "--norc", "-c", script, "bash", *words, cwd=folder).split())
+                      'COMP_LINE=$1; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); COMP_POINT=${#COMP_LINE}; '
+                      'COMP_WORDBREAKS=" :"; _tavrix; printf "%s\\n" "${COMPREPLY[@]}"')
+            # As readline splits it.
+            words = re.findall(r"[^\s:]+|:+", line) + ([""] if line.endswith(" ") else [])
+            return sorted(run("bash", "--norc", "-c", script, "bash", line, *words, cwd=folder).split())
 
     def test_words_and_files_are_completed(self):
-        self.assertEqual(self.complete("tavrix", "TH"), ["THUMBNAIL"])
-        self.assertEqual(self.complete("tavrix", "S"), ["SCRNSAVE", "SHOW"])
-        self.assertEqual(self.complete("tavrix", "ph"), ["photo.JPG", "photo.jpg"])
-        self.assertEqual(self.complete("tavrix", "to"), ["tour.tvs"])
-        self.assertEqual(self.complete("tavrix", "--"), ["--full-screen", "--open"])
-        self.assertEqual(self.complete("tavrix", "--open", "ph"), ["photo.JPG", "photo.jpeg", "photo.jpg"])
-        self.assertEqual(self.complete("tavrix", "SCRNSAVE", ""), ["tour.tvs"])
+        self.assertEqual(self.complete("tavrix TH"), ["THUMBNAIL"])
+        self.assertEqual(self.complete("tavrix S"), ["SCRNSAVE", "SHOW"])
+        self.assertEqual(self.complete("tavrix ph"), ["photo.JPG", "photo.jpg"])
+        self.assertEqual(self.complete("tavrix to"), ["tour.tvs"])
+        self.assertEqual(self.complete("tavrix --"), ["--full-screen", "--open"])
+        self.assertEqual(self.complete("tavrix --open ph"), ["photo.JPG", "photo.jpeg", "photo.jpg"])
+        self.assertEqual(self.complete("tavrix SCRNSAVE "), ["tour.tvs"])
+
+    def test_small_letters_are_completed_to_words_where_no_file_begins_so(self):
+        self.assertEqual(self.complete("tavrix sc"), ["SCRNSAVE"])
+        self.assertEqual(self.complete("tavrix t"), ["tour.tvs"])
+
+    def test_only_what_stands_behind_a_colon_is_completed(self):
+        for line in ("tavrix a:", "tavrix --open a:"):
+            self.assertEqual(self.complete(line), ["b.jpg"], line)
 
 
 if __name__ == "__main__":
