@@ -135,6 +135,8 @@ class InstallationTest(unittest.TestCase):
             told = dict(re.findall(r'-D(TAVRIX_\w+_FOLDER)=\\+"(.*?)\\', read(os.path.join(build, "compile_commands.json"))))
             self.assertEqual(told, {"TAVRIX_SHARED_FOLDER": "../share/games/tavrix", "TAVRIX_HELPER_FOLDER": "../lib/tavrix",
                                     "TAVRIX_PROGRAM_FOLDER": "../../../games"})
+            # Whoever only packs it has another compiler than ours.
+            self.assertNotRegex(read(os.path.join(build, "compile_commands.json")), r"-Werror\b(?!=)")
             # They are put there, and what is built finds them in the same way.
             install = read(os.path.join(build, "src", "app", "cmake_install.cmake"))
             for place in ("games/tavrix", "lib/tavrix/tavrix-guard", "lib/xscreensaver/hacks/tavrix-saver",
