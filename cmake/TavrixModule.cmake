@@ -4,7 +4,8 @@
 
 # Warnings and checks for all that is compiled.
 add_library(tavrix_warnings INTERFACE)
-target_compile_options(tavrix_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_compile_options(tavrix_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow
+                                                 $<$<BOOL:${TAVRIX_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # Optimised, `"text" + std::string(...)` is taken for overlapping memory (GCC bug 105651).
     target_compile_options(tavrix_warnings INTERFACE -Wno-restrict)

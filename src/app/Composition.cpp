@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "backends/linux/HostSound.h"
+#include "backends/linux/Installation.h"
 #include "backends/linux/Neighbour.h"
 #include "backends/qt/CarriedPlugins.h"
 #include "base/Text.h"
@@ -39,7 +40,7 @@ HostProgramFiles::Places PlacesOf(const HostPaths& paths) {
     const std::string beside = HostFolderOf(paths.executable);
     HostProgramFiles::Places places;
     places.executable = paths.executable;
-    places.setup = HostFolderOf(beside) + "/libexec/tavrix/tavrix-setup";
+    places.setup = HelperFolderFor(beside) + "/tavrix-setup";
     places.launchers = LaunchersOf(paths);
     places.folders = {paths.shared, beside};
     for (const package::LayoutEntry& entry : package::Layout)

@@ -116,6 +116,12 @@ Where others may enter it, a private one in it is used.
 the drives, such as
 .IR C=/;D=/srv/pictures,fixed;E=/music/album.cue,cdrom .
 .TP
+.B TAVRIX_CONFIG
+the folder of what belongs to the account.
+.TP
+.B TAVRIX_SOUND_FONTS
+the folder of the sound fonts that MIDI files are played with.
+.TP
 .BR XDG_CONFIG_HOME ", " XDG_DATA_HOME
 hold the user's own notes, as everywhere.
 .SH FILES
@@ -130,6 +136,8 @@ the folder that shows are offered in first.
 .I ~/.config/tavrix
 what belongs to the account: where the program is, and values that other systems keep in a registry.
 .SH SEE ALSO
+.BR tavrix\-idle (1)
+.PP
 The help of the program: press F1 in any of its windows.
 )";
     return page;
@@ -137,11 +145,9 @@ The help of the program: press F1 in any of its windows.
 
 std::string Completion() {
     std::string words;
-    for (const CommandWord& command : CommandWords) {
-        // One word each, since one that holds a blank cannot be completed.
-        if (command.words.front() != "?")
-            words += (words.empty() ? "" : " ") + std::string(command.words.front());
-    }
+    // One word for each command.
+    for (const CommandWord& command : CommandWords)
+        words += (words.empty() ? "" : " ") + std::string(command.words.front());
     std::string options;
     for (const DesktopOption& option : DesktopOptions)
         options += (options.empty() ? "" : " ") + std::string(option.option);
@@ -157,20 +163,25 @@ _tavrix()
             @SAVER@) _filedir tvs ;;
             @OPTIONS@) _filedir ;;
         esac
-        return
+    else
+        case $cur in
+            -*) COMPREPLY=($(compgen -W "@OPTION_WORDS@" -- "$cur")) ;;
+            *)
+                COMPREPLY=($(compgen -W "@WORDS@" -- "$cur"))
+                _filedir '@(@ENDINGS@|tvs)'
+                # Small letters do for a word, where no file begins with them.
+                [[ ${#COMPREPLY[@]} -gt 0 ]] || COMPREPLY=($(compgen -W "@WORDS@" -- "${cur^^}"))
+                ;;
+        esac
     fi
-    case $cur in
-        -*) COMPREPLY=($(compgen -W "@OPTION_WORDS@" -- "$cur")) ;;
-        *)
-            COMPREPLY=($(compgen -W "@WORDS@" -- "$cur"))
-            _filedir '@(@ENDINGS@|tvs)'
-            ;;
-    esac
+    # Readline takes what is behind a colon for a word of its own.
+    __ltrim_colon_completions "$cur"
 } &&
     complete -F _tavrix tavrix
 )";
     const auto put = [&text](std::string_view mark, const std::string& value) {
-        text.replace(text.find(mark), mark.size(), value);
+        for (std::size_t at = 0; (at = text.find(mark, at)) != std::string::npos; at += value.size())
+            text.replace(at, mark.size(), value);
     };
     put("@SAVER@", std::string(WordOf(Command::Saver)));
     put("@OPTIONS@", std::string(OpenOption) + " | " + std::string(FullScreenOption));

@@ -104,6 +104,12 @@ class InstallationTest(unittest.TestCase):
     def test_the_program_looks_for_libraries_where_the_system_has_them(self):
         self.assertNotRegex(run("readelf", "--dynamic", "--wide", self.at("bin/tavrix")), r"R(UN)?PATH")
 
+    @needs("readelf")
+    def test_nothing_is_bound_late_where_passwords_go_through(self):
+        for name in ("tavrix-guard", "tavrix-password"):
+            dynamic = run("readelf", "--dynamic", "--wide", self.at("libexec/tavrix", name))
+            self.assertRegex(dynamic, r"(?m)FLAGS.*\bNOW\b", name)
+
     # The version
 
     def test_every_text_names_the_projects_version(self):
@@ -118,14 +124,35 @@ class InstallationTest(unittest.TestCase):
         self.assertRegex(read(source("CHANGELOG.md")), rf"(?m)^## {re.escape(version)}, {date}$")
         self.assertRegex(read(source("debian", "changelog")).splitlines()[0], rf"^tavrix \({re.escape(version)}\) ")
 
+    # Other folders
+
+    @needs("ninja")
+    def test_folders_of_a_distribution_are_told_to_the_programs(self):
+        with tempfile.TemporaryDirectory(prefix="tavrix-folders.") as build:
+            run("cmake", "-S", _ROOT, "-B", build, "-G", "Ninja", "-DTAVRIX_TESTS=OFF", "-DCMAKE_INSTALL_PREFIX=/usr",
+                "-DCMAKE_INSTALL_BINDIR=games", "-DCMAKE_INSTALL_DATADIR=share/games", "-DCMAKE_INSTALL_LIBEXECDIR=lib",
+                "-DTAVRIX_XSCREENSAVER_FOLDER=lib/xscreensaver/hacks")
+            told = dict(re.findall(r'-D(TAVRIX_\w+_FOLDER)=\\+"(.*?)\\', read(os.path.join(build, "compile_commands.json"))))
+            self.assertEqual(told, {"TAVRIX_SHARED_FOLDER": "../share/games/tavrix", "TAVRIX_HELPER_FOLDER": "../lib/tavrix",
+                                    "TAVRIX_PROGRAM_FOLDER": "../../../games"})
+            # Whoever only packs it has another compiler than ours.
+            self.assertNotRegex(read(os.path.join(build, "compile_commands.json")), r"-Werror\b(?!=)")
+            # They are put there, and what is built finds them in the same way.
+            install = read(os.path.join(build, "src", "app", "cmake_install.cmake"))
+            for place in ("games/tavrix", "lib/tavrix/tavrix-guard", "lib/xscreensaver/hacks/tavrix-saver",
+                          "share/games/xscreensaver/config"):
+                self.assertIn("${CMAKE_INSTALL_PREFIX}/" + place, install)
+            self.assertIn(f"{build}/lib/tavrix/tavrix-guard", install)
+
     # Libraries
 
     def test_what_is_loaded_late_is_among_the_dependencies(self):
         """Tools find the libraries that a program is linked to, and not those that it loads itself."""
         packages = {"libSDL2-2.0.so.0": "libsdl2-mixer-2.0-0", "libSDL2_mixer-2.0.so.0": "libsdl2-mixer-2.0-0",
                     "libcdio.so.19": "libcdio19", "libX11.so.6": "libx11-6", "libXss.so.1": "libxss1",
-                    # These the toolkit brings along.
-                    "libdbus-1.so.3": "qt6-qpa-plugins", "libXcursor.so.1": "qt6-qpa-plugins"}
+                    "libXcursor.so.1": "libxcursor1",
+                    # The toolkit is linked to it.
+                    "libdbus-1.so.3": None}
         named = set()
         for folder, _, names in os.walk(source("src")):
             for name in names:
@@ -133,7 +160,7 @@ class InstallationTest(unittest.TestCase):
                     named |= set(re.findall(r'"(lib[\w+-]+(?:\.[\w+-]+)*?\.so\.\d+)"', read(os.path.join(folder, name))))
         self.assertEqual(named, set(packages), "each needs its package here and in debian/control")
         control = read(source("debian", "control"))
-        for package in packages.values():
+        for package in filter(None, packages.values()):
             self.assertRegex(control, rf"(?m)[ ,]{re.escape(package)},?$")
 
     # The entry
@@ -157,6 +184,14 @@ class InstallationTest(unittest.TestCase):
     def test_the_types_are_those_of_the_metadata(self):
         provided = ElementTree.parse(self.at(_METAINFO)).findall("provides/mediatype")
         self.assertEqual([media.text for media in provided], self.types())
+
+    def test_the_desktops_list_of_documents_has_types_of_the_entry(self):
+        table = dict(re.findall(r'\{"\.(\w+)", "([^"]+)"\}',
+                                read(source("src", "backends", "linux", "RecentDocuments.cpp"))))
+        kinds = re.findall(r'\{"\.(\w+)", "[^"]*", true', read(source("src", "core", "ImageKinds.h")))
+        self.assertGreater(len(kinds), 8)
+        for kind in [*kinds, "TVS"]:
+            self.assertIn(table.get(kind), self.types(), kind)
 
     # Types of files
 
@@ -248,27 +283,49 @@ class InstallationTest(unittest.TestCase):
             for word in words:
                 self.assertIn(word, re.sub(".\b", "", result.stdout))
 
-    def complete(self, *words):
-        """What the completion offers for the last word in a folder of files of all kinds."""
+    def test_the_manual_page_names_every_variable(self):
+        read_ones = set()
+        for folder, _, names in os.walk(source("src")):
+            for name in names:
+                if name.endswith(".cpp"):
+                    read_ones |= set(re.findall(r'EnvironmentValue\("(TAVRIX_\w+)"', read(os.path.join(folder, name))))
+        self.assertIn("TAVRIX_HOME", read_ones)
+        # It is set by what starts a packed show, and nobody else.
+        read_ones.remove("TAVRIX_EXECUTABLE")
+        page = read(self.at("share/man/man1/tavrix.1"))
+        self.assertEqual({name for name in read_ones if f".B {name}\n" not in page}, set())
+
+    def complete(self, line):
+        """What the completion offers at the end of a line in a folder of files of all kinds."""
         library = "/usr/share/bash-completion/bash_completion"
         if not os.path.exists(library):
             self.skipTest("bash-completion is not installed")
         with tempfile.TemporaryDirectory(prefix="tavrix-completion.") as folder:
-            for name in ("photo.jpg", "photo.JPG", "photo.jpeg", "notes.txt", "tour.tvs"):
+            for name in ("photo.jpg", "photo.JPG", "photo.jpeg", "notes.txt", "tour.tvs", "a:b.jpg"):
                 open(os.path.join(folder, name), "w", encoding="ascii").close()
             script = (f"shopt -s extglob; . {library}; . {self.at('share/bash-completion/completions/tavrix')}; "
-                      'COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); COMP_LINE="$*"; COMP_POINT=${#COMP_LINE}; '
-                      '_tavrix; printf "%s\\n" "${COMPREPLY[@]}"')
-            return sorted(run("bash", "--norc", "-c", script, "bash", *words, cwd=folder).split())
+                      'COMP_LINE=$1; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); COMP_POINT=${#COMP_LINE}; '
+                      'COMP_WORDBREAKS=" :"; _tavrix; printf "%s\\n" "${COMPREPLY[@]}"')
+            # As readline splits it.
+            words = re.findall(r"[^\s:]+|:+", line) + ([""] if line.endswith(" ") else [])
+            return sorted(run("bash", "--norc", "-c", script, "bash", line, *words, cwd=folder).split())
 
     def test_words_and_files_are_completed(self):
-        self.assertEqual(self.complete("tavrix", "TH"), ["THUMBNAIL"])
-        self.assertEqual(self.complete("tavrix", "S"), ["SCRNSAVE", "SHOW"])
-        self.assertEqual(self.complete("tavrix", "ph"), ["photo.JPG", "photo.jpg"])
-        self.assertEqual(self.complete("tavrix", "to"), ["tour.tvs"])
-        self.assertEqual(self.complete("tavrix", "--"), ["--full-screen", "--open"])
-        self.assertEqual(self.complete("tavrix", "--open", "ph"), ["photo.JPG", "photo.jpeg", "photo.jpg"])
-        self.assertEqual(self.complete("tavrix", "SCRNSAVE", ""), ["tour.tvs"])
+        self.assertEqual(self.complete("tavrix TH"), ["THUMBNAIL"])
+        self.assertEqual(self.complete("tavrix S"), ["SCRNSAVE", "SHOW"])
+        self.assertEqual(self.complete("tavrix ph"), ["photo.JPG", "photo.jpg"])
+        self.assertEqual(self.complete("tavrix to"), ["tour.tvs"])
+        self.assertEqual(self.complete("tavrix --"), ["--full-screen", "--open"])
+        self.assertEqual(self.complete("tavrix --open ph"), ["photo.JPG", "photo.jpeg", "photo.jpg"])
+        self.assertEqual(self.complete("tavrix SCRNSAVE "), ["tour.tvs"])
+
+    def test_small_letters_are_completed_to_words_where_no_file_begins_so(self):
+        self.assertEqual(self.complete("tavrix sc"), ["SCRNSAVE"])
+        self.assertEqual(self.complete("tavrix t"), ["tour.tvs"])
+
+    def test_only_what_stands_behind_a_colon_is_completed(self):
+        for line in ("tavrix a:", "tavrix --open a:"):
+            self.assertEqual(self.complete(line), ["b.jpg"], line)
 
 
 if __name__ == "__main__":

@@ -30,6 +30,8 @@ TEST(RecentDocuments, MakesAList) {
     EXPECT_EQ(Count(list, "added=\"2001-09-09T01:46:40Z\""), 1U);
     EXPECT_EQ(Count(list, "<mime:mime-type type=\"image/jpeg\"/>"), 1U);
     EXPECT_EQ(Count(list, "name=\"Tavrix\""), 1U);
+    // As the entry in the menus has it: a name that the command line refuses opens from the list, too.
+    EXPECT_EQ(Count(list, "exec=\"&apos;tavrix --open %f&apos;\""), 1U);
     EXPECT_EQ(Count(list, "count=\"1\""), 1U);
 }
 
@@ -126,6 +128,9 @@ TEST(RecentDocuments, DamagedListsAreRefusedOrKeptWhole) {
 TEST(RecentDocuments, KnowsTypesByEnding) {
     EXPECT_EQ(MimeTypeOf("C:\\A.JPG"), "image/jpeg");
     EXPECT_EQ(MimeTypeOf("a.bmp"), "image/bmp");
+    EXPECT_EQ(MimeTypeOf("a.jif"), "image/jpeg");
+    EXPECT_EQ(MimeTypeOf("a.rle"), "image/rle");
+    EXPECT_EQ(MimeTypeOf("tour.tvs"), "application/x-tavrix-show");
     EXPECT_EQ(MimeTypeOf("a"), "application/octet-stream");
 }
 

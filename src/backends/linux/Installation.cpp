@@ -19,6 +19,10 @@ std::string SharedFolderFor(const std::string& folder) {
     return std::filesystem::path(folder + "/" TAVRIX_SHARED_FOLDER).lexically_normal().string();
 }
 
+std::string HelperFolderFor(const std::string& folder) {
+    return std::filesystem::path(folder + "/" TAVRIX_HELPER_FOLDER).lexically_normal().string();
+}
+
 bool IsInstalled(const std::string& folder) {
     if (folder == "/usr" || folder.starts_with("/usr/")) return true;
     return ::access((SharedFolderFor(folder) + "/TAVRIX.HLP").c_str(), F_OK) == 0;

@@ -11,6 +11,9 @@ namespace tavrix {
 /// The folder of the files that all users share, for an executable in `folder`: where an installation puts them.
 [[nodiscard]] std::string SharedFolderFor(const std::string& folder);
 
+/// The folder of what the program starts and nobody else does, for an executable in `folder`.
+[[nodiscard]] std::string HelperFolderFor(const std::string& folder);
+
 /// Whether an executable in `folder` was installed for all who start it there, so that nothing of a user's belongs beside
 /// it: the folder is the system's, or the help file is among the shared files. A built program has it beside itself.
 [[nodiscard]] bool IsInstalled(const std::string& folder);

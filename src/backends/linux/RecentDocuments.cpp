@@ -11,7 +11,7 @@ namespace tavrix {
 namespace {
 
 constexpr std::string_view ApplicationName = "Tavrix";
-constexpr std::string_view ApplicationCommand = "&apos;tavrix %f&apos;";
+constexpr std::string_view ApplicationCommand = "&apos;tavrix --open %f&apos;";
 constexpr std::string_view BookmarkNames = "http://www.freedesktop.org/standards/desktop-bookmarks";
 constexpr std::string_view MimeNames = "http://www.freedesktop.org/standards/shared-mime-info";
 
@@ -322,13 +322,14 @@ std::string MimeTypeOf(std::string_view fileName) {
         std::string_view ending;
         std::string_view type;
     };
-    static constexpr std::array<Ending, 18> Endings{{{".BMP", "image/bmp"},
+    static constexpr std::array<Ending, 19> Endings{{{".BMP", "image/bmp"},
                                                      {".DIB", "image/bmp"},
-                                                     {".RLE", "image/bmp"},
+                                                     {".RLE", "image/rle"},
                                                      {".GIF", "image/gif"},
                                                      {".JPG", "image/jpeg"},
                                                      {".JPEG", "image/jpeg"},
                                                      {".JPE", "image/jpeg"},
+                                                     {".JIF", "image/jpeg"},
                                                      {".JFIF", "image/jpeg"},
                                                      {".PNG", "image/png"},
                                                      {".ICO", "image/vnd.microsoft.icon"},
@@ -339,7 +340,7 @@ std::string MimeTypeOf(std::string_view fileName) {
                                                      {".PCX", "image/vnd.zbrush.pcx"},
                                                      {".WAV", "audio/x-wav"},
                                                      {".MID", "audio/midi"},
-                                                     {".TVS", "text/plain"}}};
+                                                     {".TVS", "application/x-tavrix-show"}}};
     for (const Ending& known : Endings) {
         if (EndsInIgnoringCase(fileName, known.ending)) return std::string(known.type);
     }

@@ -11,6 +11,7 @@
 
 #include "backends/linux/HostFile.h"
 #include "backends/linux/IdleBusName.h"
+#include "backends/linux/Installation.h"
 #include "backends/linux/Lockers.h"
 #include "backends/linux/PamService.h"
 #include "backends/qt/x11/X11Screen.h"
@@ -72,8 +73,8 @@ bool ScreenIsOurs() {
 }  // namespace
 
 GuardPrograms GuardPrograms::Of(const std::string& executable) {
-    const std::string folder = HostFolderOf(HostFolderOf(executable)) + "/libexec/tavrix/";
-    return {folder + "tavrix-guard", folder + "tavrix-password"};
+    const std::string folder = HelperFolderFor(HostFolderOf(executable));
+    return {folder + "/tavrix-guard", folder + "/tavrix-password"};
 }
 
 bool GuardPrograms::Exist() const {
