@@ -134,6 +134,7 @@ void LookedFiles::Wait() {
 bool LookedFiles::Awaits(std::function<void()> then) {
     Forget();
     if (Pending()) wish_ = std::move(then);
+    windows_ = WindowsOnScreen();
     return Pending();
 }
 
@@ -164,9 +165,18 @@ void LookedFiles::Follow(Follower& follower) {
     follower.TimerFollow.Enabled = false;
     if (Pending() || form_.Unloaded() || !wish_) return;
     const auto wish = std::exchange(wish_, nullptr);
+    if (WindowsOnScreen() > windows_) return;  // which may be a modal one of somebody else's
     follower.works = true;
     wish();
     follower.works = false;
+}
+
+int LookedFiles::WindowsOnScreen() const {
+    const forms::Application& app = form_.App();
+    int count = 0;
+    for (int index = 0; index < app.FormCount(); ++index)
+        count += app.FormAt(index).Visible() ? 1 : 0;
+    return count;
 }
 
 }  // namespace tavrix

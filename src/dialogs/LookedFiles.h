@@ -44,8 +44,8 @@ class LookedFiles final : public ForwardingFiles {
     /// Runs messages until the folder has come or the form is unloaded. For works that hold the hourglass.
     void Wait();
 
-    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one. A form keeps
-    /// one such wish, the last, whichever of its folders that waits for.
+    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one or another
+    /// window has come by then. A form keeps one such wish, the last, whichever of its folders that waits for.
     [[nodiscard]] bool Awaits(std::function<void()> then);
     /// The user does something else than wait for what he wished. To be told before a box, a menu or a window comes: a wish
     /// that is done meanwhile would open its own above that.
@@ -80,6 +80,7 @@ class LookedFiles final : public ForwardingFiles {
     void Arrive();
     void FollowSoon();
     void Follow(Follower& follower);
+    [[nodiscard]] int WindowsOnScreen() const;
 
     forms::Form& form_;
     std::string patterns_;
@@ -92,6 +93,7 @@ class LookedFiles final : public ForwardingFiles {
     forms::Milliseconds keptSince_{0};                 ///< by the toolkit's clock
     std::deque<std::function<void()>> then_;
     std::function<void()> wish_;
+    int windows_ = 0;  ///< that were on the screen when it was wished
     std::vector<std::unique_ptr<Follower>> followers_;
     bool told_ = false;
 };

@@ -284,6 +284,31 @@ TEST_F(InsteadOfShowTest, AMenuInsteadOfAllFiles) {
     app.Unload(editor);
 }
 
+TEST_F(InsteadOfShowTest, ADialogOfTheMainViewInsteadOfAllFiles) {
+    auto& view = *app.Loaded<MainViewFrm>();
+    auto& editor = Show<SlideLoadFrm>(view);
+    editor.Dir1.Path = Slow;
+    const auto dialogMeanwhile = [&](bool closed) {
+        toolkit.OnModal("OpenFrm", [&, closed] {
+            if (!closed) Come();
+            Press(app.Loaded<OpenFrm>()->CmdCancel);
+        });
+        Press(editor.CmdAddAll);
+        view.menu.mnuOpen.Click();
+        Come();
+    };
+    dialogMeanwhile(false);
+    EXPECT_EQ(editor.ListView.ListCount(), 0);
+    editor.Dir1.Path = Quick;
+    editor.Dir1.Path = Slow;
+    dialogMeanwhile(true);  // who is back by then still waits
+    EXPECT_EQ(editor.ListView.ListCount(), 3);
+    ExpectToldMeanwhile("No valid image files were dropped, unable to add these items to the View List...");
+    editor.Deliver(forms::DropEvent{{"C:\\slow\\s.wav"}});
+    module.show.ShowChanged = false;
+    app.Unload(editor);
+}
+
 TEST_F(InsteadOfShowTest, ALookIntoTheFolderInsteadOfACopy) {
     auto& dialog = Show<frmSlideCopyImages>(
         *app.Loaded<MainViewFrm>(), frmSlideCopyImages::Sources{.folder = "C:\\quick\\", .names = {"a.bmp"}},
