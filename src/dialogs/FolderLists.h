@@ -49,7 +49,8 @@ class FolderLists {
     /// Whether it has yet to come; then this is done when it has, unless the user goes to another one or does something
     /// else here.
     [[nodiscard]] bool Awaits(std::function<void()> then) { return looked_.Awaits(std::move(then)); }
-    /// The user does something else here: see LookedFiles.
+    // See LookedFiles.
+    [[nodiscard]] bool Wishes() const { return looked_.Wishes(); }
     void Forget() { looked_.Forget(); }
     /// Does this when the folder has come: now where it has.
     void WhenRead(std::function<void()> then) { looked_.WhenRead(std::move(then)); }

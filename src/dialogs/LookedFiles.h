@@ -47,6 +47,8 @@ class LookedFiles final : public ForwardingFiles {
     /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one or another
     /// window has come by then. A form keeps one such wish, the last, whichever of its folders that waits for.
     [[nodiscard]] bool Awaits(std::function<void()> then);
+    /// Whether such a wish has yet to be done; what comes by itself, such as a preview, comes after it.
+    [[nodiscard]] bool Wishes() const { return wish_ != nullptr; }
     /// The user does something else than wait for what he wished. To be told before a box, a menu or a window comes: a wish
     /// that is done meanwhile would open its own above that.
     void Forget();

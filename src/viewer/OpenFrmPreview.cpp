@@ -49,6 +49,10 @@ void OpenFrm::TimerPreview_Timer() {
     TimerPreview.Enabled = false;
     // A hidden dialog is still there while the image that it opened is viewed full screen.
     if (!ChkPreview.Value || !Visible()) return;
+    if (Lists.Wishes()) {  // the folder has come: what was pressed meanwhile comes first
+        TimerPreview.Enabled = true;
+        return;
+    }
     EndWaiting();  // for another file
     CmdPreview_Click();
 }

@@ -55,6 +55,17 @@ TEST_F(SlowOpenTest, OpenWaitsForTheFolder) {
     EXPECT_EQ(module.CurrentImage, "C:\\slow\\b.bmp");
 }
 
+TEST_F(SlowOpenTest, WhatWasPressedComesBeforeAPreviewWithoutDelay) {
+    auto& view = Start(true);
+    module.config.OpenShowPreview = true;
+    module.config.OpenPreviewTimer = 1;
+    auto& dialog = Show<OpenFrm>(view);
+    Press(dialog.CmdOpen);
+    ExpectQuestion("This image is already open.\r\n\r\nRead selected file again?", Answer::Yes);
+    Come();
+    EXPECT_EQ(app.Loaded<OpenFrm>(), nullptr);
+}
+
 TEST_F(SlowOpenTest, TheDialogThatWasToBeUsedAgainListsOtherFoldersToo) {
     auto& dialog = Open();
     platform.disks.PutFolder("C:\\empty");
