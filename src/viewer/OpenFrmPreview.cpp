@@ -218,7 +218,8 @@ void OpenFrm::SelectDropped(const std::string& path) {
         PreviewDropped(row);
         return;
     }
-    File1.Refresh();  // the file may be newer than the list
+    TimerPreview.Enabled = false;  // what waited for its preview is selected no more
+    File1.Refresh();               // the file may be newer than the list
     static_cast<void>(File1.ListCount());
     Lists.WhenRead([this, name] { PreviewDropped(File1.IndexOf(name)); });
 }

@@ -143,6 +143,53 @@ TEST_F(SlowOpenTest, ADroppedFileIsSelectedWhenItsFolderHasCome) {
     EXPECT_EQ(dialog.picPreview.ToolTip.Get(), "d.bmp");
 }
 
+TEST_F(SlowOpenTest, AFileThatIsDroppedInTheMeantimeIsNotOpened) {
+    auto& dialog = Open();
+    Press(dialog.CmdOpen);
+    dialog.Deliver(forms::DropEvent{{"C:\\slow\\c.bmp"}});
+    Come();
+    EXPECT_TRUE(dialog.Visible());
+    EXPECT_EQ(dialog.File1.FileName(), "c.bmp");
+    EXPECT_EQ(dialog.picPreview.ToolTip.Get(), "c.bmp");
+    EXPECT_EQ(module.CurrentImage, "C:\\slow\\b.bmp");
+}
+
+TEST_F(SlowOpenTest, NorIsAnythingElseWhereTheFileIsNotThere) {
+    auto& dialog = Open();
+    Press(dialog.CmdOpen);
+    dialog.Deliver(forms::DropEvent{{"C:\\slow\\z.bmp"}});
+    ExpectTold("This file can't be opened by Tavrix, it may not be a valid image.",
+               "Unable to show preview...");
+    Come();
+    Come();
+    EXPECT_TRUE(dialog.Visible());
+}
+
+TEST_F(SlowOpenTest, ADroppedFileMayBeNewerThanTheLookThatIsUnderWay) {
+    auto& view = Start();
+    auto& dialog = Show<OpenFrm>(view);
+    dialog.Deliver(forms::DropEvent{{"C:\\slow\\d.bmp"}});
+    platform.pictures.SetPicture("C:\\slow\\d.bmp", PlainPicture(40, 30));
+    Come();
+    Come();
+    EXPECT_EQ(dialog.File1.FileName(), "d.bmp");
+}
+
+TEST_F(SlowOpenTest, APreviewEndsWhereTheUserGoesToASlowFolder) {
+    auto& view = Start();
+    auto& dialog = Show<OpenFrm>(view);
+    dialog.File1.ListIndex = 0;
+    dialog.ChkPreview.Value = true;
+    Pass(2000);
+    ASSERT_EQ(dialog.picPreview.ToolTip.Get(), "a.bmp");
+    toolkit.Post([&] { dialog.Dir1.Path = Slow; });
+    Press(dialog.CmdPreview);
+    EXPECT_EQ(dialog.Dir1.Path.Get(), Slow);
+    EXPECT_FALSE(module.Busy());
+    EXPECT_FALSE(dialog.lblMsg.Visible);
+    Come();
+}
+
 TEST_F(SlowOpenTest, WhatCannotBePreviewedIsToldWhenTheFolderHasCome) {
     auto& view = Start();
     auto& dialog = Show<OpenFrm>(view);
@@ -239,6 +286,9 @@ TEST_F(SlowSaveTest, ATypedNameIsTakenWhenTheFolderHasCome) {
 TEST_F(SlowSaveTest, SoIsThatOfAnExport) {
     auto& view = Start(true);
     auto& dialog = Show<ExportBmpFrm>(view);
+    dialog.Target.txtFilename.Text = "a:b";
+    ExpectTold("A filename may not contain a colon (:), unable to export image...");
+    Press(dialog.Buttons.CmdExport);  // which is told at once
     dialog.Target.txtFilename.Text = "copy";
     Press(dialog.Buttons.CmdExport);
     ExpectQuestion("About to export the image as:\r\n\r\nC:\\slow\\copy.BMP\r\n\r\nIs this filename OK?",
