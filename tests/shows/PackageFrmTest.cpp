@@ -283,6 +283,15 @@ TEST_F(PackageFrmTest, NoToTheSummaryMakesNothing) {
     EXPECT_EQ(platform.disks.AllFiles(), before);
 }
 
+TEST_F(PackageFrmTest, WhatWasMadeIsSeenInTheDestination) {
+    auto& dialog = Load();
+    const int before = dialog.Dir2.ListCount();
+    ExpectSummary();
+    ExpectCreated();
+    Press(dialog.CmdPackage);
+    EXPECT_GT(dialog.Dir2.ListCount(), before);
+}
+
 TEST_F(PackageFrmTest, FilesInTheDestinationAreAskedAbout) {
     platform.disks.PutFile("C:\\Out\\notes", "mine");
     ExpectQuestion(

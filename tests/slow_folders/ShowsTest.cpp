@@ -70,6 +70,11 @@ TEST_F(SlowShowsTest, AfterADeletionTheNextShowIsCurrent) {
     dialog.Chooser.Dir1.Path = Slow;
     Come();
     EXPECT_EQ(dialog.Chooser.File1.FileName(), "a.tvs") << "the first one of a folder";
+    dialog.Chooser.File1.ListIndex = 1;
+    ExpectDelete("C:\\slow\\c.tvs");
+    Key(dialog.Chooser.File1, forms::KeyCode::Delete);
+    Come();
+    EXPECT_EQ(dialog.Chooser.File1.FileName(), "a.tvs") << "there is none behind the last";
 }
 
 TEST_F(SlowShowsTest, RecentShowsDoNotWait) {
@@ -355,6 +360,37 @@ TEST_F(SlowPackageTest, TheLastShowIsChosenAndThePackageWaits) {
     ExpectSummary(Answer::No);
     Come();
     EXPECT_EQ(dialog.File1.FileName(), "b.tvs");
+    dialog.Dir1.Path = Quick;
+    dialog.Dir1.Path = Slow;
+    Come();
+    EXPECT_EQ(dialog.File1.FileName(), "a.tvs") << "the first one of a folder";
+    app.Unload(dialog);
+}
+
+TEST_F(SlowPackageTest, ADropForgetsThePackage) {
+    auto& dialog = Show<PackageFrm>(module, programFiles);
+    Press(dialog.CmdPackage);
+    dialog.File1.Deliver(forms::DropEvent{{"C:\\slow\\a.tvs"}});
+    Come();
+    Come();
+    EXPECT_EQ(dialog.File1.FileName(), "a.tvs");
+    app.Unload(dialog);
+}
+
+TEST_F(SlowPackageTest, ADestinationThatFailsLateIsToldAsAFolder) {
+    platform.disks.PutFolder("C:\\Bad");
+    platform.disks.SetUnreadable("C:\\Bad", true);
+    disk.also.insert("C:\\Bad");
+    auto& dialog = Show<PackageFrm>(module, programFiles);
+    Come();
+    dialog.Dir2.Path = "C:\\Bad";
+    Press(dialog.CmdPackage);
+    EXPECT_FALSE(module.Busy());
+    Expect({.text = "Unable to change directory to:\r\n\r\nC:\\Bad\r\n\r\nPermission denied...",
+            .icon = forms::BoxIcon::Stop});
+    Come();
+    Come();
+    EXPECT_EQ(dialog.Dir2.Path.Get(), "C:\\Out");
     app.Unload(dialog);
 }
 
@@ -421,6 +457,26 @@ TEST_F(SlowPackageTest, ADeletionWaits) {
     Expect({.text = "Unable to change directory to:\r\n\r\nC:\\slow\r\n\r\nPermission denied...",
             .icon = forms::BoxIcon::Stop});
     Come();
+    EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Select location of the package to delete...");
+    app.Unload(dialog);
+}
+
+TEST_F(SlowPackageTest, NobodyWaitsForAFolderWhoseDriveHasGone) {
+    platform.disks.AddDrive('D', DriveType::Removable);
+    platform.disks.InsertDisk('D');
+    platform.disks.PutFolder("D:\\Old\\Deeper");
+    disk.also = {"D:\\Old", "D:\\Old\\Deeper"};
+    auto& dialog = Show<DelPackageFrm>(module);
+    dialog.Dir1.Path = "D:\\Old";
+    Come();
+    platform.disks.SetUnreadable("D:\\Old\\Deeper", true);
+    dialog.Dir1.Path = "D:\\Old\\Deeper";
+    platform.disks.RemoveDrive('D');
+    Expect({.text = "Unable to change directory to:\r\n\r\nD:\\Old\\Deeper\r\n\r\nPermission denied...",
+            .icon = forms::BoxIcon::Stop});
+    Come();
+    Come();  // the folder before it is not there either
+    EXPECT_FALSE(dialog.Lists.Pending());
     EXPECT_EQ(dialog.lblMsg.Caption.Get(), "Select location of the package to delete...");
     app.Unload(dialog);
 }

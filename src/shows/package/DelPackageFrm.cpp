@@ -28,7 +28,7 @@ DelPackageFrm::DelPackageFrm(forms::Application& application, MainModule& module
     lblDrives.SetBuddy(Drive1);
     lblFolders.Caption = "Fo&lder:";
     lblFolders.SetBuddy(Dir1);
-    Lists.OnFolderChange = [this] { Dir1_Change(); };
+    Lists.OnContent = [this] { Dir1_Change(); };
     CmdDelete.Caption = "&Delete";
     CmdDelete.ToolTip = "Delete the package in the selected directory.";
     CmdDelete.OnClick = [this] { CmdDelete_Click(); };
@@ -54,8 +54,11 @@ void DelPackageFrm::Form_Load() {
 }
 
 void DelPackageFrm::Dir1_Change() {
-    if (Lists.Pending()) lblMsg.Caption = "Please wait...";
-    Lists.WhenRead([this] { TellWhatIsThere(); });
+    if (Lists.Pending()) {
+        lblMsg.Caption = "Please wait...";
+    } else {
+        TellWhatIsThere();
+    }
 }
 
 void DelPackageFrm::TellWhatIsThere() {
