@@ -424,6 +424,19 @@ TEST_F(SlowFolderListsTest, ANewFolderMayComeLate) {
     EXPECT_EQ(form.MousePointer, MousePointer::Default);
 }
 
+TEST_F(SlowFolderListsTest, ANewFolderThatFailsLateIsToldInItsOwnWords) {
+    auto& form = Show();
+    disk.also.insert("C:\\Pictures\\New");
+    toolkit.ExpectInput(
+        {.prompt = "Enter the name of the folder to create:", .title = "New Folder", .reply = "New"});
+    platform.faults.FailAlways(headless::Service::Files, "Look", ErrorNumber::PermissionDenied);
+    form.CmdNew.Deliver(forms::ClickEvent{});
+    platform.faults.Clear();
+    ExpectStop("Unable to create folder.");
+    Tick();
+    ExpectPlace(form, "C:\\Pictures");
+}
+
 TEST_F(SlowFolderListsTest, WhoDoesSomethingElseDoesNotWaitAnyMore) {
     auto& form = Show();
     int done = 0;
@@ -441,6 +454,8 @@ TEST_F(SlowFolderListsTest, WhoDoesSomethingElseDoesNotWaitAnyMore) {
     EXPECT_TRUE(await());
     toolkit.ChooseFromPopup("");
     form.CmdFF.Deliver(forms::MouseEvent{forms::MouseAction::Down, forms::MouseButton::Right, 0, 1, 1});
+    Tick(10);
+    EXPECT_EQ(done, 0);
     EXPECT_TRUE(await());
     toolkit.ExpectInput(
         {.prompt = "Enter the name of the folder to create:", .title = "New Folder", .reply = std::nullopt});
@@ -475,6 +490,27 @@ TEST_F(SlowFolderListsTest, AFileListThatCouldNotFollowIsReadByItself) {
     form.Lists.RefreshFiles();
     Tick();
     EXPECT_EQ(Files(form), Texts{"a.bmp"});
+}
+
+TEST_F(SlowFolderListsTest, ADialogThatIsClosedWhenItsFolderComesForgetsTheRest) {
+    auto& form = Show();
+    const forms::Form::HandlerScope scope(form);
+    form.Lists.OnContent = [&] {
+        if (!form.Lists.Pending()) app.Unload(form);
+    };
+    form.Dir1.Path = Slow;
+    static_cast<void>(form.Lists.Awaits([] { ADD_FAILURE() << "done all the same"; }));
+    Tick(10);
+    EXPECT_TRUE(form.Unloaded());
+}
+
+TEST_F(SlowFolderListsTest, AClosedDialogTellsOfNoFolder) {
+    auto& form = Show();
+    const forms::Form::HandlerScope scope(form);
+    platform.disks.SetUnreadable(Slow, true);
+    OpenRow(form, 3);
+    app.Unload(form);
+    Tick(10);
 }
 
 TEST_F(SlowFolderListsTest, AClosedDialogForgetsItsFolder) {

@@ -57,6 +57,44 @@ TEST_F(SlowDeleteTest, NothingIsSelectedOrDeletedBeforeTheFolderHasCome) {
     EXPECT_EQ(Listed(dialog.Chooser.File1).size(), 3U);
 }
 
+TEST_F(SlowDeleteTest, NorBeforeTheOneThatItBeginsIn) {
+    Start();
+    platform.files.ChangeFolder(Slow);
+    auto& dialog = Show<DeleteImgFrm>(module);
+    ExpectSelectable(dialog.Selection, false);
+    Come();
+    ExpectSelectable(dialog.Selection, true);
+}
+
+TEST_F(SlowDeleteTest, AFolderThatCannotBeReadAnyMoreIsNotEmpty) {
+    auto& dialog = Open();
+    Come();
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
+        platform.disks.Remove(std::string("C:\\slow\\") + name);
+    dialog.Chooser.File1.Refresh();
+    static_cast<void>(dialog.Chooser.File1.ListCount());
+    Come();
+    platform.disks.SetUnreadable(Slow, true);
+    ExpectTold("There are no files in the selected directory to delete.");
+    Press(dialog.CmdDelete);
+}
+
+TEST_F(SlowDeleteTest, NobodyIsAskedAboutTheFolderWhileSomethingElseIsDone) {
+    auto& dialog = Open();
+    Come();
+    dialog.Chooser.File1.SelectAll();
+    ExpectQuestion(
+        "You are about to delete 3 files from the directory:\r\n\r\nC:\\slow\\\r\n\r\nAre you sure?",
+        Answer::Yes);
+    Press(dialog.CmdDelete);
+    {
+        const forms::BusyGuard busy(module.Screen());
+        Come();
+        Come();
+    }
+    EXPECT_TRUE(IsThere(Slow));
+}
+
 TEST_F(SlowDeleteTest, DeleteWaitsAndFindsNothingSelected) {
     auto& dialog = Open();
     Press(dialog.CmdDelete);
@@ -146,7 +184,10 @@ TEST_F(SlowDeleteTest, SoDoesGoingToAnotherFolder) {
     for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
         platform.disks.Remove(std::string("C:\\slow\\") + name);
     Come();
-    toolkit.Post([&] { dialog.Chooser.Dir1.Path = "C:\\other"; });
+    toolkit.Post([&] {
+        EXPECT_TRUE(module.Busy());
+        dialog.Chooser.Dir1.Path = "C:\\other";
+    });
     Press(dialog.CmdDelete);
     EXPECT_EQ(dialog.Chooser.Dir1.Path.Get(), "C:\\other");
     EXPECT_FALSE(module.Busy());
@@ -206,6 +247,30 @@ TEST_F(SlowDeleteFolderTest, WhatCameIntoItMeanwhileCounts) {
     ExpectTold(NotEmpty);
     Come();
     EXPECT_TRUE(IsThere("C:\\slow\\new.txt"));
+}
+
+TEST_F(SlowDeleteFolderTest, SoDoesWhatCameWhileItWasBeingRead) {
+    Empty();
+    auto& dialog = Open();
+    Press(dialog.CmdDelete);
+    platform.disks.PutFile("C:\\slow\\new.txt", "x");
+    ExpectTold(NotEmpty);
+    Come();
+    Come();
+    EXPECT_TRUE(IsThere("C:\\slow\\new.txt"));
+}
+
+TEST_F(SlowDeleteFolderTest, NothingIsRemovedWhileSomethingElseIsDone) {
+    Empty();
+    auto& dialog = Open();
+    Come();
+    Press(dialog.CmdDelete);
+    {
+        const forms::BusyGuard busy(module.Screen());
+        Come();
+    }
+    EXPECT_TRUE(IsThere(Slow));
+    EXPECT_TRUE(dialog.Visible());
 }
 
 TEST_F(SlowDeleteFolderTest, NeitherIsTheOneThatTheUserWentToInstead) {
@@ -270,6 +335,27 @@ TEST_F(SlowTransferTest, TheCopyWaitsForItsDestinationToo) {
     Come();
     EXPECT_EQ(dialog.MousePointer, forms::MousePointer::Default);
     EXPECT_TRUE(dialog.Visible());
+}
+
+TEST_F(SlowTransferTest, WhoGoesElsewhereOnEitherSideCopiesNothing) {
+    platform.disks.PutFolder("C:\\to");
+    platform.disks.PutFolder("C:\\there");
+    disk.also.insert("C:\\to");
+    Start();
+    auto& dialog = Show<frmCopyImages>(module);
+    dialog.Dir2.Path = "C:\\to";
+    Press(dialog.CmdCopy);
+    dialog.Dir1.Path = Slow;
+    Come();
+    Come();
+    EXPECT_TRUE(dialog.Visible());
+    dialog.Dir1.Path = Quick;
+    dialog.Dir1.Path = Slow;
+    Press(dialog.CmdCopy);
+    dialog.Dir2.Path = "C:\\there";
+    Come();
+    EXPECT_TRUE(dialog.Visible());
+    EXPECT_EQ(Listed(dialog.File1).size(), 3U);
 }
 
 TEST_F(SlowTransferTest, TheFirstFileIsCurrentWhenTheFolderHasCome) {

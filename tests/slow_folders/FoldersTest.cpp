@@ -49,6 +49,22 @@ TEST_F(SlowChoiceTest, MyDocumentsMayFailLate) {
     EXPECT_EQ(dialog.Chooser.Dir1.Path.Get(), before);
 }
 
+TEST_F(SlowChoiceTest, WhoAsksForHisDocumentsDoesNotWaitForTheFolderAnyMore) {
+    Start();
+    platform.files.SetFolder(KnownFolder::Documents, "C:\\none");
+    auto& dialog = Show<frmFavFolder>(module);
+    dialog.Chooser.Dir1.Path = Slow;
+    Press(dialog.CmdOK);
+    ExpectQuestion(
+        "The following directory does not exist:\r\n\r\nC:\\none\r\n\r\nWould you like to create it now?",
+        forms::Answer::No);
+    Press(dialog.Chooser.CmdMyDocuments);
+    Come();
+    EXPECT_TRUE(dialog.Visible());
+    EXPECT_EQ(dialog.Chooser.Dir1.Path.Get(), Slow);
+    EXPECT_NE(module.config.FavoriteFolder, Slow);
+}
+
 TEST_F(SlowChoiceTest, AQuickFolderIsTakenWhenItHasCome) {
     Start();
     auto& folders = Show<frmQuickFolders>(module);
