@@ -5,15 +5,24 @@
 #include <QFont>
 #include <QImage>
 #include <QMenuBar>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
+#include <QProxyStyle>
+#include <QScreen>
+#include <QStyle>
 #include <QTest>
 #include <QWidget>
+#include <cmath>
+#include <optional>
 #include <string>
 
 #include "backends/qt/FirstPaint.h"
 #include "backends/qt/ProgramIcon.h"
+#include "backends/qt/QtToolkit.h"
 #include "backends/qt/peers/Metrics.h"
 #include "backends/qt/peers/PrepareToPaint.h"
+#include "backends/qt/peers/Scale.h"
 #include "forms_conformance/ConformanceTest.h"
 #include "forms_conformance/QtDriver.h"
 
@@ -22,25 +31,35 @@ namespace {
 
 using namespace forms;
 
+/// A window without a menu bar.
+class Bare final : public Form {
+  public:
+    explicit Bare(Application& application) : Form(application, {.name = "Bare"}) {}
+};
+
 /// A start after the other, which share a note.
 class MenuBarNoteTest : public testing::Test {
   protected:
-    [[nodiscard]] qt::Metrics Start() {
-        return qt::Metrics(nullptr, {.read =
-                                         [this] {
-                                             ++reads;
-                                             return note;
-                                         },
-                                     .write =
-                                         [this](const std::string& text) {
-                                             ++writes;
-                                             note = text;
-                                         }});
+    [[nodiscard]] qt::Metrics Start() { return qt::Metrics(nullptr, Note()); }
+    [[nodiscard]] qt::MenuBarNote Note() {
+        return {.read =
+                    [this] {
+                        ++reads;
+                        return note;
+                    },
+                .write =
+                    [this](const std::string& text) {
+                        ++writes;
+                        note = text;
+                    }};
     }
     [[nodiscard]] static int Found() {
         QMenuBar bar;
         bar.addAction(QStringLiteral("X"));
         return bar.sizeHint().height();
+    }
+    [[nodiscard]] static const QStyle& StyleBelow() {
+        return *dynamic_cast<const QProxyStyle&>(*QApplication::style()).baseStyle();
     }
     /// The note with another height.
     [[nodiscard]] std::string Saying(int height) const {
@@ -84,7 +103,8 @@ TEST_F(MenuBarNoteTest, ANoteThatIsNoLongerTrueHoldsForThisStartAndIsCorrectedFo
     note = Saying(Found() + 7);
     const qt::Metrics metrics = Start();
     EXPECT_EQ(metrics.MenuBarLogical(), Found() + 7);
-    EXPECT_GE(metrics.Of(SystemMetric::MenuBarHeight), Found() + 7);
+    EXPECT_EQ(metrics.Of(SystemMetric::MenuBarHeight),
+              static_cast<int>(std::ceil((Found() + 7) * qt::DeviceRatio())));
     metrics.CheckNote();
     EXPECT_EQ(metrics.MenuBarLogical(), Found() + 7);  // sizes have been computed with it
     EXPECT_EQ(Start().MenuBarLogical(), Found());
@@ -132,8 +152,35 @@ TEST_F(MenuBarNoteTest, AFontThatComesAfterTheStartIsNotedForTheNextOne) {
     QApplication::setFont(font, "QMenuBar");
 }
 
+TEST_F(MenuBarNoteTest, ItTellsAllThatTheHeightComesFrom) {
+    const qt::Metrics first = Start();
+    static_cast<void>(first.MenuBarLogical());
+    first.CheckNote();
+    const std::string right = Saying(Found() + 7);
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    // What changes the looks of the program's own style is the one that it is laid over.
+    for (const QString& piece :
+         {QString::fromLatin1(qVersion()), StyleBelow().name(), QApplication::font("QMenuBar").toString(),
+          QString::number(screen.logicalDotsPerInch()), QString::number(screen.devicePixelRatio())}) {
+        ASSERT_FALSE(piece.isEmpty());
+        const std::string told = ";" + piece.toStdString();
+        const std::size_t at = right.rfind(told);
+        ASSERT_NE(at, std::string::npos) << told << " in " << right;
+        note = right.substr(0, at) + ";other" + right.substr(at + told.size());
+        EXPECT_EQ(Start().MenuBarLogical(), Found()) << note;
+    }
+}
+
 TEST_F(MenuBarNoteTest, NobodyWhoHasNoMenuBarReadsOrWritesIt) {
     Start().CheckNote();
+    EXPECT_EQ(reads, 0);
+    EXPECT_EQ(writes, 0);
+    qt::QtToolkit toolkit([](const std::string& path) { return path; }, nullptr, Note());
+    Application app(toolkit);
+    auto& bare = app.Load<Bare>();
+    bare.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(WidgetOf(bare).windowHandle()));
+    toolkit.ProcessEvents();
     EXPECT_EQ(reads, 0);
     EXPECT_EQ(writes, 0);
 }
@@ -167,10 +214,43 @@ TEST_F(QtStartTest, AKeyBeforeTheFirstPaintFindsTheMenus) {
     EXPECT_EQ(BarOf(form).actions().size(), 1);
 }
 
+TEST_F(QtStartTest, AWindowThatIsGoneMakesNoMenus) {
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    const QPointer<QWidget> widget(&WidgetOf(form));
+    const QMenuBar& bar = BarOf(form);
+    app.Unload(form);
+    ASSERT_TRUE(widget) << "it goes with the next messages";
+    QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier);
+    QCoreApplication::sendEvent(widget, &key);
+    QPaintEvent paint(widget->rect());
+    QCoreApplication::sendEvent(widget, &paint);
+    EXPECT_TRUE(bar.actions().isEmpty());
+    driver->Settle();
+    EXPECT_FALSE(widget);
+}
+
+TEST_F(QtStartTest, ThePaintItselfDoesNotWaitForWhatComesAfterIt) {
+    int done = 0;
+    qt::AfterFirstPaint([&] { ++done; });
+    auto& form = app.Load<TestForm>(log);
+    form.Show();
+    QPaintEvent paint(WidgetOf(form).rect());
+    QCoreApplication::sendEvent(&WidgetOf(form), &paint);
+    EXPECT_EQ(done, 0);
+    EXPECT_TRUE(BarOf(form).actions().isEmpty());
+    driver->Settle();
+    EXPECT_EQ(done, 1);
+    EXPECT_EQ(BarOf(form).actions().size(), 1);
+}
+
 TEST_F(QtStartTest, WorkForTheFirstPaintIsDoneOnceAndAfterIt) {
     int done = 0;
     qt::AfterFirstPaint([&] { ++done; });
     auto& form = app.Load<TestForm>(log);
+    QEvent another(QEvent::User);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &another);
+    driver->Settle();
     EXPECT_EQ(done, 0);
     form.Show();
     driver->Settle();
@@ -248,6 +328,12 @@ TEST_F(PrepareToPaintTest, AWindowOfAnotherSizeIsPaintedWhole) {
 TEST_F(PrepareToPaintTest, AWindowThatWasNeverShownIsLeftAlone) {
     qt::PrepareToPaint(window);
     EXPECT_EQ(window.backingStore(), nullptr);
+}
+
+TEST_F(QtStartTest, TheIconComesWithTheFirstPaint) {
+    app.Load<TestForm>(log).Show();
+    driver->Settle();
+    EXPECT_FALSE(QApplication::windowIcon().isNull());
 }
 
 TEST(ProgramIconTest, HasTheSizesThatDesktopsShow) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
@@ -24,12 +25,18 @@ int FoundMenuBar() {
     return sample.sizeHint().height();
 }
 
+/// A style that is laid over another has the sizes of that, and no name.
+QString NameOfStyle() {
+    const QStyle* style = QApplication::style();
+    const auto* over = qobject_cast<const QProxyStyle*>(style);
+    return (over != nullptr ? over->baseStyle() : style)->name();
+}
+
 /// All that the height of a menu bar comes from.
 QString LooksOfMenuBar() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return QStringLiteral("%1;%2;%3;%4;%5")
-        .arg(QLatin1String(qVersion()), QApplication::style()->name(),
-             QApplication::font("QMenuBar").toString())
+        .arg(QLatin1String(qVersion()), NameOfStyle(), QApplication::font("QMenuBar").toString())
         .arg(screen != nullptr ? screen->logicalDotsPerInch() : 0)
         .arg(DeviceRatio());
 }
