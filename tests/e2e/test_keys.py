@@ -167,6 +167,37 @@ class HeldKeyTest(ProgramTest):
         program.message_box().press("No")
         self.assertTrue(program.running())
 
+    def test_a_letter_that_presses_a_button_opens_no_menu_below(self):
+        program, window, _ = self.open(400, 350)
+        for _ in range(_TIMES):
+            program.menu_entry("Favorites", "Folders", "Favorite Folder").act()
+            self.dialog(program, "Favorite Folder")
+            with self.screen.held("Alt_L"):
+                # Below it is the letter of the Options menu.
+                self.hold("o", lambda: self.screen.active() == window.id, "the end of the dialog")
+                self.assertEqual(program.popups(), [])
+            self.assertEqual(program.titles(), [window.title])
+        self.end_by_escape(program)
+
+    def test_a_key_that_goes_up_in_another_program_is_a_new_one_when_it_goes_down(self):
+        path, _ = self.picture(400, 2000)
+        another = self.start(home=self.new_home()).main()
+        program = self.start(path)
+        window = program.main(path)
+        program.menu_entry("Options", "Image Information").act()
+        box = program.message_box()
+        wait_until(lambda: self.screen.active() not in (0, window.id, another.id), "the keyboard in the box")
+        with self.screen.held("Down"):
+            self.screen.activate(another)
+            wait_until(lambda: self.screen.active() == another.id, "the keyboard in the other program")
+        box.press("OK")
+        self.screen.activate(window)
+        wait_until(lambda: self.screen.active() == window.id, "the keyboard on the main view")
+        bar = program.root().find("scroll bar")
+        self.assertEqual(bar.value, 0)
+        self.screen.press("Down")
+        wait_until(lambda: bar.value > 0, "the picture further down")
+
     def box_text(self, program):
         return any(title == "Tavrix" for title in program.titles())
 

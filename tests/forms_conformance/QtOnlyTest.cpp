@@ -110,30 +110,6 @@ TEST_F(QtOnlyTest, TheLatinSymbolOfAKeyIsFoundInAnyLayout) {
     EXPECT_EQ(latin({}), 0);
 }
 
-TEST_F(QtOnlyTest, AHeldKeyDoesNothingWhereItsPressDidNotBegin) {
-    auto& form = app.Load<TestForm>(log);
-    auto& other = app.Load<TestForm>(log, "Other");
-    form.KeyPreview = other.KeyPreview = true;
-    form.Show();
-    other.Show();
-    driver->Settle();
-    log.clear();
-    const auto send = [](Form& to, QEvent::Type type, bool repeated) {
-        QKeyEvent key(type, Qt::Key_Escape, Qt::NoModifier, 9, 0, 0, {}, repeated);
-        QCoreApplication::sendEvent(WidgetOf(to).windowHandle(), &key);
-    };
-    send(form, QEvent::KeyPress, false);
-    send(form, QEvent::KeyPress, true);
-    EXPECT_EQ(Count(log, "TestForm key 27/0"), 2) << "a held key repeats where it is";
-    send(other, QEvent::KeyPress, true);
-    send(other, QEvent::KeyPress, true);
-    EXPECT_EQ(Count(log, "Other key 27/0"), 0);
-    send(other, QEvent::KeyRelease, false);
-    send(other, QEvent::KeyPress, false);
-    send(other, QEvent::KeyPress, true);
-    EXPECT_EQ(Count(log, "Other key 27/0"), 2);
-}
-
 TEST_F(QtOnlyTest, ABoxThatIsSeenThroughShowsWhatItLiesOn) {
     auto& form = app.Load<TestForm>(log);
     form.frame.BackColor = Colour{0x0000FF};
@@ -517,6 +493,52 @@ TEST_F(QtOnlyTest, ATitleLockIsSeenWhileItLasts) {
         EXPECT_FALSE(qt::TitleLock::IsHeld(title + "!"));
     }
     EXPECT_FALSE(qt::TitleLock::IsHeld(title));
+}
+
+TEST_F(QtOnlyTest, AWindowOnTheScreenHoldsTheLockOfItsTitle) {
+    qputenv("XDG_RUNTIME_DIR", testing::TempDir().c_str());
+    const std::string title = "Tavrix window " + std::to_string(QCoreApplication::applicationPid());
+    auto& form = app.Load<TestForm>(log);
+    form.Caption = title;
+    EXPECT_FALSE(qt::TitleLock::IsHeld(title));
+    form.Show();
+    driver->Settle();
+    EXPECT_TRUE(qt::TitleLock::IsHeld(title));
+    form.Caption = title + "!";
+    EXPECT_FALSE(qt::TitleLock::IsHeld(title));
+    EXPECT_TRUE(qt::TitleLock::IsHeld(title + "!"));
+    form.Hide();
+    EXPECT_FALSE(qt::TitleLock::IsHeld(title + "!"));
+}
+
+TEST_F(QtOnlyTest, F10AloneOpensTheFirstMenuThatIsThere) {
+    class Menus final : public Form {
+      public:
+        explicit Menus(Application& application)
+            : Form(application, {.name = "Menus", .resizable = true, .menuBar = true}) {
+            mnuNone.Visible = false;
+            mnuOff.Enabled = false;
+        }
+        Menu mnuNone{*this, "mnuNone", "&None"};
+        Menu mnuOne{mnuNone, "mnuOne", "&One"};
+        Menu mnuOff{*this, "mnuOff", "&Off"};
+        Menu mnuTwo{mnuOff, "mnuTwo", "&Two"};
+        Menu mnuFile{*this, "mnuFile", "&File"};
+        Menu mnuThree{mnuFile, "mnuThree", "T&hree"};
+    };
+    auto& form = app.Load<Menus>();
+    form.Show();
+    driver->Settle();
+    QWindow* window = WidgetOf(form).windowHandle();
+    for (const Qt::KeyboardModifier modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+        QTest::keyClick(window, Qt::Key_F10, modifier);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
+    QTest::keyClick(window, Qt::Key_F10);
+    const auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(open, nullptr);
+    EXPECT_EQ(open->menuAction()->text(), QStringLiteral("&File"));
+    QTest::keyClick(window, Qt::Key_Escape);
 }
 
 }  // namespace
