@@ -60,6 +60,32 @@ class StartTest(ProgramTest):
         with open(recent, encoding="utf-8") as file:
             self.assertIn("/pictures/heard%20of.bmp", file.read())
 
+    def test_the_desktop_hears_of_the_picture_while_it_is_looked_at(self):
+        program, _, _ = self.open(400, 330, "heard of.bmp")
+        recent = os.path.join(self.home.environment["XDG_DATA_HOME"], "recently-used.xbel")
+
+        def heard():
+            if not os.path.exists(recent):
+                return False
+            with open(recent, encoding="utf-8") as file:
+                return "/pictures/heard%20of.bmp" in file.read()
+        program.wait(heard, "the desktop's list with the picture")
+        self.assertTrue(program.running())
+
+    def test_a_wrong_note_of_the_menu_bar_holds_for_one_start(self):
+        heights, notes = [], []
+        for _ in range(3):
+            program, window, view = self.open(400, 330)
+            heights.append(view.screen_y - window.y)
+            if notes:
+                wait_until(lambda: self.home.in_store("MenuBar") == notes[0], "the right note")
+            notes.append(wait_until(lambda: self.home.in_store("MenuBar"), "the note"))
+            self.end_by_escape(program)
+            if len(notes) == 1:
+                height, _, looks = notes[0].partition(";")
+                self.home.set_in_store("MenuBar", f"{int(height) + 9};{looks}")
+        self.assertEqual(heights, [heights[0], heights[0] + 9, heights[0]])
+
     def test_the_menus_come_after_the_picture_and_change_nothing(self):
         places = []
         for _ in range(2):  # the second start has a note of how high the menu bar is

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <algorithm>
 
+#include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <filesystem>
 #include <functional>
@@ -83,6 +84,40 @@ TEST_F(HostShellTest, RecentDocumentsAreWrittenLaterWhereSomebodyDoesIt) {
     const std::string whole = folder.Content("data/recently-used.xbel");
     later.back()();
     EXPECT_EQ(folder.Content("data/recently-used.xbel"), whole);
+}
+
+TEST_F(HostShellTest, RecentDocumentsBearTheTime) {
+    const auto day = [] {
+        const std::time_t now = std::time(nullptr);
+        std::tm parts{};
+        ::gmtime_r(&now, &parts);
+        std::string text(10, '\0');
+        text.resize(std::strftime(text.data(), text.size() + 1, "%Y-%m-%d", &parts));
+        return "visited=\"" + text;
+    };
+    const std::string before = day();
+    shell.AddRecent("C:\\a.jpg");
+    const std::string list = folder.Content("data/recently-used.xbel");
+    EXPECT_TRUE(list.find(before) != std::string::npos || list.find(day()) != std::string::npos) << list;
+}
+
+TEST_F(HostShellTest, AListThatLiesElsewhereStaysThereAndAnotherProgramThatWritesItIsWaitedFor) {
+    folder.PutFolder("data");
+    folder.PutFolder("elsewhere");
+    std::filesystem::create_symlink(folder.At("elsewhere/list"), folder.At("data/recently-used.xbel"));
+    const FolderLock another(folder.At("elsewhere"));
+    const auto before = std::chrono::steady_clock::now();
+    shell.AddRecent("C:\\a.jpg");
+    // This one never ends, so its turn is over at last.
+    EXPECT_GE(std::chrono::steady_clock::now() - before, FolderLock::Patience);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.At("data/recently-used.xbel")));
+    EXPECT_NE(folder.Content("elsewhere/list").find("/a.jpg\""), std::string::npos);
+}
+
+TEST_F(HostShellTest, NoListIsMadeForNothing) {
+    shell.Later = [](const std::function<void()>&) {};
+    shell.WriteRecent();
+    EXPECT_FALSE(folder.Has("data/recently-used.xbel"));
 }
 
 TEST_F(HostShellTest, WhatWaitsIsClearedWithTheListOfRecentDocuments) {
