@@ -117,6 +117,35 @@ TEST_F(SlowShowsTest, RenameWaitsForTheShow) {
     EXPECT_EQ(dialog.txtFilename.Text.Get(), "a.tvs");
 }
 
+TEST_F(SlowShowsTest, ANewNameThatIsTypedInTheMeantimeStays) {
+    auto& dialog = Show<frmRenameShow>(module);
+    dialog.txtFilename.Text = "new";
+    Press(dialog.CmdRename);
+    Expect(
+        {.text =
+             "You are about to rename:\r\n\r\nb.tvs\r\n\r\n   -- to --\r\n\r\nnew.tvs\r\n\r\nAre you sure?",
+         .icon = forms::BoxIcon::Question,
+         .buttons = forms::BoxButtons::YesNo,
+         .reply = Answer::No,
+         .title = "Tavrix - [Rename Slide Show]"});
+    Come();
+    EXPECT_EQ(dialog.txtFilename.Text.Get(), "new");
+    dialog.Chooser.File1.ListIndex = 0;
+    EXPECT_EQ(dialog.txtFilename.Text.Get(), "a.tvs") << "a show that is chosen tells its name";
+    dialog.Chooser.Dir1.Path = Quick;
+    dialog.Chooser.Dir1.Path = Slow;
+    dialog.txtFilename.Text = "another";
+    Come();
+    EXPECT_EQ(dialog.txtFilename.Text.Get(), "another");
+    dialog.Chooser.Dir1.Path = Quick;
+    dialog.Chooser.Dir1.Path = Slow;
+    dialog.txtFilename.Text = "a third";
+    dialog.Chooser.Dir1.Path = Quick;
+    dialog.Chooser.Dir1.Path = Slow;
+    Come();
+    EXPECT_EQ(dialog.txtFilename.Text.Get(), "a.tvs") << "the name was meant for the folder before";
+}
+
 class SlowDeleteShowTest : public SlowShowsTest {
   protected:
     void ExpectShowDeleted(const std::string& name) {

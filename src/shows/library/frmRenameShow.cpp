@@ -33,6 +33,7 @@ frmRenameShow::frmRenameShow(forms::Application& application, MainModule& module
     lblFilename.Caption = "Enter New Filename for Slide Show:";
     lblFilename.SetBuddy(txtFilename);
     txtFilename.ToolTip = "Enter a filename.";
+    txtFilename.OnChange = [this] { txtFilename_Change(); };
     CmdRename.Caption = "&Rename";
     CmdRename.ToolTip = "Rename the selected slide show.";
     CmdRename.Default = true;
@@ -55,7 +56,7 @@ void frmRenameShow::Form_Load() {
 }
 
 void frmRenameShow::File1_MouseUp() {
-    if (Chooser.File1.ListCount() == 0 || Chooser.File1.ListIndex < 0) return;
+    if (typed_ || Chooser.File1.ListCount() == 0 || Chooser.File1.ListIndex < 0) return;
     const std::string name = Chooser.File1.FileName();
     txtFilename.Text = name;
     txtFilename.SelStart = 0;
@@ -64,10 +65,17 @@ void frmRenameShow::File1_MouseUp() {
 }
 
 void frmRenameShow::File1_PathChange() {
+    typed_ = false;
     Chooser.Lists.WhenRead([this] {
         if (Chooser.File1.ListCount() > 0) Chooser.File1.ListIndex = 0;
         File1_MouseUp();
     });
+}
+
+/// What is typed for a show that has yet to come stays when it comes.
+void frmRenameShow::txtFilename_Change() {
+    typed_ = true;
+    Chooser.Lists.WhenRead([this] { typed_ = false; });
 }
 
 void frmRenameShow::Tell(const std::string& text, forms::BoxIcon icon) {

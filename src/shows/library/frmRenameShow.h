@@ -33,6 +33,7 @@ class frmRenameShow final : public forms::Form {
   private:
     void File1_MouseUp();
     void File1_PathChange();
+    void txtFilename_Change();
     void CmdRename_Click();
 
     /// The new name, with its ending. Empty when there is none that can be given, which the user is told.
@@ -40,6 +41,8 @@ class frmRenameShow final : public forms::Form {
     [[nodiscard]] bool UserAgrees(const std::string& oldName, const std::string& newName);
     void Rename(const std::string& oldName, const std::string& newName);
     void Tell(const std::string& text, forms::BoxIcon icon = forms::BoxIcon::Information);
+
+    bool typed_ = false;  ///< the name, while the shows of the folder have yet to come
 };
 
 /// The Rename Slide Show command.
