@@ -650,6 +650,18 @@ class WithAnotherGuard(GuardedTest):
         wait_until(lambda: self.whole_above(self.desktop) == 2, "stage and cover")
         self.take_over(program, signal.SIGKILL)
 
+    def test_a_guard_whose_program_is_gone_for_a_while_is_started_again(self):
+        program = self.start_guarded(environment=self.guard_by(f"exec '{os.path.join(_HELPERS, _GUARD)}' \"$@\""))
+        script = os.path.join(self.home.folder, "elsewhere", "libexec", "tavrix", _GUARD)
+        os.rename(script, script + ".gone")
+        os.kill(self._guards()[0], signal.SIGKILL)
+        time.sleep(2.5)  # it is tried each second
+        self.assertEqual(self._guards(), [])
+        self.assertTrue(self.held())
+        os.rename(script + ".gone", script)
+        wait_until(lambda: len(self._guards()) == 1, "another guard")
+        wait_until(lambda: self.whole_above(self.desktop) == 2, "stage and cover")
+        self.take_over(program, signal.SIGKILL)
 
     def start_with_a_silent_second_guard(self):
         """A saver whose guard was killed, and whose next one says nothing; the saver and that guard."""
