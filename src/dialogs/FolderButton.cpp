@@ -44,7 +44,6 @@ void FolderButton::CmdFF_Click() {
 
 void FolderButton::CmdFF_MouseDown(int mouseButton) {
     if (mouseButton != forms::MouseButton::Right) return;
-    lists_.Forget();
     const QuickFolders folders = quickFolders_();
     for (std::size_t index = 0; index < entries_.size(); ++index) {
         entries_[index]->Caption = folders.names[index];

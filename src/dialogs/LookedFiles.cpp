@@ -134,8 +134,12 @@ void LookedFiles::Wait() {
 bool LookedFiles::Awaits(std::function<void()> then) {
     Forget();
     if (Pending()) wish_ = std::move(then);
-    windows_ = WindowsOnScreen();
+    opened_ = form_.App().Opened();
     return Pending();
+}
+
+bool LookedFiles::Wishes() const {
+    return wish_ && opened_ == form_.App().Opened();
 }
 
 void LookedFiles::Forget() {
@@ -163,20 +167,11 @@ void LookedFiles::FollowSoon() {
 
 void LookedFiles::Follow(Follower& follower) {
     follower.TimerFollow.Enabled = false;
-    if (Pending() || form_.Unloaded() || !wish_) return;
+    if (Pending() || form_.Unloaded() || !Wishes()) return;
     const auto wish = std::exchange(wish_, nullptr);
-    if (WindowsOnScreen() > windows_) return;  // which may be a modal one of somebody else's
     follower.works = true;
     wish();
     follower.works = false;
-}
-
-int LookedFiles::WindowsOnScreen() const {
-    const forms::Application& app = form_.App();
-    int count = 0;
-    for (int index = 0; index < app.FormCount(); ++index)
-        count += app.FormAt(index).Visible() ? 1 : 0;
-    return count;
 }
 
 }  // namespace tavrix

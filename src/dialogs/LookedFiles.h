@@ -44,13 +44,12 @@ class LookedFiles final : public ForwardingFiles {
     /// Runs messages until the folder has come or the form is unloaded. For works that hold the hourglass.
     void Wait();
 
-    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one or another
-    /// window has come by then. A form keeps one such wish, the last, whichever of its folders that waits for.
+    /// Whether the folder has yet to come; then this is done when it has, unless the user goes to another one or a window,
+    /// a box or a menu has opened by then. A form keeps one such wish, the last, whichever of its folders that waits for.
     [[nodiscard]] bool Awaits(std::function<void()> then);
     /// Whether such a wish has yet to be done; what comes by itself, such as a preview, comes after it.
-    [[nodiscard]] bool Wishes() const { return wish_ != nullptr; }
-    /// The user does something else than wait for what he wished. To be told before a box, a menu or a window comes: a wish
-    /// that is done meanwhile would open its own above that.
+    [[nodiscard]] bool Wishes() const;
+    /// The user does something else than wait for what he wished, and no box tells him of it.
     void Forget();
     /// Does this when the folder has come: now where it has. Given up where the lists go to another folder before.
     void WhenRead(std::function<void()> then);
@@ -82,7 +81,6 @@ class LookedFiles final : public ForwardingFiles {
     void Arrive();
     void FollowSoon();
     void Follow(Follower& follower);
-    [[nodiscard]] int WindowsOnScreen() const;
 
     forms::Form& form_;
     std::string patterns_;
@@ -95,7 +93,7 @@ class LookedFiles final : public ForwardingFiles {
     forms::Milliseconds keptSince_{0};                 ///< by the toolkit's clock
     std::deque<std::function<void()>> then_;
     std::function<void()> wish_;
-    int windows_ = 0;  ///< that were on the screen when it was wished
+    int opened_ = 0;  ///< Application::Opened when it was wished
     std::vector<std::unique_ptr<Follower>> followers_;
     bool told_ = false;
 };

@@ -45,7 +45,6 @@ std::optional<std::string> AskForName(const MainModule& module, const NewFolderW
 
 void CmdNewFolder_Click(const MainModule& module, FolderLists& lists, const NewFolderWords& words) {
     if (module.Busy()) return;  // a second press while the folder of the first is being made
-    lists.Forget();
     const std::optional<std::string> name = AskForName(module, words);
     if (!name) return;
     const auto tell = [&module](const RuntimeError& error) {

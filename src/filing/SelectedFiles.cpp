@@ -23,7 +23,6 @@ SelectedFiles::SelectedFiles(forms::Container& container, MainModule& module,
 }
 
 void SelectedFiles::File1_KeyUp(int keyCode) {
-    if (keyCode == forms::KeyCode::Delete) OnDeleteKey();
     if (!DeletedByKey(module_, File1, folder_(), keyCode)) return;
     const auto selectFirst = [this] {
         if (File1.ListCount() > 0) File1.ListIndex = 0;

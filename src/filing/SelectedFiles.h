@@ -34,8 +34,6 @@ class SelectedFiles {
     forms::FileListBox File1;
     FileSelection Selection;
 
-    /// The Delete key, before the user is asked anything.
-    std::function<void()> OnDeleteKey = [] {};
     /// Shows the root of a disk, read afresh; nothing is selected then. Throws what the list throws without a disk.
     void ReadFrom(const std::string& root);
     /// The names that are selected, in the order of the list.

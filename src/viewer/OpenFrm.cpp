@@ -167,7 +167,6 @@ void OpenFrm::File1_PathChange() {
 
 void OpenFrm::File1_KeyUp(int keyCode) {
     if (keyCode != forms::KeyCode::Delete) return;
-    Lists.Forget();
     if (File1.ListIndex < 0) {
         Tell("Unable to delete file by pressing the delete key, nothing is selected in the file list...");
         return;

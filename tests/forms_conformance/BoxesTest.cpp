@@ -132,6 +132,30 @@ TEST_F(BoxesTest, AnInputBoxLeavesTheScreenPointerAlone) {
     app.Screen().MousePointer = MousePointer::Default;
 }
 
+TEST_F(BoxesTest, WhatOpensIsCountedButForAPleaToWait) {
+    class WaitForm final : public Form {
+      public:
+        explicit WaitForm(Application& application)
+            : Form(application, {.name = "WaitForm", .waitWindow = true}) {}
+    };
+    EXPECT_EQ(app.Opened(), 0);
+    Ask({.text = "Question?"}, Answer::Ok);
+    EXPECT_EQ(app.Opened(), 1);
+    driver->ScriptNextInput({.expected = {.prompt = "Name?"}, .reply = "x"});
+    app.InputBox({.prompt = "Name?"});
+    EXPECT_EQ(app.Opened(), 2);
+    auto& form = app.Load<TestForm>(log);
+    EXPECT_EQ(app.Opened(), 2);
+    form.Show();
+    form.Show();
+    EXPECT_EQ(app.Opened(), 3);
+    form.Hide();
+    form.Show();
+    EXPECT_EQ(app.Opened(), 4);
+    app.Load<WaitForm>().Show();
+    EXPECT_EQ(app.Opened(), 4);
+}
+
 TEST_F(BoxesTest, AnInputBoxIsNoReturnFromAnotherForm) {
     auto& form = app.Load<TestForm>(log);
     form.Show();

@@ -98,9 +98,11 @@ TEST_F(MenusTest, APopupRunsTheChosenEntry) {
     form.mnuOpen.Install([this] { log.emplace_back("open"); });
     form.Show();
     driver->Settle();
+    const int opened = app.Opened();
     driver->ScriptNextPopup(&form.mnuOpen);
     form.PopupMenu(form.mnuFile, &form.mnuOpen);
     EXPECT_EQ(Count(log, "open"), 1);
+    EXPECT_EQ(app.Opened(), opened + 1);
 
     driver->UserChooses(form.mnuOpen);  // and the menu bar still works
     driver->Settle();

@@ -76,12 +76,10 @@ std::string FileTarget::FullName() const {
 }
 
 void FileTarget::lblCurrent_Click() {
-    Lists.Forget();
     Tell("Complete path to current image file:" + std::string(NewLine2) + module_.CurrentImage);
 }
 
 bool FileTarget::NameIsUsable() {
-    Lists.Forget();
     if (Trim(txtFilename.Text.Get()).empty()) {
         Tell(words_.noName);
         txtFilename.SetFocus();

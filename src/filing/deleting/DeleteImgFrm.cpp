@@ -145,7 +145,6 @@ void DeleteImgFrm::Refresh() {
 
 void DeleteImgFrm::File1_KeyUp(int keyCode) {
     if (keyCode != forms::KeyCode::Delete || module_.Busy()) return;
-    Chooser.Lists.Forget();
     if (DeleteByKey(module_, Chooser.Lists.Folder(), Chooser.File1.FileName(), forms::BoxIcon::Stop))
         Refresh();
 }

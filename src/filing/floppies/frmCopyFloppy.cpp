@@ -20,7 +20,6 @@ frmCopyFloppy::frmCopyFloppy(forms::Application& application, MainModule& module
     HelpContext = HelpContext::FloppyDisks;
     Frame1.Caption = "Select File(s):";
     Files.lblFiles.Caption = "Fi&les:";
-    Files.OnDeleteKey = [this] { Lists.Forget(); };
     CmdNewDisk.Caption = "&Read Another Disk";
     CmdNewDisk.ToolTip = "Read the contents of another floppy disk.";
     CmdNewDisk.OnClick = [this] {

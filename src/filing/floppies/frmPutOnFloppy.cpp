@@ -32,7 +32,6 @@ frmPutOnFloppy::frmPutOnFloppy(forms::Application& application, MainModule& modu
     lblFolders.Caption = "Fo&lder:";
     lblFolders.SetBuddy(Dir1);
     Files.lblFiles.Caption = "&Select File(s):";
-    Files.OnDeleteKey = [this] { Lists.Forget(); };
     CmdCopy.Caption = "C&opy";
     CmdCopy.ToolTip = "Copy the selected files to the selected destination.";
     CmdCopy.Default = true;

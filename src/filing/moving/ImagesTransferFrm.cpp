@@ -107,7 +107,6 @@ void ImagesTransferFrm::SelectFirst() {
 }
 
 void ImagesTransferFrm::File1_KeyUp(int keyCode) {
-    if (keyCode == forms::KeyCode::Delete) Source.Forget();
     if (DeletedByKey(module_, File1, Source.Folder(), keyCode)) Source.WhenRead([this] { SelectFirst(); });
 }
 

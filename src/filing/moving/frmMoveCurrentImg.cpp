@@ -95,7 +95,6 @@ void frmMoveCurrentImg::Form_Load() {
 }
 
 void frmMoveCurrentImg::lblCurrent_Click() {
-    Lists.Forget();
     App().MessageBox(
         {.text = "Complete path to current image file:" + std::string(NewLine2) + module_.CurrentImage});
 }

@@ -43,6 +43,7 @@ void Application::DoEvents() {
 Answer Application::MessageBox(const BoxRequest& request) {
     std::optional<Answer> answer;
     ++openBoxes_;
+    ++opened_;
     BoxRequest shown = request;
     shown.text = FittingInABox(request.text);
     const auto box = toolkit_.OpenBox(
@@ -59,6 +60,7 @@ std::optional<std::string> Application::InputBox(const InputRequest& request) {
     bool answered = false;
     std::optional<std::string> text;
     ++openBoxes_;
+    ++opened_;
     const auto box =
         toolkit_.OpenInputBox(request, [&answered, &text](const std::optional<std::string>& entered) {
             text = entered;

@@ -62,6 +62,9 @@ class Application final : private ToolkitEvents {
     Answer MessageBox(const BoxRequest& request);
     /// Opens an input box and gives what was entered; nothing after Cancel.
     std::optional<std::string> InputBox(const InputRequest& request);
+    /// How many windows, boxes and menus by the mouse have opened so far, but for windows that only ask for patience. What the
+    /// user wished before the last of them, and has not got yet, need not be what he wishes now.
+    [[nodiscard]] int Opened() const { return opened_; }
     /// Runs messages until no window is loaded.
     void Run();
 
@@ -111,6 +114,7 @@ class Application final : private ToolkitEvents {
     std::vector<std::unique_ptr<Form>> unloaded_;  ///< waiting until no handler of theirs runs
     std::vector<Form*> activated_;                 ///< the active form last, before it those active earlier
     int openBoxes_ = 0;
+    int opened_ = 0;
     Control* dragged_ = nullptr;
 };
 

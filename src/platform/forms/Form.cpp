@@ -120,6 +120,7 @@ void Form::PutOnScreen(bool modal) {
     shownBefore_ = true;
     if (visible_) return;
     visible_ = true;
+    if (!traits_.waitWindow) ++app_.opened_;
     if (first) RaiseResize();
     if (!visible_ || unloaded_) return;  // the handler has hidden it again
     peer_->Show(modal);
@@ -141,6 +142,7 @@ void Form::SetTopmost(bool topmost) {
 void Form::PopupMenu(Menu& menu, Menu* defaultEntry) {
     if (menu.Peer() == nullptr) return;
     const HandlerScope scope(*this);
+    ++app_.opened_;
     bool closed = false;
     app_.GetToolkit().OpenPopup(*menu.Peer(), defaultEntry != nullptr ? defaultEntry->Peer() : nullptr,
                                 [&closed] { closed = true; });

@@ -113,9 +113,7 @@ std::function<void()> SlideLoadFrm::GuardedSources(Command command) {
 }
 
 void SlideLoadFrm::OpenPopup(forms::Menu& menu) {
-    if (module_.Busy()) return;
-    Lists.Forget();
-    PopupMenu(menu, nullptr);
+    if (!module_.Busy()) PopupMenu(menu, nullptr);
 }
 
 void SlideLoadFrm::InstallCommands() {

@@ -74,7 +74,6 @@ void LoadSlideFile::CmdOK_Click() {
 
 void LoadSlideFile::File1_KeyUp(int keyCode) {
     if (keyCode != forms::KeyCode::Delete || module_.Busy()) return;
-    Chooser.Lists.Forget();
     const int row = Chooser.File1.ListIndex;
     const std::string path = row < 0 ? "" : Chooser.Lists.Folder() + Chooser.File1.FileName();
     if (!DeleteShowByKey(module_, path)) return;

@@ -107,7 +107,6 @@ void BrowseWavFrm::CmdOK_Click() {
 
 void BrowseWavFrm::File1_KeyUp(int keyCode) {
     if (keyCode != forms::KeyCode::Delete) return;
-    Chooser.Lists.Forget();
     forms::FileListBox& files = Chooser.File1;
     if (files.ListIndex < 0) {
         App().MessageBox({.text = "Unable to delete file by pressing the delete key, nothing is selected in "
